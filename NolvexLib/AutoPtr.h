@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+
+namespace Nolvex {
+
+/// The only owner of an object.
+template<class T, class Deleter = std::default_delete<T>>
+using AutoPtr = std::unique_ptr<T, Deleter>;
+
+} // namespace Nolvex

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "NolvexLib/StopException.h"
+
+#include <concepts>
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <type_traits>
+#include <utility>
+
+namespace Nolvex {
+
+template<class Signature>
+class Function;
+
+namespace Detail {
+
+template<class T>
+inline constexpr bool MAY_BE_EMPTY_CALLABLE = std::is_pointer_v<T> || std::is_member_pointer_v<T>;
+
+template<class Signature>
+inline constexpr bool MAY_BE_EMPTY_CALLABLE<Function<Signature>> = true;
+
+template<class Signature>
+inline constexpr bool MAY_BE_EMPTY_CALLABLE<std::function<Signature>> = true;
+
+/// True for what is callable by its type but has nothing to call.
+template<class Callable>
+bool isEmptyCallable(const Callable& callable)
+{
+    if constexpr (MAY_BE_EMPTY_CALLABLE<Callable>)
+        return !callable;
+    else
+        return false;
+}
+
+} // namespace Detail
+
+/// A callable whose copies share one target by reference counting; empty until one is given. A null pointer
+/// to a function and an empty function of another kind give an empty one.
+///
+/// A call keeps the target alive until it returns, so the target may replace or destroy the Function that
+/// holds it. Calling an empty one is a programming error (StopException): ask first.
+template<class Result, class... Arguments>
+class Function<Result(Arguments...)>
+{
+public:
+    Function() = default;
+
+    Function(std::nullptr_t) // NOLINT(google-explicit-constructor): null is the empty callable
+    {}
+
+    template<class Callable>
+
+    requires(!std::same_as<std::remove_cvref_t<Callable>, Function> &&
+             std::is_invocable_r_v<Result, std::decay_t<Callable>&, Arguments...>)
+        Function(
+            Callable&& callable) // NOLINT(google-explicit-constructor,bugprone-forwarding-reference-overload)
+    {
+        using Held = std::decay_t<Callable>;
+        // Taken as what is held: a function decays to its pointer.
+        if (!Detail::isEmptyCallable<Held>(callable))
+            m_target = std::make_shared<Holder<Held>>(std::forward<Callable>(callable));
+    }
+
+    explicit operator bool() const noexcept { return m_target != nullptr; }
+
+    Result operator()(Arguments... arguments) const
+    {
+        const std::shared_ptr<Target> target = m_target;
+        if (!target)
+            Detail::throwStopException("Function", __LINE__);
+        return target->call(std::forward<Arguments>(arguments)...);
+    }
+
+private:
+    struct Target
+    {
+        virtual ~Target() = default;
+        virtual Result call(Arguments... arguments) = 0;
+    };
+
+    template<class Callable>
+    struct Holder final : Target
+    {
+        explicit Holder(const Callable& c) : callable(c) {}
+
+        explicit Holder(Callable&& c) : callable(std::move(c)) {}
+
+        Result call(Arguments... arguments) override
+        {
+            if constexpr (std::is_void_v<Result>)
+                std::invoke(callable, std::forward<Arguments>(arguments)...);
+            else
+                return std::invoke(callable, std::forward<Arguments>(arguments)...);
+        }
+
+        Callable callable;
+    };
+
+    std::shared_ptr<Target> m_target;
+};
+
+} // namespace Nolvex

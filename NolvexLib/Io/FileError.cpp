@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLib/Io/FileError.h"
+
+#include "NolvexLib/Exception.h"
+
+#include <cerrno>
+#include <string>
+#include <system_error>
+
+namespace Nolvex {
+
+namespace {
+
+// The system would stop at the zero and take another file than the one named.
+bool hasZero(const Io::Path& path)
+{
+    const auto& name = path.native().native();
+    return name.find(std::filesystem::path::value_type()) != name.npos;
+}
+
+} // namespace
+
+void Detail::throwFileError(const Io::Path& path, std::string_view failure, int error)
+{
+    // The system's texts come in the encoding of the locale.
+    const String reason = String::fromUtf8(std::generic_category().message(error));
+    std::string message = "The file \"" + path.nativeStr().toUtf8() + "\" ";
+    message.append(failure).append(": ").append(reason.toUtf8()).append(".");
+    throw Exception(message);
+}
+
+std::FILE* Detail::openFileOrThrow(const Io::Path& path, FileMode mode)
+{
+    errno = EINVAL;
+    std::FILE* const file = hasZero(path) ? nullptr : openFile(path.native(), mode);
+    if (file == nullptr) {
+        const int error = errno;
+        throwFileError(path, mode == FileMode::READ ? "cannot be opened" : "cannot be opened for writing",
+                       error);
+    }
+    return file;
+}
+
+} // namespace Nolvex

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "NolvexLib/Io/Path.h"
+#include "NolvexLib/platform/FileHandle.h"
+
+#include <string_view>
+
+namespace Nolvex::Detail {
+
+/// Raises the Exception `The file "<path>" <failure>: <reason of the errno value>.`
+[[noreturn]] void throwFileError(const Io::Path& path, std::string_view failure, int error);
+
+/// An open file, never null: Exception when it cannot be had.
+std::FILE* openFileOrThrow(const Io::Path& path, FileMode mode);
+
+} // namespace Nolvex::Detail

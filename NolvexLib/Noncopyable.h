@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace Nolvex {
+
+/// Base of classes that are neither copied nor moved.
+class Noncopyable
+{
+public:
+    Noncopyable(const Noncopyable&) = delete;
+    Noncopyable& operator=(const Noncopyable&) = delete;
+
+protected:
+    Noncopyable() = default;
+    ~Noncopyable() = default;
+};
+
+} // namespace Nolvex

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace Nolvex {
+
+/// Whether a simple text names its values: `name=value`, or `value` alone.
+enum class VariableNames
+{
+    WRITE = 0,
+    OMIT = 1,
+};
+
+} // namespace Nolvex

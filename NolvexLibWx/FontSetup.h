@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "NolvexLib/Flags.h"
+#include "NolvexLibWx/Export.h"
+
+#include <wx/font.h>
+
+#include <cstdint>
+
+namespace Nolvex::Wx {
+
+/// How a text is set.
+enum class TextFlag : std::uint32_t
+{
+    BOLD = 1,
+    ITALIC = 2,
+};
+
+/// The font at the default text height (12 design units) times `factor`, cut to whole pixels.
+NOLVEXLIBWX_EXPORT wxFont setDefaultFontSize(wxFont font, float factor);
+
+/// The font's face at the default text height, plain but for the flags: its own weight and style are dropped.
+NOLVEXLIBWX_EXPORT wxFont setupStaticTextFont(wxFont font, Flags<TextFlag> flags);
+
+} // namespace Nolvex::Wx

@@ -1,0 +1,11 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/platform/ToolkitModule.h"
+
+namespace Nolvex {
+
+void Platform::announceToolkitModule()
+{
+    // The GTK toolkit keeps no module handle.
+}
+
+} // namespace Nolvex

@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/widgets/ISkinnable.h"
+
+namespace Nolvex {
+
+Wx::ISkinnable::~ISkinnable() = default;
+
+} // namespace Nolvex

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "NolvexLib/Array.h"
+#include "NolvexLib/Expected.h"
+#include "NolvexLib/Io/Path.h"
+#include "NolvexLib/String.h"
+
+namespace Nolvex::Viewer {
+
+/// What the user asked for on the command line.
+struct CommandLine
+{
+    /// The picture to show; empty for the bundled sample.
+    Io::Path picture;
+    /// Where to write a picture of the window, after which the program ends; empty to stay open.
+    Io::Path screenshot;
+    bool help = false;
+    bool version = false;
+};
+
+/// `arguments` without the program's name. The error is a sentence for the user.
+Expected<CommandLine, String> parseCommandLine(const Array<Io::Path>& arguments);
+
+/// The text of --help.
+const char* usage();
+
+} // namespace Nolvex::Viewer

@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: MIT
+#include "apps/viewer/ImageFile.h"
+
+#include "NolvexLib/Array.h"
+#include "NolvexLib/Exception.h"
+#include "NolvexLib/Io/FileInputStream.h"
+#include "NolvexLib/Io/FileSize.h"
+#include "NolvexLibWx/MemoryImages.h"
+#include "apps/viewer/PortableFloatMap.h"
+#include "apps/viewer/TruncatedImage.h"
+
+#include <wx/image.h>
+
+#include <cstdint>
+#include <limits>
+
+namespace Nolvex::Viewer {
+
+namespace {
+
+// What the toolkit's decoders count in int.
+constexpr std::uint64_t MAX_FILE_SIZE = std::numeric_limits<std::int32_t>::max();
+
+// Words, not bytes, since that is how the library takes encoded images.
+struct FileContent
+{
+    Array<unsigned> words;
+    std::size_t size = 0;
+
+    ArrayView<const std::byte> bytes() const
+    {
+        return std::as_bytes(ArrayView<const unsigned>(words)).first(size);
+    }
+};
+
+Unexpected<String> refuse(const Io::Path& path, const String& reason)
+{
+    return {L"The picture \"" + path.nativeStr() + L"\" cannot be shown: " + reason + L"."};
+}
+
+Expected<FileContent, String> readWholeFile(const Io::Path& path)
+{
+    try {
+        Io::FileInputStream stream(path);
+        const Optional<std::uint64_t> size = Io::fileSize(path);
+        if (!size)
+            return refuse(path, L"it is not a regular file");
+        if (*size > MAX_FILE_SIZE)
+            return refuse(path, L"it is larger than 2 GiB");
+        FileContent content;
+        content.size = static_cast<std::size_t>(*size);
+        content.words.resize(content.size / sizeof(unsigned) + 1);
+        if (!stream.readExactly(content.words.data(), static_cast<std::int64_t>(content.size)))
+            return refuse(path, L"it became shorter while it was read");
+        return content;
+    } catch (const Exception& failure) {
+        return Unexpected{String::fromUtf8(failure.what())};
+    }
+}
+
+Expected<Image, String> toImage(const wxImage& source)
+{
+    const bool alpha = source.HasAlpha();
+    Expected<Image, String> image =
+        Image::create(source.GetWidth(), source.GetHeight(),
+                      alpha ? PixelFormat::UINT8_RGBA : PixelFormat::UINT8_RGB, 1.0f);
+    const unsigned char* colour = source.GetData();
+    const unsigned char* opacity = source.GetAlpha();
+    for (std::int32_t y = source.GetHeight() - 1; image && y >= 0; --y) {
+        auto to = image->row(y).begin();
+        for (int x = 0; x < source.GetWidth(); ++x) {
+            for (int channel = 0; channel < 3; ++channel)
+                *to++ = static_cast<std::byte>(*colour++);
+            if (alpha)
+                *to++ = static_cast<std::byte>(*opacity++);
+        }
+    }
+    return image;
+}
+
+Expected<Image, String> decode(const FileContent& content)
+{
+    if (isPortableFloatMap(content.bytes()))
+        return readPortableFloatMap(content.bytes());
+    wxImage decoded =
+        Wx::convertMemoryToImage(content.words.data(), static_cast<int>(content.size), wxBITMAP_TYPE_ANY);
+    if (!decoded.IsOk())
+        return Unexpected{String(L"it is not a picture of a known format, or it is damaged")};
+    if (isTruncatedImage(content.bytes()))
+        return Unexpected{String(L"it ends before its last pixel")};
+    if (decoded.HasMask())
+        decoded.InitAlpha();
+    return toImage(decoded);
+}
+
+} // namespace
+
+Expected<Image, String> readImageFile(const Io::Path& path)
+{
+    const Expected<FileContent, String> content = readWholeFile(path);
+    if (!content)
+        return Unexpected{content.error()};
+    Expected<Image, String> image = decode(*content);
+    if (!image)
+        return refuse(path, image.error());
+    return image;
+}
+
+} // namespace Nolvex::Viewer

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#include "apps/viewer/ImageView.h"
+
+#include "NolvexLibWx/ColourConversions.h"
+#include "NolvexLibWx/widgets/GuiSkin.h"
+
+#include <wx/dcbuffer.h>
+
+namespace Nolvex::Viewer {
+
+namespace {
+
+constexpr int SCROLL_STEP = 16;
+
+} // namespace
+
+ImageView::ImageView(wxWindow* parent, const wxBitmap& bitmap)
+    : wxScrolledWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                       wxHSCROLL | wxVSCROLL | wxBORDER_NONE | wxFULL_REPAINT_ON_RESIZE),
+      m_bitmap(bitmap)
+{
+    SetBackgroundStyle(wxBG_STYLE_PAINT);
+    SetBackgroundColour(Wx::toWxColour(Wx::GuiSkin::DEFAULT().darkBackground));
+    SetScrollRate(SCROLL_STEP, SCROLL_STEP);
+    SetVirtualSize(m_bitmap.GetSize());
+    Bind(wxEVT_PAINT, &ImageView::onPaint, this);
+}
+
+wxPoint ImageView::bitmapOrigin() const
+{
+    const wxSize room = GetClientSize() - m_bitmap.GetSize();
+    const wxPoint scrolled = CalcUnscrolledPosition({0, 0});
+    return {room.x > 0 ? room.x / 2 : -scrolled.x, room.y > 0 ? room.y / 2 : -scrolled.y};
+}
+
+void ImageView::onPaint(wxPaintEvent& /*event*/)
+{
+    wxAutoBufferedPaintDC dc(this);
+    dc.SetBackground(GetBackgroundColour());
+    dc.Clear();
+    // Only the part in view: a bitmap may be larger than what the window system can draw at once.
+    const wxPoint origin = bitmapOrigin();
+    const wxRect visible = wxRect(-origin, GetClientSize()).Intersect(wxRect(m_bitmap.GetSize()));
+    if (!visible.IsEmpty())
+        dc.DrawBitmap(m_bitmap.GetSubBitmap(visible), origin + visible.GetTopLeft());
+    m_painted = true;
+}
+
+} // namespace Nolvex::Viewer

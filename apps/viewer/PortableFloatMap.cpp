@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#include "apps/viewer/PortableFloatMap.h"
+
+#include <algorithm>
+#include <bit>
+#include <charconv>
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+
+namespace Nolvex::Viewer {
+
+namespace {
+
+constexpr float LINEAR_GAMMA = 2.2f;
+
+struct Header
+{
+    PixelFormat format = PixelFormat::FLOAT32_RGB;
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+    std::endian byteOrder = std::endian::little;
+    std::size_t length = 0;
+};
+
+std::string_view asText(ArrayView<const std::byte> bytes)
+{
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+// Takes white space and the number behind it off the front of the text.
+template<class Number>
+bool takeNumber(std::string_view& text, Number& number)
+{
+    const std::size_t start = text.find_first_not_of(" \t\r\n");
+    if (start == 0 || start == std::string_view::npos)
+        return false;
+    const char* end = text.data() + text.size();
+    const auto [stop, failure] = std::from_chars(text.data() + start, end, number);
+    text.remove_prefix(static_cast<std::size_t>(stop - text.data()));
+    return failure == std::errc();
+}
+
+Optional<Header> readHeader(ArrayView<const std::byte> bytes)
+{
+    Header header;
+    std::string_view text = asText(bytes);
+    if (text.starts_with("Pf"))
+        header.format = PixelFormat::FLOAT32_GREY;
+    text.remove_prefix(2);
+    float scale = 0.0f;
+    // One white-space character ends the header; the next byte is the first float's.
+    if (!takeNumber(text, header.width) || !takeNumber(text, header.height) || !takeNumber(text, scale) ||
+        scale == 0.0f || text.empty() ||
+        std::string_view(" \t\r\n").find(text.front()) == std::string_view::npos)
+        return {};
+    header.byteOrder = scale < 0.0f ? std::endian::little : std::endian::big;
+    header.length = bytes.size() - text.size() + 1;
+    return header;
+}
+
+void reverseFloats(ArrayView<std::byte> bytes)
+{
+    for (std::size_t i = 0; i + sizeof(float) <= bytes.size(); i += sizeof(float))
+        std::reverse(bytes.begin() + static_cast<std::ptrdiff_t>(i),
+                     bytes.begin() + static_cast<std::ptrdiff_t>(i + sizeof(float)));
+}
+
+} // namespace
+
+bool isPortableFloatMap(ArrayView<const std::byte> bytes)
+{
+    const std::string_view text = asText(bytes);
+    return text.starts_with("PF") || text.starts_with("Pf");
+}
+
+Expected<Image, String> readPortableFloatMap(ArrayView<const std::byte> bytes)
+{
+    const Optional<Header> header = isPortableFloatMap(bytes) ? readHeader(bytes) : Optional<Header>();
+    if (!header)
+        return Unexpected{String(L"its header is damaged")};
+    if (header->width < 1 || header->height < 1)
+        return Unexpected{String(L"it has no pixels")};
+
+    // Before memory is asked for: the header may claim anything.
+    const ArrayView<const std::byte> body = bytes.subspan(header->length);
+    const std::size_t pixelSize = Image::getPixelFormatByteCount(header->format);
+    const auto pixels =
+        static_cast<std::uint64_t>(header->width) * static_cast<std::uint64_t>(header->height);
+    if (pixels > body.size() / pixelSize)
+        return Unexpected{String(L"it ends before its last pixel")};
+
+    Expected<Image, String> image =
+        Image::create(header->width, header->height, header->format, LINEAR_GAMMA);
+    for (std::int32_t y = 0; image && y < header->height; ++y) {
+        const ArrayView<std::byte> row = image->row(y);
+        std::memcpy(row.data(), body.data() + static_cast<std::size_t>(y) * row.size(), row.size());
+        if (header->byteOrder != std::endian::native)
+            reverseFloats(row);
+    }
+    return image;
+}
+
+} // namespace Nolvex::Viewer

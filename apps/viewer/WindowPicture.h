@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "NolvexLib/Io/Path.h"
+#include "NolvexLib/String.h"
+
+class wxTopLevelWindow;
+
+namespace Nolvex::Viewer {
+
+/// Writes what the screen shows of the window to a PNG file. The error, empty for none, is a sentence for the
+/// user.
+String writeWindowPicture(const wxTopLevelWindow& window, const Io::Path& file);
+
+} // namespace Nolvex::Viewer

@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+// The image viewer: shows a picture through the library, from the file to the screen.
+#include "NolvexLib/Exception.h"
+#include "NolvexLib/Io/FileSize.h"
+#include "NolvexLibWx/BitmapConverter.h"
+#include "NolvexLibWx/NolvexLibWx.h"
+#include "apps/viewer/CommandLine.h"
+#include "apps/viewer/ImageFile.h"
+#include "apps/viewer/ViewerFrame.h"
+#include "apps/viewer/WindowPicture.h"
+#include "apps/viewer/platform/ProcessArguments.h"
+
+#include <wx/timer.h>
+
+#include <cstdio>
+#include <string>
+
+namespace {
+
+using namespace Nolvex;
+
+int fail(const std::string& message)
+{
+    std::fprintf(stderr, "nolvex-viewer: %s\n", message.c_str());
+    return 1;
+}
+
+int fail(const String& message)
+{
+    return fail(message.toUtf8());
+}
+
+// Beside the program on Windows and in a build folder, in the share folder of an installation on Linux.
+Io::Path samplePicture()
+{
+    const Io::Path folder = Viewer::programFile().parentDirectory();
+    const Io::Path beside = folder / Io::Path(L"sample.pfm");
+    if (Io::fileSize(beside))
+        return beside;
+    return folder.parentDirectory() / Io::Path(L"share/nolvexlibwx/sample.pfm");
+}
+
+// Takes the picture of the window when the window system has had time to put it on the screen, then closes
+// it.
+class ScreenshotTimer : public wxTimer
+{
+public:
+    ScreenshotTimer(Viewer::ViewerFrame& frame, const Io::Path& file) : m_frame(frame), m_file(file)
+    {
+        Start(PERIOD_MS);
+    }
+
+    void Notify() override
+    {
+        if (!m_frame.wasPainted() || ++m_ticksSincePainted < TICKS)
+            return;
+        Stop();
+        m_error = Viewer::writeWindowPicture(m_frame, m_file);
+        m_frame.Close();
+    }
+
+    const String& error() const { return m_error; }
+
+private:
+    static constexpr int PERIOD_MS = 100;
+    static constexpr int TICKS = 5;
+
+    Viewer::ViewerFrame& m_frame;
+    Io::Path m_file;
+    String m_error;
+    int m_ticksSincePainted = 0;
+};
+
+int show(const Viewer::CommandLine& line)
+{
+    const Io::Path file = line.picture.isEmpty() ? samplePicture() : line.picture;
+    const Expected<Image, String> image = Viewer::readImageFile(file);
+    if (!image)
+        return fail(image.error());
+    const wxBitmap bitmap = BitmapConverter::zephraImageToWxBitmap(*image);
+    if (!bitmap.IsOk())
+        return fail(L"The picture \"" + file.nativeStr() + L"\" cannot be shown: it is too large.");
+
+    auto* frame = new Viewer::ViewerFrame(file.fileName(), bitmap);
+    frame->Show();
+    if (line.screenshot.isEmpty())
+        return LibWx::runEventLoop();
+    const ScreenshotTimer screenshot(*frame, line.screenshot);
+    LibWx::runEventLoop();
+    return screenshot.error().isEmpty() ? 0 : fail(screenshot.error());
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const Expected<Viewer::CommandLine, String> line =
+        Viewer::parseCommandLine(Viewer::processArguments(argc, argv));
+    if (!line)
+        return fail(line.error());
+    if (line->help)
+        return std::fputs(Viewer::usage(), stdout) < 0;
+    if (line->version)
+        return std::puts("nolvex-viewer " NOLVEX_VERSION) < 0;
+    try {
+        LibWx::startup(LibWx::ApplicationType::APPLICATION);
+    } catch (const Exception& failure) {
+        return fail(std::string(failure.what()));
+    }
+    const int result = show(*line);
+    LibWx::shutdown();
+    return result;
+}

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "NolvexLib/Array.h"
+#include "NolvexLib/Io/Path.h"
+
+namespace Nolvex::Viewer {
+
+/// The program's arguments without its name, with every character the user typed: on Windows `main` gets them
+/// in a code page that cannot hold all.
+Array<Io::Path> processArguments(int argc, char** argv);
+
+/// The program's own file.
+Io::Path programFile();
+
+} // namespace Nolvex::Viewer

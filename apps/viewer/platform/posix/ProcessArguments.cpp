@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#include "apps/viewer/platform/ProcessArguments.h"
+
+#include <system_error>
+
+namespace Nolvex::Viewer {
+
+Array<Io::Path> processArguments(int argc, char** argv)
+{
+    Array<Io::Path> arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments.emplace_back(std::filesystem::path(argv[i]));
+    return arguments;
+}
+
+Io::Path programFile()
+{
+    std::error_code ignored;
+    return std::filesystem::read_symlink("/proc/self/exe", ignored);
+}
+
+} // namespace Nolvex::Viewer

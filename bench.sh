@@ -1,0 +1,19 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+# Builds and runs the benchmarks; prints a line a figure: NAME ratio VALUE goal GOAL, higher is better. Arguments go to
+# the benchmark programs (--filter REGEX, --list, --check).
+set -euo pipefail
+cd "$(dirname "$0")"
+. tools/testing/common.sh
+
+{
+  need_packages "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}"
+  configure_and_build linux-release
+} >&2
+if [ -z "${DISPLAY:-}" ]; then
+  start_display >&2
+  trap stop_display EXIT
+fi
+for program in build/linux-release/bin/*Benchmarks; do
+  "$program" "$@"
+done

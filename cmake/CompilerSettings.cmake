@@ -1,0 +1,50 @@
+# SPDX-License-Identifier: MIT
+# What every target of the project is compiled with.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+if(NOT CMAKE_BUILD_TYPE)
+  set(CMAKE_BUILD_TYPE Release CACHE STRING "" FORCE)
+endif()
+
+# Programs and libraries side by side: a Windows program finds its DLLs only beside itself.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+
+find_program(NOLVEX_CCACHE ccache)
+if(NOLVEX_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${NOLVEX_CCACHE}")
+endif()
+
+# PRIVATE to each target of ours, never part of the installed interface.
+add_library(NolvexCompilerSettings INTERFACE)
+if(MSVC)
+  target_compile_options(NolvexCompilerSettings INTERFACE /W4 /WX /utf-8 /permissive- /Zc:__cplusplus /bigobj)
+  # Exported classes hold members of the standard library; everything is built with one compiler.
+  target_compile_options(NolvexCompilerSettings INTERFACE /wd4251 /wd4275)
+else()
+  target_compile_options(NolvexCompilerSettings INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Wnon-virtual-dtor -Woverloaded-virtual
+    -Wformat=2 -Wdouble-promotion -Wimplicit-fallthrough -Werror)
+endif()
+if(WIN32)
+  target_compile_definitions(NolvexCompilerSettings INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN)
+endif()
+
+# The conversions are specified bit by bit: a fused multiply-add would round differently.
+if(MSVC)
+  target_compile_options(NolvexCompilerSettings INTERFACE /fp:precise)
+else()
+  target_compile_options(NolvexCompilerSettings INTERFACE -ffp-contract=off)
+endif()
+
+if(NOLVEX_SANITIZE)
+  string(REPLACE ";" "," nolvex_sanitizers "${NOLVEX_SANITIZE}")
+  add_compile_options(-fsanitize=${nolvex_sanitizers} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${nolvex_sanitizers})
+endif()

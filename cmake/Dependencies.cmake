@@ -1,0 +1,32 @@
+# SPDX-License-Identifier: MIT
+# Everything the project stands on; how each is found differs between the systems, what it is called here does not.
+
+find_package(Threads REQUIRED)
+find_package(ZLIB REQUIRED)
+find_package(pugixml CONFIG REQUIRED)
+if(NOT TARGET pugixml::pugixml)
+  add_library(pugixml::pugixml ALIAS pugixml)
+endif()
+
+# utfcpp is headers only; its packages disagree about target names, its header does not move.
+find_path(NOLVEX_UTFCPP_INCLUDE_DIR utf8.h PATH_SUFFIXES utf8cpp REQUIRED)
+add_library(NolvexUtfcpp INTERFACE)
+target_include_directories(NolvexUtfcpp SYSTEM INTERFACE "${NOLVEX_UTFCPP_INCLUDE_DIR}")
+
+if(NOLVEX_BUILD_TESTS OR NOLVEX_BUILD_FUZZERS)
+  find_package(GTest CONFIG REQUIRED)
+endif()
+if(NOLVEX_BUILD_BENCHMARKS)
+  find_package(benchmark CONFIG REQUIRED)
+endif()
+
+if(NOLVEX_BUILD_TOOLKIT_LIBRARY)
+  include(Toolkit)
+  if(WIN32)
+    enable_language(RC)
+  else()
+    # The services below the toolkit that platform/gtk calls.
+    find_package(PkgConfig REQUIRED)
+    pkg_check_modules(GTK3 REQUIRED IMPORTED_TARGET gtk+-3.0 gio-2.0)
+  endif()
+endif()

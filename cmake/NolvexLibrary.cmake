@@ -1,0 +1,44 @@
+# SPDX-License-Identifier: MIT
+include(GenerateExportHeader)
+include(CMakePackageConfigHelpers)
+
+# nolvex_platform_sources(<out> <folder>): the sources of the current folder, of platform/ only those of this system.
+function(nolvex_platform_sources out)
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}" *.cpp *.h)
+  if(WIN32)
+    list(FILTER sources EXCLUDE REGEX "platform/(posix|gtk)/")
+  else()
+    list(FILTER sources EXCLUDE REGEX "platform/(windows|msw)/")
+  endif()
+  set(${out} ${sources} PARENT_SCOPE)
+endfunction()
+
+# nolvex_add_library(<name>): the shared library made of the folder it is called in, with hidden visibility, the
+# generated header <name>/Export.h (macro <NAME>_EXPORT), headers and CMake package installed.
+function(nolvex_add_library name)
+  nolvex_platform_sources(sources)
+  add_library(${name} SHARED ${sources})
+  add_library(Nolvex::${name} ALIAS ${name})
+  set_target_properties(${name} PROPERTIES
+    VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}
+    PREFIX "" IMPORT_PREFIX "")
+  if(NOT WIN32)
+    set_target_properties(${name} PROPERTIES PREFIX "lib")
+  endif()
+
+  string(TOUPPER ${name} upper)
+  set(generated "${CMAKE_BINARY_DIR}/include")
+  generate_export_header(${name} BASE_NAME ${upper} EXPORT_FILE_NAME "${generated}/${name}/Export.h")
+  target_include_directories(${name} PUBLIC
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<BUILD_INTERFACE:${generated}>
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+  target_compile_features(${name} PUBLIC cxx_std_20)
+  target_link_libraries(${name} PRIVATE $<BUILD_INTERFACE:NolvexCompilerSettings>)
+
+  install(TARGETS ${name} EXPORT NolvexLibWxTargets
+    RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+  install(DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}/" DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${name}
+    FILES_MATCHING PATTERN "*.h" PATTERN platform EXCLUDE PATTERN resources EXCLUDE)
+  install(FILES "${generated}/${name}/Export.h" DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${name})
+endfunction()

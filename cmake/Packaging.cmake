@@ -1,0 +1,24 @@
+# SPDX-License-Identifier: MIT
+# What `cmake --install` and CPack leave: libraries, headers, the CMake package, the viewer.
+set(package_folder "${CMAKE_INSTALL_LIBDIR}/cmake/NolvexLibWx")
+
+configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/NolvexLibWxConfig.cmake.in"
+  "${CMAKE_BINARY_DIR}/NolvexLibWxConfig.cmake" INSTALL_DESTINATION "${package_folder}")
+write_basic_package_version_file("${CMAKE_BINARY_DIR}/NolvexLibWxConfigVersion.cmake"
+  COMPATIBILITY SameMinorVersion)
+install(FILES "${CMAKE_BINARY_DIR}/NolvexLibWxConfig.cmake" "${CMAKE_BINARY_DIR}/NolvexLibWxConfigVersion.cmake"
+  "${PROJECT_SOURCE_DIR}/cmake/Toolkit.cmake" DESTINATION "${package_folder}")
+install(EXPORT NolvexLibWxTargets NAMESPACE Nolvex:: DESTINATION "${package_folder}")
+install(FILES README.md CHANGELOG.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
+
+if(WIN32)
+  # A Windows user unzips and runs: everything the programs need lies beside them.
+  install(FILES ${NOLVEX_RUNTIME_DLLS} DESTINATION ${CMAKE_INSTALL_BINDIR})
+  set(CPACK_GENERATOR ZIP)
+  set(CPACK_SYSTEM_NAME windows-x86_64)
+else()
+  set(CPACK_GENERATOR TGZ)
+endif()
+set(CPACK_PACKAGE_VENDOR "the NolvexLibWx authors")
+set(CPACK_RESOURCE_FILE_LICENSE "${PROJECT_SOURCE_DIR}/LICENSE")
+include(CPack)

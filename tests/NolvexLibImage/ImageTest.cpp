@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibImage/Image.h"
+
+#include "NolvexLib/StopException.h"
+#include "pixels/Reference.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <utility>
+#include <vector>
+
+namespace Nolvex {
+
+namespace {
+
+constexpr PixelFormat FORMATS[] = {
+    PixelFormat::UINT8_GREY,   PixelFormat::UINT8_RGB,   PixelFormat::UINT8_RGBA,
+    PixelFormat::UINT16_GREY,  PixelFormat::UINT16_RGB,  PixelFormat::UINT16_RGBA,
+    PixelFormat::FLOAT16_GREY, PixelFormat::FLOAT16_RGB, PixelFormat::FLOAT16_RGBA,
+    PixelFormat::FLOAT32_GREY, PixelFormat::FLOAT32_RGB, PixelFormat::FLOAT32_RGBA,
+};
+
+Image makeImage(std::int32_t width, std::int32_t height, PixelFormat format = PixelFormat::UINT8_RGB)
+{
+    return Image::create(width, height, format, 1.0f).value();
+}
+
+/// Bytes that differ from pixel to pixel.
+void fill(Image& image)
+{
+    unsigned next = 0;
+    for (std::int32_t y = 0; y < image.descriptor().height; ++y) {
+        for (std::byte& byte : image.row(y))
+            byte = static_cast<std::byte>(next += 7);
+    }
+}
+
+String errorOf(std::int32_t width, std::int32_t height, PixelFormat format)
+{
+    const auto image = Image::create(width, height, format, 1.0f);
+    return image ? String(L"created") : image.error();
+}
+
+} // namespace
+
+TEST(ImageTest, create_describesItself)
+{
+    const auto image = Image::create(5, 3, PixelFormat::UINT16_RGBA, 2.2f);
+    ASSERT_TRUE(image);
+    EXPECT_EQ(image->descriptor(), (ImageDescriptor{5, 3, PixelFormat::UINT16_RGBA, 2.2f}));
+    EXPECT_EQ(image->rowBytes(), 40U);
+}
+
+TEST(ImageTest, create_keepsAnyGamma)
+{
+    EXPECT_EQ(Image::create(1, 1, PixelFormat::UINT8_RGB, -3.0f)->descriptor().gamma, -3.0f);
+    const float nan = std::numeric_limits<float>::quiet_NaN();
+    EXPECT_TRUE(std::isnan(Image::create(1, 1, PixelFormat::UINT8_RGB, nan)->descriptor().gamma));
+}
+
+TEST(ImageTest, create_givesZeroBytes)
+{
+    const Image image = makeImage(1000, 100);
+    for (std::int32_t y = 0; y < 100; ++y)
+        ASSERT_TRUE(std::ranges::all_of(image.row(y), [](std::byte byte) { return byte == std::byte(0); }));
+}
+
+TEST(ImageTest, create_withASideBelowOne_saysSo)
+{
+    const String error =
+        L"An image of 0 x 5 pixels is not possible: it needs at least one column and one row.";
+    EXPECT_EQ(errorOf(0, 5, PixelFormat::UINT8_RGB), error);
+    EXPECT_NE(errorOf(5, 0, PixelFormat::UINT8_RGB), L"created");
+    EXPECT_NE(errorOf(-1, -1, PixelFormat::UINT8_RGB), L"created");
+    const std::int32_t lowest = std::numeric_limits<std::int32_t>::min();
+    EXPECT_NE(errorOf(lowest, lowest, PixelFormat::UINT8_RGB), L"created");
+}
+
+TEST(ImageTest, create_withTooManyPixels_saysSo)
+{
+    const String error =
+        L"An image of 65536 x 32768 pixels is too large: at most 2147483647 pixels are possible.";
+    EXPECT_EQ(errorOf(65536, 32768, PixelFormat::UINT8_GREY), error);
+    const std::int32_t highest = std::numeric_limits<std::int32_t>::max();
+    EXPECT_NE(errorOf(highest, highest, PixelFormat::FLOAT32_RGBA), L"created");
+}
+
+TEST(ImageTest, create_withTooManyBytes_saysSo)
+{
+    const String error =
+        L"An image of 32768 x 32769 pixels is too large: it would take more than 16 GiB of memory.";
+    EXPECT_EQ(errorOf(32768, 32769, PixelFormat::FLOAT32_RGBA), error);
+}
+
+TEST(ImageTest, create_withAnInvalidFormat_isAProgrammingError)
+{
+    const auto invalid = static_cast<PixelFormat>(PIXEL_FORMAT_COUNT);
+    EXPECT_THROW(static_cast<void>(Image::create(1, 1, invalid, 1.0f)), StopException);
+}
+
+TEST(ImageTest, getPixelFormatChannelCount_isOneThreeOrFour)
+{
+    for (std::size_t i = 0; i < std::size(FORMATS); ++i) {
+        const int expected[] = {1, 3, 4};
+        EXPECT_EQ(Image::getPixelFormatChannelCount(FORMATS[i]), expected[i % 3]);
+    }
+    EXPECT_THROW(Image::getPixelFormatChannelCount(static_cast<PixelFormat>(-1)), StopException);
+}
+
+TEST(ImageTest, getPixelFormatByteCount_isThatOfItsChannels)
+{
+    const std::size_t expected[] = {1, 3, 4, 2, 6, 8, 2, 6, 8, 4, 12, 16};
+    for (std::size_t i = 0; i < std::size(FORMATS); ++i)
+        EXPECT_EQ(Image::getPixelFormatByteCount(FORMATS[i]), expected[i]);
+}
+
+TEST(ImageTest, row_zeroIsTheLowest)
+{
+    Image image = makeImage(2, 2, PixelFormat::UINT8_GREY);
+    image.row(0)[0] = std::byte(255);
+    EXPECT_EQ(image.getRgba(0, 0), (Rgb{1, 1, 1, 1}));
+    EXPECT_EQ(image.getRgba(0, 1), (Rgb{0, 0, 0, 1}));
+    EXPECT_EQ(image.row(1).data(), image.row(0).data() + image.rowBytes());
+}
+
+TEST(ImageTest, getRgba_ofEveryFormat_followsTheRules)
+{
+    for (const PixelFormat format : FORMATS) {
+        Image image = makeImage(7, 3, format);
+        fill(image);
+        const std::size_t pixelBytes = Image::getPixelFormatByteCount(format);
+        for (std::int32_t y = 0; y < 3; ++y) {
+            for (std::int32_t x = 0; x < 7; ++x) {
+                const std::byte* bytes = image.row(y).data() + static_cast<std::size_t>(x) * pixelBytes;
+                const Rgb expected = Pixels::Reference::pixel(format, bytes);
+                ASSERT_TRUE(Pixels::Reference::haveSameBits(image.getRgba(x, y), expected)) << x << ", " << y;
+            }
+        }
+    }
+}
+
+TEST(ImageTest, readRow_ofEveryFormat_isWhatGetRgbaReads)
+{
+    for (const PixelFormat format : FORMATS) {
+        Image image = makeImage(37, 2, format);
+        fill(image);
+        std::vector<Rgb> row(37);
+        for (std::int32_t y = 0; y < 2; ++y) {
+            image.readRow(y, row.data());
+            for (std::int32_t x = 0; x < 37; ++x)
+                ASSERT_TRUE(
+                    Pixels::Reference::haveSameBits(row[static_cast<std::size_t>(x)], image.getRgba(x, y)));
+        }
+    }
+}
+
+TEST(ImageTest, access_outside_isAProgrammingError)
+{
+    Image image = makeImage(4, 3);
+    Rgb row[4];
+    for (const std::int32_t y : {-1, 3}) {
+        EXPECT_THROW(image.getRgba(0, y), StopException);
+        EXPECT_THROW(image.row(y), StopException);
+        EXPECT_THROW(std::as_const(image).row(y), StopException);
+        EXPECT_THROW(image.readRow(y, row), StopException);
+    }
+    EXPECT_THROW(image.getRgba(-1, 0), StopException);
+    EXPECT_THROW(image.getRgba(4, 0), StopException);
+}
+
+TEST(ImageTest, copy_hasPixelsOfItsOwn)
+{
+    Image image = makeImage(4, 3);
+    fill(image);
+    const Rgb before = image.getRgba(2, 1);
+    Image copy = image;
+    Image assigned = makeImage(1, 1);
+    assigned = copy;
+    std::memset(image.row(1).data(), 0, image.rowBytes());
+    EXPECT_EQ(copy.getRgba(2, 1), before);
+    EXPECT_EQ(assigned.getRgba(2, 1), before);
+    EXPECT_EQ(assigned.descriptor(), image.descriptor());
+    EXPECT_EQ(assigned.rowBytes(), 12U);
+}
+
+TEST(ImageTest, assignment_ofItself_keepsThePixels)
+{
+    Image image = makeImage(4, 3);
+    fill(image);
+    const Rgb before = image.getRgba(2, 1);
+    const Image& same = image;
+    image = same;
+    EXPECT_EQ(image.getRgba(2, 1), before);
+}
+
+TEST(ImageTest, move_leavesNoPixelsBehind)
+{
+    Image image = makeImage(4, 3);
+    fill(image);
+    const Rgb before = image.getRgba(2, 1);
+    const std::byte* memory = image.row(0).data();
+    Image moved = std::move(image);
+    EXPECT_EQ(moved.row(0).data(), memory);
+    EXPECT_EQ(moved.getRgba(2, 1), before);
+    EXPECT_EQ(image.descriptor(), ImageDescriptor()); // NOLINT(bugprone-use-after-move): that is the promise
+    EXPECT_THROW(image.row(0), StopException);        // NOLINT(clang-analyzer-cplusplus.Move)
+    const Image copyOfNothing = image;
+    EXPECT_EQ(copyOfNothing.rowBytes(), 0U);
+    image = std::move(moved);
+    EXPECT_EQ(image.getRgba(2, 1), before);
+}
+
+} // namespace Nolvex

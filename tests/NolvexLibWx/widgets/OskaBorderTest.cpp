@@ -1,0 +1,261 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/widgets/OskaBorder.h"
+
+#include "NolvexLibWx/widgets/GuiSkin.h"
+#include "support/Events.h"
+#include "support/Screen.h"
+
+#include <wx/dcmemory.h>
+#include <wx/frame.h>
+#include <wx/pen.h>
+#include <wx/sizer.h>
+
+#include <gtest/gtest.h>
+
+using namespace Nolvex;
+using Tests::pixelAt;
+
+namespace {
+
+constexpr RgbBytes PAPER{255, 255, 255};
+constexpr RgbBytes OUTER{54, 54, 54};
+constexpr RgbBytes INNER{37, 37, 37};
+constexpr RgbBytes BOTTOM_OUTER{70, 70, 70};
+constexpr RgbBytes BOTTOM_INNER{85, 85, 85};
+constexpr RgbBytes HIGHLIGHT{0, 114, 188};
+
+constexpr OskaBorderState NO_FRAME = OskaBorderState::NO_FRAME;
+constexpr OskaBorderState HOVERED = OskaBorderState::HOVERED;
+constexpr OskaBorderState ENABLED = OskaBorderState::ENABLED;
+
+wxImage drawn(const wxSize& paper, const Bucket& rect, Flags<OskaBorderState> flags)
+{
+    wxBitmap bitmap(paper, 24);
+    {
+        wxMemoryDC dc(bitmap);
+        dc.SetBackground(*wxWHITE_BRUSH);
+        dc.Clear();
+        OskaBorder::draw(dc, rect, flags);
+    }
+    return bitmap.ConvertToImage();
+}
+
+bool onOutline(int x, int y, const wxRect& rect)
+{
+    return rect.Contains(x, y) &&
+           (x == rect.x || y == rect.y || x == rect.GetRight() || y == rect.GetBottom());
+}
+
+// The border of a rectangle at the origin, written down pixel by pixel.
+RgbBytes expectedPixel(int x, int y, const wxSize& size, Flags<OskaBorderState> flags)
+{
+    const bool framed = !flags.has(NO_FRAME);
+    if (framed && y == size.y - 1 && x >= 0 && x < size.x)
+        return x == 0 || x == size.x - 1 ? BOTTOM_OUTER : BOTTOM_INNER;
+    if (framed && onOutline(x, y, wxRect(size)))
+        return OUTER;
+    const wxRect inner = framed ? wxRect(1, 1, size.x - 2, size.y - 2) : wxRect(size);
+    if (onOutline(x, y, inner))
+        return flags.has(HOVERED) && flags.has(ENABLED) ? HIGHLIGHT : INNER;
+    return PAPER;
+}
+
+void expectBorder(const wxImage& image, const wxSize& size, Flags<OskaBorderState> flags)
+{
+    for (int y = 0; y < image.GetHeight(); ++y) {
+        for (int x = 0; x < image.GetWidth(); ++x)
+            ASSERT_EQ(pixelAt(image, x, y), expectedPixel(x, y, size, flags))
+                << "at " << x << ", " << y << " of " << size.x << " x " << size.y << " with flags "
+                << flags.bits();
+    }
+}
+
+struct HighlightGuard
+{
+    RgbBytes before = Wx::GuiSkin::DEFAULT().highlight;
+
+    ~HighlightGuard() { Wx::GuiSkin::DEFAULT().highlight = before; }
+};
+
+// A border of 40 x 20 on white, shown where the mouse is not.
+struct OskaBorderWindowTest : testing::Test
+{
+    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "border", wxPoint(60, 60), wxSize(300, 200));
+    wxPanel* panel = new wxPanel(frame);
+
+    OskaBorder* show(Flags<OskaBorderState> flags)
+    {
+        auto* border = new OskaBorder(panel, flags);
+        border->SetSize(10, 10, 40, 20);
+        border->SetBackgroundColour(*wxWHITE);
+        frame->Show();
+        frame->Raise();
+        Tests::pumpEvents(150);
+        return border;
+    }
+
+    static void sendMouse(wxWindow* window, wxEventType type)
+    {
+        wxMouseEvent event(type);
+        event.SetEventObject(window);
+        window->GetEventHandler()->ProcessEvent(event);
+        Tests::pumpEvents(100);
+    }
+
+    ~OskaBorderWindowTest() override { Tests::destroyNow(frame); }
+};
+
+} // namespace
+
+TEST(OskaBorderTest, draw_inEveryCombinationOfFlags_paintsTheseVeryPixels)
+{
+    for (std::uint32_t bits = 0; bits < 16; bits += 2) {
+        for (const wxSize size : {wxSize(40, 20), wxSize(9, 7), wxSize(5, 5)})
+            expectBorder(
+                drawn(wxSize(48, 24), {{0, 0}, {size.x, size.y}}, Flags<OskaBorderState>::fromBits(bits)),
+                size, Flags<OskaBorderState>::fromBits(bits));
+    }
+}
+
+TEST(OskaBorderTest, draw_ofTheSmallestSizes_paintsNothingElse)
+{
+    for (const Flags<OskaBorderState> flags : {Flags<OskaBorderState>(), Flags<OskaBorderState>(NO_FRAME)}) {
+        for (int height = 2; height <= 4; ++height) {
+            for (int width = 2; width <= 4; ++width)
+                expectBorder(drawn(wxSize(8, 8), {{0, 0}, {width, height}}, flags), {width, height}, flags);
+        }
+    }
+}
+
+TEST(OskaBorderTest, draw_ofTwoByTwoPixels_isCoveredByTheFrame)
+{
+    const wxImage image = drawn(wxSize(4, 4), {{0, 0}, {2, 2}}, {});
+    EXPECT_EQ(pixelAt(image, 0, 0), OUTER);
+    EXPECT_EQ(pixelAt(image, 1, 0), OUTER);
+    EXPECT_EQ(pixelAt(image, 0, 1), BOTTOM_OUTER);
+    EXPECT_EQ(pixelAt(image, 1, 1), BOTTOM_OUTER);
+    EXPECT_EQ(pixelAt(image, 2, 2), PAPER);
+}
+
+TEST(OskaBorderTest, draw_ofNothing_paintsOnlyNothing)
+{
+    const wxImage image = drawn(wxSize(4, 4), {{0, 0}, {0, 0}}, NO_FRAME);
+    for (int i = 0; i < 16; ++i)
+        EXPECT_EQ(pixelAt(image, i % 4, i / 4), PAPER);
+}
+
+TEST(OskaBorderTest, draw_awayFromTheOrigin_endsTheBottomLinesAtWidthAndHeight)
+{
+    // From (4, 13) towards (20, 9): the lines rise to the right instead of following the bottom edge.
+    const wxImage image = drawn(wxSize(40, 30), {{4, 4}, {24, 14}}, {});
+    EXPECT_EQ(pixelAt(image, 4, 4), OUTER);
+    EXPECT_EQ(pixelAt(image, 23, 4), OUTER);
+    EXPECT_EQ(pixelAt(image, 23, 13), OUTER) << "the end of the bottom edge is not reached";
+    EXPECT_EQ(pixelAt(image, 4, 13), BOTTOM_OUTER);
+    EXPECT_EQ(pixelAt(image, 5, 13), BOTTOM_INNER);
+    int inside = 0;
+    for (int x = 6; x < 19; ++x) {
+        for (int y = 9; y < 13; ++y)
+            inside += pixelAt(image, x, y) == BOTTOM_INNER ? 1 : 0;
+    }
+    EXPECT_GT(inside, 8) << "the slanted line runs through the inside";
+}
+
+TEST(OskaBorderTest, highlight_isReadFromTheDefaultSkinAtEachDrawing)
+{
+    const HighlightGuard guard;
+    Wx::GuiSkin::DEFAULT().highlight = {250, 10, 20};
+    const wxImage image = drawn(wxSize(10, 10), {{0, 0}, {10, 10}}, {HOVERED, ENABLED});
+    EXPECT_EQ(pixelAt(image, 1, 1), (RgbBytes{250, 10, 20}));
+}
+
+TEST(OskaBorderTest, pens_areSolidAndOnePixelWide)
+{
+    const HighlightGuard guard;
+    Wx::GuiSkin::DEFAULT().highlight = {1, 2, 3};
+    const std::pair<wxPen, wxColour> pens[] = {{OskaBorder::OUTER(), {54, 54, 54}},
+                                               {OskaBorder::INNER(), {37, 37, 37}},
+                                               {OskaBorder::BOTTOM_OUTER(), {70, 70, 70}},
+                                               {OskaBorder::BOTTOM_INNER(), {85, 85, 85}},
+                                               {OskaBorder::SELECTED(), {1, 2, 3}}};
+    for (const auto& [pen, colour] : pens) {
+        EXPECT_EQ(pen.GetColour(), colour);
+        EXPECT_EQ(pen.GetWidth(), 1);
+        EXPECT_EQ(pen.GetStyle(), wxPENSTYLE_SOLID);
+    }
+}
+
+TEST_F(OskaBorderWindowTest, window_paintsItsStateOverItsWholeClientArea)
+{
+    for (const std::uint32_t bits : {0u, 4u, 8u, 12u}) {
+        OskaBorder* border = show(Flags<OskaBorderState>::fromBits(bits));
+        expectBorder(Tests::captureClientArea(border), {40, 20}, Flags<OskaBorderState>::fromBits(bits));
+        border->Destroy();
+    }
+}
+
+TEST_F(OskaBorderWindowTest, enteringAndLeaving_setAndClearHovered)
+{
+    OskaBorder* border = show(ENABLED);
+    sendMouse(border, wxEVT_ENTER_WINDOW);
+    EXPECT_TRUE(border->borderState().has(HOVERED));
+    expectBorder(Tests::captureClientArea(border), {40, 20}, {HOVERED, ENABLED});
+    sendMouse(border, wxEVT_LEAVE_WINDOW);
+    EXPECT_EQ(border->borderState(), Flags<OskaBorderState>(ENABLED));
+    expectBorder(Tests::captureClientArea(border), {40, 20}, ENABLED);
+}
+
+TEST_F(OskaBorderWindowTest, hoveredButDisabled_keepsTheInnerColour)
+{
+    OskaBorder* border = show({});
+    sendMouse(border, wxEVT_ENTER_WINDOW);
+    expectBorder(Tests::captureClientArea(border), {40, 20}, HOVERED);
+}
+
+TEST_F(OskaBorderWindowTest, changedHighlight_showsAtTheNextPaint)
+{
+    const HighlightGuard guard;
+    OskaBorder* border = show(ENABLED);
+    sendMouse(border, wxEVT_ENTER_WINDOW);
+    Wx::GuiSkin::DEFAULT().highlight = {200, 100, 50};
+    border->Refresh();
+    Tests::pumpEvents(100);
+    EXPECT_EQ(pixelAt(Tests::captureClientArea(border), 1, 1), (RgbBytes{200, 100, 50}));
+}
+
+TEST_F(OskaBorderWindowTest, enable_keepsTheFlagInStepAndReturnsTheToolkitsAnswer)
+{
+    OskaBorder* border = show({HOVERED, ENABLED, NO_FRAME});
+    EXPECT_TRUE(border->Enable(false));
+    EXPECT_EQ(border->borderState(), Flags<OskaBorderState>({HOVERED, NO_FRAME}));
+    EXPECT_FALSE(border->IsEnabled());
+    EXPECT_FALSE(border->Enable(false)) << "nothing changed";
+    EXPECT_TRUE(border->Enable(true));
+    EXPECT_EQ(border->borderState(), Flags<OskaBorderState>({HOVERED, ENABLED, NO_FRAME}));
+}
+
+TEST_F(OskaBorderWindowTest, addChild_framesItAtTwoPixelsAndFits)
+{
+    OskaBorder* border = show(ENABLED);
+    auto* child = new wxPanel(border);
+    child->SetMinSize(wxSize(50, 30));
+    border->addChild(child);
+    EXPECT_EQ(border->GetClientSize(), wxSize(54, 34));
+    border->SetSize(100, 80);
+    border->Layout();
+    EXPECT_EQ(child->GetRect(), wxRect(2, 2, 96, 76));
+}
+
+TEST_F(OskaBorderWindowTest, addChild_again_framesTheOther)
+{
+    OskaBorder* border = show(ENABLED);
+    auto* first = new wxPanel(border);
+    first->SetMinSize(wxSize(50, 30));
+    border->addChild(first);
+    auto* second = new wxPanel(border);
+    second->SetMinSize(wxSize(20, 10));
+    border->addChild(second);
+    EXPECT_EQ(border->GetSizer()->GetItemCount(), 1u);
+    EXPECT_EQ(border->GetClientSize(), wxSize(24, 14));
+    EXPECT_EQ(second->GetRect(), wxRect(2, 2, 20, 10));
+}

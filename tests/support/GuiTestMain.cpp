@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+// Runs the tests of a program with windows inside one start and stop of the library.
+#include "NolvexLib/Exception.h"
+#include "NolvexLibWx/NolvexLibWx.h"
+
+#include <wx/app.h>
+#include <wx/debug.h>
+#include <wx/evtloop.h>
+#include <wx/utils.h>
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+
+namespace {
+
+// Never a dialog: it would hang the run.
+void failOnAssert(const wxString& file, int line, const wxString& function, const wxString& condition,
+                  const wxString& message)
+{
+    ADD_FAILURE() << "toolkit assertion " << condition.utf8_str() << " in " << function.utf8_str() << ", "
+                  << file.utf8_str() << ':' << line << ": " << message.utf8_str();
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    wxSetEnv("G_DEBUG", "fatal-criticals");
+    wxSetAssertHandler(failOnAssert);
+    try {
+        Nolvex::LibWx::startup(Nolvex::LibWx::ApplicationType::APPLICATION);
+    } catch (const Nolvex::Exception& failure) {
+        std::fprintf(stderr, "%s\n", failure.what());
+        return 1;
+    }
+    int result = 0;
+    {
+        wxEventLoop loop;
+        const wxEventLoopActivator active(&loop);
+        result = RUN_ALL_TESTS();
+    }
+    Nolvex::LibWx::shutdown();
+    return result;
+}

@@ -1,0 +1,120 @@
+# SPDX-License-Identifier: MIT
+# Shared by the scripts at the root: installing packages, a display of their own, running tests and counting them.
+# Sourced by bash scripts that have set -euo pipefail and changed to the root of the project.
+
+export CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+# Timestamps of a fresh clone are new; what the compiler reads is not.
+export CCACHE_COMPILERCHECK=content
+
+BUILD_PACKAGES=(build-essential cmake ninja-build ccache pkg-config git
+  libwxgtk3.2-dev libgtk-3-dev libpugixml-dev libutfcpp-dev zlib1g-dev)
+TEST_PACKAGES=(libgtest-dev libgmock-dev libbenchmark-dev)
+DISPLAY_PACKAGES=(xvfb xauth openbox fonts-dejavu-core)
+STYLE_PACKAGES=(clang-format clang-tidy clang python3)
+FUZZ_PACKAGES=(clang libclang-rt-dev)
+
+say() {
+  printf '== %s\n' "$*"
+}
+
+# need_packages PACKAGE...: installs those that are missing; asks for rights only then.
+need_packages() {
+  local missing=() package
+  for package in "$@"; do
+    dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || missing+=("$package")
+  done
+  if [ ${#missing[@]} -eq 0 ]; then
+    return
+  fi
+  local root=()
+  if [ "$(id -u)" -ne 0 ]; then
+    root=(sudo)
+  fi
+  say "installing ${missing[*]}"
+  "${root[@]}" apt-get update -qq
+  "${root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+display_processes=()
+
+# start_display [WIDTHxHEIGHT]: an X server and a window manager for this script alone; sets DISPLAY.
+start_display() {
+  local size=${1:-1280x1024} number_file
+  need_packages "${DISPLAY_PACKAGES[@]}"
+  number_file=$(mktemp)
+  # The server picks a free number itself and says which.
+  Xvfb -displayfd 3 -screen 0 "${size}x24" -nolisten tcp 3>"$number_file" >/dev/null 2>&1 &
+  display_processes+=($!)
+  for _ in $(seq 200); do
+    [ -s "$number_file" ] && break
+    sleep 0.05
+  done
+  DISPLAY=":$(cat "$number_file")"
+  rm -f "$number_file"
+  export DISPLAY
+  openbox >/dev/null 2>&1 &
+  display_processes+=($!)
+  sleep 0.3
+}
+
+stop_display() {
+  local process
+  for process in "${display_processes[@]}"; do
+    kill "$process" 2>/dev/null || true
+    wait "$process" 2>/dev/null || true
+  done
+  display_processes=()
+}
+
+# configure_and_build PRESET [CMAKE-ARGUMENT...]
+configure_and_build() {
+  local preset=$1 log
+  shift
+  log="build/$preset-build.log"
+  mkdir -p build
+  say "building $preset"
+  if ! { cmake --preset "$preset" "$@" && cmake --build --preset "$preset"; } >"$log" 2>&1; then
+    grep -E -A8 'error|FAILED|Error' "$log" | head -n 80
+    echo "The build failed; all of its output: $log"
+    return 1
+  fi
+}
+
+# count_tests LOG: adds what GoogleTest reported in the log to passed, failed and skipped.
+count_tests() {
+  passed=$((passed + $(grep -cE '\[       OK \] .*ms\)' "$1" || true)))
+  failed=$((failed + $(grep -cE '\[  FAILED  \] .*ms\)' "$1" || true)))
+  skipped=$((skipped + $(grep -cE '\[  SKIPPED \] .*ms\)' "$1" || true)))
+}
+
+# run_tests NAME BUILD-FOLDER: all test programs, one after the other, since they share screen, mouse and focus. Adds to
+# passed, failed and skipped; a program that crashed, hung or ran nothing counts as failed.
+run_tests() {
+  local name=$1 folder=$2 log="build/$1-tests.log" before=$failed status=0
+  say "testing $name"
+  ctest --test-dir "$folder" --verbose --timeout 600 >"$log" 2>&1 || status=$?
+  count_tests "$log"
+  if [ "$status" -ne 0 ] || [ "$passed" -eq 0 ]; then
+    [ "$failed" -gt "$before" ] || failed=$((failed + 1))
+    grep -E '\*\*\*|: Failure|\[  FAILED  \]|ERROR: |SUMMARY: |runtime error' "$log" | head -n 60
+    echo "All output of the tests: $log"
+  fi
+}
+
+# summary NAME: the closing line; its status is that of the run.
+summary() {
+  echo "$1: $passed passed, $failed failed, $skipped skipped"
+  [ "$failed" -eq 0 ] && [ "$passed" -gt 0 ]
+}
+
+# check NAME COMMAND...: counts a command like a test.
+check() {
+  local name=$1
+  shift
+  if "$@"; then
+    passed=$((passed + 1))
+  else
+    echo "FAILED: $name"
+    failed=$((failed + 1))
+  fi
+}

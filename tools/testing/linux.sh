@@ -1,0 +1,19 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+# Style, the optimised build, every test on a display of its own, the installed package, and the viewer as a user
+# starts it.
+set -euo pipefail
+cd "$(dirname "$0")/../.."
+. tools/testing/common.sh
+passed=0 failed=0 skipped=0
+
+need_packages "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}"
+check "style" tools/testing/style.sh
+configure_and_build linux-release
+start_display
+trap stop_display EXIT
+run_tests linux build/linux-release
+echo "$((passed + failed + skipped - 1))" >build/linux-test-count
+check "viewer" tools/testing/viewer.sh build/linux-release/bin/nolvex-viewer
+check "package" tools/testing/package.sh
+summary linux

@@ -1,0 +1,21 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+# Every test under the address, leak and undefined-behaviour sanitizers, then short runs of the fuzzers.
+set -euo pipefail
+cd "$(dirname "$0")/../.."
+. tools/testing/common.sh
+passed=0 failed=0 skipped=0
+
+need_packages "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}" "${FUZZ_PACKAGES[@]}"
+configure_and_build sanitizers
+start_display
+trap stop_display EXIT
+export ASAN_OPTIONS=detect_leaks=1:detect_stack_use_after_return=1:strict_string_checks=1
+export UBSAN_OPTIONS=print_stacktrace=1
+LSAN_OPTIONS=suppressions=$PWD/tests/support/leaks.supp:print_suppressions=0
+export LSAN_OPTIONS
+run_tests sanitizers build/sanitizers
+configure_and_build fuzz
+say "fuzzing"
+check "fuzzers" tests/fuzz/run.sh build/fuzz/bin "${NOLVEX_FUZZ_RUNS:-100000}"
+summary sanitizers
