@@ -17,6 +17,10 @@ class Function;
 
 namespace Detail {
 
+template<class Callable, class Owner, class Result, class... Arguments>
+concept CallableFor = !std::same_as<std::remove_cvref_t<Callable>, Owner> &&
+                      std::is_invocable_r_v<Result, std::decay_t<Callable>&, Arguments...>;
+
 template<class T>
 inline constexpr bool MAY_BE_EMPTY_CALLABLE = std::is_pointer_v<T> || std::is_member_pointer_v<T>;
 
@@ -52,12 +56,9 @@ public:
     Function(std::nullptr_t) // NOLINT(google-explicit-constructor): null is the empty callable
     {}
 
-    template<class Callable>
-
-    requires(!std::same_as<std::remove_cvref_t<Callable>, Function> &&
-             std::is_invocable_r_v<Result, std::decay_t<Callable>&, Arguments...>)
-        Function(
-            Callable&& callable) // NOLINT(google-explicit-constructor,bugprone-forwarding-reference-overload)
+    template<Detail::CallableFor<Function, Result, Arguments...> Callable>
+    // NOLINTNEXTLINE(google-explicit-constructor,bugprone-forwarding-reference-overload): any callable is one
+    Function(Callable&& callable)
     {
         using Held = std::decay_t<Callable>;
         // Taken as what is held: a function decays to its pointer.

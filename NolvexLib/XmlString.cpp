@@ -108,6 +108,8 @@ bool areEqual(pugi::xml_node a, pugi::xml_node b)
 // Where the UTF-8 form of the text stops being the text: its first unit that is no character.
 Optional<std::size_t> findLostByte(StringView text, std::string_view bytes)
 {
+    if (bytes.find("\xEF\xBF\xBD") == std::string_view::npos)
+        return {};
     const String back = String::fromUtf8(bytes);
     const auto differing =
         std::mismatch(text.begin(), text.end(), back.wstr().begin(), back.wstr().end()).first;

@@ -31,9 +31,16 @@ wxImage Wx::convertMemoryToImage(const unsigned* data, int size, wxBitmapType ty
 {
     if (data == nullptr || size < 1)
         return {};
-    const ScopedSilence silence;
     wxMemoryInputStream stream(data, static_cast<std::size_t>(size));
-    return {stream, type};
+    return convertStreamToImage(stream, type);
+}
+
+wxImage Wx::convertStreamToImage(wxInputStream& stream, wxBitmapType type)
+{
+    const ScopedSilence silence;
+    // Some decoders leave what they had read so far in an image that they failed to load.
+    wxImage image;
+    return image.LoadFile(stream, type) ? image : wxImage();
 }
 
 wxBitmap Wx::convertMemoryToBitmap(const unsigned* data, int size, wxBitmapType type)

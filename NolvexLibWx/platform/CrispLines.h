@@ -5,8 +5,9 @@
 
 namespace Nolvex::Platform {
 
-/// While it lives, lines of one pixel drawn through it are exact on every system: every pixel whole, ends exclusive.
-/// GTK draws through cairo, which by itself rounds the ends off and blends them with what lies beside.
+/// While it lives, lines of one pixel drawn through it are exact on every system: every pixel whole, ends
+/// exclusive. GTK draws through cairo, which by itself rounds the ends off and blends them with what lies
+/// beside.
 class CrispLines
 {
 public:

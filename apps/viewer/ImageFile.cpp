@@ -5,9 +5,8 @@
 #include "NolvexLib/Exception.h"
 #include "NolvexLib/Io/FileInputStream.h"
 #include "NolvexLib/Io/FileSize.h"
-#include "NolvexLibWx/MemoryImages.h"
 #include "apps/viewer/PortableFloatMap.h"
-#include "apps/viewer/TruncatedImage.h"
+#include "apps/viewer/WholeImage.h"
 
 #include <wx/image.h>
 
@@ -21,24 +20,12 @@ namespace {
 // What the toolkit's decoders count in int.
 constexpr std::uint64_t MAX_FILE_SIZE = std::numeric_limits<std::int32_t>::max();
 
-// Words, not bytes, since that is how the library takes encoded images.
-struct FileContent
-{
-    Array<unsigned> words;
-    std::size_t size = 0;
-
-    ArrayView<const std::byte> bytes() const
-    {
-        return std::as_bytes(ArrayView<const unsigned>(words)).first(size);
-    }
-};
-
 Unexpected<String> refuse(const Io::Path& path, const String& reason)
 {
     return {L"The picture \"" + path.nativeStr() + L"\" cannot be shown: " + reason + L"."};
 }
 
-Expected<FileContent, String> readWholeFile(const Io::Path& path)
+Expected<Array<std::byte>, String> readWholeFile(const Io::Path& path)
 {
     try {
         Io::FileInputStream stream(path);
@@ -47,10 +34,8 @@ Expected<FileContent, String> readWholeFile(const Io::Path& path)
             return refuse(path, L"it is not a regular file");
         if (*size > MAX_FILE_SIZE)
             return refuse(path, L"it is larger than 2 GiB");
-        FileContent content;
-        content.size = static_cast<std::size_t>(*size);
-        content.words.resize(content.size / sizeof(unsigned) + 1);
-        if (!stream.readExactly(content.words.data(), static_cast<std::int64_t>(content.size)))
+        Array<std::byte> content(static_cast<std::size_t>(*size));
+        if (!stream.readExactly(content.data(), static_cast<std::int64_t>(content.size())))
             return refuse(path, L"it became shorter while it was read");
         return content;
     } catch (const Exception& failure) {
@@ -78,26 +63,23 @@ Expected<Image, String> toImage(const wxImage& source)
     return image;
 }
 
-Expected<Image, String> decode(const FileContent& content)
+Expected<Image, String> decode(ArrayView<const std::byte> content)
 {
-    if (isPortableFloatMap(content.bytes()))
-        return readPortableFloatMap(content.bytes());
-    wxImage decoded =
-        Wx::convertMemoryToImage(content.words.data(), static_cast<int>(content.size), wxBITMAP_TYPE_ANY);
-    if (!decoded.IsOk())
-        return Unexpected{String(L"it is not a picture of a known format, or it is damaged")};
-    if (isTruncatedImage(content.bytes()))
-        return Unexpected{String(L"it ends before its last pixel")};
-    if (decoded.HasMask())
-        decoded.InitAlpha();
-    return toImage(decoded);
+    if (isPortableFloatMap(content))
+        return readPortableFloatMap(content);
+    Expected<wxImage, String> decoded = decodeWholeImage(content);
+    if (!decoded)
+        return Unexpected{decoded.error()};
+    if (decoded->HasMask() && !decoded->HasAlpha())
+        decoded->InitAlpha();
+    return toImage(*decoded);
 }
 
 } // namespace
 
 Expected<Image, String> readImageFile(const Io::Path& path)
 {
-    const Expected<FileContent, String> content = readWholeFile(path);
+    const Expected<Array<std::byte>, String> content = readWholeFile(path);
     if (!content)
         return Unexpected{content.error()};
     Expected<Image, String> image = decode(*content);

@@ -52,29 +52,9 @@ TEST(SimpleTextDeserializerTest, parse_oneBeyondTheLimits_givesNone)
 
 TEST(SimpleTextDeserializerTest, parse_whatIsNotDigitsOnly_givesNone)
 {
-    for (const wchar_t* text : {L"",
-                                L"-",
-                                L"+5",
-                                L" 5",
-                                L"5 ",
-                                L"\t5",
-                                L"5\n",
-                                L"0x5",
-                                L"5.0",
-                                L"5e1",
-                                L"--5",
-                                L"5-",
-                                L"- 5",
-                                L"5,",
-                                L",5",
-                                L"1,000",
-                                L"a",
-                                L"5a",
-                                L"x=5",
-                                L"\x0665",
-                                L"\xFF15",
-                                L"\x2212"
-                                L"5"})
+    for (const wchar_t* text :
+         {L"",   L"-",   L"+5", L" 5", L"5 ",    L"\t5", L"5\n", L"0x5", L"5.0",    L"5e1",    L"--5",
+          L"5-", L"- 5", L"5,", L",5", L"1,000", L"a",   L"5a",  L"x=5", L"\x0665", L"\xFF15", L"\x2212"})
         EXPECT_FALSE(parse<std::int32_t>(text)) << StringView(text).toUtf8();
 }
 

@@ -214,13 +214,20 @@ TEST(XmlStringTest, copy_isIndependent)
 TEST(XmlStringTest, move_leavesAnEmptyTreeThatCanBeUsed)
 {
     XmlString tree = leaf(L"a", L"1");
-    XmlString target = std::move(tree);
-    EXPECT_TRUE(tree.isEmpty()); // NOLINT(bugprone-use-after-move): the state after the move is the promise
+    const XmlString target = std::move(tree);
+    EXPECT_EQ(target, leaf(L"a", L"1"));
+    // NOLINTBEGIN(bugprone-use-after-move,clang-analyzer-cplusplus.Move): what it is then is the promise
+    EXPECT_TRUE(tree.isEmpty());
     tree.addChild(L"b", L"2");
     EXPECT_EQ(tree, leaf(L"b", L"2"));
-    EXPECT_EQ(target, leaf(L"a", L"1"));
-    target = std::move(tree);
-    EXPECT_EQ(target, leaf(L"b", L"2"));
+    // NOLINTEND(bugprone-use-after-move,clang-analyzer-cplusplus.Move)
+}
+
+TEST(XmlStringTest, moveAssignment_replacesTheChildren)
+{
+    XmlString tree = leaf(L"a", L"1");
+    tree = leaf(L"b", L"2");
+    EXPECT_EQ(tree, leaf(L"b", L"2"));
 }
 
 TEST(XmlStringTest, equality_looksAtNamesTextsOrderAndDepth)
@@ -298,6 +305,7 @@ TEST(XmlStringTest, fromString_unitThatIsNoCharacter_isRefused)
     const auto result = XmlString::fromString(L"<root><a>\xE4" + lone + L"</a></root>");
     ASSERT_FALSE(result.hasValue());
     EXPECT_EQ(result.error(), L"The text holds what is no character (byte 11).");
+    EXPECT_TRUE(XmlString::fromString(L"<root><a>\xFFFD</a></root>").hasValue());
 }
 
 TEST(XmlStringTest, largeTree_of100000Siblings_comesBack)

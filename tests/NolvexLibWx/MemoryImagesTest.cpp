@@ -93,6 +93,14 @@ TEST(MemoryImagesTest, pngCutAnywhereInItsPixels_isInvalidAndSilent)
         EXPECT_FALSE(convertMemoryToImage(encoded.words.data(), size, wxBITMAP_TYPE_ANY).IsOk()) << size;
 }
 
+TEST(MemoryImagesTest, windowsBitmapCutInItsPixels_isInvalid)
+{
+    const Encoded encoded = encode(testPicture(), wxBITMAP_TYPE_BMP);
+    const int padding = 1; // rows are padded to four bytes, behind the last pixel too
+    for (int size = 1; size < encoded.size - padding; ++size)
+        EXPECT_FALSE(convertMemoryToImage(encoded.words.data(), size, wxBITMAP_TYPE_ANY).IsOk()) << size;
+}
+
 TEST(MemoryImagesTest, headerThatClaimsTwoBillionPixels_isInvalid)
 {
     // A Windows bitmap of 46341 x 46341 pixels at 24 bits with no pixel behind its header.

@@ -16,7 +16,7 @@ using Nolvex::Fuzz::require;
 namespace {
 
 // The one text of the value, but for leading zeros and the minus of a zero.
-std::string normalized(std::string digits)
+std::string normalized(const std::string& digits)
 {
     const bool isNegative = digits.starts_with('-');
     const std::size_t first = digits.find_first_not_of('0', isNegative ? 1 : 0);

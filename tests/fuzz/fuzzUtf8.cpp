@@ -10,7 +10,6 @@ using Nolvex::Array;
 using Nolvex::ExplodeMode;
 using Nolvex::Optional;
 using Nolvex::String;
-using Nolvex::StringView;
 using Nolvex::Fuzz::require;
 
 namespace {

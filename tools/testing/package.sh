@@ -6,9 +6,12 @@ cd "$(dirname "$0")/../.."
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 log="$PWD/build/package.log"
+# The code of the first page is what people copy.
+awk '/^```cpp$/ { inside = 1; next } /^```$/ { inside = 0 } inside' README.md >"$folder/readme.cpp"
 {
   cmake --install build/linux-release --prefix "$folder/prefix"
-  cmake -S tests/package -B "$folder/build" -G Ninja -DCMAKE_PREFIX_PATH="$folder/prefix" -DCMAKE_BUILD_TYPE=Release
+  cmake -S tests/package -B "$folder/build" -G Ninja -DCMAKE_PREFIX_PATH="$folder/prefix" \
+    -DREADME_SOURCE="$folder/readme.cpp" -DCMAKE_BUILD_TYPE=Release
   cmake --build "$folder/build"
   LD_LIBRARY_PATH="$folder/prefix/lib:$folder/prefix/lib/$(gcc -dumpmachine)" "$folder/build/core-only"
 } >"$log" 2>&1 || {

@@ -71,6 +71,23 @@ build_wxwidgets() {
         -DwxUSE_{WEBVIEW,MEDIACTRL,OPENGL,REGEX,NANOSVG,DEBUGREPORT}=OFF
 }
 
+# Makes the package of wxWidgets answer to what it is asked for elsewhere: a toolkit in one library
+# has no components but itself, and a debug build looks for a setup.h of its own.
+complete_wxwidgets_package() {
+    local settings="$STAGE/lib/gcc_x64_dll/mswu"
+    cp -R -- "$settings" "${settings}d"
+    cat >>"$STAGE/lib/cmake/wxWidgets/gcc_x64_dll/wxWidgetsTargets.cmake" <<'CMAKE'
+
+foreach(_wx_component IN ITEMS base net core)
+  if(NOT TARGET wx::wx${_wx_component})
+    add_library(wx::wx${_wx_component} INTERFACE IMPORTED)
+    set_target_properties(wx::wx${_wx_component} PROPERTIES INTERFACE_LINK_LIBRARIES wx::wxmono)
+  endif()
+endforeach()
+unset(_wx_component)
+CMAKE
+}
+
 # The headers of utfcpp with a CMake package like the one of Debian, whose own files hold paths of
 # this machine.
 install_utfcpp() {
@@ -148,5 +165,6 @@ build_libraries() {
     install_utfcpp
     install_runtime
     forget_stage
+    complete_wxwidgets_package
     check_libraries
 }

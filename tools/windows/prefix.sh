@@ -37,9 +37,12 @@ publish() {
     local stage="$1" prefix="$2"
     (
         cd -- "$stage" || die "there is no $stage"
-        find . \( -type f -o -type l \) -print0 | sort -z | xargs -0 sha256sum >"$MANIFEST"
+        # Outside at first, lest the list lists itself.
+        find . \( -type f -o -type l \) -print0 | sort -z | xargs -0 sha256sum >"$stage.$MANIFEST"
+        mv -- "$stage.$MANIFEST" "$MANIFEST"
         sha256sum "$MANIFEST" >"$STAMP"
     )
+    is_complete "$stage" || die_with_log "the checksums of $stage do not hold"
     # The files must have reached the disk before the name says that they have.
     sync -f -- "$stage"
     mv -T -- "$stage" "$prefix"

@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: MIT
+#include "apps/viewer/ImageFile.h"
+
+#include "NolvexLib/Exception.h"
+#include "NolvexLib/Io/FileInputStream.h"
+#include "NolvexLib/Io/FileOutputStream.h"
+#include "NolvexLib/Io/FileSize.h"
+#include "NolvexLibWx/BitmapConverter.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <filesystem>
+
+using namespace Nolvex;
+using Viewer::readImageFile;
+
+namespace {
+
+constexpr int WIDTH = 16;
+constexpr int HEIGHT = 10;
+
+Io::Path fixture(const char* name)
+{
+    return std::filesystem::path(NOLVEX_TEST_DATA_DIR) / "images" / name;
+}
+
+int distance(float channel, int expected)
+{
+    return std::abs(static_cast<int>(std::lround(channel * 255.0f)) - expected);
+}
+
+// The largest difference from the pattern that the fixtures show, in bytes.
+int distanceFromPattern(const Image& image)
+{
+    int largest = 0;
+    const int bottom = image.descriptor().height - 1;
+    for (int y = 0; y < HEIGHT; ++y) {
+        for (int x = 0; x < WIDTH; ++x) {
+            const Rgb colour = image.getRgba(x, bottom - y);
+            largest = std::max({largest, distance(colour.r, 16 * x), distance(colour.g, 25 * y % 256),
+                                distance(colour.b, 3 * x * y % 256)});
+        }
+    }
+    return largest;
+}
+
+Array<std::byte> contentOf(const Io::Path& path)
+{
+    Array<std::byte> bytes(Io::fileSize(path).value_or(0));
+    Io::FileInputStream stream(path);
+    EXPECT_TRUE(stream.readExactly(bytes.data(), static_cast<std::int64_t>(bytes.size())));
+    return bytes;
+}
+
+// A file of a name beyond ASCII in the folder for temporary files, gone at the end.
+struct TemporaryFile
+{
+    Io::Path path =
+        Io::Path(std::filesystem::temp_directory_path()) / Io::Path(L"nolvex-\u00FC\u4E2D-test.bin");
+
+    explicit TemporaryFile(ArrayView<const std::byte> content)
+    {
+        Io::FileOutputStream stream(path, Io::Open::TRUNCATE);
+        stream.write(content.data(), static_cast<std::int64_t>(content.size()));
+        stream.close();
+    }
+
+    ~TemporaryFile()
+    {
+        std::error_code ignored;
+        std::filesystem::remove(path.native(), ignored);
+    }
+};
+
+} // namespace
+
+TEST(ViewerImageFileTest, losslessPictures_areReadToTheByte)
+{
+    for (const char* name :
+         {"pattern.png", "pattern.bmp", "pattern.gif", "pattern.tiff", "pattern.tga", "pattern.ico"}) {
+        const auto image = readImageFile(fixture(name));
+        ASSERT_TRUE(image.hasValue()) << name << ": " << image.error().toUtf8();
+        EXPECT_EQ(image->descriptor().width, WIDTH) << name;
+        EXPECT_EQ(image->descriptor().gamma, 1.0f) << name;
+        EXPECT_EQ(distanceFromPattern(*image), 0) << name;
+    }
+}
+
+TEST(ViewerImageFileTest, jpeg_isReadWithinItsLosses)
+{
+    const auto image = readImageFile(fixture("pattern.jpg"));
+    ASSERT_TRUE(image.hasValue());
+    EXPECT_LE(distanceFromPattern(*image), 24);
+}
+
+TEST(ViewerImageFileTest, alpha_isRead)
+{
+    for (const char* name : {"pattern-alpha.png", "pattern.ico"}) {
+        const auto image = readImageFile(fixture(name));
+        ASSERT_TRUE(image.hasValue());
+        ASSERT_EQ(image->descriptor().format, PixelFormat::UINT8_RGBA) << name;
+        for (int x = 0; x < WIDTH; ++x)
+            EXPECT_EQ(distance(image->getRgba(x, 0).a, 255 - 16 * x), 0) << name << ' ' << x;
+    }
+}
+
+TEST(ViewerImageFileTest, floatPicture_keepsWhatIsAboveOne)
+{
+    const auto image = readImageFile(fixture("pattern.pfm"));
+    ASSERT_TRUE(image.hasValue());
+    EXPECT_EQ(image->descriptor().gamma, 2.2f);
+    EXPECT_EQ(image->getRgba(15, HEIGHT - 1).r, 15.0f / 4.0f);
+    EXPECT_TRUE(std::isnan(image->getRgba(3, HEIGHT - 1 - 2).r));
+    EXPECT_EQ(image->getRgba(5, HEIGHT - 1 - 4).g, INFINITY);
+    EXPECT_TRUE(BitmapConverter::zephraImageToWxBitmap(*image).IsOk());
+}
+
+TEST(ViewerImageFileTest, badFiles_giveASentenceThatNamesThem)
+{
+    for (const char* name : {"truncated.png", "truncated.jpg", "truncated.pfm", "zero-size.bmp",
+                             "huge-claim.bmp", "huge-claim.png", "huge-claim.pfm", "negative.pfm",
+                             "noimage.txt", "empty.png", "random.jpg", "no-such-file.png", "."}) {
+        const auto image = readImageFile(fixture(name));
+        ASSERT_FALSE(image.hasValue()) << name;
+        const std::string message = image.error().toUtf8();
+        EXPECT_NE(message.find(name), std::string::npos) << message;
+        EXPECT_EQ(message.back(), '.') << message;
+    }
+}
+
+TEST(ViewerImageFileTest, nameBeyondAscii_isOpenedAndNamed)
+{
+    const TemporaryFile good(contentOf(fixture("pattern.png")));
+    const auto image = readImageFile(good.path);
+    ASSERT_TRUE(image.hasValue()) << image.error().toUtf8();
+    EXPECT_EQ(distanceFromPattern(*image), 0);
+}
+
+TEST(ViewerImageFileTest, picturesCutInTheMiddle_areNotShown)
+{
+    for (const char* name : {"pattern.png", "pattern.bmp", "pattern.gif", "pattern.tiff", "pattern.tga",
+                             "pattern.jpg", "pattern.pfm", "pattern.ico"}) {
+        const Array<std::byte> whole = contentOf(fixture(name));
+        for (const int percent : {20, 50, 60, 80, 90}) {
+            const TemporaryFile cut(ArrayView<const std::byte>(whole).first(whole.size() * percent / 100));
+            EXPECT_FALSE(readImageFile(cut.path).hasValue()) << name << " cut to " << percent << " %";
+        }
+    }
+}
