@@ -25,9 +25,9 @@ for argument in "$@"; do
 done
 
 if [ $windows = yes ]; then
-  . tools/windows/wine.sh
+  . tools/testing/wine.sh
   build_windows
-  viewer=(run_windows build/windows-release/bin/nolvex-viewer.exe)
+  viewer=(tools/testing/run-wine.sh build/windows-release/bin/nolvex-viewer.exe)
 else
   need_packages "${BUILD_PACKAGES[@]}"
   configure_and_build demo
@@ -38,7 +38,12 @@ if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] && [ $windows = no ]; then
   exec "${viewer[@]}" ${image:+"$image"}
 fi
 start_display
-trap stop_display EXIT
+if [ $windows = yes ]; then
+  trap 'stop_wine; stop_display' EXIT
+  start_wine
+else
+  trap stop_display EXIT
+fi
 mkdir -p screenshots
 screenshot=$PWD/screenshots/viewer.png
 [ $windows = no ] || screenshot=$PWD/screenshots/viewer-windows.png

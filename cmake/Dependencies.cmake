@@ -1,6 +1,13 @@
 # SPDX-License-Identifier: MIT
 # Everything the project stands on; how each is found differs between the systems, what it is called here does not.
 
+if(WIN32)
+  enable_language(RC) # version resources
+  # Programs find DLLs beside themselves only: those of the cross-build go where the programs are built.
+  set(NOLVEX_RUNTIME_DLLS "" CACHE STRING "DLLs that the programs need at run time, a list of files")
+  file(COPY ${NOLVEX_RUNTIME_DLLS} DESTINATION "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
+endif()
+
 find_package(Threads REQUIRED)
 find_package(ZLIB REQUIRED)
 find_package(pugixml CONFIG REQUIRED)
@@ -22,9 +29,7 @@ endif()
 
 if(NOLVEX_BUILD_TOOLKIT_LIBRARY)
   include(Toolkit)
-  if(WIN32)
-    enable_language(RC)
-  else()
+  if(NOT WIN32)
     # The services below the toolkit that platform/gtk calls.
     find_package(PkgConfig REQUIRED)
     pkg_check_modules(GTK3 REQUIRED IMPORTED_TARGET gtk+-3.0 gio-2.0)

@@ -35,10 +35,15 @@ function(nolvex_add_library name)
   target_compile_features(${name} PUBLIC cxx_std_20)
   target_link_libraries(${name} PRIVATE $<BUILD_INTERFACE:NolvexCompilerSettings>)
 
+  if(WIN32)
+    configure_file("${PROJECT_SOURCE_DIR}/NolvexLibWx/resources/version.rc.in" "${CMAKE_CURRENT_BINARY_DIR}/version.rc" @ONLY)
+    target_sources(${name} PRIVATE "${CMAKE_CURRENT_BINARY_DIR}/version.rc")
+  endif()
+
   install(TARGETS ${name} EXPORT NolvexLibWxTargets
     RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
   install(DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}/" DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${name}
-    FILES_MATCHING PATTERN "*.h" PATTERN platform EXCLUDE PATTERN resources EXCLUDE)
+    FILES_MATCHING PATTERN "*.h" PATTERN platform EXCLUDE PATTERN resources EXCLUDE PATTERN kernels EXCLUDE)
   install(FILES "${generated}/${name}/Export.h" DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${name})
 endfunction()

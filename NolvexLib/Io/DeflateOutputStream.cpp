@@ -34,7 +34,6 @@ struct DeflateOutputStream::Compressor : private Noncopyable
 
     z_stream zlib = {};
     State state = State::OPEN;
-    bool hasUnflushed = false;
     std::array<Bytef, 65536> output;
 };
 
@@ -59,10 +58,8 @@ void DeflateOutputStream::flush()
 {
     if (m_compressor->state == Compressor::State::FAILED)
         throwUnlessOpen();
-    // A second flush without a byte in between would add an empty block.
-    if (m_compressor->hasUnflushed && m_compressor->state == Compressor::State::OPEN)
+    if (m_compressor->state == Compressor::State::OPEN)
         run(Z_SYNC_FLUSH);
-    m_compressor->hasUnflushed = false;
     m_target.flush();
 }
 
@@ -78,7 +75,6 @@ void DeflateOutputStream::finish()
 void DeflateOutputStream::writeImpl(const void* buffer, std::int64_t count)
 {
     throwUnlessOpen();
-    m_compressor->hasUnflushed = true;
     const auto* bytes = static_cast<const Bytef*>(buffer);
     // zlib counts in 32 bits.
     constexpr std::int64_t MOST = std::numeric_limits<std::int32_t>::max();

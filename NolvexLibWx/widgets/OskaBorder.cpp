@@ -2,8 +2,8 @@
 #include "NolvexLibWx/widgets/OskaBorder.h"
 
 #include "NolvexLibWx/ColourConversions.h"
+#include "NolvexLibWx/CrispLines.h"
 #include "NolvexLibWx/GeometryConversions.h"
-#include "NolvexLibWx/platform/CrispLines.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"
 
 #include <wx/dcclient.h>
@@ -65,7 +65,7 @@ void OskaBorder::draw(wxDC& dc, const Bucket& rect, Flags<OskaBorderState> flags
     const bool lit = flags.has(OskaBorderState::HOVERED) && flags.has(OskaBorderState::ENABLED);
     wxRect inner = Wx::toWxRect(rect);
 
-    Platform::CrispLines lines(dc);
+    CrispLines lines(dc);
     dc.SetBrush(*wxStockGDI::GetBrush(wxStockGDI::BRUSH_TRANSPARENT));
     if (framed) {
         lines.setPen(OUTER());

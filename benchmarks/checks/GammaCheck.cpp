@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Compares GammaEncoder with powf for every float there is: minutes of work, so it is no test.
+// Compares GammaEncoder with powf for every float there is: too long for a test.
 #include "NolvexLibImage/pixels/GammaEncoder.h"
 
 #include <algorithm>

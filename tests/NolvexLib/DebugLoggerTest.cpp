@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <atomic>
 #include <clocale>
 #include <limits>
 #include <memory>
@@ -167,10 +168,18 @@ TEST_F(DebugLoggerTest, stream_inALocaleWithCommas_writesPoints)
 TEST_F(DebugLoggerTest, destructor_onManyThreads_losesAndMixesNothing)
 {
     constexpr int THREADS = 4;
-    constexpr int MESSAGES = 500;
+    constexpr int MESSAGES = 200;
+    DebugLogger::setSink([this](const DebugLogger::Record& record) {
+        // Lets the others in, were they not kept out.
+        std::this_thread::yield();
+        m_records.push_back(record);
+    });
+    std::atomic<int> ready = 0;
     Array<std::thread> threads;
     for (int t = 0; t < THREADS; ++t) {
-        threads.emplace_back([t] {
+        threads.emplace_back([t, &ready] {
+            for (++ready; ready < THREADS;)
+                std::this_thread::yield();
             for (int i = 0; i < MESSAGES; ++i)
                 DebugLogger("a.cpp", t, "run", "net") << t << ":" << i;
         });

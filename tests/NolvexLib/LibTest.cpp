@@ -207,12 +207,15 @@ TEST_F(StartedLibTest, postToMainThread_ofEmptyFunction_isAProgrammingError)
 TEST_F(StartedLibTest, postToMainThread_fromManyThreads_losesNothingAndKeepsTheirOrder)
 {
     constexpr int THREADS = 4;
-    constexpr int EVENTS = 1000;
+    constexpr int EVENTS = 20000;
+    std::atomic<int> ready = 0;
     std::atomic<int> running = THREADS;
     std::array<Array<int>, THREADS> received;
     Array<std::thread> threads;
     for (std::size_t t = 0; t < THREADS; ++t) {
-        threads.emplace_back([&running, &list = received.at(t)] {
+        threads.emplace_back([&ready, &running, &list = received.at(t)] {
+            for (++ready; ready < THREADS;)
+                std::this_thread::yield();
             for (int i = 0; i < EVENTS; ++i)
                 Lib::postToMainThread([&list, i] { list.push_back(i); });
             --running;

@@ -25,9 +25,9 @@ TEST(RgbTest, comparison_needsAllFourEqual)
 TEST(RgbTest, arithmetic_isByComponentAndDoesNotClamp)
 {
     constexpr Rgb A{1.0f, 0.5f, 0.25f, 1.0f};
-    constexpr Rgb B{0.5f, 1.5f, 2.0f, 0.0f};
-    EXPECT_EQ(A + B, (Rgb{1.5f, 2.0f, 2.25f, 1.0f}));
-    EXPECT_EQ(A - B, (Rgb{0.5f, -1.0f, -1.75f, 1.0f}));
+    constexpr Rgb B{0.5f, 1.5f, 2.0f, 0.25f};
+    EXPECT_EQ(A + B, (Rgb{1.5f, 2.0f, 2.25f, 1.25f}));
+    EXPECT_EQ(A - B, (Rgb{0.5f, -1.0f, -1.75f, 0.75f}));
     EXPECT_EQ(A * 4.0f, (Rgb{4.0f, 2.0f, 1.0f, 4.0f}));
 }
 

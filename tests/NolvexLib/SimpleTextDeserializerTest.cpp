@@ -58,6 +58,14 @@ TEST(SimpleTextDeserializerTest, parse_whatIsNotDigitsOnly_givesNone)
         EXPECT_FALSE(parse<std::int32_t>(text)) << StringView(text).toUtf8();
 }
 
+TEST(SimpleTextDeserializerTest, parse_neighboursOfTheDigits_giveNone)
+{
+    for (const wchar_t* text : {L"/", L":", L"1/", L"1:"}) {
+        EXPECT_FALSE(parse<std::int32_t>(text));
+        EXPECT_FALSE(parse<std::uint64_t>(text));
+    }
+}
+
 TEST(SimpleTextDeserializerTest, parse_zeroUnitInside_givesNone)
 {
     EXPECT_FALSE(parse<std::int32_t>(std::wstring(L"5\0", 2)));
@@ -117,9 +125,10 @@ TEST(SimpleTextDeserializerTest, isAtEnd_ofAnEmptyText_isTrueAtOnce)
 
 TEST(SimpleTextDeserializerTest, read_separatorOfSeveralUnits_isTakenWhole)
 {
-    SimpleTextDeserializer deserializer(L"1; 2;3", L"; ", VariableNames::OMIT);
+    SimpleTextDeserializer deserializer(L"1; 2; 3;4", L"; ", VariableNames::OMIT);
     EXPECT_EQ(deserializer.read<std::int32_t>(), 1);
-    EXPECT_FALSE(deserializer.read<std::int32_t>()) << "the rest is one part: 2;3";
+    EXPECT_EQ(deserializer.read<std::int32_t>(), 2);
+    EXPECT_FALSE(deserializer.read<std::int32_t>()) << "the rest is one part: 3;4";
 }
 
 TEST(SimpleTextDeserializerTest, read_emptySeparator_takesTheWholeText)
@@ -144,6 +153,11 @@ TEST(SimpleTextDeserializerTest, read_namedValues_refusesMalformedOnes)
          {L"5", L"=5", L"x=", L"x==5", L"x 5", L"1x=5", L"x =5", L"x= 5", L"x", L"x=y=5"})
         EXPECT_FALSE(SimpleTextDeserializer(text, L",", VariableNames::WRITE).read<std::int32_t>())
             << StringView(text).toUtf8();
+}
+
+TEST(SimpleTextDeserializerTest, read_expectedNameWithoutEqualsSign_givesNone)
+{
+    EXPECT_FALSE(SimpleTextDeserializer(L"5", L",", VariableNames::WRITE).read<std::int32_t>(L"5"));
 }
 
 TEST(SimpleTextDeserializerTest, read_nameThatTheTextOmits_isNotLookedAt)

@@ -248,21 +248,24 @@ TEST(XmlFormTest, fromUtf8_malformed_saysWhatAndWhere)
     EXPECT_EQ(errorOf("<root><a>&x;</a></root>"), L"Only the five predefined entities are allowed (byte 9).");
     EXPECT_EQ(errorOf("<root><a></b></root>"), L"The end tag does not match the start tag (byte 9).");
     EXPECT_EQ(errorOf("<root><a>\xC3</a></root>"), L"The text is no valid UTF-8 (byte 9).");
+    EXPECT_EQ(errorOf(" "), L"There is no root element (byte 1).");
+    EXPECT_EQ(errorOf("<root>"), L"The text ends inside an element (byte 6).");
     EXPECT_EQ(errorOf("\n<rood/>"), L"The root element must be named root (byte 1).");
 }
 
-TEST(XmlFormTest, fromUtf8_largeMalformedDocuments_areRefusedInOnePass)
+TEST(XmlFormTest, fromUtf8_largeMalformedDocuments_areRefusedWithWhatIsWrongAtTheirEnd)
 {
-    std::string brackets = "<root><a>";
-    std::string references = brackets;
-    std::string declaration = "<?xml version=";
-    for (std::size_t i = 0; i < 1'000'000; ++i) {
-        brackets += "]]";
-        references += "&amp;";
-        declaration += "  ";
-    }
-    for (const std::string& xml : {brackets, references, declaration, std::string(1'000'000, '<')})
-        EXPECT_FALSE(XmlString::fromUtf8(xml).hasValue());
+    constexpr std::size_t COUNT = 1'000'000;
+    std::string references = "<root><a>";
+    for (std::size_t i = 0; i < COUNT; ++i)
+        references += "&lt;";
+    EXPECT_EQ(errorOf(references), L"The text ends inside an element (byte 4000009).");
+    EXPECT_EQ(errorOf("<root><a>" + std::string(COUNT, ']')),
+              L"The text ends inside an element (byte 1000009).");
+    EXPECT_EQ(errorOf("<?xml version=" + std::string(COUNT, ' ')),
+              L"The declaration is malformed (byte 1000014).");
+    EXPECT_EQ(errorOf('<' + std::string(COUNT, 'a')),
+              L"The name is invalid or its tag is not closed (byte 1000001).");
 }
 
 } // namespace Nolvex

@@ -174,7 +174,7 @@ TEST(DeflateOutputStreamTest, flush_every65536Bytes_costsLessThanAPercent)
     EXPECT_EQ(decompress(target.bytes()), text);
 }
 
-TEST(DeflateOutputStreamTest, flush_afterFinish_flushesTheTarget)
+TEST(DeflateOutputStreamTest, flush_afterFinish_onlyFlushesTheTarget)
 {
     FlushCountingStream target;
     DeflateOutputStream stream(target);
@@ -182,6 +182,7 @@ TEST(DeflateOutputStreamTest, flush_afterFinish_flushesTheTarget)
     stream.flush();
     EXPECT_EQ(target.flushes, 1);
     EXPECT_EQ(target.tellp(), 8);
+    EXPECT_THROW(stream.write("a", 1), StopException);
 }
 
 // Fails from the given number of bytes on.

@@ -37,6 +37,8 @@ const std::vector<float>& unusualExponents()
                                                  1e30f,
                                                  0.01f,
                                                  100.5f,
+                                                 1.0f / 17.0f,
+                                                 17.0f,
                                                  Limits::infinity(),
                                                  -Limits::infinity(),
                                                  Limits::quiet_NaN(),

@@ -130,11 +130,12 @@ TEST_F(ApplySkinRecursiveTest, windowWithoutChildren_isTheOnlyOneTouched)
     auto* panel = new wxPanel(frame);
     auto* sibling = new wxPanel(frame);
     const wxColour before = sibling->GetBackgroundColour();
+    const wxColour frameBefore = frame->GetBackgroundColour();
     applySkinRecursive(panel, someSkin());
     EXPECT_EQ(panel->GetBackgroundColour(), wxColour(4, 5, 6));
     EXPECT_EQ(sibling->GetBackgroundColour(), before);
     EXPECT_FALSE(sibling->UseBgCol());
-    EXPECT_FALSE(frame->UseBgCol());
+    EXPECT_EQ(frame->GetBackgroundColour(), frameBefore);
 }
 
 TEST_F(ApplySkinRecursiveTest, parentsComeFirstAndChildrenInTheirOrder)

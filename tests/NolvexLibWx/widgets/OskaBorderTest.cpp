@@ -88,6 +88,7 @@ struct OskaBorderWindowTest : testing::Test
         auto* border = new OskaBorder(panel, flags);
         border->SetSize(10, 10, 40, 20);
         border->SetBackgroundColour(*wxWHITE);
+        border->Refresh();
         frame->Show();
         frame->Raise();
         Tests::pumpEvents(150);

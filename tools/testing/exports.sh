@@ -1,0 +1,31 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+# exports.sh LIBRARY...: nothing of a shared library may be seen from outside that is not marked for it. On Linux weak
+# symbols are passed over: templates of others are among them, which every library that uses them has.
+set -euo pipefail
+
+exported() {
+  case $1 in
+    *.dll)
+      x86_64-w64-mingw32-objdump -p "$1" | awk '/\[Ordinal\/Name Pointer\] Table/ { t = 1; next } t && NF == 0 { exit } t { print $NF }' |
+        sed 's/^_*Z/_Z/' | c++filt
+      ;;
+    *) nm -DC --defined-only "$1" | awk '$2 ~ /[TDBR]/ && $3 !~ /^(_end|_edata|__bss_start|_init|_fini)$/ { $1 = $2 = ""; print }' ;;
+  esac
+}
+
+status=0
+for library in "$@"; do
+  names=$(exported "$library")
+  if [ -z "$names" ]; then
+    echo "$library exports nothing"
+    status=1
+  fi
+  strangers=$(grep -v 'Nolvex' <<<"$names" || true)
+  if [ -n "$strangers" ]; then
+    echo "$library exports what is not its own:"
+    head -n 10 <<<"$strangers"
+    status=1
+  fi
+done
+exit $status

@@ -1,0 +1,38 @@
+# SPDX-License-Identifier: MIT
+# The Windows build and the running of its programs under Wine. Sourced behind common.sh.
+
+WINDOWS_BUILD=build/windows-release
+
+# build_windows [TARGET...]: prepares what the cross-build stands on, then builds.
+build_windows() {
+  say "preparing the Windows build"
+  NOLVEX_WINDOWS_PREFIX=$(tools/windows/prepare.sh)
+  export NOLVEX_WINDOWS_PREFIX
+  # A configuration made with another prefix cannot be changed to this one.
+  if [ -f "$WINDOWS_BUILD/CMakeCache.txt" ] && ! grep -qF "=$NOLVEX_WINDOWS_PREFIX" "$WINDOWS_BUILD/CMakeCache.txt"; then
+    rm -rf "$WINDOWS_BUILD"
+  fi
+  configure_and_build windows-release "-DNOLVEX_RUNTIME_DLLS=$(tools/windows/prepare.sh --runtime-dlls | paste -sd ';')" \
+    "-DCMAKE_CROSSCOMPILING_EMULATOR=$PWD/tools/testing/run-wine.sh"
+}
+
+# start_wine [DPI]: a Wine prefix for this script alone, with the system's DPI set. Ended by stop_wine.
+start_wine() {
+  local dpi=${1:-96}
+  WINEPREFIX=$PWD/build/wine-$dpi
+  export WINEPREFIX WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES='mscoree,mshtml=;winemenubuilder.exe=d'
+  tools/windows/prepare.sh --wine-prefix "$WINEPREFIX" >/dev/null
+  if [ "$dpi" -ne 96 ]; then
+    wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$dpi" /f >/dev/null 2>&1
+    wineserver -w
+  fi
+  # Kept alive between two programs, with its services: each start would cost a second, and services that a test started
+  # would hold on to the test's output for ever.
+  wineserver -p
+  wine cmd /c exit >/dev/null 2>&1 </dev/null
+}
+
+stop_wine() {
+  wineserver -k 2>/dev/null || true
+  wineserver -w 2>/dev/null || true
+}

@@ -1,0 +1,18 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+# Packs the Windows build, unpacks it elsewhere and starts the viewer from there, in the Wine prefix of the caller.
+set -euo pipefail
+cd "$(dirname "$0")/../.."
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+(cd build/windows-release && cpack -B "$folder" >"$folder/cpack.log" 2>&1) || {
+  tail -n 20 "$folder/cpack.log"
+  exit 1
+}
+unzip -q "$folder"/*.zip -d "$folder/unpacked"
+viewer=$(find "$folder/unpacked" -name nolvex-viewer.exe)
+# From its own folder, so that nothing of the build is beside it.
+(cd "$(dirname "$viewer")" && timeout 120 wine ./nolvex-viewer.exe --screenshot shot.png)
+[ -s "$(dirname "$viewer")/shot.png" ]
+header=$(find "$folder/unpacked" -path '*include/NolvexLibWx/NolvexLibWx.h')
+[ -n "$header" ]
