@@ -8,6 +8,7 @@
 #include "NolvexLibWx/platform/ToolkitModule.h"
 
 #include <wx/app.h>
+#include <wx/gdicmn.h>
 #include <wx/image.h>
 #include <wx/init.h>
 #include <wx/log.h>
@@ -71,11 +72,12 @@ void addImageHandlers()
     wxImage::AddHandler(new wxTGAHandler);
 }
 
-// The toolkit counts a failed start too and drops the application object: take both back, so that a host that
-// finds a display later can try again.
+// The toolkit counts a failed start too, drops the application object and leaves lists behind: take it all
+// back, so that a host that finds a display later can try again.
 [[noreturn]] void giveUpStart()
 {
     wxUninitialize();
+    wxDeleteStockLists();
     wxImage::CleanUpHandlers();
     WindowDisabling::uninstall();
     Lib::shutdown();

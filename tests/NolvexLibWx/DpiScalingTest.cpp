@@ -2,11 +2,13 @@
 #include "NolvexLibWx/DpiScaling.h"
 
 #include <wx/image.h>
+#include <wx/utils.h>
 #include <wx/window.h>
 
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <string>
 
 using namespace Nolvex;
 using Nolvex::Wx::scaleByDpi;
@@ -37,6 +39,13 @@ wxBitmap checkeredBitmap()
 }
 
 } // namespace
+
+TEST(DpiScalingTest, system_hasTheScaleThatTheRunWasStartedFor)
+{
+    wxString expected = "100"; // in percent
+    wxGetEnv("NOLVEX_TEST_SCALE", &expected);
+    EXPECT_EQ(std::to_string(std::lround(scale() * 100)), expected.utf8_string());
+}
 
 TEST(DpiScalingTest, integers_areScaledAndRounded)
 {

@@ -181,6 +181,10 @@ TEST(NolvexLibWxTest, startup_ofAnInvalidType_raisesTheStopExceptionUncounted)
     }
     EXPECT_FALSE(isStarted());
     EXPECT_NE(wxAppConsoleBase::GetInstance(), nullptr) << "the toolkit was up before the type was looked at";
+    // What a host that survives this has to take down by itself.
+    wxSocketBase::Shutdown();
+    wxUninitialize();
+    Nolvex::Lib::shutdown();
 }
 
 TEST(NolvexLibWxTest, startup_again_initialisesEverythingAnew)

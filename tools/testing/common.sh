@@ -5,6 +5,8 @@
 export CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
 # Timestamps of a fresh clone are new; what the compiler reads is not.
 export CCACHE_COMPILERCHECK=content
+# What one clone compiled serves the next, wherever that lies.
+export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
 
 BUILD_PACKAGES=(build-essential cmake ninja-build ccache pkg-config git
   libwxgtk3.2-dev libgtk-3-dev libpugixml-dev libutfcpp-dev zlib1g-dev)

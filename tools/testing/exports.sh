@@ -7,8 +7,8 @@ set -euo pipefail
 exported() {
   case $1 in
     *.dll)
-      x86_64-w64-mingw32-objdump -p "$1" | awk '/\[Ordinal\/Name Pointer\] Table/ { t = 1; next } t && NF == 0 { exit } t { print $NF }' |
-        sed 's/^_*Z/_Z/' | c++filt
+      x86_64-w64-mingw32-objdump -p "$1" |
+        awk '/\[Ordinal\/Name Pointer\] Table/ { names = 1; next } NF == 0 { names = 0 } names { print $NF }' | c++filt
       ;;
     *) nm -DC --defined-only "$1" | awk '$2 ~ /[TDBR]/ && $3 !~ /^(_end|_edata|__bss_start|_init|_fini)$/ { $1 = $2 = ""; print }' ;;
   esac

@@ -25,7 +25,7 @@ for dpi in 144 192; do
   start_wine "$dpi"
   log="build/windows-$dpi-tests.log"
   before=$((passed + failed))
-  timeout 300 tools/testing/run-wine.sh "$WINDOWS_BUILD/bin/NolvexLibWxTests.exe" \
+  NOLVEX_TEST_SCALE=$((dpi * 100 / 96)) timeout 300 tools/testing/run-wine.sh "$WINDOWS_BUILD/bin/NolvexLibWxTests.exe" \
     --gtest_filter='DpiScalingTest.*:FontSetupTest.*:OskaBorder*' >"$log" 2>&1 || grep -A4 ': Failure' "$log" || true
   count_tests "$log"
   check "tests at $dpi DPI" [ "$((passed + failed))" -gt "$before" ]
