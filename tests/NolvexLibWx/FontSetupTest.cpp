@@ -27,7 +27,8 @@ TEST(FontSetupTest, setDefaultFontSize_setsThePixelHeight)
 
 TEST(FontSetupTest, setDefaultFontSize_cutsToWholePixels)
 {
-    // 1.24 x 12 is 14.88: 14, not 15. Compared as fonts, since the toolkit keeps points and rounds what it reports.
+    // 1.24 x 12 is 14.88: 14, not 15. Compared as fonts, since the toolkit keeps points and rounds what it
+    // reports.
     wxFont expected = systemFont();
     expected.SetPixelSize(wxSize(0, static_cast<int>(static_cast<float>(scaleByDpi(12)) * 1.24f)));
     EXPECT_EQ(setDefaultFontSize(systemFont(), 1.24f), expected);
