@@ -9,6 +9,7 @@ need_packages "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}" "${STYLE_PACKAGES[@]}
 say "checking style"
 git ls-files -co --exclude-standard '*.h' '*.cpp' | xargs clang-format --dry-run -Werror
 
+mkdir -p build
 # clang reads no precompiled header of gcc's, hence a configuration of its own; nothing in it is built.
 cmake -S . -B build/tidy -G Ninja -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=Release \
   -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON -DCMAKE_EXPORT_COMPILE_COMMANDS=ON -DCMAKE_CXX_COMPILER_LAUNCHER= \
