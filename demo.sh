@@ -34,13 +34,13 @@ else
   viewer=(build/demo/bin/nolvex-viewer)
 fi
 
-if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] && [ $windows = no ]; then
+if [ -n "${DISPLAY:-}" ] && [ $windows = no ]; then
   exec "${viewer[@]}" ${image:+"$image"}
 fi
 start_display
 if [ $windows = yes ]; then
   trap 'stop_wine; stop_display' EXIT
-  start_wine
+  start_wine 96 demo
 else
   trap stop_display EXIT
 fi

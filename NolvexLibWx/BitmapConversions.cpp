@@ -48,15 +48,15 @@ wxBitmap Wx::toWxBitmap(const BitmapImpl<Rgb>& image, bool withAlpha)
     const auto width = static_cast<std::size_t>(image.width());
     const auto row = [&](std::int32_t y) { return image.row(y); };
     if (!withAlpha) {
-        constexpr auto CONVERT = RED_FIRST<wxNativePixelData> ? Pixels::rgbToRgb8 : Pixels::rgbToBgr8;
+        const auto convert = RED_FIRST<wxNativePixelData> ? Pixels::rgbToRgb8 : Pixels::rgbToBgr8;
         const bool written = forEachRow<wxNativePixelData>(
             bitmap, image.height(), row,
-            [&](const Rgb* from, std::uint8_t* to) { CONVERT(from, to, width); });
+            [&](const Rgb* from, std::uint8_t* to) { convert(from, to, width); });
         return written ? bitmap : wxBitmap();
     }
-    constexpr auto CONVERT = RED_FIRST<wxAlphaPixelData> ? Pixels::rgbToRgba8 : Pixels::rgbToBgra8;
+    const auto convert = RED_FIRST<wxAlphaPixelData> ? Pixels::rgbToRgba8 : Pixels::rgbToBgra8;
     if (!forEachRow<wxAlphaPixelData>(bitmap, image.height(), row,
-                                      [&](const Rgb* from, std::uint8_t* to) { CONVERT(from, to, width); }))
+                                      [&](const Rgb* from, std::uint8_t* to) { convert(from, to, width); }))
         return {};
     bitmap.UseAlpha(true);
     return bitmap;
@@ -70,18 +70,24 @@ Expected<BitmapImpl<Rgb>, String> Wx::toRgbBitmap(wxBitmap& bitmap)
     if (depth != DEPTH_OPAQUE && depth != DEPTH_ALPHA)
         return Unexpected{String(L"Bitmap has unsupported bit depth.")};
 
+    bool read = false;
     BitmapImpl<Rgb> image(bitmap.GetWidth(), bitmap.GetHeight());
     const auto width = static_cast<std::size_t>(image.width());
     const auto row = [&](std::int32_t y) { return image.row(y); };
     if (depth == DEPTH_ALPHA) {
-        constexpr auto CONVERT = RED_FIRST<wxAlphaPixelData> ? Pixels::rgba8ToRgb : Pixels::bgra8ToRgb;
-        forEachRow<wxAlphaPixelData>(bitmap, image.height(), row,
-                                     [&](Rgb* to, const std::uint8_t* from) { CONVERT(from, to, width); });
+        const auto convert = RED_FIRST<wxAlphaPixelData> ? Pixels::rgba8ToRgb : Pixels::bgra8ToRgb;
+        read =
+            forEachRow<wxAlphaPixelData>(bitmap, image.height(), row, [&](Rgb* to, const std::uint8_t* from) {
+                convert(from, to, width);
+            });
     } else {
-        constexpr auto CONVERT = RED_FIRST<wxNativePixelData> ? Pixels::rgb8ToRgb : Pixels::bgr8ToRgb;
-        forEachRow<wxNativePixelData>(bitmap, image.height(), row,
-                                      [&](Rgb* to, const std::uint8_t* from) { CONVERT(from, to, width); });
+        const auto convert = RED_FIRST<wxNativePixelData> ? Pixels::rgb8ToRgb : Pixels::bgr8ToRgb;
+        read = forEachRow<wxNativePixelData>(
+            bitmap, image.height(), row,
+            [&](Rgb* to, const std::uint8_t* from) { convert(from, to, width); });
     }
+    if (!read)
+        return Unexpected{String(L"Bitmap has unsupported bit depth.")};
     return image;
 }
 

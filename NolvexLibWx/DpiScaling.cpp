@@ -24,7 +24,7 @@ wxSize Wx::scaleByDpi(wxSize value)
     return {scaled(value.GetWidth()), scaled(value.GetHeight())};
 }
 
-wxBitmap Wx::scaleByDpi(wxBitmap bitmap)
+wxBitmap Wx::scaleByDpi(const wxBitmap& bitmap)
 {
     if (!bitmap.IsOk())
         return bitmap;

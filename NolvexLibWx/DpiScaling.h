@@ -23,6 +23,6 @@ NOLVEXLIBWX_EXPORT wxSize scaleByDpi(wxSize value);
 
 /// Enlarged by a whole factor, what one unit scales to: unchanged at 125 %, doubled at 150 %, so that icons
 /// stay sharp. An invalid bitmap comes back as it is.
-NOLVEXLIBWX_EXPORT wxBitmap scaleByDpi(wxBitmap bitmap);
+NOLVEXLIBWX_EXPORT wxBitmap scaleByDpi(const wxBitmap& bitmap);
 
 } // namespace Nolvex::Wx

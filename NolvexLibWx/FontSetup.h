@@ -17,7 +17,8 @@ enum class TextFlag : std::uint32_t
     ITALIC = 2,
 };
 
-/// The font at the default text height (12 design units) times `factor`, cut to whole pixels.
+/// The font, a valid one, at the default text height (12 design units) times `factor`, cut to whole pixels,
+/// at least one of which must be left.
 NOLVEXLIBWX_EXPORT wxFont setDefaultFontSize(wxFont font, float factor);
 
 /// The font's face at the default text height, plain but for the flags: its own weight and style are dropped.

@@ -4,7 +4,8 @@
 if(WIN32)
   enable_language(RC) # version resources
   # Programs find DLLs beside themselves only: those of the cross-build go where the programs are built.
-  set(NOLVEX_RUNTIME_DLLS "" CACHE STRING "DLLs that the programs need at run time, a list of files")
+  # (Where vcpkg brings them, it puts them there itself.)
+  file(GLOB NOLVEX_RUNTIME_DLLS "${NOLVEX_WINDOWS_PREFIX}/bin/*.dll" "${NOLVEX_WINDOWS_PREFIX}/lib/gcc_x64_dll/*.dll")
   file(COPY ${NOLVEX_RUNTIME_DLLS} DESTINATION "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
 endif()
 
@@ -33,5 +34,6 @@ if(NOLVEX_BUILD_TOOLKIT_LIBRARY)
     # The services below the toolkit that platform/gtk calls.
     find_package(PkgConfig REQUIRED)
     pkg_check_modules(GTK3 REQUIRED IMPORTED_TARGET gtk+-3.0 gio-2.0)
+    pkg_check_modules(XLIB REQUIRED IMPORTED_TARGET x11 xext)
   endif()
 endif()

@@ -13,9 +13,13 @@ function(nolvex_platform_sources out)
   set(${out} ${sources} PARENT_SCOPE)
 endfunction()
 
-# nolvex_add_library(<name>): the shared library made of the folder it is called in, with hidden visibility, the
-# generated header <name>/Export.h (macro <NAME>_EXPORT), headers and CMake package installed.
+# nolvex_add_library(<name> EXPORT <set> [INTERNAL <headers...>]): the shared library made of the folder it is called in, with hidden
+# visibility, the generated header <name>/Export.h (macro <NAME>_EXPORT), headers and CMake package installed. EXPORT
+# names the set of targets that a user's find_package brings together, INTERNAL names headers that stay at home.
 function(nolvex_add_library name)
+  cmake_parse_arguments(arg "" "EXPORT" "INTERNAL" ${ARGN})
+  list(TRANSFORM arg_INTERNAL PREPEND "PATTERN;" OUTPUT_VARIABLE excluded)
+  list(TRANSFORM excluded APPEND ";EXCLUDE")
   nolvex_platform_sources(sources)
   add_library(${name} SHARED ${sources})
   add_library(Nolvex::${name} ALIAS ${name})
@@ -40,10 +44,10 @@ function(nolvex_add_library name)
     target_sources(${name} PRIVATE "${CMAKE_CURRENT_BINARY_DIR}/version.rc")
   endif()
 
-  install(TARGETS ${name} EXPORT NolvexLibWxTargets
+  install(TARGETS ${name} EXPORT ${arg_EXPORT}
     RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
   install(DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}/" DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${name}
-    FILES_MATCHING PATTERN "*.h" PATTERN platform EXCLUDE PATTERN resources EXCLUDE PATTERN kernels EXCLUDE)
+    FILES_MATCHING PATTERN "*.h" PATTERN platform EXCLUDE PATTERN resources EXCLUDE PATTERN kernels EXCLUDE ${excluded})
   install(FILES "${generated}/${name}/Export.h" DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${name})
 endfunction()

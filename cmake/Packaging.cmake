@@ -8,7 +8,10 @@ write_basic_package_version_file("${CMAKE_BINARY_DIR}/NolvexLibWxConfigVersion.c
   COMPATIBILITY SameMinorVersion)
 install(FILES "${CMAKE_BINARY_DIR}/NolvexLibWxConfig.cmake" "${CMAKE_BINARY_DIR}/NolvexLibWxConfigVersion.cmake"
   "${PROJECT_SOURCE_DIR}/cmake/Toolkit.cmake" DESTINATION "${package_folder}")
-install(EXPORT NolvexLibWxTargets NAMESPACE Nolvex:: DESTINATION "${package_folder}")
+install(EXPORT NolvexLibWxCoreTargets NAMESPACE Nolvex:: DESTINATION "${package_folder}")
+if(NOLVEX_BUILD_TOOLKIT_LIBRARY)
+  install(EXPORT NolvexLibWxWxTargets NAMESPACE Nolvex:: DESTINATION "${package_folder}")
+endif()
 install(FILES README.md CHANGELOG.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 if(WIN32)

@@ -36,6 +36,8 @@ OskaBorder::~OskaBorder() = default;
 void OskaBorder::addChild(wxWindow* child)
 {
     m_child = child;
+    // The old sizer goes first: a window stays in the sizer it was added to, and may be framed anew.
+    SetSizer(nullptr);
     m_sizer = new wxBoxSizer(wxHORIZONTAL);
     m_sizer->Add(child, 1, wxEXPAND | wxALL, CHILD_MARGIN);
     SetSizerAndFit(m_sizer, true);

@@ -11,7 +11,10 @@
 #include <wx/image.h>
 
 #include <cstdint>
+#include <filesystem>
 #include <limits>
+#include <new>
+#include <system_error>
 
 namespace Nolvex::Viewer {
 
@@ -22,24 +25,32 @@ constexpr std::uint64_t MAX_FILE_SIZE = std::numeric_limits<std::int32_t>::max()
 
 Unexpected<String> refuse(const Io::Path& path, const String& reason)
 {
-    return {L"The picture \"" + path.nativeStr() + L"\" cannot be shown: " + reason + L"."};
+    String message = L"The picture \"" + path.nativeStr() + L"\" cannot be shown: " + reason;
+    if (!reason.isEmpty() && reason[reason.length() - 1] != L'.')
+        message += L".";
+    return {message};
 }
 
 Expected<Array<std::byte>, String> readWholeFile(const Io::Path& path)
 {
     try {
-        Io::FileInputStream stream(path);
-        const Optional<std::uint64_t> size = Io::fileSize(path);
-        if (!size)
+        // Asked before it is opened: opening a pipe would wait for somebody to write into it.
+        std::error_code ignored;
+        const std::filesystem::file_status status = std::filesystem::status(path.native(), ignored);
+        if (exists(status) && !is_regular_file(status))
             return refuse(path, L"it is not a regular file");
-        if (*size > MAX_FILE_SIZE)
+        Io::FileInputStream stream(path);
+        const std::uint64_t size = Io::fileSize(path).value_or(0);
+        if (size > MAX_FILE_SIZE)
             return refuse(path, L"it is larger than 2 GiB");
-        Array<std::byte> content(static_cast<std::size_t>(*size));
+        Array<std::byte> content(static_cast<std::size_t>(size));
         if (!stream.readExactly(content.data(), static_cast<std::int64_t>(content.size())))
             return refuse(path, L"it became shorter while it was read");
         return content;
     } catch (const Exception& failure) {
         return Unexpected{String::fromUtf8(failure.what())};
+    } catch (const std::bad_alloc&) {
+        return refuse(path, L"there is not enough memory for it");
     }
 }
 

@@ -8,11 +8,13 @@
 #include "apps/viewer/ImageFile.h"
 #include "apps/viewer/ViewerFrame.h"
 #include "apps/viewer/WindowPicture.h"
+#include "apps/viewer/platform/ErrorReport.h"
 #include "apps/viewer/platform/ProcessArguments.h"
 
 #include <wx/timer.h>
 
 #include <cstdio>
+#include <new>
 #include <string>
 
 namespace {
@@ -21,7 +23,7 @@ using namespace Nolvex;
 
 int fail(const std::string& message)
 {
-    std::fprintf(stderr, "nolvex-viewer: %s\n", message.c_str());
+    Viewer::reportError(message);
     return 1;
 }
 
@@ -34,7 +36,7 @@ int fail(const String& message)
 Io::Path samplePicture()
 {
     const Io::Path folder = Viewer::programFile().parentDirectory();
-    const Io::Path beside = folder / Io::Path(L"sample.pfm");
+    Io::Path beside = folder / Io::Path(L"sample.pfm");
     if (Io::fileSize(beside))
         return beside;
     return folder.parentDirectory() / Io::Path(L"share/nolvexlibwx/sample.pfm");
@@ -107,7 +109,12 @@ int main(int argc, char** argv)
     } catch (const Exception& failure) {
         return fail(std::string(failure.what()));
     }
-    const int result = show(*line);
+    int result = 1;
+    try {
+        result = show(*line);
+    } catch (const std::bad_alloc&) {
+        fail(std::string("There is not enough memory for the picture."));
+    }
     LibWx::shutdown();
     return result;
 }

@@ -135,6 +135,21 @@ TEST(BitmapConverterTest, integerFormats_followTheSameRule)
     }
 }
 
+TEST(BitmapConverterTest, halfFormats_followTheSameRule)
+{
+    for (const PixelFormat format :
+         {PixelFormat::FLOAT16_GREY, PixelFormat::FLOAT16_RGB, PixelFormat::FLOAT16_RGBA}) {
+        for (const float gamma : {1.0f, 2.2f}) {
+            Image image = makeImage(64, 40, format, gamma);
+            std::mt19937 random(5);
+            for (int y = 0; y < 40; ++y)
+                std::generate(image.row(y).begin(), image.row(y).end(),
+                              [&] { return static_cast<std::byte>(random() & 0xff); });
+            expectReference(image);
+        }
+    }
+}
+
 TEST(BitmapConverterTest, eightBitImage_isCopiedByteForByte)
 {
     Image image = makeImage(256, 1, PixelFormat::UINT8_RGBA, 1.0f);

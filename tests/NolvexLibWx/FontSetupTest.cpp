@@ -59,6 +59,9 @@ TEST(FontSetupTest, setupStaticTextFont_appliesTheFlags)
     const wxFont bold = setupStaticTextFont(systemFont(), TextFlag::BOLD);
     EXPECT_EQ(bold.GetWeight(), wxFONTWEIGHT_BOLD);
     EXPECT_EQ(bold.GetStyle(), wxFONTSTYLE_NORMAL);
+    const wxFont italic = setupStaticTextFont(systemFont(), TextFlag::ITALIC);
+    EXPECT_EQ(italic.GetWeight(), wxFONTWEIGHT_NORMAL);
+    EXPECT_EQ(italic.GetStyle(), wxFONTSTYLE_ITALIC);
     const wxFont both = setupStaticTextFont(systemFont(), {TextFlag::BOLD, TextFlag::ITALIC});
     EXPECT_EQ(both.GetWeight(), wxFONTWEIGHT_BOLD);
     EXPECT_EQ(both.GetStyle(), wxFONTSTYLE_ITALIC);

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
 #include <numbers>
 
 namespace Nolvex::RenderSample {
@@ -11,7 +10,7 @@ namespace Nolvex::RenderSample {
 namespace {
 
 constexpr double NEAREST = 1e-5;
-constexpr double NOWHERE = std::numeric_limits<double>::infinity();
+constexpr double NOWHERE = 1e300; // farther than anything
 
 struct Sphere
 {

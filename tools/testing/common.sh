@@ -2,6 +2,10 @@
 # Shared by the scripts at the root: installing packages, a display of their own, running tests and counting them.
 # Sourced by bash scripts that have set -euo pipefail and changed to the root of the project.
 
+# Some services start programs without it.
+HOME=${HOME:-$(getent passwd "$(id -u)" | cut -d: -f6)}
+export HOME
+
 export CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
 # Timestamps of a fresh clone are new; what the compiler reads is not.
 export CCACHE_COMPILERCHECK=content
@@ -11,7 +15,7 @@ export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
 BUILD_PACKAGES=(build-essential cmake ninja-build ccache pkg-config git
   libwxgtk3.2-dev libgtk-3-dev libpugixml-dev libutfcpp-dev zlib1g-dev)
 TEST_PACKAGES=(libgtest-dev libgmock-dev libbenchmark-dev)
-DISPLAY_PACKAGES=(xvfb xauth openbox fonts-dejavu-core)
+DISPLAY_PACKAGES=(xvfb xauth openbox xclip fonts-dejavu-core)
 STYLE_PACKAGES=(clang-format clang-tidy clang python3)
 FUZZ_PACKAGES=(clang libclang-rt-dev)
 
@@ -30,6 +34,10 @@ need_packages() {
   fi
   local root=()
   if [ "$(id -u)" -ne 0 ]; then
+    if ! command -v sudo >/dev/null; then
+      echo "These packages are missing, and installing them needs root: ${missing[*]}" >&2
+      exit 1
+    fi
     root=(sudo)
   fi
   say "installing ${missing[*]}"
@@ -51,6 +59,10 @@ start_display() {
     [ -s "$number_file" ] && break
     sleep 0.05
   done
+  if [ ! -s "$number_file" ]; then
+    echo "The display for the programs could not be started (Xvfb)." >&2
+    exit 1
+  fi
   DISPLAY=":$(cat "$number_file")"
   rm -f "$number_file"
   export DISPLAY
@@ -76,7 +88,7 @@ configure_and_build() {
   mkdir -p build
   say "building $preset"
   if ! { cmake --preset "$preset" "$@" && cmake --build --preset "$preset"; } >"$log" 2>&1; then
-    grep -E -A8 'error|FAILED|Error' "$log" | head -n 80
+    grep -m 20 -E -A8 'error|FAILED|Error' "$log" || true
     echo "The build failed; all of its output: $log"
     return 1
   fi
@@ -91,15 +103,31 @@ count_tests() {
 
 # run_tests NAME BUILD-FOLDER: all test programs, one after the other, since they share screen, mouse and focus. Adds to
 # passed, failed and skipped; a program that crashed, hung or ran nothing counts as failed.
+# tests_run is how many GoogleTest reported.
 run_tests() {
-  local name=$1 folder=$2 log="build/$1-tests.log" before=$failed status=0
+  local name=$1 folder=$2 log="build/$1-tests.log" passed_before=$passed failed_before=$failed status=0
+  local before=$((passed + failed + skipped))
   say "testing $name"
-  ctest --test-dir "$folder" --verbose --timeout 600 >"$log" 2>&1 || status=$?
+  ctest --test-dir "$folder" --verbose --no-tests=error >"$log" 2>&1 || status=$?
   count_tests "$log"
-  if [ "$status" -ne 0 ] || [ "$passed" -eq 0 ]; then
-    [ "$failed" -gt "$before" ] || failed=$((failed + 1))
-    grep -E '\*\*\*|: Failure|\[  FAILED  \]|ERROR: |SUMMARY: |runtime error' "$log" | head -n 60
+  tests_run=$((passed + failed + skipped - before))
+  if [ "$status" -ne 0 ] || [ "$passed" -eq "$passed_before" ] || [ "$failed" -gt "$failed_before" ]; then
+    [ "$failed" -gt "$failed_before" ] || failed=$((failed + 1))
+    grep -m 60 -E '\*\*\*|: Failure|\[  FAILED  \]|ERROR: |SUMMARY: |runtime error' "$log" || true
     echo "All output of the tests: $log"
+  fi
+}
+
+# run_test_program NAME COMMAND...: one test program by itself, with a time limit. Counts like run_tests.
+run_test_program() {
+  local log="build/$1-tests.log" passed_before=$passed failed_before=$failed status=0
+  shift
+  timeout 300 "$@" >"$log" 2>&1 </dev/null || status=$?
+  count_tests "$log"
+  if [ "$status" -ne 0 ] || [ "$passed" -eq "$passed_before" ]; then
+    [ "$failed" -gt "$failed_before" ] || failed=$((failed + 1))
+    grep -m 40 -A4 -E ': Failure|\[  FAILED  \]' "$log" || true
+    echo "Status $status. All output of the tests: $log"
   fi
 }
 

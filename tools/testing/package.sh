@@ -13,7 +13,15 @@ awk '/^```cpp$/ { inside = 1; next } /^```$/ { inside = 0 } inside' README.md >"
   cmake -S tests/package -B "$folder/build" -G Ninja -DCMAKE_PREFIX_PATH="$folder/prefix" \
     -DREADME_SOURCE="$folder/readme.cpp" -DCMAKE_BUILD_TYPE=Release
   cmake --build "$folder/build"
-  LD_LIBRARY_PATH="$folder/prefix/lib:$folder/prefix/lib/$(gcc -dumpmachine)" "$folder/build/core-only"
+  cmake -S tests/package/core -B "$folder/core" -G Ninja -DCMAKE_PREFIX_PATH="$folder/prefix" \
+    -DCMAKE_DISABLE_FIND_PACKAGE_wxWidgets=ON
+  cmake --build "$folder/core"
+  "$folder/core/core-only"
+  "$folder/prefix/bin/nolvex-viewer" --version
+  # Each header by itself, as somebody may include it first.
+  toolkit=$(wx-config --cxxflags)
+  (cd "$folder/prefix/include" && find . -name '*.h') | xargs -P "$(nproc)" -I '{}' \
+    g++ -std=c++20 -fsyntax-only -x c++ -include "{}" -I "$folder/prefix/include" $toolkit /dev/null
 } >"$log" 2>&1 || {
   tail -n 30 "$log"
   exit 1

@@ -12,14 +12,13 @@ build_windows() {
   if [ -f "$WINDOWS_BUILD/CMakeCache.txt" ] && ! grep -qF "=$NOLVEX_WINDOWS_PREFIX" "$WINDOWS_BUILD/CMakeCache.txt"; then
     rm -rf "$WINDOWS_BUILD"
   fi
-  configure_and_build windows-release "-DNOLVEX_RUNTIME_DLLS=$(tools/windows/prepare.sh --runtime-dlls | paste -sd ';')" \
-    "-DCMAKE_CROSSCOMPILING_EMULATOR=$PWD/tools/testing/run-wine.sh"
+  configure_and_build windows-release "-DCMAKE_CROSSCOMPILING_EMULATOR=$PWD/tools/testing/run-wine.sh"
 }
 
-# start_wine [DPI]: a Wine prefix for this script alone, with the system's DPI set. Ended by stop_wine.
+# start_wine [DPI [NAME]]: a Wine prefix for this script alone, made anew, with the system's DPI set. Ended by stop_wine.
 start_wine() {
   local dpi=${1:-96}
-  WINEPREFIX=$PWD/build/wine-$dpi
+  WINEPREFIX=$PWD/build/wine-${2:-$dpi}
   export WINEPREFIX WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES='mscoree,mshtml=;winemenubuilder.exe=d'
   tools/windows/prepare.sh --wine-prefix "$WINEPREFIX" >/dev/null
   if [ "$dpi" -ne 96 ]; then

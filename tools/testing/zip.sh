@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Packs the Windows build, unpacks it elsewhere and starts the viewer from there, in the Wine prefix of the caller.
+# Packs the Windows build, unpacks it elsewhere and starts the viewer from there, in the caller's Wine prefix, which
+# should be a fresh one.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 folder=$(mktemp -d)

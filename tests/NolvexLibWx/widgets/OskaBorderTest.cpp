@@ -9,6 +9,7 @@
 #include <wx/frame.h>
 #include <wx/pen.h>
 #include <wx/sizer.h>
+#include <wx/uiaction.h>
 
 #include <gtest/gtest.h>
 
@@ -206,6 +207,20 @@ TEST_F(OskaBorderWindowTest, enteringAndLeaving_setAndClearHovered)
     expectBorder(Tests::captureClientArea(border), {40, 20}, ENABLED);
 }
 
+TEST_F(OskaBorderWindowTest, mouseThatComesAndGoes_lightsTheInnerLine)
+{
+    OskaBorder* border = show(ENABLED);
+    wxUIActionSimulator mouse;
+    mouse.MouseMove(border->ClientToScreen(wxPoint(15, 10)));
+    EXPECT_TRUE(Tests::pumpUntil([&] { return border->borderState().has(HOVERED); }));
+    Tests::pumpEvents(100);
+    expectBorder(Tests::captureClientArea(border), {40, 20}, {HOVERED, ENABLED});
+    mouse.MouseMove(border->ClientToScreen(wxPoint(15, 60)));
+    EXPECT_TRUE(Tests::pumpUntil([&] { return !border->borderState().has(HOVERED); }));
+    Tests::pumpEvents(100);
+    expectBorder(Tests::captureClientArea(border), {40, 20}, ENABLED);
+}
+
 TEST_F(OskaBorderWindowTest, hoveredButDisabled_keepsTheInnerColour)
 {
     OskaBorder* border = show({});
@@ -245,6 +260,20 @@ TEST_F(OskaBorderWindowTest, addChild_framesItAtTwoPixelsAndFits)
     border->SetSize(100, 80);
     border->Layout();
     EXPECT_EQ(child->GetRect(), wxRect(2, 2, 96, 76));
+}
+
+TEST_F(OskaBorderWindowTest, addChild_ofTheSameWindowTwice_framesItOnce)
+{
+    OskaBorder* border = show(ENABLED);
+    auto* child = new wxPanel(border);
+    child->SetMinSize(wxSize(50, 30));
+    border->addChild(child);
+    border->addChild(child);
+    EXPECT_EQ(border->GetSizer()->GetItemCount(), 1u);
+    EXPECT_EQ(child->GetContainingSizer(), border->GetSizer());
+    child->Destroy();
+    EXPECT_EQ(border->GetSizer()->GetItemCount(), 0u);
+    border->Layout();
 }
 
 TEST_F(OskaBorderWindowTest, addChild_again_framesTheOther)

@@ -115,15 +115,17 @@ TEST_F(ViewerFrameTest, picture_isFramedByTheBorder)
 TEST_F(ViewerFrameTest, escape_closesTheWindow)
 {
     show(coordinates(60, 40));
-    wxKeyEvent key(wxEVT_CHAR_HOOK);
-    key.m_keyCode = WXK_ESCAPE;
-    key.SetEventObject(view);
+    frame->Raise();
+    ASSERT_TRUE(Tests::pumpUntil([&] {
+        view->SetFocus();
+        return view->HasFocus();
+    }));
     bool closed = false;
     frame->Bind(wxEVT_DESTROY, [&](wxWindowDestroyEvent& event) {
         closed = closed || event.GetEventObject() == frame;
         event.Skip();
     });
-    frame->GetEventHandler()->ProcessEvent(key);
+    wxUIActionSimulator().Char(WXK_ESCAPE);
     EXPECT_TRUE(Tests::pumpUntil([&] { return closed; }));
     frame = nullptr;
 }

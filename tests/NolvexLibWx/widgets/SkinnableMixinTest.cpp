@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/widgets/SkinnableMixin.h"
+
+#include "support/Events.h"
+#include "support/Screen.h"
+
+#include <wx/frame.h>
+#include <wx/textctrl.h>
+
+#include <gtest/gtest.h>
+
+#include <type_traits>
+
+using namespace Nolvex;
+using namespace Nolvex::Wx;
+
+namespace {
+
+// Gives the default skin back as it was found.
+struct DefaultSkinGuard
+{
+    GuiSkin before = GuiSkin::DEFAULT();
+
+    ~DefaultSkinGuard() { GuiSkin::DEFAULT() = before; }
+};
+
+GuiSkin someSkin()
+{
+    GuiSkin skin;
+    skin.text = {1, 2, 3};
+    skin.background = {4, 5, 6};
+    return skin;
+}
+
+struct SkinnableMixinTest : testing::Test
+{
+    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "skin");
+
+    ~SkinnableMixinTest() override { Tests::destroyNow(frame); }
+};
+
+} // namespace
+
+TEST_F(SkinnableMixinTest, construction_copiesTheDefaultSkin)
+{
+    const DefaultSkinGuard guard;
+    GuiSkin::DEFAULT().disabledText = {11, 12, 13};
+    auto* control = new SkinnableMixin<wxTextCtrl>(frame, wxID_ANY, "text");
+    GuiSkin::DEFAULT().disabledText = {21, 22, 23};
+    EXPECT_EQ(control->skin().disabledText, (RgbBytes{11, 12, 13}));
+    EXPECT_EQ(control->GetValue(), "text");
+}
+
+TEST_F(SkinnableMixinTest, applySkin_storesItAndSetsTwoColours)
+{
+    auto* control = new SkinnableMixin<wxTextCtrl>(frame, wxID_ANY);
+    ISkinnable& skinnable = *control;
+    skinnable.applySkin(someSkin());
+    EXPECT_EQ(control->skin(), someSkin());
+    EXPECT_EQ(control->GetBackgroundColour(), wxColour(4, 5, 6));
+    EXPECT_EQ(control->GetForegroundColour(), wxColour(1, 2, 3));
+}
+
+TEST_F(SkinnableMixinTest, theControlIsTheFirstBase)
+{
+    using Mixin = SkinnableMixin<wxTextCtrl>;
+    static_assert(std::is_base_of_v<wxTextCtrl, Mixin> && std::is_base_of_v<ISkinnable, Mixin>);
+    static_assert(std::is_base_of_v<Polymorphic, ISkinnable> && std::has_virtual_destructor_v<ISkinnable>);
+    auto* control = new Mixin(frame, wxID_ANY);
+    EXPECT_EQ(static_cast<void*>(static_cast<wxTextCtrl*>(control)), static_cast<void*>(control));
+}

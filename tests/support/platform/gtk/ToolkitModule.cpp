@@ -1,0 +1,7 @@
+// SPDX-License-Identifier: MIT
+#include "support/NativeTraits.h"
+
+bool Nolvex::Tests::toolkitKnowsItsModule()
+{
+    return true;
+}
