@@ -11,6 +11,13 @@
 
 namespace Nolvex {
 
+namespace Detail {
+
+template<class T, class... Types>
+concept OneOf = (std::same_as<std::remove_cvref_t<T>, Types> || ...);
+
+} // namespace Detail
+
 /// One of several alternatives, or empty. The index of the empty state is the number of alternatives.
 template<class... Alternatives>
 class Variant
@@ -27,11 +34,9 @@ public:
 
     Variant() : m_content(std::in_place_index<EMPTY_INDEX>) {}
 
-    template<class T>
-
-    requires(std::same_as<std::remove_cvref_t<T>, Alternatives> || ...)
-        Variant(T&& value) // NOLINT(google-explicit-constructor): an alternative is a variant of itself
-        : m_content(std::in_place_type<std::remove_cvref_t<T>>, std::forward<T>(value))
+    template<Detail::OneOf<Alternatives...> T>
+    // NOLINTNEXTLINE(google-explicit-constructor,bugprone-forwarding-reference-overload): it is one of itself
+    Variant(T&& value) : m_content(std::in_place_type<std::remove_cvref_t<T>>, std::forward<T>(value))
     {}
 
     friend bool operator==(const Variant& a, const Variant& b)

@@ -19,13 +19,14 @@ namespace {
 
 class DebugLoggerTest : public testing::Test
 {
+public:
+    ~DebugLoggerTest() override { DebugLogger::setSink({}); }
+
 protected:
     DebugLoggerTest()
     {
         DebugLogger::setSink([this](const DebugLogger::Record& record) { m_records.push_back(record); });
     }
-
-    ~DebugLoggerTest() override { DebugLogger::setSink({}); }
 
     template<class Value>
     std::string logged(const Value& value)
@@ -55,7 +56,7 @@ TEST_F(DebugLoggerTest, destructor_logsOneRecord)
 
 TEST_F(DebugLoggerTest, constructor_withNull_takesEmptyTexts)
 {
-    DebugLogger(nullptr, 0, nullptr, nullptr);
+    DebugLogger(nullptr, 0, nullptr, nullptr) << "message";
     ASSERT_EQ(m_records.size(), 1u);
     EXPECT_STREQ(m_records[0].sourceFile, "");
     EXPECT_STREQ(m_records[0].function, "");

@@ -19,9 +19,10 @@ TEST(DecimalPointTest, decimalPointCharacter_isACharacterAndTouchesNoLocale)
 // The locale of the process decides on systems that know no other.
 class DecimalPointLocaleTest : public testing::Test
 {
-protected:
+public:
     ~DecimalPointLocaleTest() override { std::setlocale(LC_NUMERIC, m_former.c_str()); }
 
+protected:
     void useLocale(const char* name)
     {
         if (std::setlocale(LC_NUMERIC, name) == nullptr)

@@ -10,8 +10,10 @@ namespace {
 
 class FontScaleTest : public testing::Test
 {
-protected:
+public:
     ~FontScaleTest() override { setFontScale(1.0f); }
+
+protected:
 };
 
 TEST_F(FontScaleTest, getFontScale_beforeOneIsSet_isOne)

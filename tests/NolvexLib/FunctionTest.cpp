@@ -59,7 +59,8 @@ TEST(FunctionTest, call_ofVoidFunction_dropsTheResult)
 TEST(FunctionTest, copies_shareOneTarget)
 {
     const Function<int()> counter = [count = 0]() mutable { return ++count; };
-    const Function<int()> copy = counter;
+    Function<int()> copy;
+    copy = counter;
     EXPECT_EQ(counter(), 1);
     EXPECT_EQ(copy(), 2);
 }

@@ -15,9 +15,10 @@ static_assert(!std::is_copy_constructible_v<GuiDisabler> && !std::is_move_constr
 
 class GuiDisablerTest : public testing::Test
 {
-protected:
+public:
     ~GuiDisablerTest() override { GuiDisabler::setHook({}); }
 
+protected:
     // Counts how many guards there are.
     void installCountingHook()
     {

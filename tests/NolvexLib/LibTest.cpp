@@ -25,9 +25,10 @@ void runOnThread(const Function<void()>& function)
 // Runs with the library stopped.
 class LibTest : public testing::Test
 {
-protected:
+public:
     ~LibTest() override { Lib::setWakeUp({}); }
 
+protected:
     Function<void()> appending(int number)
     {
         return [this, number] { m_order.push_back(number); };
@@ -39,10 +40,11 @@ protected:
 // Runs with the library started.
 class StartedLibTest : public LibTest
 {
+public:
+    ~StartedLibTest() override { Lib::shutdown(); }
+
 protected:
     StartedLibTest() { Lib::startup(); }
-
-    ~StartedLibTest() override { Lib::shutdown(); }
 };
 
 TEST_F(LibTest, isMainThread_isTrueOnlyOnTheThreadThatStarted)

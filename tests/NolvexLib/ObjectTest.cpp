@@ -60,13 +60,5 @@ TEST(ObjectTest, destructor_throughTheRoot_reachesTheDerivedOne)
     EXPECT_TRUE(isDestroyed);
 }
 
-TEST(PolymorphicTest, copy_ofTheWhole_isComplete)
-{
-    Value original;
-    original.value = 5;
-    const Value copy = original;
-    EXPECT_EQ(copy.value, 5);
-}
-
 } // namespace
 } // namespace Nolvex

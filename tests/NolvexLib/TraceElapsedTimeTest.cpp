@@ -12,16 +12,17 @@ namespace {
 
 class TraceElapsedTimeTest : public testing::Test
 {
-protected:
-    TraceElapsedTimeTest()
-    {
-        DebugLogger::setSink([this](const DebugLogger::Record& record) { m_records.push_back(record); });
-    }
-
+public:
     ~TraceElapsedTimeTest() override
     {
         DebugLogger::setSink({});
         setDevelopmentEnviro(m_wasDevelopment);
+    }
+
+protected:
+    TraceElapsedTimeTest()
+    {
+        DebugLogger::setSink([this](const DebugLogger::Record& record) { m_records.push_back(record); });
     }
 
     bool m_wasDevelopment = isDevelopmentEnviro();

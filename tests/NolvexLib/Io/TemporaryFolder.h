@@ -37,7 +37,7 @@ public:
     /// A file with that content.
     Io::Path file(StringView name, std::string_view content) const
     {
-        const Io::Path path = file(name);
+        Io::Path path = file(name);
         Io::FileOutputStream stream(path, Io::Open::TRUNCATE);
         stream.write(content.data(), static_cast<std::int64_t>(content.size()));
         stream.close();
