@@ -12,7 +12,7 @@ install(EXPORT NolvexLibWxCoreTargets NAMESPACE Nolvex:: DESTINATION "${package_
 if(NOLVEX_BUILD_TOOLKIT_LIBRARY)
   install(EXPORT NolvexLibWxWxTargets NAMESPACE Nolvex:: DESTINATION "${package_folder}")
 endif()
-install(FILES README.md CHANGELOG.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES README.md CHANGELOG.md LICENSE THIRD-PARTY.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 if(WIN32)
   # A Windows user unzips and runs: everything the programs need lies beside them.
