@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/platform/ClipboardImage.h"
+
+#include <gtk/gtk.h>
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <utility>
+
+namespace Nolvex {
+
+namespace {
+
+enum class Form : guint
+{
+    BMP,
+    PNG,
+};
+
+// What the targets of a clipboard are listed as; the texts are only read.
+std::array<GtkTargetEntry, 2> targets()
+{
+    static char bmp[] = "image/bmp";
+    static char png[] = "image/png";
+    return {GtkTargetEntry{bmp, 0, static_cast<guint>(Form::BMP)},
+            GtkTargetEntry{png, 0, static_cast<guint>(Form::PNG)}};
+}
+
+struct Unreference
+{
+    void operator()(void* object) const { g_object_unref(object); }
+};
+
+using PixbufPointer = std::unique_ptr<GdkPixbuf, Unreference>;
+
+// The same picture as the file: its first row at the bottom. Null when there is no memory.
+PixbufPointer toPixbuf(const DeviceIndependentBitmap& bitmap)
+{
+    const auto [width, height] = bitmap.size();
+    PixbufPointer pixbuf(gdk_pixbuf_new(GDK_COLORSPACE_RGB, FALSE, 8, width, height));
+    if (pixbuf == nullptr)
+        return pixbuf;
+    const auto stride = static_cast<std::size_t>(gdk_pixbuf_get_rowstride(pixbuf.get()));
+    for (std::int32_t y = 0; y < height; ++y) {
+        const std::uint8_t* from = bitmap.row(height - 1 - y);
+        guchar* to = gdk_pixbuf_get_pixels(pixbuf.get()) + stride * static_cast<std::size_t>(y);
+        for (std::int32_t x = 0; x < width; ++x, from += 3, to += 3) {
+            to[0] = from[2];
+            to[1] = from[1];
+            to[2] = from[0];
+        }
+    }
+    return pixbuf;
+}
+
+void sendPng(const DeviceIndependentBitmap& bitmap, GtkSelectionData* selection)
+{
+    const PixbufPointer pixbuf = toPixbuf(bitmap);
+    if (pixbuf == nullptr)
+        return;
+    gchar* bytes = nullptr;
+    gsize size = 0;
+    // Compressed a little only: somebody is waiting for it.
+    if (gdk_pixbuf_save_to_buffer(pixbuf.get(), &bytes, &size, "png", nullptr, "compression", "1", nullptr) ==
+        FALSE)
+        return;
+    if (size <= static_cast<gsize>(G_MAXINT))
+        gtk_selection_data_set(selection, gtk_selection_data_get_target(selection), 8,
+                               reinterpret_cast<const guchar*>(bytes), static_cast<gint>(size));
+    g_free(bytes);
+}
+
+void sendPicture(GtkClipboard* /*clipboard*/, GtkSelectionData* selection, guint form, gpointer owner)
+{
+    const auto& bitmap = *static_cast<const DeviceIndependentBitmap*>(owner);
+    if (form == static_cast<guint>(Form::PNG)) {
+        sendPng(bitmap, selection);
+        return;
+    }
+    const ArrayView<const std::uint8_t> file = bitmap.fileBytes();
+    gtk_selection_data_set(selection, gtk_selection_data_get_target(selection), 8, file.data(),
+                           static_cast<gint>(file.size()));
+}
+
+void freePicture(GtkClipboard* /*clipboard*/, gpointer owner)
+{
+    delete static_cast<DeviceIndependentBitmap*>(owner);
+}
+
+} // namespace
+
+bool Platform::setClipboardImage(DeviceIndependentBitmap bitmap)
+{
+    if (gdk_display_get_default() == nullptr)
+        return false;
+    GtkClipboard* clipboard = gtk_clipboard_get(GDK_SELECTION_CLIPBOARD);
+    const auto offered = targets();
+    const auto count = static_cast<guint>(offered.size());
+    // Encoded when somebody asks for it; freed when somebody else copies.
+    auto owned = std::make_unique<DeviceIndependentBitmap>(std::move(bitmap));
+    if (gtk_clipboard_set_with_data(clipboard, offered.data(), count, sendPicture, freePicture,
+                                    owned.get()) == FALSE)
+        return false;
+    static_cast<void>(owned.release());
+    // Handed to a clipboard manager, where there is one, it outlives the program.
+    gtk_clipboard_set_can_store(clipboard, offered.data(), static_cast<gint>(count));
+    gtk_clipboard_store(clipboard);
+    return true;
+}
+
+} // namespace Nolvex

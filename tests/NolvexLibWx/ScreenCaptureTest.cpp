@@ -1,0 +1,331 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/ScreenCapture.h"
+
+#include "NolvexLib/Array.h"
+#include "NolvexLibWx/GeometryConversions.h"
+#include "support/Events.h"
+
+#include <wx/app.h>
+#include <wx/bitmap.h>
+#include <wx/dcclient.h>
+#include <wx/display.h>
+#include <wx/frame.h>
+#include <wx/image.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <limits>
+
+using namespace Nolvex;
+using Wx::getScreenRegionColors;
+using Wx::Detail::composeScreenRegion;
+using Wx::Detail::TakeScreenRow;
+
+namespace {
+
+constexpr std::int32_t LEAST = std::numeric_limits<std::int32_t>::min();
+constexpr std::int32_t MOST = std::numeric_limits<std::int32_t>::max();
+constexpr Rgb TRANSPARENT_BLACK{};
+
+// What every display of the composed screens shows: the place of each pixel. The fourth byte is noise.
+void readPlaces(const Bucket& area, const TakeScreenRow& take)
+{
+    for (std::int32_t y = area.min.y; y < area.max.y; ++y) {
+        Array<std::uint8_t> row;
+        for (std::int32_t x = area.min.x; x < area.max.x; ++x)
+            row.insert(row.end(), {static_cast<std::uint8_t>(x), static_cast<std::uint8_t>(y), 7, 99});
+        take({area.min.x, y}, row.data(), area.width());
+    }
+}
+
+Rgb fromBytes(int r, int g, int b)
+{
+    constexpr float SCALE = 1.0f / 255.0f;
+    return {static_cast<float>(r) * SCALE, static_cast<float>(g) * SCALE, static_cast<float>(b) * SCALE,
+            1.0f};
+}
+
+Rgb placeColour(std::int32_t x, std::int32_t y)
+{
+    return fromBytes(7, y & 255, x & 255);
+}
+
+template<class Expected>
+void expectPixels(const BitmapImpl<Rgb>& image, const Bucket& region, Expected expected)
+{
+    ASSERT_EQ(image.size(), region.size());
+    for (std::int32_t y = region.min.y; y < region.max.y; ++y) {
+        for (std::int32_t x = region.min.x; x < region.max.x; ++x)
+            ASSERT_EQ(image.at(x - region.min.x, y - region.min.y), expected(x, y))
+                << "at " << x << ", " << y;
+    }
+}
+
+Array<Bucket> displays()
+{
+    Array<Bucket> geometries;
+    for (unsigned index = 0; index < wxDisplay::GetCount(); ++index)
+        geometries.push_back(Wx::toBucket(wxDisplay(index).GetGeometry()));
+    return geometries;
+}
+
+bool isOnOneOf(const Array<Bucket>& displays, Pixel point)
+{
+    return std::ranges::any_of(displays, [&](const Bucket& display) { return display.contains(point); });
+}
+
+void expectComposed(const Bucket& region, const Array<Bucket>& displays)
+{
+    const BitmapImpl<Rgb> image = composeScreenRegion(region, displays, readPlaces);
+    expectPixels(image, region, [&](std::int32_t x, std::int32_t y) {
+        return isOnOneOf(displays, {x, y}) ? placeColour(x, y) : TRANSPARENT_BLACK;
+    });
+}
+
+Bucket firstDisplay()
+{
+    return displays().at(0);
+}
+
+void expectAlphaOnDisplaysOnly(const Bucket& region)
+{
+    const Array<Bucket> all = displays();
+    const BitmapImpl<Rgb> image = getScreenRegionColors(region);
+    ASSERT_EQ(image.size(), region.size());
+    for (std::int32_t y = region.min.y; y < region.max.y; ++y) {
+        for (std::int32_t x = region.min.x; x < region.max.x; ++x) {
+            const Rgb colour = image.at(x - region.min.x, y - region.min.y);
+            if (isOnOneOf(all, {x, y}))
+                ASSERT_EQ(colour.a, 1.0f) << "at " << x << ", " << y;
+            else
+                ASSERT_EQ(colour, TRANSPARENT_BLACK) << "at " << x << ", " << y;
+        }
+    }
+}
+
+// A window without a frame, on top of the others, that shows a picture of a pixel a pixel.
+class PictureWindow
+{
+public:
+    explicit PictureWindow(wxSize size)
+    {
+        m_frame->SetClientSize(size);
+        m_frame->SetBackgroundStyle(wxBG_STYLE_PAINT);
+        m_frame->Bind(wxEVT_PAINT, [this](wxPaintEvent&) {
+            wxPaintDC dc(m_frame);
+            if (m_picture.IsOk())
+                dc.DrawBitmap(wxBitmap(m_picture, 24), 0, 0);
+        });
+        m_frame->Show();
+        m_frame->Raise();
+    }
+
+    ~PictureWindow() { Tests::destroyNow(m_frame); }
+
+    PictureWindow(const PictureWindow&) = delete;
+    PictureWindow& operator=(const PictureWindow&) = delete;
+
+    void show(const wxImage& picture)
+    {
+        m_picture = picture;
+        m_frame->Refresh();
+    }
+
+    /// Where the picture is on the screen.
+    Bucket region() const
+    {
+        return Wx::toBucket(wxRect(m_frame->ClientToScreen(wxPoint(0, 0)), m_picture.GetSize()));
+    }
+
+    /// Lets events run until the capture of the window shows the picture.
+    bool isSeen() const
+    {
+        return Tests::pumpUntil([this] { return getScreenRegionColors(region()) == expectedColours(); });
+    }
+
+    BitmapImpl<Rgb> expectedColours() const
+    {
+        BitmapImpl<Rgb> colours(m_picture.GetWidth(), m_picture.GetHeight());
+        for (int y = 0; y < colours.height(); ++y) {
+            for (int x = 0; x < colours.width(); ++x)
+                colours.at(x, y) =
+                    fromBytes(m_picture.GetRed(x, y), m_picture.GetGreen(x, y), m_picture.GetBlue(x, y));
+        }
+        return colours;
+    }
+
+private:
+    wxFrame* m_frame = new wxFrame(nullptr, wxID_ANY, "picture", wxPoint(90, 80), wxDefaultSize,
+                                   wxBORDER_NONE | wxSTAY_ON_TOP | wxFRAME_NO_TASKBAR);
+    wxImage m_picture;
+};
+
+// Every pixel another colour, every value of a byte in it.
+wxImage patternPicture(wxSize size, int seed)
+{
+    wxImage image(size);
+    for (int y = 0; y < size.y; ++y) {
+        for (int x = 0; x < size.x; ++x)
+            image.SetRGB(x, y, static_cast<unsigned char>((x + seed) % 256),
+                         static_cast<unsigned char>((y * 3 + seed) % 256),
+                         static_cast<unsigned char>((x * 5 + y * 11) % 256));
+    }
+    return image;
+}
+
+// Read from the server in one piece or through shared memory, as their sizes are.
+constexpr int SMALL[] = {40, 30};
+constexpr int LARGE[] = {300, 220};
+
+void expectCaptured(const int (&size)[2])
+{
+    const wxSize pictureSize(size[0], size[1]);
+    PictureWindow window(pictureSize);
+    window.show(patternPicture(pictureSize, 0));
+    EXPECT_TRUE(window.isSeen());
+    const Bucket region = window.region();
+    const BitmapImpl<Rgb> expected = window.expectedColours();
+    expectPixels(getScreenRegionColors(region), region, [&](std::int32_t x, std::int32_t y) {
+        return expected.at(x - region.min.x, y - region.min.y);
+    });
+}
+
+} // namespace
+
+TEST(ScreenCaptureTest, compose_putsEachDisplayInItsPlace_andLeavesGapsTransparent)
+{
+    const Array<Bucket> displays{{{-4, -3}, {0, 0}}, {{2, 0}, {5, 2}}};
+    expectComposed({{-6, -5}, {7, 4}}, displays);
+    expectComposed({{-4, -3}, {0, 0}}, displays);
+    expectComposed({{-2, -1}, {3, 1}}, displays);
+    expectComposed({{0, 0}, {2, 2}}, displays);
+    expectComposed({{100, 100}, {103, 102}}, displays);
+}
+
+TEST(ScreenCaptureTest, compose_makesEveryByteAFloatAndIgnoresTheFourth)
+{
+    const Array<Bucket> displays{{{0, 0}, {256, 1}}};
+    expectComposed({{0, 0}, {256, 1}}, displays);
+}
+
+TEST(ScreenCaptureTest, compose_asksForTheMeetingsInTheOrderOfTheDisplays)
+{
+    const Array<Bucket> displays{{{10, 0}, {20, 10}}, {{0, 0}, {10, 10}},  {{50, 50}, {60, 60}},
+                                 {{0, 50}, {20, 60}}, {{50, 0}, {60, 20}}, {{0, 10}, {20, 20}}};
+    Array<Bucket> asked;
+    composeScreenRegion({{5, 5}, {15, 11}}, displays,
+                        [&](const Bucket& area, const TakeScreenRow&) { asked.push_back(area); });
+    EXPECT_EQ(asked, (Array<Bucket>{{{10, 5}, {15, 10}}, {{5, 5}, {10, 10}}, {{5, 10}, {15, 11}}}));
+}
+
+TEST(ScreenCaptureTest, compose_leavesWhatCannotBeReadTransparent)
+{
+    const Array<Bucket> displays{{{0, 0}, {4, 4}}};
+    const Bucket region{{0, 0}, {4, 4}};
+    const auto readTheSecondRow = [](const Bucket& area, const TakeScreenRow& take) {
+        readPlaces({{area.min.x + 1, 1}, {area.max.x, 2}}, take);
+    };
+    expectPixels(composeScreenRegion(region, displays, readTheSecondRow), region,
+                 [](std::int32_t x, std::int32_t y) {
+                     return y == 1 && x >= 1 ? placeColour(x, y) : TRANSPARENT_BLACK;
+                 });
+}
+
+TEST(ScreenCaptureTest, compose_withoutDisplays_isTransparentBlack)
+{
+    expectComposed({{-1, -2}, {6, 5}}, {});
+}
+
+TEST(ScreenCaptureTest, withoutAnApplication_isTransparentBlack)
+{
+    wxAppConsole* application = wxAppConsole::GetInstance();
+    wxAppConsole::SetInstance(nullptr);
+    const BitmapImpl<Rgb> image = getScreenRegionColors({{0, 0}, {3, 2}});
+    wxAppConsole::SetInstance(application);
+    expectPixels(image, {{0, 0}, {3, 2}}, [](std::int32_t, std::int32_t) { return TRANSPARENT_BLACK; });
+}
+
+TEST(ScreenCaptureTest, regionsWithoutPixels_giveTheEmptyImage)
+{
+    for (const Bucket region :
+         {Bucket{}, Bucket{{5, 5}, {5, 9}}, Bucket{{5, 5}, {9, 5}}, Bucket{{9, 9}, {5, 5}},
+          Bucket{{9, 5}, {5, 9}}, Bucket{{MOST, MOST}, {LEAST, LEAST}}, Bucket{{MOST, 0}, {LEAST, 5}}})
+        EXPECT_EQ(getScreenRegionColors(region), BitmapImpl<Rgb>());
+}
+
+TEST(ScreenCaptureTest, regionsTooLarge_giveTheEmptyImage)
+{
+    constexpr std::int32_t LIMIT = static_cast<std::int32_t>(Wx::MAX_SCREEN_REGION_PIXELS);
+    for (const Bucket region :
+         {Bucket{{LEAST, LEAST}, {MOST, MOST}}, Bucket{{0, 0}, {MOST, MOST}}, Bucket{{0, 0}, {65536, 65536}},
+          Bucket{{LEAST, 0}, {MOST, 1}}, Bucket{{0, 0}, {1, MOST}}, Bucket{{-1, 0}, {LIMIT, 1}},
+          Bucket{{0, 0}, {3, LIMIT / 3 + 1}}})
+        EXPECT_EQ(getScreenRegionColors(region), BitmapImpl<Rgb>());
+}
+
+TEST(ScreenCaptureTest, thinRegionAcrossEverything_isWhole)
+{
+    expectAlphaOnDisplaysOnly({{-100000, 3}, {100000, 4}});
+}
+
+TEST(ScreenCaptureTest, regionsPartlyOutside_areTransparentThere)
+{
+    const Bucket display = firstDisplay();
+    expectAlphaOnDisplaysOnly({display.min - Pixel{10, 7}, display.min + Pixel{20, 13}});
+    expectAlphaOnDisplaysOnly({display.max - Pixel{20, 13}, display.max + Pixel{10, 7}});
+    expectAlphaOnDisplaysOnly({display.min - Pixel{3, 3}, display.max + Pixel{3, 3}});
+}
+
+TEST(ScreenCaptureTest, regionsWhollyOutside_areTransparentBlack)
+{
+    for (const Pixel corner :
+         {Pixel{-100000, -100000}, Pixel{100000, 0}, Pixel{MOST - 5, MOST - 4}, Pixel{LEAST, LEAST}}) {
+        const Bucket region{corner, corner + Pixel{5, 4}};
+        expectPixels(getScreenRegionColors(region), region,
+                     [](std::int32_t, std::int32_t) { return TRANSPARENT_BLACK; });
+    }
+}
+
+TEST(ScreenCaptureTest, smallWindow_isCapturedPixelByPixel)
+{
+    expectCaptured(SMALL);
+}
+
+TEST(ScreenCaptureTest, largeWindow_isCapturedPixelByPixel)
+{
+    expectCaptured(LARGE);
+}
+
+TEST(ScreenCaptureTest, partOfAWindow_isCapturedFromThere)
+{
+    const wxSize size(60, 50);
+    PictureWindow window(size);
+    window.show(patternPicture(size, 9));
+    ASSERT_TRUE(window.isSeen());
+    const Bucket region = window.region();
+    const BitmapImpl<Rgb> expected = window.expectedColours();
+    const Bucket part{region.min + Pixel{7, 5}, region.max - Pixel{30, 20}};
+    expectPixels(getScreenRegionColors(part), part, [&](std::int32_t x, std::int32_t y) {
+        return expected.at(x - region.min.x, y - region.min.y);
+    });
+}
+
+TEST(ScreenCaptureTest, everyCapture_showsTheScreenAsItIsThen)
+{
+    const wxSize size(LARGE[0], LARGE[1]);
+    PictureWindow window(size);
+    for (int seed = 0; seed < 5; ++seed) {
+        window.show(patternPicture(size, seed));
+        EXPECT_TRUE(window.isSeen()) << seed;
+    }
+}
+
+TEST(ScreenCaptureTest, tensOfThousandsOfCaptures_useNothingUp)
+{
+    // More than Windows has drawing objects for.
+    const Pixel corner = firstDisplay().min;
+    const Bucket onePixel{corner, corner + Pixel{1, 1}};
+    for (int i = 0; i < 35000; ++i)
+        ASSERT_EQ(getScreenRegionColors(onePixel).at(0, 0).a, 1.0f) << i;
+}
