@@ -3,6 +3,7 @@
 
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/StringConversions.h"
+#include "NolvexLibWx/WindowIcon.h"
 #include "NolvexLibWx/widgets/ApplySkinRecursive.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"
 #include "NolvexLibWx/widgets/OskaBorder.h"
@@ -37,6 +38,7 @@ ViewerFrame::ViewerFrame(const String& name, const wxBitmap& picture)
               wxString::Format(L"%s (%d \u00D7 %d)", Wx::toWxString(name), picture.GetWidth(),
                                picture.GetHeight()))
 {
+    Wx::setZephraIcon(this);
     auto* panel = new wxPanel(this);
     auto* border = new OskaBorder(panel);
     m_view = new ImageView(border, picture);

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/Monitors.h"
+
+#include "NolvexLib/Array.h"
+#include "NolvexLibWx/GeometryConversions.h"
+
+#include <wx/display.h>
+#include <wx/window.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+
+namespace Nolvex {
+
+namespace {
+
+int nearestDisplay(Pixel point)
+{
+    Array<wxRect> geometries;
+    for (unsigned index = 0; index < wxDisplay::GetCount(); ++index)
+        geometries.push_back(wxDisplay(index).GetGeometry());
+    return Wx::Detail::nearestMonitor(geometries, point);
+}
+
+wxRect monitorRect(Pixel point, Wx::MonitorRegionType type)
+{
+    const int index = nearestDisplay(point);
+    // What the toolkit says about a display that does not exist, without its assertion.
+    if (index < 0)
+        return {};
+    const wxDisplay display(static_cast<unsigned>(index));
+    return type == Wx::MonitorRegionType::WORK_AREA ? display.GetClientArea() : display.GetGeometry();
+}
+
+// One coordinate; wider than the screen's, whose sums may overflow.
+std::int32_t clampedStart(std::int64_t areaStart, std::int64_t areaLength, std::int64_t length,
+                          std::int64_t start)
+{
+    const std::int64_t last = std::max(areaStart, areaStart + areaLength - length);
+    return static_cast<std::int32_t>(std::max(areaStart, std::min(last, start)));
+}
+
+} // namespace
+
+int Wx::Detail::nearestMonitor(ArrayView<const wxRect> geometries, Pixel point)
+{
+    const Vector2 position{static_cast<float>(point.x), static_cast<float>(point.y)};
+    float nearest = std::numeric_limits<float>::infinity();
+    int result = -1;
+    for (std::size_t index = 0; index < geometries.size(); ++index) {
+        const float distance = toBoundingBox2(geometries[index]).squaredDistance(position);
+        if (distance < nearest) {
+            nearest = distance;
+            result = static_cast<int>(index);
+        }
+    }
+    return result;
+}
+
+Pixel Wx::Detail::positionInWorkArea(const wxRect& workArea, wxSize size, Pixel topLeft)
+{
+    return {clampedStart(workArea.x, workArea.width, size.x, topLeft.x),
+            clampedStart(workArea.y, workArea.height, size.y, topLeft.y)};
+}
+
+Bucket Wx::getMonitorRegionByPoint(Pixel point, MonitorRegionType type)
+{
+    return toBucket(monitorRect(point, type));
+}
+
+Bucket Wx::getMonitorRegionByWindow(wxWindow* window, MonitorRegionType type)
+{
+    return getMonitorRegionByPoint(getRectCenter(window->GetScreenRect()), type);
+}
+
+void Wx::smartPositionWindow(wxWindow* window, Pixel topLeft)
+{
+    const wxRect workArea = monitorRect(topLeft, MonitorRegionType::WORK_AREA);
+    const Pixel position = Detail::positionInWorkArea(workArea, window->GetSize(), topLeft);
+    // Left of or above the first monitor -1 is a place like any other, not the toolkit's "as it is".
+    window->Move(toWxPoint(position), wxSIZE_USE_EXISTING | wxSIZE_ALLOW_MINUS_ONE);
+}
+
+} // namespace Nolvex

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "NolvexLib/Noncopyable.h"
+
+#include <wx/dc.h>
+
+namespace Nolvex::Wx {
+
+/// While it lives, nothing is drawn on the DC outside the rectangle (nor outside the clipping region that the
+/// DC had before). At its end the DC is not clipped at all.
+class ScopedClippingRegion : private Noncopyable
+{
+public:
+    ScopedClippingRegion(wxDC& dc, wxRect rect) : m_dc(&dc) { m_dc->SetClippingRegion(rect); }
+
+    ~ScopedClippingRegion() { m_dc->DestroyClippingRegion(); }
+
+private:
+    wxDC* m_dc;
+};
+
+} // namespace Nolvex::Wx

@@ -1,0 +1,202 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/Monitors.h"
+
+#include "NolvexLib/Array.h"
+#include "NolvexLibWx/GeometryConversions.h"
+#include "NolvexLibWx/NativeWindows.h"
+#include "support/Events.h"
+
+#include <wx/display.h>
+#include <wx/frame.h>
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+using namespace Nolvex;
+using Wx::MonitorRegionType;
+using Wx::Detail::nearestMonitor;
+using Wx::Detail::positionInWorkArea;
+
+namespace {
+
+constexpr int LARGEST = std::numeric_limits<int>::max();
+constexpr int SMALLEST = std::numeric_limits<int>::min();
+
+class MonitorsWindowTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        m_frame =
+            new wxFrame(nullptr, wxID_ANY, "monitors", wxPoint(50, 50), wxSize(300, 200), wxBORDER_NONE);
+        m_frame->Bind(wxEVT_PAINT, [this](wxPaintEvent& event) {
+            m_painted = true;
+            event.Skip();
+        });
+        m_frame->Show();
+        // Painted means placed: until then the window manager has the last word about the position.
+        ASSERT_TRUE(Tests::pumpUntil([this] { return m_painted && region().size() == Pixel{300, 200}; }));
+        Tests::pumpEvents(50);
+    }
+
+    void TearDown() override { Tests::destroyNow(m_frame); }
+
+    Bucket region() const { return Wx::getScreenRegion(Wx::getWindowNativeHandle(m_frame)); }
+
+    bool comesTo(Pixel topLeft) const
+    {
+        return Tests::pumpUntil([&] { return region().min == topLeft; });
+    }
+
+    static Bucket workArea() { return Wx::toBucket(wxDisplay(0u).GetClientArea()); }
+
+    wxFrame* m_frame = nullptr;
+    bool m_painted = false;
+};
+
+} // namespace
+
+TEST(MonitorsTest, nearestMonitor_ofNone_isMinusOne)
+{
+    EXPECT_EQ(nearestMonitor({}, {0, 0}), -1);
+}
+
+TEST(MonitorsTest, nearestMonitor_isTheOneThatHoldsThePoint)
+{
+    const Array<wxRect> monitors{{0, 0, 1920, 1080}, {1920, 0, 1280, 1024}, {-1600, -200, 1600, 1200}};
+    EXPECT_EQ(nearestMonitor(monitors, {0, 0}), 0);
+    EXPECT_EQ(nearestMonitor(monitors, {1919, 1079}), 0);
+    EXPECT_EQ(nearestMonitor(monitors, {1920, 0}), 1);
+    EXPECT_EQ(nearestMonitor(monitors, {-1, 0}), 2);
+    EXPECT_EQ(nearestMonitor(monitors, {-1600, -200}), 2);
+}
+
+TEST(MonitorsTest, nearestMonitor_inAGap_isTheNearerOne)
+{
+    // Last pixel 99, first pixel 200.
+    const Array<wxRect> monitors{{0, 0, 100, 100}, {200, 0, 100, 100}};
+    EXPECT_EQ(nearestMonitor(monitors, {149, 50}), 0);
+    EXPECT_EQ(nearestMonitor(monitors, {150, 50}), 1);
+}
+
+TEST(MonitorsTest, nearestMonitor_atEqualDistance_isTheFirst)
+{
+    const Array<wxRect> monitors{{0, 0, 100, 100}, {199, 0, 100, 100}, {149, 150, 1, 1}};
+    EXPECT_EQ(nearestMonitor(monitors, {149, 50}), 0);
+    const Array<wxRect> swapped{{199, 0, 100, 100}, {0, 0, 100, 100}};
+    EXPECT_EQ(nearestMonitor(swapped, {149, 50}), 0);
+    const Array<wxRect> mirrored{{0, 0, 100, 100}, {0, 0, 100, 100}};
+    EXPECT_EQ(nearestMonitor(mirrored, {50, 50}), 0);
+}
+
+TEST(MonitorsTest, nearestMonitor_measuresAcrossCornersToo)
+{
+    // 30 right and 40 below the first, that is 50; 45 above the second.
+    const Array<wxRect> monitors{{0, 0, 100, 100}, {100, 184, 100, 100}};
+    EXPECT_EQ(nearestMonitor(monitors, {129, 139}), 1);
+    const Array<wxRect> further{{0, 0, 100, 100}, {100, 190, 100, 100}};
+    EXPECT_EQ(nearestMonitor(further, {129, 139}), 0);
+}
+
+TEST(MonitorsTest, nearestMonitor_farOutside_overflowsNowhere)
+{
+    const Array<wxRect> monitors{{0, 0, 40, 100}, {-40, 0, 40, 100}};
+    EXPECT_EQ(nearestMonitor(monitors, {SMALLEST, 50}), 0) << "too far to tell the two apart";
+    EXPECT_EQ(nearestMonitor(monitors, {-1000000, 50}), 1);
+    EXPECT_EQ(nearestMonitor(monitors, {LARGEST, LARGEST}), 0);
+    EXPECT_EQ(nearestMonitor(Array<wxRect>{{LARGEST, LARGEST, 100, 100}}, {SMALLEST, SMALLEST}), 0);
+}
+
+TEST(MonitorsTest, positionInWorkArea_inside_isKept)
+{
+    EXPECT_EQ(positionInWorkArea({0, 0, 1920, 1040}, {300, 200}, {100, 50}), (Pixel{100, 50}));
+    EXPECT_EQ(positionInWorkArea({-1600, -200, 1600, 1200}, {300, 200}, {-1, -1}), (Pixel{-300, -1}));
+}
+
+TEST(MonitorsTest, positionInWorkArea_touchesTheEdgesExactly)
+{
+    const wxRect workArea(10, 20, 1000, 800);
+    EXPECT_EQ(positionInWorkArea(workArea, {300, 200}, {710, 620}), (Pixel{710, 620}));
+    EXPECT_EQ(positionInWorkArea(workArea, {300, 200}, {711, 621}), (Pixel{710, 620}));
+    EXPECT_EQ(positionInWorkArea(workArea, {300, 200}, {9, 19}), (Pixel{10, 20}));
+    EXPECT_EQ(positionInWorkArea(workArea, {300, 200}, {-5000, 5000}), (Pixel{10, 620}));
+}
+
+TEST(MonitorsTest, positionInWorkArea_ofAWindowTooLarge_isTheEdge)
+{
+    EXPECT_EQ(positionInWorkArea({0, 0, 1920, 1080}, {3000, 100}, {500, 60}), (Pixel{0, 60}));
+    EXPECT_EQ(positionInWorkArea({-1600, 30, 1600, 900}, {2000, 1000}, {-800, 400}), (Pixel{-1600, 30}));
+    EXPECT_EQ(positionInWorkArea({5, 6, 100, 100}, {100, 100}, {50, 50}), (Pixel{5, 6}));
+}
+
+TEST(MonitorsTest, positionInWorkArea_survivesExtremes)
+{
+    EXPECT_EQ(positionInWorkArea({0, 0, 1920, 1080}, {LARGEST, LARGEST}, {SMALLEST, LARGEST}), (Pixel{0, 0}));
+    EXPECT_EQ(positionInWorkArea({LARGEST - 10, 0, 100, 100}, {20, 20}, {LARGEST, 0}), (Pixel{LARGEST, 0}));
+    EXPECT_EQ(positionInWorkArea({}, {300, 200}, {100, 100}), (Pixel{0, 0})) << "no monitor";
+}
+
+TEST(MonitorsTest, regionByPoint_isThatOfTheToolkitsDisplay)
+{
+    for (unsigned index = 0; index < wxDisplay::GetCount(); ++index) {
+        const wxDisplay display(index);
+        const Pixel centre = Wx::getRectCenter(display.GetGeometry());
+        EXPECT_EQ(Wx::getMonitorRegionByPoint(centre, MonitorRegionType::FULL_AREA),
+                  Wx::toBucket(display.GetGeometry()));
+        EXPECT_EQ(Wx::getMonitorRegionByPoint(centre, MonitorRegionType::WORK_AREA),
+                  Wx::toBucket(display.GetClientArea()));
+        EXPECT_EQ(Wx::getMonitorRegionByPoint(centre, static_cast<MonitorRegionType>(5)),
+                  Wx::toBucket(display.GetGeometry()));
+    }
+}
+
+TEST(MonitorsTest, regionByPoint_offTheScreen_isThatOfAMonitor)
+{
+    const Bucket region = Wx::getMonitorRegionByPoint({-100000, -100000}, MonitorRegionType::FULL_AREA);
+    EXPECT_FALSE(region.isEmpty());
+    EXPECT_GE(wxDisplay::GetFromPoint(Wx::toWxPoint(region.min)), 0);
+    EXPECT_GE(wxDisplay::GetFromPoint(Wx::toWxPoint(region.max - Pixel{1, 1})), 0);
+}
+
+TEST(MonitorsTest, regionTypes_haveTheirValues)
+{
+    EXPECT_EQ(static_cast<int>(MonitorRegionType::WORK_AREA), 0);
+    EXPECT_NE(static_cast<int>(MonitorRegionType::FULL_AREA), 0);
+}
+
+TEST_F(MonitorsWindowTest, regionByWindow_isThatOfItsCentre)
+{
+    const Pixel centre = Wx::getRectCenter(m_frame->GetScreenRect());
+    for (const auto type : {MonitorRegionType::WORK_AREA, MonitorRegionType::FULL_AREA}) {
+        EXPECT_EQ(Wx::getMonitorRegionByWindow(m_frame, type), Wx::getMonitorRegionByPoint(centre, type));
+        EXPECT_FALSE(Wx::getMonitorRegionByWindow(m_frame, type).isEmpty());
+    }
+}
+
+TEST_F(MonitorsWindowTest, smartPosition_insideTheWorkArea_isTaken)
+{
+    const Pixel wanted = workArea().min + Pixel{120, 90};
+    Wx::smartPositionWindow(m_frame, wanted);
+    EXPECT_TRUE(comesTo(wanted));
+}
+
+TEST_F(MonitorsWindowTest, smartPosition_beyondTheCorner_endsAtIt)
+{
+    Wx::smartPositionWindow(m_frame, workArea().max + Pixel{500, 500});
+    EXPECT_TRUE(comesTo(workArea().max - Pixel{300, 200}));
+}
+
+TEST_F(MonitorsWindowTest, smartPosition_beforeTheCorner_startsAtIt)
+{
+    Wx::smartPositionWindow(m_frame, workArea().min - Pixel{500, 500});
+    EXPECT_TRUE(comesTo(workArea().min));
+}
+
+TEST_F(MonitorsWindowTest, smartPosition_ofAWindowTooWide_isTheLeftEdge)
+{
+    m_frame->SetSize(3000, 200);
+    ASSERT_TRUE(Tests::pumpUntil([this] { return region().width() == 3000; }));
+    Wx::smartPositionWindow(m_frame, workArea().min + Pixel{200, 100});
+    EXPECT_TRUE(comesTo(workArea().min + Pixel{0, 100}));
+}

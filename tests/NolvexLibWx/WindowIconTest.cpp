@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/WindowIcon.h"
+
+#include "support/Events.h"
+#include "support/Screen.h"
+
+#include <wx/bitmap.h>
+#include <wx/frame.h>
+#include <wx/iconbndl.h>
+#include <wx/image.h>
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+using namespace Nolvex;
+
+namespace {
+
+class WindowIconTest : public testing::Test
+{
+protected:
+    void SetUp() override { m_frame = new wxFrame(nullptr, wxID_ANY, "icon"); }
+
+    void TearDown() override { Tests::destroyNow(m_frame); }
+
+    wxImage icon() const
+    {
+        // GetIcon() would look for one of the system's size.
+        if (m_frame->GetIcons().IsEmpty())
+            return {};
+        wxBitmap bitmap;
+        bitmap.CopyFromIcon(m_frame->GetIcons().GetIconByIndex(0));
+        return bitmap.ConvertToImage();
+    }
+
+    wxFrame* m_frame = nullptr;
+};
+
+wxImage artwork()
+{
+    const auto file = std::filesystem::path(NOLVEX_TEST_DATA_DIR).parent_path().parent_path() /
+                      "NolvexLibWx" / "resources" / "ApplicationIcon.png";
+    return wxImage(wxString(file.wstring()));
+}
+
+wxImage twoColours()
+{
+    wxImage image(32, 32);
+    image.SetRGB(wxRect(0, 0, 32, 16), 200, 30, 10);
+    image.SetRGB(wxRect(0, 16, 32, 16), 5, 60, 250);
+    return image;
+}
+
+} // namespace
+
+TEST_F(WindowIconTest, setIcon_givesTheWindowTheBitmap)
+{
+    Wx::setIcon(m_frame, wxBitmap(twoColours()));
+    const wxImage shown = icon();
+    ASSERT_TRUE(shown.IsOk());
+    ASSERT_EQ(shown.GetSize(), wxSize(32, 32));
+    EXPECT_EQ(Tests::pixelAt(shown, 3, 15), (RgbBytes{200, 30, 10}));
+    EXPECT_EQ(Tests::pixelAt(shown, 31, 16), (RgbBytes{5, 60, 250}));
+}
+
+TEST_F(WindowIconTest, setIcon_again_replacesTheIcon)
+{
+    Wx::setZephraIcon(m_frame);
+    Wx::setIcon(m_frame, wxBitmap(twoColours()));
+    EXPECT_EQ(m_frame->GetIcons().GetIconCount(), 1u);
+    EXPECT_EQ(icon().GetSize(), wxSize(32, 32));
+}
+
+TEST_F(WindowIconTest, setIcon_invalidBitmap_leavesNoIcon)
+{
+    Wx::setIcon(m_frame, wxBitmap(twoColours()));
+    Wx::setIcon(m_frame, wxBitmap());
+    EXPECT_FALSE(icon().IsOk());
+}
+
+TEST_F(WindowIconTest, setZephraIcon_isTheArtwork)
+{
+    Wx::setZephraIcon(m_frame);
+    const wxImage shown = icon();
+    const wxImage drawn = artwork();
+    ASSERT_TRUE(shown.IsOk() && drawn.IsOk());
+    ASSERT_EQ(drawn.GetSize(), wxSize(128, 128));
+    ASSERT_EQ(shown.GetSize(), wxSize(128, 128));
+    int different = 0;
+    for (int y = 0; y < 128; ++y) {
+        for (int x = 0; x < 128; ++x) {
+            if (drawn.GetAlpha(x, y) == 255 && Tests::pixelAt(shown, x, y) != Tests::pixelAt(drawn, x, y))
+                ++different;
+        }
+    }
+    EXPECT_EQ(different, 0);
+}
+
+TEST_F(WindowIconTest, setZephraIcon_hasSoftEdges)
+{
+    Wx::setZephraIcon(m_frame);
+    const wxImage shown = icon();
+    const wxImage drawn = artwork();
+    ASSERT_TRUE(shown.IsOk() && drawn.IsOk());
+    ASSERT_TRUE(shown.HasAlpha() && drawn.HasAlpha());
+    EXPECT_EQ(shown.GetAlpha(0, 0), 0);
+    EXPECT_EQ(shown.GetAlpha(64, 64), 255);
+    for (int y = 0; y < 128; ++y)
+        EXPECT_EQ(shown.GetAlpha(64, y), drawn.GetAlpha(64, y)) << y;
+}
