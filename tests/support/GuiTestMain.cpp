@@ -6,7 +6,6 @@
 #include <wx/app.h>
 #include <wx/debug.h>
 #include <wx/evtloop.h>
-#include <wx/utils.h>
 
 #include <gtest/gtest.h>
 
@@ -27,7 +26,6 @@ void failOnAssert(const wxString& file, int line, const wxString& function, cons
 int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
-    wxSetEnv("G_DEBUG", "fatal-criticals");
     wxSetAssertHandler(failOnAssert);
     try {
         Nolvex::LibWx::startup(Nolvex::LibWx::ApplicationType::APPLICATION);

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/platform/OwnWindowStaticText.h"
+
+#include <wx/arrstr.h>
+
+#include <algorithm>
+
+#include <gtk/gtk.h>
+
+// The calls of wxStaticTextBase pass wxStaticText over, whose functions are about the GtkLabel.
+// NOLINTBEGIN(bugprone-parent-virtual-call)
+
+namespace Nolvex {
+
+Platform::OwnWindowStaticText::OwnWindowStaticText(wxWindow* parent, wxWindowID id, const wxString& label,
+                                                   const wxPoint& pos, const wxSize& size, long style,
+                                                   const wxString& name)
+{
+    // The best size is asked for while the window is created.
+    m_labelOrig = label;
+    wxControl::Create(parent, id, pos, size, style | wxFULL_REPAINT_ON_RESIZE, wxDefaultValidator, name);
+    SetInitialSize(size);
+    describe();
+}
+
+Platform::OwnWindowStaticText::~OwnWindowStaticText() = default;
+
+void Platform::OwnWindowStaticText::SetLabel(const wxString& label)
+{
+    if (label == m_labelOrig)
+        return;
+    wxStaticTextBase::SetLabel(label);
+    AutoResizeIfNecessary();
+    describe();
+    Refresh();
+}
+
+bool Platform::OwnWindowStaticText::SetFont(const wxFont& font)
+{
+    const bool changed = wxStaticTextBase::SetFont(font);
+    AutoResizeIfNecessary();
+    return changed;
+}
+
+wxSize Platform::OwnWindowStaticText::DoGetBestSize() const
+{
+    const int lineHeight = GetCharHeight();
+    wxSize size(0, 0);
+    for (const wxString& line : wxSplit(GetLabel(), '\n', '\0')) {
+        const wxSize extent = GetTextExtent(line);
+        size = {std::max(size.x, extent.x), size.y + std::max(extent.y, lineHeight)};
+    }
+    return size;
+}
+
+wxString Platform::OwnWindowStaticText::WXGetVisibleLabel() const
+{
+    return GetLabel();
+}
+
+void Platform::OwnWindowStaticText::WXSetVisibleLabel(const wxString& /*label*/)
+{
+    // Painted is the label itself.
+}
+
+bool Platform::OwnWindowStaticText::DoSetLabelMarkup(const wxString& markup)
+{
+    return wxStaticTextBase::DoSetLabelMarkup(markup);
+}
+
+bool Platform::OwnWindowStaticText::GTKWidgetNeedsMnemonic() const
+{
+    return false;
+}
+
+void Platform::OwnWindowStaticText::GTKWidgetDoSetMnemonic(GtkWidget* /*widget*/) {}
+
+// For assistive technology, which would take it for a panel.
+void Platform::OwnWindowStaticText::describe()
+{
+    AtkObject* accessible = gtk_widget_get_accessible(GetHandle());
+    atk_object_set_role(accessible, ATK_ROLE_LABEL);
+    atk_object_set_name(accessible, GetLabelText().utf8_str());
+}
+
+} // namespace Nolvex
+
+// NOLINTEND(bugprone-parent-virtual-call)

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/widgets/StaticBitmap.h"
+
+#include <wx/dcclient.h>
+
+namespace Nolvex {
+
+Wx::StaticBitmap::StaticBitmap(wxWindow* parent, int id, const wxBitmap& bitmap)
+    : wxPanel(parent, id, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxBORDER_NONE), m_bitmap(bitmap)
+{
+    SetInitialSize(m_bitmap.IsOk() ? m_bitmap.GetSize() : wxSize(0, 0));
+    Bind(wxEVT_PAINT, &StaticBitmap::onPaint, this);
+}
+
+Wx::StaticBitmap::~StaticBitmap() = default;
+
+void Wx::StaticBitmap::setBitmap(const wxBitmap& bitmap)
+{
+    m_bitmap = bitmap;
+    Refresh(true);
+}
+
+void Wx::StaticBitmap::onPaint(wxPaintEvent& /*event*/)
+{
+    wxPaintDC dc(this);
+    if (m_bitmap.IsOk())
+        dc.DrawBitmap(m_bitmap, 0, 0, false);
+}
+
+} // namespace Nolvex

@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/widgets/StaticBitmap.h"
+
+#include "support/Events.h"
+#include "support/Screen.h"
+
+#include <wx/frame.h>
+#include <wx/panel.h>
+
+#include <gtest/gtest.h>
+
+using namespace Nolvex;
+using Tests::pixelAt;
+using Wx::StaticBitmap;
+
+namespace {
+
+constexpr RgbBytes PAPER{255, 255, 255};
+
+// No two pixels next to each other have the same colour.
+RgbBytes patternAt(int x, int y)
+{
+    return {static_cast<std::uint8_t>(10 * x), static_cast<std::uint8_t>(10 * y), 77};
+}
+
+wxImage pattern(const wxSize& size)
+{
+    wxImage image(size);
+    for (int y = 0; y < size.y; ++y) {
+        for (int x = 0; x < size.x; ++x) {
+            const RgbBytes colour = patternAt(x, y);
+            image.SetRGB(x, y, colour.r, colour.g, colour.b);
+        }
+    }
+    return image;
+}
+
+wxBitmap patternBitmap(const wxSize& size)
+{
+    return {pattern(size), wxBITMAP_SCREEN_DEPTH, 1.0};
+}
+
+// The pattern in the first pixels, white beyond.
+void expectPattern(const wxImage& image, const wxSize& size)
+{
+    for (int y = 0; y < image.GetHeight(); ++y) {
+        for (int x = 0; x < image.GetWidth(); ++x) {
+            const bool painted = x < size.x && y < size.y;
+            ASSERT_EQ(pixelAt(image, x, y), painted ? patternAt(x, y) : PAPER) << "at " << x << ", " << y;
+        }
+    }
+}
+
+struct StaticBitmapTest : testing::Test
+{
+    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "bitmap", wxPoint(60, 60), wxSize(300, 200));
+    wxPanel* panel = new wxPanel(frame);
+
+    StaticBitmap* show(const wxBitmap& bitmap)
+    {
+        auto* window = new StaticBitmap(panel, 4711, bitmap);
+        window->SetBackgroundColour(*wxWHITE);
+        window->Move(10, 10);
+        frame->Show();
+        frame->Raise();
+        Tests::pumpEvents(150);
+        return window;
+    }
+
+    static wxImage shown(StaticBitmap* window)
+    {
+        Tests::pumpEvents(100);
+        return Tests::captureClientArea(window);
+    }
+
+    ~StaticBitmapTest() override { Tests::destroyNow(frame); }
+};
+
+} // namespace
+
+TEST_F(StaticBitmapTest, construction_takesTheBitmapsSizeAsItsInitialSize)
+{
+    StaticBitmap* window = show(patternBitmap({17, 9}));
+    EXPECT_EQ(window->GetSize(), wxSize(17, 9));
+    EXPECT_EQ(window->GetMinSize(), wxSize(17, 9));
+    EXPECT_EQ(window->GetId(), 4711);
+}
+
+TEST_F(StaticBitmapTest, window_paintsTheBitmapAtItsTopLeftCorner)
+{
+    StaticBitmap* window = show(patternBitmap({17, 9}));
+    expectPattern(shown(window), {17, 9});
+    window->SetSize(20, 20);
+    expectPattern(shown(window), {17, 9});
+}
+
+TEST_F(StaticBitmapTest, setBitmap_toALargerOne_keepsTheSizeAndClips)
+{
+    StaticBitmap* window = show(patternBitmap({6, 5}));
+    window->setBitmap(patternBitmap({20, 20}));
+    EXPECT_EQ(window->GetSize(), wxSize(6, 5));
+    expectPattern(shown(window), {6, 5});
+    window->SetSize(12, 12);
+    expectPattern(shown(window), {12, 12});
+}
+
+TEST_F(StaticBitmapTest, setBitmap_toASmallerOne_showsTheBackgroundBesideIt)
+{
+    StaticBitmap* window = show(patternBitmap({12, 12}));
+    window->setBitmap(patternBitmap({5, 3}));
+    EXPECT_EQ(window->GetSize(), wxSize(12, 12));
+    expectPattern(shown(window), {5, 3});
+}
+
+TEST_F(StaticBitmapTest, setBitmap_sharesTheBitmapInsteadOfCopyingItsPixels)
+{
+    StaticBitmap* window = show(patternBitmap({4, 4}));
+    const wxBitmap other = patternBitmap({4, 4});
+    window->setBitmap(other);
+    EXPECT_TRUE(window->bitmap().IsSameAs(other));
+    window->setBitmap(window->bitmap());
+    EXPECT_TRUE(window->bitmap().IsSameAs(other));
+}
+
+TEST_F(StaticBitmapTest, maskOfTheBitmap_isNotUsed)
+{
+    wxBitmap bitmap = patternBitmap({6, 6});
+    bitmap.SetMask(new wxMask(bitmap, wxColour(10, 10, 77)));
+    StaticBitmap* window = show(bitmap);
+    expectPattern(shown(window), {6, 6});
+}
+
+TEST_F(StaticBitmapTest, withoutAnyBitmap_showsTheBackground)
+{
+    StaticBitmap* window = show(wxBitmap());
+    window->SetSize(8, 8);
+    expectPattern(shown(window), {0, 0});
+    window->setBitmap(patternBitmap({3, 3}));
+    expectPattern(shown(window), {3, 3});
+    window->setBitmap(wxBitmap());
+    expectPattern(shown(window), {0, 0});
+}
+
+TEST_F(StaticBitmapTest, keyboard_doesNotReachIt)
+{
+    EXPECT_FALSE(show(patternBitmap({8, 8}))->AcceptsFocusFromKeyboard());
+}
