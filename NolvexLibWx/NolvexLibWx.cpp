@@ -79,6 +79,7 @@ void addImageHandlers()
 {
     wxUninitialize();
     wxDeleteStockLists();
+    wxDELETE(wxTheColourDatabase);
     wxImage::CleanUpHandlers();
     WindowDisabling::uninstall();
     Lib::shutdown();

@@ -52,6 +52,8 @@ if(NOLVEX_SANITIZE)
   string(REPLACE ";" "," nolvex_sanitizers "${NOLVEX_SANITIZE}")
   add_compile_options(-fsanitize=${nolvex_sanitizers} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${nolvex_sanitizers})
-  # The instrumented code makes GCC see paths that are not there.
-  add_compile_options(-Wno-maybe-uninitialized)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # The instrumented code makes GCC see paths that are not there.
+    add_compile_options(-Wno-maybe-uninitialized)
+  endif()
 endif()
