@@ -4,12 +4,12 @@
 #include "NolvexLib/Io/FileSize.h"
 #include "NolvexLibWx/BitmapConverter.h"
 #include "NolvexLibWx/NolvexLibWx.h"
+#include "apps/program/WindowPicture.h"
+#include "apps/program/platform/ErrorReport.h"
+#include "apps/program/platform/ProcessArguments.h"
 #include "apps/viewer/CommandLine.h"
 #include "apps/viewer/ImageFile.h"
 #include "apps/viewer/ViewerFrame.h"
-#include "apps/viewer/WindowPicture.h"
-#include "apps/viewer/platform/ErrorReport.h"
-#include "apps/viewer/platform/ProcessArguments.h"
 
 #include <wx/timer.h>
 
@@ -23,7 +23,7 @@ using namespace Nolvex;
 
 int fail(const std::string& message)
 {
-    Viewer::reportError(message);
+    Program::reportError("nolvex-viewer", message);
     return 1;
 }
 
@@ -35,7 +35,7 @@ int fail(const String& message)
 // Beside the program on Windows and in a build folder, in the share folder of an installation on Linux.
 Io::Path samplePicture()
 {
-    const Io::Path folder = Viewer::programFile().parentDirectory();
+    const Io::Path folder = Program::programFile().parentDirectory();
     Io::Path beside = folder / Io::Path(L"sample.pfm");
     if (Io::fileSize(beside))
         return beside;
@@ -57,7 +57,7 @@ public:
         if (!m_frame.wasPainted() || ++m_ticksSincePainted < TICKS)
             return;
         Stop();
-        m_error = Viewer::writeWindowPicture(m_frame, m_file);
+        m_error = Program::writeWindowPicture(m_frame, m_file);
         m_frame.Close();
     }
 
@@ -97,7 +97,7 @@ int show(const Viewer::CommandLine& line)
 int main(int argc, char** argv)
 {
     const Expected<Viewer::CommandLine, String> line =
-        Viewer::parseCommandLine(Viewer::processArguments(argc, argv));
+        Viewer::parseCommandLine(Program::processArguments(argc, argv));
     if (!line)
         return fail(line.error());
     if (line->help)

@@ -16,6 +16,7 @@ run_tests linux build/linux-release
 # For the Windows run of the same state, which must run as many.
 echo "$(git rev-parse HEAD) $tests_run" >build/linux-test-count
 check "viewer" tools/testing/viewer.sh build/linux-release/bin/nolvex-viewer
+check "gallery" tools/testing/gallery.sh build/linux-release/bin/nolvex-gallery
 check "exports" tools/testing/exports.sh build/linux-release/lib/libNolvex*.so
 check "package" tools/testing/package.sh
 summary linux

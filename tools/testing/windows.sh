@@ -21,6 +21,7 @@ else
 fi
 check "exports" tools/testing/exports.sh "$WINDOWS_BUILD"/bin/Nolvex*.dll
 check "viewer" tools/testing/viewer.sh tools/testing/run-wine.sh "$WINDOWS_BUILD/bin/nolvex-viewer.exe"
+check "gallery" tools/testing/gallery.sh tools/testing/run-wine.sh "$WINDOWS_BUILD/bin/nolvex-gallery.exe"
 stop_wine
 start_wine 96 fresh
 check "zip" tools/testing/zip.sh

@@ -2,8 +2,8 @@
 #include "apps/viewer/ViewerFrame.h"
 
 #include "NolvexLibWx/widgets/GuiSkin.h"
+#include "apps/program/WindowPicture.h"
 #include "apps/viewer/ImageView.h"
-#include "apps/viewer/WindowPicture.h"
 #include "support/Events.h"
 #include "support/Screen.h"
 
@@ -135,11 +135,11 @@ TEST_F(ViewerFrameTest, windowPicture_holdsThePixelsOfTheScreen)
     show(coordinates(60, 40));
     const Io::Path file =
         Io::Path(std::filesystem::temp_directory_path()) / Io::Path(L"nolvex-window-picture.png");
-    EXPECT_TRUE(Viewer::writeWindowPicture(*frame, file).isEmpty());
+    EXPECT_TRUE(Program::writeWindowPicture(*frame, file).isEmpty());
     wxImage picture;
     ASSERT_TRUE(picture.LoadFile(wxString(file.nativeStr().c_str())));
     EXPECT_EQ(picture.GetSize(), frame->GetClientSize());
     std::filesystem::remove(file.native());
     const Io::Path impossible = Io::Path(L"no/such/folder/picture.png");
-    EXPECT_FALSE(Viewer::writeWindowPicture(*frame, impossible).isEmpty());
+    EXPECT_FALSE(Program::writeWindowPicture(*frame, impossible).isEmpty());
 }

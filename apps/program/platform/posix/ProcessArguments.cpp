@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "apps/viewer/platform/ProcessArguments.h"
+#include "apps/program/platform/ProcessArguments.h"
 
 #include <system_error>
 
-namespace Nolvex::Viewer {
+namespace Nolvex::Program {
 
 Array<Io::Path> processArguments(int argc, char** argv)
 {
@@ -19,4 +19,4 @@ Io::Path programFile()
     return std::filesystem::read_symlink("/proc/self/exe", ignored);
 }
 
-} // namespace Nolvex::Viewer
+} // namespace Nolvex::Program

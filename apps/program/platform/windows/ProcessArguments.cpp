@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "apps/viewer/platform/ProcessArguments.h"
+#include "apps/program/platform/ProcessArguments.h"
 
 #include <windows.h>
 
@@ -8,7 +8,7 @@
 #include <memory>
 #include <string>
 
-namespace Nolvex::Viewer {
+namespace Nolvex::Program {
 
 Array<Io::Path> processArguments(int /*argc*/, char** /*argv*/)
 {
@@ -28,4 +28,4 @@ Io::Path programFile()
     return std::filesystem::path(name);
 }
 
-} // namespace Nolvex::Viewer
+} // namespace Nolvex::Program

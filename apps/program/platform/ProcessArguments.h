@@ -4,7 +4,7 @@
 #include "NolvexLib/Array.h"
 #include "NolvexLib/Io/Path.h"
 
-namespace Nolvex::Viewer {
+namespace Nolvex::Program {
 
 /// The program's arguments without its name, with every character the user typed: on Windows `main` gets them
 /// in a code page that cannot hold all.
@@ -13,4 +13,4 @@ Array<Io::Path> processArguments(int argc, char** argv);
 /// The program's own file.
 Io::Path programFile();
 
-} // namespace Nolvex::Viewer
+} // namespace Nolvex::Program

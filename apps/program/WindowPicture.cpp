@@ -1,26 +1,24 @@
 // SPDX-License-Identifier: MIT
-#include "apps/viewer/WindowPicture.h"
+#include "apps/program/WindowPicture.h"
 
 #include "NolvexLib/Exception.h"
 #include "NolvexLib/Io/FileOutputStream.h"
+#include "NolvexLibWx/BitmapConversions.h"
+#include "NolvexLibWx/GeometryConversions.h"
+#include "NolvexLibWx/ScreenCapture.h"
 
-#include <wx/dcmemory.h>
-#include <wx/dcscreen.h>
 #include <wx/image.h>
 #include <wx/mstream.h>
 #include <wx/toplevel.h>
 
-namespace Nolvex::Viewer {
+namespace Nolvex::Program {
 
 String writeWindowPicture(const wxTopLevelWindow& window, const Io::Path& file)
 {
     const wxRect area(window.ClientToScreen(wxPoint(0, 0)), window.GetClientSize());
-    wxBitmap bitmap(area.GetSize(), 24);
-    {
-        wxMemoryDC memory(bitmap);
-        wxScreenDC screen;
-        memory.Blit(wxPoint(0, 0), area.GetSize(), &screen, area.GetTopLeft());
-    }
+    const wxBitmap bitmap = Wx::toWxBitmap(Wx::getScreenRegionColors(Wx::toBucket(area)), false);
+    if (!bitmap.IsOk())
+        return L"The window cannot be read from the screen.";
     wxMemoryOutputStream encoded;
     if (!bitmap.ConvertToImage().SaveFile(encoded, wxBITMAP_TYPE_PNG))
         return L"The picture of the window cannot be encoded.";
@@ -35,4 +33,4 @@ String writeWindowPicture(const wxTopLevelWindow& window, const Io::Path& file)
     return {};
 }
 
-} // namespace Nolvex::Viewer
+} // namespace Nolvex::Program

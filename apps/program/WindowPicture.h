@@ -6,10 +6,10 @@
 
 class wxTopLevelWindow;
 
-namespace Nolvex::Viewer {
+namespace Nolvex::Program {
 
 /// Writes what the screen shows of the window to a PNG file. The error, empty for none, is a sentence for the
 /// user.
 String writeWindowPicture(const wxTopLevelWindow& window, const Io::Path& file);
 
-} // namespace Nolvex::Viewer
+} // namespace Nolvex::Program

@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+#include "apps/gallery/GalleryFrame.h"
+
+#include "NolvexLibWx/DpiScaling.h"
+#include "NolvexLibWx/StringConversions.h"
+#include "NolvexLibWx/WindowIcon.h"
+#include "NolvexLibWx/widgets/ApplySkinRecursive.h"
+#include "NolvexLibWx/widgets/GuiSkin.h"
+#include "NolvexLibWx/widgets/StaticLine.h"
+
+#include <wx/choice.h>
+#include <wx/listbox.h>
+#include <wx/panel.h>
+#include <wx/sizer.h>
+#include <wx/textctrl.h>
+
+#include <array>
+
+namespace Nolvex::Gallery {
+
+namespace {
+
+constexpr int MARGIN = 10;
+constexpr int SIDEBAR_WIDTH = 150;
+constexpr int LOG_HEIGHT = 90;
+const wxSize FRAME_SIZE(760, 560);
+
+struct NamedSkin
+{
+    const wchar_t* name;
+    Wx::GuiSkin skin;
+};
+
+// The first is what the library starts with, read before anybody changes it.
+const std::array<NamedSkin, GalleryFrame::SKIN_COUNT>& skins()
+{
+    static const std::array<NamedSkin, GalleryFrame::SKIN_COUNT> all{
+        NamedSkin{L"Dark", Wx::GuiSkin::DEFAULT()}, NamedSkin{L"Paper",
+                                                              {.text = {40, 36, 30},
+                                                               .disabledText = {150, 144, 134},
+                                                               .background = {232, 226, 214},
+                                                               .darkBackground = {206, 198, 182},
+                                                               .accentText = {255, 255, 255},
+                                                               .accent = {176, 92, 54},
+                                                               .pressedBackground = {222, 176, 140},
+                                                               .link = {150, 66, 26},
+                                                               .highlight = {196, 104, 48}}}};
+    return all;
+}
+
+} // namespace
+
+GalleryFrame::GalleryFrame() : wxFrame(nullptr, wxID_ANY, L"Gallery"), m_pages(allPages())
+{
+    skins();
+    Wx::setZephraIcon(this);
+    auto* root = new wxPanel(this);
+    m_stage = new wxPanel(root);
+    m_stage->SetSizer(new wxBoxSizer(wxVERTICAL));
+    m_log = new wxTextCtrl(root, wxID_ANY, wxString(), wxDefaultPosition,
+                           Wx::scaleByDpi(wxSize(-1, LOG_HEIGHT)), wxTE_MULTILINE | wxTE_READONLY);
+
+    auto* right = new wxBoxSizer(wxVERTICAL);
+    right->Add(m_stage, 1, wxEXPAND);
+    right->Add(new Wx::StaticLine(root, wxHORIZONTAL), 0, wxEXPAND | wxTOP | wxBOTTOM, MARGIN);
+    right->Add(m_log, 0, wxEXPAND);
+    auto* sizer = new wxBoxSizer(wxHORIZONTAL);
+    sizer->Add(makeSidebar(root), 0, wxEXPAND | wxALL, MARGIN);
+    sizer->Add(right, 1, wxEXPAND | wxTOP | wxBOTTOM | wxRIGHT, MARGIN);
+    root->SetSizer(sizer);
+    SetClientSize(Wx::scaleByDpi(FRAME_SIZE));
+    Centre();
+    chooseSkin(0);
+}
+
+wxWindow* GalleryFrame::makeSidebar(wxWindow* parent)
+{
+    auto* sidebar = new wxPanel(parent);
+    m_titles = new wxListBox(sidebar, wxID_ANY, wxDefaultPosition, Wx::scaleByDpi(wxSize(SIDEBAR_WIDTH, -1)));
+    for (const Page& page : m_pages)
+        m_titles->Append(Wx::toWxString(page.title));
+    m_skins = new wxChoice(sidebar, wxID_ANY);
+    for (int i = 0; i < SKIN_COUNT; ++i)
+        m_skins->Append(skinName(i));
+
+    m_titles->Bind(wxEVT_LISTBOX, [this](wxCommandEvent& event) {
+        showPage(static_cast<std::size_t>(event.GetSelection()));
+    });
+    m_skins->Bind(wxEVT_CHOICE, [this](wxCommandEvent& event) { chooseSkin(event.GetSelection()); });
+
+    auto* sizer = new wxBoxSizer(wxVERTICAL);
+    sizer->Add(m_titles, 1, wxEXPAND | wxBOTTOM, MARGIN);
+    sizer->Add(m_skins, 0, wxEXPAND);
+    sidebar->SetSizer(sizer);
+    return sidebar;
+}
+
+const wchar_t* GalleryFrame::skinName(int index)
+{
+    return skins()[static_cast<std::size_t>(index)].name;
+}
+
+void GalleryFrame::showPage(std::size_t index)
+{
+    m_shown = index;
+    m_titles->SetSelection(static_cast<int>(index));
+    if (m_page != nullptr)
+        m_page->Destroy();
+    m_page = new wxPanel(m_stage);
+    m_pages[index].build(m_page, [this](const String& text) { log(text); });
+    m_stage->GetSizer()->Clear();
+    m_stage->GetSizer()->Add(m_page, 1, wxEXPAND);
+    Wx::applySkinRecursive(this, Wx::GuiSkin::DEFAULT());
+    m_stage->Layout();
+    Refresh();
+}
+
+void GalleryFrame::chooseSkin(int index)
+{
+    Wx::GuiSkin::DEFAULT() = skins()[static_cast<std::size_t>(index)].skin;
+    m_skins->SetSelection(index);
+    showPage(m_shown);
+    // What was written before keeps the colours of its time until it is written anew.
+    const wxString written = m_log->GetValue();
+    m_log->Clear();
+    m_log->AppendText(written);
+    log(L"The default skin is " + String(skinName(index)) + L".");
+}
+
+void GalleryFrame::log(const String& text)
+{
+    m_log->AppendText(Wx::toWxString(text + L"\n"));
+}
+
+} // namespace Nolvex::Gallery

@@ -1,0 +1,21 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+# gallery.sh COMMAND...: the gallery writes a picture of every page in every skin.
+set -euo pipefail
+cd "$(dirname "$0")/../.."
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+
+timeout 120 "$@" --screenshots "$folder"
+pages=$(grep -lE '^const Page ' apps/gallery/pages/*.cpp | wc -l)
+for skin in Dark Paper; do
+  pictures=$(find "$folder" -name "*-$skin.png" -size +4k | wc -l)
+  if [ "$pictures" -ne "$pages" ]; then
+    echo "gallery: $pictures pictures in the skin $skin, $pages expected"
+    exit 1
+  fi
+done
+if timeout 60 "$@" --screenshots "$folder/no/such/folder" 2>/dev/null; then
+  echo "gallery: no error for a folder that is not there"
+  exit 1
+fi
