@@ -9,6 +9,7 @@
 
 #include <wx/sizer.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace Nolvex::Gallery {
@@ -25,8 +26,8 @@ BitmapImpl<Rgb> glow(int size)
         for (int x = 0; x < size; ++x) {
             const float dx = (static_cast<float>(x) + 0.5f) / static_cast<float>(size) * 2.0f - 1.0f;
             const float dy = (static_cast<float>(y) + 0.5f) / static_cast<float>(size) * 2.0f - 1.0f;
-            const float near = std::max(0.0f, 1.0f - std::sqrt(dx * dx + dy * dy));
-            image.at(x, y) = {3.0f * near, 1.6f * near, 0.6f * near, near};
+            const float light = std::max(0.0f, 1.0f - std::sqrt(dx * dx + dy * dy));
+            image.at(x, y) = {3.0f * light, 1.6f * light, 0.6f * light, light};
         }
     }
     return image;
