@@ -16,6 +16,8 @@ namespace Nolvex::Wx {
 ///
 /// Colours are clamped to 0 to 1 and rounded, ties to even; NaN gives 0. Without alpha the bitmap has 24
 /// bits. With alpha it has 32, not premultiplied; alpha times 255 is truncated toward zero, then clamped.
+/// (On Windows the toolkit takes such bitmaps for premultiplied ones when it draws them: what is to be drawn
+/// with alpha there goes through BitmapConverter.)
 NOLVEXLIBWX_EXPORT wxBitmap toWxBitmap(const BitmapImpl<Rgb>& image, bool withAlpha);
 
 /// The bitmap's bytes times 1/255, alpha 1 where it has none. An invalid bitmap gives an empty image. Bitmaps

@@ -1,18 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <wx/stattext.h>
+/// Platform::OwnWindowStaticText: a wxStaticText that is sent wxEVT_PAINT and the events of the mouse, and
+/// whose best size has room for all characters of its label. The base of public controls, hence chosen here
+/// and not by the build.
+#include <wx/defs.h>
 
 #ifdef __WXGTK__
 #include "NolvexLibWx/platform/gtk/OwnWindowStaticText.h"
 #else
-
-namespace Nolvex::Platform {
-
-/// A label that is sent wxEVT_PAINT and the events of the mouse. Everywhere but on GTK the toolkit's own is
-/// one.
-using OwnWindowStaticText = wxStaticText;
-
-} // namespace Nolvex::Platform
-
+#include "NolvexLibWx/platform/msw/OwnWindowStaticText.h"
 #endif

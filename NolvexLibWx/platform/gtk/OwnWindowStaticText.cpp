@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/platform/OwnWindowStaticText.h"
 
-#include <wx/arrstr.h>
-
-#include <algorithm>
+#include "NolvexLibWx/LabelExtent.h"
 
 #include <gtk/gtk.h>
 
@@ -44,13 +42,7 @@ bool Platform::OwnWindowStaticText::SetFont(const wxFont& font)
 
 wxSize Platform::OwnWindowStaticText::DoGetBestSize() const
 {
-    const int lineHeight = GetCharHeight();
-    wxSize size(0, 0);
-    for (const wxString& line : wxSplit(GetLabel(), '\n', '\0')) {
-        const wxSize extent = GetTextExtent(line);
-        size = {std::max(size.x, extent.x), size.y + std::max(extent.y, lineHeight)};
-    }
-    return size;
+    return labelExtent(*this);
 }
 
 wxString Platform::OwnWindowStaticText::WXGetVisibleLabel() const

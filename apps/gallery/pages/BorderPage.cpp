@@ -10,7 +10,7 @@ namespace Nolvex::Gallery {
 
 namespace {
 
-const wxSize BORDER_SIZE(150, 44);
+const wxSize BORDER_SIZE(180, 44);
 
 String nameOf(Flags<OskaBorderState> state)
 {

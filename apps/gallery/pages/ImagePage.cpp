@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "NolvexLib/BitmapImpl.h"
 #include "NolvexLib/Rgb.h"
-#include "NolvexLibWx/BitmapConversions.h"
+#include "NolvexLibImage/Image.h"
+#include "NolvexLibWx/BitmapConverter.h"
 #include "NolvexLibWx/widgets/OskaBorder.h"
 #include "NolvexLibWx/widgets/StaticBitmap.h"
 #include "NolvexLibWx/widgets/StaticText.h"
@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 namespace Nolvex::Gallery {
 
@@ -19,18 +20,28 @@ namespace {
 constexpr int GAP = 10;
 
 // A disc of light: up to 3 in its middle, so that clamping shows; alpha falls off to its rim.
-BitmapImpl<Rgb> glow(int size)
+Rgb glowAt(int x, int y, int size)
 {
-    BitmapImpl<Rgb> image(size, size);
+    const float dx = (static_cast<float>(x) + 0.5f) / static_cast<float>(size) * 2.0f - 1.0f;
+    const float dy = (static_cast<float>(y) + 0.5f) / static_cast<float>(size) * 2.0f - 1.0f;
+    const float light = std::max(0.0f, 1.0f - std::sqrt(dx * dx + dy * dy));
+    return {3.0f * light, 1.6f * light, 0.6f * light, light};
+}
+
+wxBitmap glow(int size, bool withAlpha)
+{
+    const PixelFormat format = withAlpha ? PixelFormat::FLOAT32_RGBA : PixelFormat::FLOAT32_RGB;
+    Expected<Image, String> image = Image::create(size, size, format, 1.0f);
+    if (!image)
+        return {};
+    const std::size_t pixelSize = Image::getPixelFormatByteCount(format);
     for (int y = 0; y < size; ++y) {
         for (int x = 0; x < size; ++x) {
-            const float dx = (static_cast<float>(x) + 0.5f) / static_cast<float>(size) * 2.0f - 1.0f;
-            const float dy = (static_cast<float>(y) + 0.5f) / static_cast<float>(size) * 2.0f - 1.0f;
-            const float light = std::max(0.0f, 1.0f - std::sqrt(dx * dx + dy * dy));
-            image.at(x, y) = {3.0f * light, 1.6f * light, 0.6f * light, light};
+            const Rgb colour = glowAt(x, y, size);
+            std::memcpy(image->row(y).data() + static_cast<std::size_t>(x) * pixelSize, &colour, pixelSize);
         }
     }
-    return image;
+    return BitmapConverter::zephraImageToWxBitmap(*image);
 }
 
 void build(wxWindow* parent, const Log& /*log*/)
@@ -39,7 +50,7 @@ void build(wxWindow* parent, const Log& /*log*/)
     for (const bool withAlpha : {false, true}) {
         rows->Add(new Wx::StaticText(parent, wxID_ANY, withAlpha ? L"With alpha" : L"Without alpha"));
         auto* border = new OskaBorder(parent);
-        border->addChild(new Wx::StaticBitmap(border, wxID_ANY, Wx::toWxBitmap(glow(160), withAlpha)));
+        border->addChild(new Wx::StaticBitmap(border, wxID_ANY, glow(160, withAlpha)));
         rows->Add(border, 0, wxTOP | wxBOTTOM, GAP);
     }
     parent->SetSizer(rows);

@@ -6,6 +6,7 @@
 #include "support/Screen.h"
 
 #include <wx/arrstr.h>
+#include <wx/dcclient.h>
 #include <wx/frame.h>
 #include <wx/panel.h>
 #include <wx/uiaction.h>
@@ -196,6 +197,16 @@ TEST_F(StaticTextTest, painted_ampersandsAreCharacters)
     panel->DestroyChildren();
     const wxRect marked = inked(shown(make(L"M&M", FIXED, {}, {120, 30})));
     EXPECT_GT(marked.width, plain.width + 4);
+}
+
+TEST_F(StaticTextTest, ampersands_haveRoom)
+{
+    for (const wchar_t* label : {L"this & that", L"&&&&", L"first & line\nsecond && line"}) {
+        const StaticText* text = make(label);
+        wxClientDC dc(panel);
+        dc.SetFont(text->GetFont());
+        EXPECT_GE(text->GetBestSize().x, dc.GetMultiLineTextExtent(label).x) << label;
+    }
 }
 
 TEST_F(StaticTextTest, mouse_entersAndLeavesIt)
