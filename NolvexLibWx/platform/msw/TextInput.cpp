@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/platform/TextInput.h"
+
+#include <wx/textctrl.h>
+
+namespace Nolvex {
+
+void Platform::askBeforeTabbing(wxWindow& /*control*/) {}
+
+void Platform::captureMouse(wxTextCtrl& text)
+{
+    text.CaptureMouse();
+}
+
+} // namespace Nolvex

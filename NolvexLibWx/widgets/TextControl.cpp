@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/widgets/TextControl.h"
+
+#include "NolvexLibWx/DpiScaling.h"
+#include "NolvexLibWx/StringConversions.h"
+#include "NolvexLibWx/platform/NativePaint.h"
+#include "NolvexLibWx/platform/TextInput.h"
+
+#include <wx/dc.h>
+
+namespace Nolvex {
+
+Wx::TextControl::TextControl(wxWindow* parent, int id, const String& value, unsigned int style,
+                             Flags<TextFlag> flags, wxSize size)
+    : SkinnableMixin<wxTextCtrl>(parent, id, toWxString(value), wxDefaultPosition, scaleByDpi(size),
+                                 static_cast<long>(style)),
+      TooltipWindow(this),
+      m_disabledPaint(std::make_unique<Platform::NativePaint>(*this, [this](wxDC& dc) { paintDisabled(dc); }))
+{
+    Platform::askBeforeTabbing(*this);
+    SetFont(setupStaticTextFont(GetFont(), flags));
+}
+
+Wx::TextControl::~TextControl() = default;
+
+bool Wx::TextControl::AcceptsFocusFromKeyboard() const
+{
+    return !HasFlag(wxTE_READONLY);
+}
+
+void Wx::TextControl::paintDisabled(wxDC& dc) const
+{
+    constexpr int LEFT = 3;
+    dc.SetTextForeground(toWxColour(m_skin.disabledText));
+    dc.DrawText(GetValue(), scaleByDpi(LEFT), 0);
+}
+
+} // namespace Nolvex

@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/widgets/TextCtrl.h"
+
+#include "NolvexLibWx/ScopedWindowFreezer.h"
+#include "NolvexLibWx/platform/TextInput.h"
+#include "NolvexLibWx/platform/TextPositions.h"
+
+#include <algorithm>
+
+namespace Nolvex {
+
+namespace {
+
+// Inside the client area, the nearest point to one that may be outside.
+wxPoint clampedTo(const wxSize& area, const wxPoint& point)
+{
+    return {std::max(std::min(point.x, area.x - 1), 0), std::max(std::min(point.y, area.y - 1), 0)};
+}
+
+} // namespace
+
+wxBEGIN_EVENT_TABLE(Wx::TextCtrl, wxTextCtrl) EVT_ERASE_BACKGROUND(Wx::TextCtrl::onEraseBackground)
+    EVT_LEFT_DOWN(Wx::TextCtrl::onLeftDown) EVT_LEFT_DCLICK(Wx::TextCtrl::onLeftDoubleClick)
+        EVT_LEFT_UP(Wx::TextCtrl::onLeftUp) EVT_MOTION(Wx::TextCtrl::onMotion)
+            EVT_ENTER_WINDOW(Wx::TextCtrl::onEnter) EVT_KEY_DOWN(Wx::TextCtrl::onKeyDown) wxEND_EVENT_TABLE()
+
+                Wx::TextCtrl::TextCtrl(wxWindow* parent, int id, const wxString& value, const wxPoint& pos,
+                                       const wxSize& size, long style)
+    : wxTextCtrl(parent, id, value, pos, size, style & ~(wxTE_RICH | wxTE_RICH2))
+{
+    Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent&) { releaseCapture(); });
+}
+
+Wx::TextCtrl::~TextCtrl()
+{
+    releaseCapture();
+}
+
+void Wx::TextCtrl::AppendText(const wxString& text)
+{
+    const ScopedWindowFreezer frozen(this);
+    const long lastPosition = GetLastPosition();
+    long from = 0;
+    long to = 0;
+    GetSelection(&from, &to);
+    const int firstLine = Platform::firstVisibleLine(*this);
+    wxTextCtrl::AppendText(text);
+
+    const bool followsEnd = from == to && (!HasFocus() || to == lastPosition);
+    if (followsEnd) {
+        const long end = GetLastPosition();
+        SetSelection(end, end);
+        Platform::scrollToEnd(*this);
+    } else {
+        SetSelection(from, to);
+        Platform::scrollBackTo(*this, firstLine);
+    }
+    Update();
+}
+
+void Wx::TextCtrl::SetInsertionPoint(long pos)
+{
+    // On GTK the toolkit would remember to scroll to the caret later.
+    if (IsFrozen()) {
+        const long place = pos == -1 ? GetLastPosition() : pos;
+        SetSelection(place, place);
+    } else {
+        wxTextCtrl::SetInsertionPoint(pos);
+    }
+}
+
+void Wx::TextCtrl::Update()
+{
+    // Painted now, a frozen control would be a hole in its parent for a moment.
+    if (!IsFrozen())
+        wxTextCtrl::Update();
+}
+
+// Not the text control's own: on GTK it takes the whole text from the view and gives it back, which loses the
+// place the view was scrolled to and takes longer the longer the text is.
+
+void Wx::TextCtrl::DoFreeze()
+{
+    wxControl::DoFreeze(); // NOLINT(bugprone-parent-virtual-call)
+}
+
+void Wx::TextCtrl::DoThaw()
+{
+    wxControl::DoThaw(); // NOLINT(bugprone-parent-virtual-call)
+}
+
+// Nothing to erase: the text is painted with its background, and appending does not flicker.
+void Wx::TextCtrl::onEraseBackground(wxEraseEvent& /*event*/) {}
+
+void Wx::TextCtrl::onLeftDown(wxMouseEvent& event)
+{
+    m_selectionAnchor = Platform::textPlaceAt(*this, event.GetPosition()).index;
+    SetSelection(m_selectionAnchor, m_selectionAnchor);
+    SetFocus();
+    m_selecting = true;
+    if (!HasCapture())
+        Platform::captureMouse(*this);
+}
+
+void Wx::TextCtrl::onLeftDoubleClick(wxMouseEvent& event)
+{
+    const int line = Platform::textPlaceAt(*this, event.GetPosition()).line;
+    const int start = Platform::firstIndexOfLine(*this, line);
+    const int next = Platform::firstIndexOfLine(*this, line + 1);
+    SetSelection(start, next == -1 ? GetLastPosition() : next - 1);
+}
+
+void Wx::TextCtrl::onLeftUp(wxMouseEvent& /*event*/)
+{
+    m_selecting = false;
+    releaseCapture();
+}
+
+void Wx::TextCtrl::onMotion(wxMouseEvent& event)
+{
+    if (!m_selecting)
+        return;
+    const wxPoint point = clampedTo(GetClientSize(), event.GetPosition());
+    SetSelection(m_selectionAnchor, Platform::textPlaceAt(*this, point).index);
+}
+
+void Wx::TextCtrl::onEnter(wxMouseEvent& event)
+{
+    // The button of a drag may have been released elsewhere.
+    if (!event.LeftIsDown())
+        m_selecting = false;
+}
+
+void Wx::TextCtrl::onKeyDown(wxKeyEvent& event)
+{
+    const int key = event.GetKeyCode();
+    if ((key == 'A' || key == 'a') && event.ControlDown())
+        SetSelection(0, -1);
+}
+
+void Wx::TextCtrl::releaseCapture()
+{
+    if (HasCapture())
+        ReleaseMouse();
+}
+
+} // namespace Nolvex

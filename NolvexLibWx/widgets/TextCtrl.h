@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "NolvexLibWx/Export.h"
+#include "NolvexLibWx/widgets/Focusable.h"
+
+#include <wx/textctrl.h>
+
+#include <cstdint>
+
+namespace Nolvex::Wx {
+
+/// A plain text area for logs and read-only texts, never a rich one. It has its own selection by the mouse
+/// (a click places the caret, dragging extends, a double click takes the line), selects everything on Ctrl+A
+/// and consumes every other key-down. Text that is appended stays in view while the user leaves the end
+/// alone.
+///
+/// Only the first 65,535 characters and lines can be reached by the mouse on Windows.
+class NOLVEXLIBWX_EXPORT TextCtrl : public wxTextCtrl, public Focusable
+{
+public:
+    /// `size` in pixels. wxTE_RICH and wxTE_RICH2 are taken out of the style.
+    TextCtrl(wxWindow* parent, int id, const wxString& value = {}, const wxPoint& pos = wxDefaultPosition,
+             const wxSize& size = wxDefaultSize, long style = 0);
+    ~TextCtrl() override;
+
+    /// Follows the end, caret and view, if nothing is selected and the control has either no focus or its
+    /// caret at the end. Otherwise the selection and the view stay where they are.
+    void AppendText(const wxString& text) override;
+
+    /// While frozen, leaves the view where it is.
+    void SetInsertionPoint(long pos) override;
+
+    /// Paints nothing while frozen.
+    void Update() override;
+
+protected:
+    void DoFreeze() override;
+    void DoThaw() override;
+
+private:
+    void onEraseBackground(wxEraseEvent& event);
+    void onLeftDown(wxMouseEvent& event);
+    void onLeftDoubleClick(wxMouseEvent& event);
+    void onLeftUp(wxMouseEvent& event);
+    void onMotion(wxMouseEvent& event);
+    void onEnter(wxMouseEvent& event);
+    void onKeyDown(wxKeyEvent& event);
+    void releaseCapture();
+
+    bool m_selecting = false;
+    std::int32_t m_selectionAnchor = 0;
+
+    wxDECLARE_EVENT_TABLE();
+};
+
+} // namespace Nolvex::Wx

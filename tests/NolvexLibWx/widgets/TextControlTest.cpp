@@ -1,0 +1,209 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/widgets/TextControl.h"
+
+#include "NolvexLibWx/DpiScaling.h"
+#include "support/Events.h"
+#include "support/Screen.h"
+
+#include <wx/button.h>
+#include <wx/frame.h>
+#include <wx/panel.h>
+
+#include <gtest/gtest.h>
+
+#include <type_traits>
+
+using namespace Nolvex;
+using Wx::GuiSkin;
+using Wx::TextControl;
+using Wx::TextFlag;
+
+namespace {
+
+static_assert(std::is_base_of_v<Wx::SkinnableMixin<wxTextCtrl>, TextControl> &&
+              std::is_base_of_v<Wx::TooltipWindow, TextControl>);
+
+constexpr RgbBytes PAPER{0, 0, 0};
+constexpr unsigned int PLAIN = wxBORDER_NONE;
+
+// Only the disabled text has red, only the enabled one green.
+GuiSkin testSkin()
+{
+    GuiSkin skin = GuiSkin::DEFAULT();
+    skin.background = PAPER;
+    skin.text = {0, 255, 0};
+    skin.disabledText = {255, 0, 0};
+    return skin;
+}
+
+template<class Predicate>
+wxRect boundsOf(const wxImage& image, Predicate wanted)
+{
+    wxRect result;
+    for (int y = 0; y < image.GetHeight(); ++y) {
+        for (int x = 0; x < image.GetWidth(); ++x) {
+            if (wanted(Tests::pixelAt(image, x, y)))
+                result.Union(wxRect(x, y, 1, 1));
+        }
+    }
+    return result;
+}
+
+// The smallest rectangle with all text of the colour in it.
+wxRect redIn(const wxImage& image)
+{
+    return boundsOf(image, [](const RgbBytes& c) { return c.r > 100 && c.g < 60; });
+}
+
+wxRect greenIn(const wxImage& image)
+{
+    return boundsOf(image, [](const RgbBytes& c) { return c.g > 100 && c.r < 60; });
+}
+
+struct TextControlTest : testing::Test
+{
+    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "text", wxPoint(100, 100), wxSize(400, 300));
+    wxPanel* panel = new wxPanel(frame);
+
+    ~TextControlTest() override { Tests::destroyNow(frame); }
+
+    TextControl* make(const wchar_t* value, unsigned int style = PLAIN, Flags<TextFlag> flags = {}) const
+    {
+        auto* text = new TextControl(panel, 17, value, style, flags, {150, 30});
+        text->Move(20, 20);
+        return text;
+    }
+
+    wxImage shown(TextControl* text) const
+    {
+        frame->Show();
+        frame->Raise();
+        Tests::pumpEvents(200);
+        return Tests::captureClientArea(text);
+    }
+};
+
+} // namespace
+
+TEST_F(TextControlTest, construction_setsValueFontAndSize)
+{
+    const TextControl* text = make(L"some \u00fcber text", wxTE_RIGHT, {TextFlag::BOLD, TextFlag::ITALIC});
+    EXPECT_EQ(text->GetValue(), L"some \u00fcber text");
+    EXPECT_EQ(text->GetId(), 17);
+    EXPECT_EQ(text->GetSize(), Wx::scaleByDpi(wxSize(150, 30)));
+    EXPECT_EQ(text->GetFont(), Wx::setupStaticTextFont(text->GetFont(), {TextFlag::BOLD, TextFlag::ITALIC}));
+    EXPECT_EQ(text->GetFont().GetWeight(), wxFONTWEIGHT_BOLD);
+    EXPECT_TRUE(text->HasFlag(wxTE_RIGHT));
+    EXPECT_TRUE(make(L"")->GetValue().empty());
+}
+
+TEST_F(TextControlTest, construction_copiesTheDefaultSkinWithoutShowingIt)
+{
+    const TextControl* text = make(L"");
+    EXPECT_EQ(text->skin(), GuiSkin::DEFAULT());
+    EXPECT_NE(text->GetBackgroundColour(), Wx::toWxColour(GuiSkin::DEFAULT().background));
+}
+
+TEST_F(TextControlTest, applySkin_storesItAndSetsItsColours)
+{
+    TextControl* text = make(L"");
+    text->applySkin(testSkin());
+    EXPECT_EQ(text->skin(), testSkin());
+    EXPECT_EQ(text->GetBackgroundColour(), Wx::toWxColour(testSkin().background));
+    EXPECT_EQ(text->GetForegroundColour(), Wx::toWxColour(testSkin().text));
+}
+
+TEST_F(TextControlTest, tooltip_canBeSet)
+{
+    TextControl* text = make(L"");
+    text->setTooltip(L"about it");
+    EXPECT_NE(text->tooltip(), nullptr);
+}
+
+TEST_F(TextControlTest, readOnly_isSkippedWhenTabbing)
+{
+    auto* first = new wxButton(panel, wxID_ANY, "first");
+    TextControl* readOnly = make(L"read-only", wxTE_READONLY);
+    TextControl* editable = make(L"editable", 0);
+    EXPECT_FALSE(readOnly->AcceptsFocusFromKeyboard());
+    EXPECT_TRUE(editable->AcceptsFocusFromKeyboard());
+    frame->Show();
+    frame->Raise();
+    first->SetFocus();
+    ASSERT_TRUE(Tests::pumpUntil([&] { return first->HasFocus() && frame->IsActive(); }));
+    Tests::pumpEvents(200);
+    ASSERT_TRUE(first->HasFocus());
+    first->Navigate();
+    EXPECT_TRUE(Tests::pumpUntil([&] { return editable->HasFocus(); }));
+    editable->Navigate(wxNavigationKeyEvent::IsBackward);
+    EXPECT_TRUE(Tests::pumpUntil([&] { return first->HasFocus(); }));
+}
+
+TEST_F(TextControlTest, enabled_paintsItself)
+{
+    TextControl* text = make(L"HHHH");
+    text->applySkin(testSkin());
+    const wxImage image = shown(text);
+    EXPECT_FALSE(greenIn(image).IsEmpty());
+    EXPECT_TRUE(redIn(image).IsEmpty());
+}
+
+TEST_F(TextControlTest, disabled_showsItsValueInTheDisabledColourAtTheLeft)
+{
+    TextControl* text = make(L"HHHH");
+    text->applySkin(testSkin());
+    text->Disable();
+    const wxImage image = shown(text);
+    const wxRect ink = redIn(image);
+    EXPECT_TRUE(greenIn(image).IsEmpty());
+    EXPECT_GE(ink.x, Wx::scaleByDpi(3));
+    EXPECT_LE(ink.x, Wx::scaleByDpi(3) + 2);
+    const wxSize extent = text->GetTextExtent("HHHH");
+    EXPECT_LE(ink.GetRight(), Wx::scaleByDpi(3) + extent.x);
+    EXPECT_GE(ink.GetRight(), Wx::scaleByDpi(3) + extent.x - 4);
+    EXPECT_LT(ink.GetBottom(), extent.y);
+    EXPECT_EQ(Tests::pixelAt(image, image.GetWidth() / 2 + 30, image.GetHeight() / 2), PAPER);
+}
+
+TEST_F(TextControlTest, disabledByItsParent_looksTheSame)
+{
+    TextControl* text = make(L"HHHH");
+    text->applySkin(testSkin());
+    panel->Disable();
+    EXPECT_FALSE(redIn(shown(text)).IsEmpty());
+}
+
+TEST_F(TextControlTest, disabledWhileShown_showsTheNewValueAndColour)
+{
+    TextControl* text = make(L"H");
+    text->applySkin(testSkin());
+    EXPECT_TRUE(redIn(shown(text)).IsEmpty());
+    text->Disable();
+    text->ChangeValue("HHHH");
+    text->Refresh();
+    const wxRect ink = redIn(shown(text));
+    EXPECT_GT(ink.width, text->GetTextExtent("HHH").x);
+    text->Enable();
+    text->Refresh();
+    EXPECT_TRUE(redIn(shown(text)).IsEmpty());
+}
+
+TEST_F(TextControlTest, disabled_ofSeveralLines_showsItsValueToo)
+{
+    TextControl* text = make(L"HHHH", PLAIN | wxTE_MULTILINE);
+    text->applySkin(testSkin());
+    text->Disable();
+    EXPECT_FALSE(redIn(shown(text)).IsEmpty());
+}
+
+TEST_F(TextControlTest, destroyedWhileDisabledAndShown_isGoneWithoutATrace)
+{
+    TextControl* text = make(L"HHHH");
+    text->applySkin(testSkin());
+    text->Disable();
+    panel->SetBackgroundColour(*wxWHITE);
+    EXPECT_FALSE(redIn(shown(text)).IsEmpty());
+    text->Destroy();
+    Tests::pumpEvents(100);
+    EXPECT_TRUE(redIn(Tests::captureClientArea(panel)).IsEmpty());
+}
