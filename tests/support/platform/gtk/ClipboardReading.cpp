@@ -4,6 +4,7 @@
 #include "support/Events.h"
 
 #include <wx/mstream.h>
+#include <wx/utils.h>
 
 #include <gtk/gtk.h>
 
@@ -105,6 +106,10 @@ bool Tests::whileClipboardIsTaken(const std::function<bool()>& copy)
 {
     // Who handles an event older than the last copying may not copy: the server refuses.
     outputWhilePumping("echo taken | xclip -selection clipboard -i >/dev/null 2>&1");
+    // The other program goes to the background before the server has heard of its copy.
+    constexpr int MOST_LOOKS = 200;
+    for (int i = 0; i < MOST_LOOKS && !readClipboard("UTF8_STRING").starts_with("taken"); ++i)
+        wxMilliSleep(10);
     GtkWidget* window = gtk_window_new(GTK_WINDOW_POPUP);
     gtk_widget_realize(window);
     Call call{copy};
