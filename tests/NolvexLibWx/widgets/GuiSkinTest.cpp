@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/widgets/GuiSkin.h"
 
+#include "support/DefaultSkinGuard.h"
 #include "support/Screen.h"
 
 #include <gtest/gtest.h>
@@ -11,14 +12,6 @@ using namespace Nolvex;
 using namespace Nolvex::Wx;
 
 namespace {
-
-// Gives the default skin back as it was found.
-struct DefaultSkinGuard
-{
-    GuiSkin before = GuiSkin::DEFAULT();
-
-    ~DefaultSkinGuard() { GuiSkin::DEFAULT() = before; }
-};
 
 // Read by a static constructor: constant data is there before any code runs.
 const RgbBytes g_linkDuringStaticConstruction = GuiSkin::DEFAULT().link;
@@ -50,7 +43,7 @@ TEST(GuiSkinTest, defaultSkin_isThereBeforeAnyConstructorRuns)
 
 TEST(GuiSkinTest, defaultSkin_isOneMutableInstance)
 {
-    const DefaultSkinGuard guard;
+    const Tests::DefaultSkinGuard guard;
     GuiSkin::DEFAULT().accent = {9, 8, 7};
     EXPECT_EQ(GuiSkin::DEFAULT().accent, (RgbBytes{9, 8, 7}));
     EXPECT_EQ(&GuiSkin::DEFAULT(), &GuiSkin::DEFAULT());

@@ -2,6 +2,7 @@
 #include "NolvexLibWx/widgets/OskaBorder.h"
 
 #include "NolvexLibWx/widgets/GuiSkin.h"
+#include "support/DefaultSkinGuard.h"
 #include "support/Events.h"
 #include "support/Screen.h"
 
@@ -70,13 +71,6 @@ void expectBorder(const wxImage& image, const wxSize& size, Flags<OskaBorderStat
                 << flags.bits();
     }
 }
-
-struct HighlightGuard
-{
-    RgbBytes before = Wx::GuiSkin::DEFAULT().highlight;
-
-    ~HighlightGuard() { Wx::GuiSkin::DEFAULT().highlight = before; }
-};
 
 // A border of 40 x 20 on white, shown where the mouse is not.
 struct OskaBorderWindowTest : testing::Test
@@ -165,7 +159,7 @@ TEST(OskaBorderTest, draw_awayFromTheOrigin_endsTheBottomLinesAtWidthAndHeight)
 
 TEST(OskaBorderTest, highlight_isReadFromTheDefaultSkinAtEachDrawing)
 {
-    const HighlightGuard guard;
+    const Tests::DefaultSkinGuard guard;
     Wx::GuiSkin::DEFAULT().highlight = {250, 10, 20};
     const wxImage image = drawn(wxSize(10, 10), {{0, 0}, {10, 10}}, {HOVERED, ENABLED});
     EXPECT_EQ(pixelAt(image, 1, 1), (RgbBytes{250, 10, 20}));
@@ -173,7 +167,7 @@ TEST(OskaBorderTest, highlight_isReadFromTheDefaultSkinAtEachDrawing)
 
 TEST(OskaBorderTest, pens_areSolidAndOnePixelWide)
 {
-    const HighlightGuard guard;
+    const Tests::DefaultSkinGuard guard;
     Wx::GuiSkin::DEFAULT().highlight = {1, 2, 3};
     const std::pair<wxPen, wxColour> pens[] = {{OskaBorder::OUTER(), {54, 54, 54}},
                                                {OskaBorder::INNER(), {37, 37, 37}},
@@ -230,7 +224,7 @@ TEST_F(OskaBorderWindowTest, hoveredButDisabled_keepsTheInnerColour)
 
 TEST_F(OskaBorderWindowTest, changedHighlight_showsAtTheNextPaint)
 {
-    const HighlightGuard guard;
+    const Tests::DefaultSkinGuard guard;
     OskaBorder* border = show(ENABLED);
     sendMouse(border, wxEVT_ENTER_WINDOW);
     Wx::GuiSkin::DEFAULT().highlight = {200, 100, 50};

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/widgets/SkinnableMixin.h"
 
+#include "support/DefaultSkinGuard.h"
 #include "support/Events.h"
 #include "support/Screen.h"
 
@@ -15,14 +16,6 @@ using namespace Nolvex;
 using namespace Nolvex::Wx;
 
 namespace {
-
-// Gives the default skin back as it was found.
-struct DefaultSkinGuard
-{
-    GuiSkin before = GuiSkin::DEFAULT();
-
-    ~DefaultSkinGuard() { GuiSkin::DEFAULT() = before; }
-};
 
 GuiSkin someSkin()
 {
@@ -43,7 +36,7 @@ struct SkinnableMixinTest : testing::Test
 
 TEST_F(SkinnableMixinTest, construction_copiesTheDefaultSkin)
 {
-    const DefaultSkinGuard guard;
+    const Tests::DefaultSkinGuard guard;
     GuiSkin::DEFAULT().disabledText = {11, 12, 13};
     auto* control = new SkinnableMixin<wxTextCtrl>(frame, wxID_ANY, "text");
     GuiSkin::DEFAULT().disabledText = {21, 22, 23};
