@@ -15,6 +15,22 @@
 
 namespace Nolvex::Io {
 
+namespace {
+
+/// For the end of a flush, which the bound of zlib does not count, and the end of the run behind it.
+/// Generous.
+constexpr std::int64_t FLUSH_RESERVE = 32;
+
+/// Room for less input than this, or than that part of a short piece, is left empty: it would take many small
+/// blocks to use it.
+constexpr int LEAST_INPUT = 512;
+constexpr int LEAST_INPUT_DIVISOR = 128;
+
+// zlib counts in 32 bits.
+constexpr std::int64_t MOST_INPUT = std::numeric_limits<std::int32_t>::max();
+
+} // namespace
+
 struct DeflateOutputStream::Compressor : private Noncopyable
 {
     enum class State
@@ -34,14 +50,19 @@ struct DeflateOutputStream::Compressor : private Noncopyable
 
     z_stream zlib = {};
     State state = State::OPEN;
+    // How much more input fits into the piece whatever the input is.
+    std::int64_t inputRoom = MOST_INPUT;
     std::array<Bytef, 65536> output;
 };
 
-DeflateOutputStream::DeflateOutputStream(BinaryOutputStream& target, int level) : m_target(target)
+DeflateOutputStream::DeflateOutputStream(BinaryOutputStream& target, int level, Optional<int> restartInterval)
+    : m_target(target), m_restartInterval(restartInterval)
 {
-    if (level < DEFAULT_LEVEL || level > Z_BEST_COMPRESSION)
+    if (level < DEFAULT_LEVEL || level > Z_BEST_COMPRESSION ||
+        (restartInterval && *restartInterval < LEAST_RESTART_INTERVAL))
         Detail::throwStopException("Io/DeflateOutputStream", __LINE__);
     m_compressor = std::make_unique<Compressor>(level);
+    measureRoom();
 }
 
 DeflateOutputStream::~DeflateOutputStream()
@@ -58,8 +79,10 @@ void DeflateOutputStream::flush()
 {
     if (m_compressor->state == Compressor::State::FAILED)
         throwUnlessOpen();
-    if (m_compressor->state == Compressor::State::OPEN)
+    if (m_compressor->state == Compressor::State::OPEN) {
         run(Z_SYNC_FLUSH);
+        measureRoom();
+    }
     m_target.flush();
 }
 
@@ -76,16 +99,49 @@ void DeflateOutputStream::writeImpl(const void* buffer, std::int64_t count)
 {
     throwUnlessOpen();
     const auto* bytes = static_cast<const Bytef*>(buffer);
-    // zlib counts in 32 bits.
-    constexpr std::int64_t MOST = std::numeric_limits<std::int32_t>::max();
     while (count > 0) {
-        const std::int64_t piece = std::min(count, MOST);
+        const std::int64_t piece = std::min(count, makeRoom());
         m_compressor->zlib.next_in = bytes;
         m_compressor->zlib.avail_in = static_cast<uInt>(piece);
         run(Z_NO_FLUSH);
+        m_compressor->inputRoom -= piece;
         bytes += piece;
         count -= piece;
     }
+}
+
+std::int64_t DeflateOutputStream::makeRoom()
+{
+    if (!m_restartInterval)
+        return MOST_INPUT;
+    const int least = std::min(LEAST_INPUT, *m_restartInterval / LEAST_INPUT_DIVISOR);
+    if (m_compressor->inputRoom < least) {
+        // The end of a block shows what the input so far has really become.
+        run(Z_BLOCK);
+        measureRoom();
+    }
+    if (m_compressor->inputRoom < least)
+        restart();
+    return m_compressor->inputRoom;
+}
+
+void DeflateOutputStream::measureRoom()
+{
+    if (!m_restartInterval)
+        return;
+    z_stream& zlib = m_compressor->zlib;
+    const uLong room = static_cast<uLong>(*m_restartInterval) - zlib.total_out;
+    const auto growth = static_cast<std::int64_t>(::deflateBound(&zlib, room) - room);
+    m_compressor->inputRoom = static_cast<std::int64_t>(room) - growth - FLUSH_RESERVE;
+}
+
+void DeflateOutputStream::restart()
+{
+    run(Z_FINISH);
+    m_compressor->output.fill(0);
+    handOn(*m_restartInterval - static_cast<std::int64_t>(m_compressor->zlib.total_out));
+    ::deflateReset(&m_compressor->zlib);
+    measureRoom();
 }
 
 void DeflateOutputStream::run(int mode)

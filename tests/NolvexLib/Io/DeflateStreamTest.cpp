@@ -2,10 +2,8 @@
 #include "NolvexLib/Io/DeflateInputStream.h"
 #include "NolvexLib/Io/DeflateOutputStream.h"
 
-#include "Bytes.h"
+#include "DeflateSamples.h"
 #include "NolvexLib/Exception.h"
-#include "NolvexLib/Io/MemoryInputStream.h"
-#include "NolvexLib/Io/MemoryOutputStream.h"
 #include "NolvexLib/StopException.h"
 
 #include <gtest/gtest.h>
@@ -15,32 +13,9 @@
 namespace Nolvex::Io {
 namespace {
 
-Array<std::byte> compress(std::string_view text, int level = DeflateOutputStream::DEFAULT_LEVEL)
-{
-    MemoryOutputStream target;
-    DeflateOutputStream stream(target, level);
-    Tests::writeText(stream, text);
-    stream.finish();
-    return target.takeBytes();
-}
-
-std::string decompress(ArrayView<const std::byte> bytes, std::int64_t pieceSize = 65536)
-{
-    MemoryInputStream source(bytes);
-    DeflateInputStream stream(source);
-    return Tests::readAll(stream, pieceSize);
-}
-
-// Lines that resemble each other as those of a document do.
-std::string documentText(std::size_t size)
-{
-    std::string text;
-    for (std::size_t i = 0; text.size() < size; ++i)
-        text += "entry " + std::to_string(i * 7919 % 100003) + " of the list, state " +
-                std::to_string(i % 5) + "\n";
-    text.resize(size);
-    return text;
-}
+using Tests::compress;
+using Tests::decompress;
+using Tests::documentText;
 
 std::string zeros(std::size_t size)
 {
