@@ -13,7 +13,7 @@ function(nolvex_add_test_support)
   target_include_directories(NolvexTestSupport PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}")
   target_link_libraries(NolvexTestSupport PUBLIC NolvexCompilerSettings NolvexLib GTest::gmock)
   if(WIN32)
-    target_link_libraries(NolvexTestSupport PRIVATE psapi)
+    target_link_libraries(NolvexTestSupport PRIVATE psapi ws2_32)
   endif()
   target_compile_definitions(NolvexTestSupport PUBLIC NOLVEX_TEST_DATA_DIR="${CMAKE_CURRENT_SOURCE_DIR}/data"
     $<$<BOOL:${NOLVEX_SANITIZE}>:NOLVEX_SANITIZED>)

@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/platform/SocketDescriptor.h"
+
+#include <fcntl.h>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <poll.h>
+#include <sys/select.h>
+#include <sys/socket.h>
+
+#include <algorithm>
+#include <cerrno>
+
+namespace Nolvex {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr int NONE = -1;
+
+// Long enough for any wait, short enough for poll.
+constexpr std::chrono::milliseconds LONGEST_POLL = std::chrono::hours(24);
+
+int pollTime(Clock::time_point end)
+{
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now());
+    return static_cast<int>(std::clamp(left, std::chrono::milliseconds(0), LONGEST_POLL).count());
+}
+
+void setOption(int descriptor, int level, int option)
+{
+    const int on = 1;
+    setsockopt(descriptor, level, option, &on, sizeof on);
+}
+
+} // namespace
+
+bool Platform::waitForSocket(int descriptor, SocketReadiness readiness, std::chrono::milliseconds time)
+{
+    const Clock::time_point end = Clock::now() + time;
+    const short events = readiness == SocketReadiness::READABLE ? POLLIN : POLLOUT;
+    for (;;) {
+        pollfd entry = {descriptor, events, 0};
+        const int count = poll(&entry, 1, pollTime(end));
+        if (count > 0)
+            return true;
+        const bool wasInterrupted = count < 0 && errno == EINTR;
+        if (!wasInterrupted && (count < 0 || Clock::now() >= end))
+            return false;
+    }
+}
+
+std::int64_t Platform::peekSocket(int descriptor, void* buffer, std::size_t size)
+{
+    return recv(descriptor, buffer, size, MSG_PEEK | MSG_DONTWAIT);
+}
+
+std::int64_t Platform::sendAtOnce(int descriptor, const void* buffer, std::size_t size)
+{
+    ssize_t count = 0;
+    do
+        count = ::send(descriptor, buffer, size, MSG_NOSIGNAL | MSG_DONTWAIT);
+    while (count < 0 && errno == EINTR);
+    const bool isFull = count < 0 && errno == EAGAIN;
+    return isFull ? 0 : count;
+}
+
+void Platform::dropDatagram(int descriptor)
+{
+    char byte = 0;
+    // What the datagram held is not wanted. NOLINTNEXTLINE(bugprone-unused-return-value)
+    static_cast<void>(recv(descriptor, &byte, 1, MSG_DONTWAIT));
+}
+
+bool Platform::isDescriptorUsable(int descriptor)
+{
+    return descriptor >= 0 && descriptor < FD_SETSIZE;
+}
+
+void Platform::prepareSocket(int descriptor)
+{
+    fcntl(descriptor, F_SETFD, fcntl(descriptor, F_GETFD) | FD_CLOEXEC);
+    fcntl(descriptor, F_SETFL, fcntl(descriptor, F_GETFL) | O_NONBLOCK);
+}
+
+void Platform::prepareDatagramSocket(int descriptor)
+{
+    prepareSocket(descriptor);
+}
+
+void Platform::prepareStreamSocket(int descriptor)
+{
+    prepareSocket(descriptor);
+    setOption(descriptor, IPPROTO_TCP, TCP_NODELAY);
+}
+
+void Platform::prepareListeningSocket(int descriptor)
+{
+    prepareSocket(descriptor);
+    listen(descriptor, SOMAXCONN);
+}
+
+Platform::NonWaitingSocket::NonWaitingSocket(const wxSocketBase& socket)
+    : m_socket(socket), m_changedDescriptor(NONE)
+{
+    const int descriptor = socket.GetSocket();
+    const int flags = fcntl(descriptor, F_GETFL);
+    if (flags < 0 || (flags & O_NONBLOCK) != 0)
+        return;
+    fcntl(descriptor, F_SETFL, flags | O_NONBLOCK);
+    m_changedDescriptor = descriptor;
+}
+
+Platform::NonWaitingSocket::~NonWaitingSocket()
+{
+    // The toolkit closes the descriptor when the connection ends, and its number may be somebody else's by
+    // now.
+    if (m_changedDescriptor != NONE && m_socket.GetSocket() == m_changedDescriptor)
+        fcntl(m_changedDescriptor, F_SETFL, fcntl(m_changedDescriptor, F_GETFL) & ~O_NONBLOCK);
+}
+
+} // namespace Nolvex

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/platform/SocketDescriptor.h"
+
+#include <winsock2.h>
+
+#include <windows.h>
+
+#include <mswsock.h>
+
+#include <algorithm>
+#include <limits>
+
+namespace Nolvex {
+
+namespace {
+
+fd_set setOf(SOCKET socket)
+{
+    fd_set set;
+    set.fd_count = 1;
+    set.fd_array[0] = socket;
+    return set;
+}
+
+timeval timevalOf(std::chrono::milliseconds time)
+{
+    const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(time);
+    const auto rest = std::chrono::microseconds(time - seconds);
+    const auto most = static_cast<std::chrono::seconds::rep>(std::numeric_limits<long>::max());
+    return {static_cast<long>(std::min(seconds.count(), most)), static_cast<long>(rest.count())};
+}
+
+} // namespace
+
+bool Platform::waitForSocket(wxSOCKET_T descriptor, SocketReadiness readiness, std::chrono::milliseconds time)
+{
+    fd_set wanted = setOf(descriptor);
+    // A connection that could not be made or was cut shows here.
+    fd_set failed = setOf(descriptor);
+    const bool reads = readiness == SocketReadiness::READABLE;
+    timeval limit = timevalOf(time);
+    return select(0, reads ? &wanted : nullptr, reads ? nullptr : &wanted, &failed, &limit) != 0;
+}
+
+std::int64_t Platform::peekSocket(wxSOCKET_T descriptor, void* buffer, std::size_t size)
+{
+    const auto length = static_cast<int>(std::min<std::size_t>(size, std::numeric_limits<int>::max()));
+    const int count = recv(descriptor, static_cast<char*>(buffer), length, MSG_PEEK);
+    // A datagram longer than the buffer is reported as an error, but copied as far as it fits.
+    return count == SOCKET_ERROR && WSAGetLastError() == WSAEMSGSIZE ? length : count;
+}
+
+std::int64_t Platform::sendAtOnce(wxSOCKET_T descriptor, const void* buffer, std::size_t size)
+{
+    const auto length = static_cast<int>(std::min<std::size_t>(size, std::numeric_limits<int>::max()));
+    const int count = send(descriptor, static_cast<const char*>(buffer), length, 0);
+    return count == SOCKET_ERROR && WSAGetLastError() == WSAEWOULDBLOCK ? 0 : count;
+}
+
+void Platform::dropDatagram(wxSOCKET_T descriptor)
+{
+    char byte = 0;
+    recv(descriptor, &byte, 1, 0);
+}
+
+bool Platform::isDescriptorUsable(wxSOCKET_T descriptor)
+{
+    return descriptor != INVALID_SOCKET;
+}
+
+void Platform::prepareSocket(wxSOCKET_T descriptor)
+{
+    // The toolkit made it non-waiting already.
+    SetHandleInformation(reinterpret_cast<HANDLE>(descriptor), HANDLE_FLAG_INHERIT, 0);
+}
+
+void Platform::prepareDatagramSocket(wxSOCKET_T descriptor)
+{
+    prepareSocket(descriptor);
+    BOOL reports = FALSE;
+    DWORD count = 0;
+    WSAIoctl(descriptor, SIO_UDP_CONNRESET, &reports, sizeof reports, nullptr, 0, &count, nullptr, nullptr);
+}
+
+void Platform::prepareStreamSocket(wxSOCKET_T descriptor)
+{
+    prepareSocket(descriptor);
+    const BOOL on = TRUE;
+    setsockopt(descriptor, IPPROTO_TCP, TCP_NODELAY, reinterpret_cast<const char*>(&on), sizeof on);
+}
+
+void Platform::prepareListeningSocket(wxSOCKET_T descriptor)
+{
+    prepareSocket(descriptor);
+    listen(descriptor, SOMAXCONN);
+}
+
+Platform::NonWaitingSocket::NonWaitingSocket(const wxSocketBase& socket)
+    : m_socket(socket), m_changedDescriptor(INVALID_SOCKET)
+{
+    // The toolkit's sockets never wait by themselves here.
+}
+
+Platform::NonWaitingSocket::~NonWaitingSocket() = default;
+
+} // namespace Nolvex

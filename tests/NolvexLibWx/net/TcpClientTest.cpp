@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/net/TcpClient.h"
+
+#include "Connections.h"
+#include "support/SystemLimits.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+#include <utility>
+#include <vector>
+
+namespace Nolvex::Wx::Legacy {
+namespace {
+
+using Tests::RawSocket;
+
+using Clock = std::chrono::steady_clock;
+
+unsigned short portThatNobodyListensTo()
+{
+    return RawSocket::listening().port();
+}
+
+TEST(TcpClientTest, constructor_whereNobodyListens_isNotOpen)
+{
+    const Clock::time_point start = Clock::now();
+    TcpClient client(SocketAddress::localhost(portThatNobodyListensTo()), 10);
+    EXPECT_FALSE(client.isOpen());
+    EXPECT_FALSE(client.getPeerAddress());
+    XmlString text;
+    EXPECT_EQ(client.readString(text), SocketResult::Error);
+    EXPECT_EQ(client.writeString(text), SocketResult::Error);
+    EXPECT_LT(Tests::elapsedMs(start), 5000);
+}
+
+TEST(TcpClientTest, constructor_withoutAnAddress_isNotOpen)
+{
+    EXPECT_FALSE(TcpClient(SocketAddress(), 1).isOpen());
+}
+
+TEST(TcpClientTest, constructor_whereNobodyAnswers_endsWithTheTime)
+{
+    // A queue that is full lets further peers wait, on some systems.
+    const RawSocket listener = RawSocket::listening(0, 0);
+    std::vector<TcpClient> queue;
+    Clock::time_point start;
+    do {
+        start = Clock::now();
+        queue.emplace_back(SocketAddress::localhost(listener.port()), 1);
+    } while (queue.back().isOpen() && queue.size() < 100);
+    ASSERT_FALSE(queue.back().isOpen());
+    if (Tests::elapsedMs(start) < 100)
+        GTEST_SKIP() << "This system refuses a connection where others let it wait.";
+    EXPECT_GE(Tests::elapsedMs(start), 900);
+    EXPECT_LT(Tests::elapsedMs(start), 1500);
+    Tests::whileInterrupted([&] {
+        start = Clock::now();
+        EXPECT_FALSE(TcpClient(SocketAddress::localhost(listener.port()), 1).isOpen());
+        EXPECT_GE(Tests::elapsedMs(start), 900);
+        EXPECT_LT(Tests::elapsedMs(start), 1500);
+    });
+}
+
+TEST(TcpClientTest, connect_ofAClientThatFailed_doesNotReviveIt)
+{
+    const RawSocket listener = RawSocket::listening();
+    TcpClient client(SocketAddress::localhost(portThatNobodyListensTo()), 1);
+    EXPECT_FALSE(client.connect(SocketAddress::localhost(listener.port())));
+    EXPECT_FALSE(client.isOpen());
+}
+
+TEST(TcpClientTest, connect_again_changesThePeer)
+{
+    RawSocket first = RawSocket::listening();
+    RawSocket second = RawSocket::listening();
+    TcpClient client(SocketAddress::localhost(first.port()), 10);
+    RawSocket firstPeer = first.accept();
+    ASSERT_TRUE(client.connect(SocketAddress::localhost(second.port())));
+    EXPECT_EQ(firstPeer.receive(1), "");
+    RawSocket secondPeer = second.accept();
+    EXPECT_TRUE(client.isOpen());
+    EXPECT_EQ(client.getPeerAddress()->getPort(), second.port());
+    EXPECT_EQ(client.writeString({}), SocketResult::Success);
+    EXPECT_EQ(secondPeer.receiveText(), Tests::header(Tests::element("DataType", "0")));
+}
+
+TEST(TcpClientTest, connect_whereNobodyListens_failsAndMayBeRepeated)
+{
+    RawSocket listener = RawSocket::listening();
+    TcpClient client(SocketAddress::localhost(listener.port()), 10);
+    EXPECT_FALSE(client.connect(SocketAddress::localhost(portThatNobodyListensTo())));
+    EXPECT_TRUE(client.connect(SocketAddress::localhost(listener.port())));
+    EXPECT_EQ(client.writeString({}), SocketResult::Success);
+}
+
+TEST(TcpClientTest, useAfterAConnectThatFailed_isAnError)
+{
+    RawSocket listener = RawSocket::listening();
+    TcpClient client(SocketAddress::localhost(listener.port()), 10);
+    EXPECT_FALSE(client.connect(SocketAddress::localhost(portThatNobodyListensTo())));
+    XmlString text;
+    EXPECT_EQ(client.writeString(text), SocketResult::Error);
+    EXPECT_EQ(client.readString(text), SocketResult::Error);
+    EXPECT_FALSE(client.isOpen());
+}
+
+TEST(TcpClientTest, connect_afterClose_fails)
+{
+    RawSocket listener = RawSocket::listening();
+    TcpClient client(SocketAddress::localhost(listener.port()), 10);
+    client.close();
+    EXPECT_FALSE(client.connect(SocketAddress::localhost(listener.port())));
+}
+
+TEST(TcpClientTest, connect_ofAnAcceptedConnection_fails)
+{
+    Tests::ConnectedPair pair;
+    static_cast<TcpSocket&>(pair.client) = std::move(pair.server);
+    EXPECT_TRUE(pair.client.isOpen());
+    EXPECT_FALSE(pair.client.connect(*pair.listener.getLocalAddress()));
+}
+
+TEST(TcpClientTest, move_takesTheConnection)
+{
+    Tests::ConnectedPair pair;
+    TcpClient moved(std::move(pair.client));
+    EXPECT_TRUE(moved.isOpen());
+    EXPECT_EQ(moved.writeString({}), SocketResult::Success);
+    XmlString text;
+    EXPECT_EQ(pair.server.readString(text), SocketResult::Success);
+}
+
+} // namespace
+} // namespace Nolvex::Wx::Legacy

@@ -1,0 +1,378 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/net/TcpSocket.h"
+
+#include "Connections.h"
+
+#include <wx/apptrait.h>
+#include <wx/evtloop.h>
+#include <wx/timer.h>
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <memory>
+#include <thread>
+#include <utility>
+
+namespace Nolvex::Wx::Legacy {
+namespace {
+
+using Tests::bytes;
+using Tests::ConnectedPair;
+using Tests::element;
+using Tests::header;
+using Tests::RawPeerPair;
+using Tests::tree;
+
+using Clock = std::chrono::steady_clock;
+
+TEST(TcpSocketTest, connection_isOpenAtBothEnds)
+{
+    const ConnectedPair pair;
+    EXPECT_TRUE(pair.client.isOpen());
+    EXPECT_TRUE(pair.server.isOpen());
+}
+
+TEST(TcpSocketTest, getPeerAddress_isThatOfTheOtherEnd)
+{
+    ConnectedPair pair;
+    const Optional<SocketAddress> address = pair.client.getPeerAddress();
+    ASSERT_TRUE(address);
+    EXPECT_EQ(address->toString(), L"127.0.0.1");
+    EXPECT_EQ(address->getPort(), pair.listener.getLocalAddress()->getPort());
+    ASSERT_TRUE(pair.server.getPeerAddress());
+    EXPECT_NE(pair.server.getPeerAddress()->getPort(), address->getPort());
+}
+
+TEST(TcpSocketTest, close_isFinalAndMayBeRepeated)
+{
+    ConnectedPair pair;
+    pair.client.close();
+    pair.client.close();
+    EXPECT_FALSE(pair.client.isOpen());
+    EXPECT_FALSE(pair.client.getPeerAddress());
+    XmlString text;
+    EXPECT_EQ(pair.client.readString(text), SocketResult::Error);
+    EXPECT_EQ(pair.client.writeString(text), SocketResult::Error);
+    EXPECT_EQ(pair.client.writeFile({}, {}, DataCompression::None, DataType::File), SocketResult::Error);
+    EXPECT_EQ(pair.client.writeRawMemory({}, {}, DataCompression::None, DataType::RawData),
+              SocketResult::Error);
+}
+
+TEST(TcpSocketTest, close_isSeenByThePeer)
+{
+    RawPeerPair pair;
+    pair.socket.close();
+    EXPECT_EQ(pair.peer.receive(1), "");
+}
+
+TEST(TcpSocketTest, peerThatCloses_closesOnTheNextRead)
+{
+    RawPeerPair pair;
+    pair.peer.close();
+    XmlString text;
+    EXPECT_EQ(pair.socket.readString(text), SocketResult::Error);
+    EXPECT_FALSE(pair.socket.isOpen());
+    EXPECT_EQ(pair.socket.writeString(text), SocketResult::Error);
+}
+
+TEST(TcpSocketTest, peerThatResets_closesOnTheNextRead)
+{
+    RawPeerPair pair;
+    pair.peer.reset();
+    XmlString text;
+    EXPECT_EQ(pair.socket.readString(text), SocketResult::Error);
+    EXPECT_FALSE(pair.socket.isOpen());
+}
+
+TEST(TcpSocketTest, peerThatResets_endsWrites)
+{
+    RawPeerPair pair;
+    pair.peer.reset();
+    const std::string data(1'000'000, 'x');
+    EXPECT_EQ(pair.socket.writeRawMemory(Tests::viewOf(data), {}, DataCompression::None, DataType::RawData),
+              SocketResult::Error);
+    EXPECT_FALSE(pair.socket.isOpen());
+}
+
+TEST(TcpSocketTest, messageBeforeTheClose_isStillRead)
+{
+    RawPeerPair pair;
+    pair.peer.send(header(element("DataType", "0") + element("a", "b")));
+    pair.peer.close();
+    XmlString text;
+    EXPECT_EQ(pair.socket.readString(text), SocketResult::Success);
+    EXPECT_EQ(text.getChild(L"a"), String(L"b"));
+    EXPECT_EQ(pair.socket.readString(text), SocketResult::Error);
+}
+
+TEST(TcpSocketTest, moveConstruction_takesTheConnection)
+{
+    ConnectedPair pair;
+    TcpSocket moved(std::move(pair.server));
+    EXPECT_FALSE(pair.server.isOpen()); // NOLINT(bugprone-use-after-move): allowed
+    EXPECT_TRUE(moved.isOpen());
+    ASSERT_EQ(pair.client.writeString(tree(L"a", L"b")), SocketResult::Success);
+    XmlString text;
+    EXPECT_EQ(moved.readString(text), SocketResult::Success);
+}
+
+TEST(TcpSocketTest, moveAssignment_leavesTheFormerConnectionInTheSource)
+{
+    RawPeerPair first;
+    RawPeerPair second;
+    {
+        TcpSocket source(std::move(second.socket));
+        static_cast<TcpSocket&>(first.socket) = std::move(source);
+        EXPECT_TRUE(first.socket.isOpen());
+        EXPECT_TRUE(source.isOpen()); // NOLINT(bugprone-use-after-move): it holds the target's connection
+        ASSERT_EQ(source.writeString({}), SocketResult::Success);
+        EXPECT_EQ(first.peer.receiveText(), header(element("DataType", "0")));
+    }
+    EXPECT_EQ(first.peer.receive(1), "");
+    EXPECT_EQ(first.socket.writeString({}), SocketResult::Success);
+    EXPECT_EQ(second.peer.receiveText(), header(element("DataType", "0")));
+}
+
+TEST(TcpSocketTest, moveAssignment_toItself_changesNothing)
+{
+    ConnectedPair pair;
+    TcpSocket& same = pair.server;
+    pair.server = std::move(same);
+    EXPECT_TRUE(pair.server.isOpen());
+}
+
+TEST(TcpSocketTest, closedSocket_staysClosedWhenMoved)
+{
+    ConnectedPair pair;
+    pair.server.close();
+    const TcpSocket moved(std::move(pair.server));
+    EXPECT_FALSE(moved.isOpen());
+}
+
+TEST(TcpSocketTest, closeOnAnotherThread_endsARead)
+{
+    RawPeerPair pair;
+    // Without a body that never comes, a read would end by itself too soon.
+    pair.peer.send(header(element("DataType", "2") + element("FileSize", "5") + element("Compressed", "0")));
+    Clock::time_point closing;
+    std::thread closer([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        closing = Clock::now();
+        pair.socket.close();
+    });
+    ReceivedData data;
+    EXPECT_EQ(pair.socket.readData(data, ReadDataContext()), SocketResult::Error);
+    const Clock::time_point end = Clock::now();
+    closer.join();
+    EXPECT_LT(end - closing, std::chrono::milliseconds(200));
+    EXPECT_GE(end, closing);
+}
+
+TEST(TcpSocketTest, closeOnAnotherThread_endsAWrite)
+{
+    RawPeerPair pair;
+    const std::string data(50'000'000, 'x');
+    Clock::time_point closing;
+    std::thread closer([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        closing = Clock::now();
+        pair.socket.close();
+    });
+    EXPECT_EQ(pair.socket.writeRawMemory(Tests::viewOf(data), {}, DataCompression::None, DataType::RawData),
+              SocketResult::Error);
+    const Clock::time_point end = Clock::now();
+    closer.join();
+    EXPECT_LT(end - closing, std::chrono::milliseconds(200));
+    EXPECT_GE(end, closing);
+}
+
+TEST(TcpSocketTest, isOpen_duringARead_doesNotWait)
+{
+    RawPeerPair pair;
+    std::thread reader([&] {
+        XmlString text;
+        EXPECT_EQ(pair.socket.readString(text), SocketResult::Error);
+    });
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    const Clock::time_point start = Clock::now();
+    EXPECT_TRUE(pair.socket.isOpen());
+    EXPECT_LT(Tests::elapsedMs(start), 50);
+    reader.join();
+}
+
+TEST(TcpSocketTest, isOpen_isFalseAlreadyWhileCloseWaits)
+{
+    // The hook holds the transfer, and by that the lock, until it has seen the closed socket.
+    class Watching : public ReadDataContext
+    {
+    public:
+        explicit Watching(TcpSocket& socket) : m_socket(socket) {}
+
+        void onReceiveStart(const XmlString&) const override
+        {
+            closer = std::thread([this] { m_socket.close(); });
+            const Clock::time_point start = Clock::now();
+            while (m_socket.isOpen() && Tests::elapsedMs(start) < 5000)
+                std::this_thread::yield();
+            sawItClosed = !m_socket.isOpen();
+        }
+
+        mutable std::thread closer;
+        mutable bool sawItClosed = false;
+
+    private:
+        TcpSocket& m_socket;
+    };
+
+    RawPeerPair pair;
+    pair.peer.send(header(element("DataType", "2") + element("FileSize", "5") + element("Compressed", "0")) +
+                   "12345");
+    const Watching context(pair.socket);
+    ReceivedData data;
+    EXPECT_EQ(pair.socket.readData(data, context), SocketResult::Error);
+    context.closer.join();
+    EXPECT_TRUE(context.sawItClosed);
+}
+
+TEST(TcpSocketTest, silentPeer_endsAReadAfterASecond)
+{
+    RawPeerPair pair;
+    XmlString text;
+    const Clock::time_point start = Clock::now();
+    EXPECT_EQ(pair.socket.readString(text), SocketResult::Error);
+    EXPECT_GE(Tests::elapsedMs(start), 900);
+    EXPECT_LT(Tests::elapsedMs(start), 1500);
+    EXPECT_TRUE(pair.socket.isOpen());
+}
+
+TEST(TcpSocketTest, waitsOnTheMainThread_dispatchNoEvents)
+{
+    class Ticker : public wxTimer
+    {
+    public:
+        void Notify() override { ++ticks; }
+
+        int ticks = 0;
+    };
+
+    ConnectedPair pair;
+    const std::unique_ptr<wxEventLoopBase> loop(wxAppConsole::GetInstance()->GetTraits()->CreateEventLoop());
+    const wxEventLoopActivator active(loop.get());
+    Ticker ticker;
+    ticker.Start(10);
+    XmlString text;
+    EXPECT_EQ(pair.client.readString(text), SocketResult::Error);
+    EXPECT_EQ(pair.server.readString(text), SocketResult::Error);
+    EXPECT_FALSE(TcpListener(SocketAddress::localhost(0), 1).acceptConnection(true).isOpen());
+    EXPECT_EQ(ticker.ticks, 0);
+    const Clock::time_point start = Clock::now();
+    while (ticker.ticks == 0 && Tests::elapsedMs(start) < 5000)
+        loop->DispatchTimeout(100);
+    EXPECT_GT(ticker.ticks, 0);
+    // What was closed while the loop was active waits for it.
+    Tests::freeDestroyedSockets();
+}
+
+TEST(TcpSocketTest, silentPeer_doesNotDisturbTheNextMessage)
+{
+    RawPeerPair pair;
+    XmlString text;
+    EXPECT_EQ(pair.socket.readString(text), SocketResult::Error);
+    pair.peer.send(header(element("DataType", "0")));
+    EXPECT_EQ(pair.socket.readString(text), SocketResult::Success);
+}
+
+TEST(TcpSocketTest, silentAcceptedPeer_endsAReadAfterASecond)
+{
+    ConnectedPair pair;
+    XmlString text;
+    const Clock::time_point start = Clock::now();
+    EXPECT_EQ(pair.server.readString(text), SocketResult::Error);
+    EXPECT_GE(Tests::elapsedMs(start), 900);
+    EXPECT_LT(Tests::elapsedMs(start), 1500);
+}
+
+TEST(TcpSocketTest, peerThatTakesNothing_endsALimitedWrite)
+{
+    RawPeerPair pair;
+    const std::string data(50'000'000, 'x');
+    const Clock::time_point start = Clock::now();
+    EXPECT_EQ(
+        pair.socket.writeRawMemory(Tests::viewOf(data), {}, DataCompression::None, DataType::RawData, 300),
+        SocketResult::Timeout);
+    EXPECT_GE(Tests::elapsedMs(start), 250);
+    EXPECT_LT(Tests::elapsedMs(start), 800);
+}
+
+TEST(TcpSocketTest, peerThatTakesNothing_endsTheWriteOfAHeader)
+{
+    RawPeerPair pair;
+    const XmlString message = tree(L"a", String(std::wstring(20'000'000, L'x')));
+    const Clock::time_point start = Clock::now();
+    EXPECT_EQ(pair.socket.writeString(message), SocketResult::Error);
+    EXPECT_GE(Tests::elapsedMs(start), 900);
+    EXPECT_LT(Tests::elapsedMs(start), 3000);
+}
+
+TEST(TcpSocketTest, peerThatTakesNothing_endsTheLimitedWriteOfAHeader)
+{
+    RawPeerPair pair;
+    const XmlString message = tree(L"a", String(std::wstring(20'000'000, L'x')));
+    EXPECT_EQ(pair.socket.writeString(message, 100), SocketResult::Timeout);
+}
+
+TEST(TcpSocketTest, limitBelowASecond_isEnoughForAPeerThatReads)
+{
+    RawPeerPair pair;
+    std::string received;
+    std::thread reader([&] {
+        pair.peer.receiveText();
+        received = pair.peer.receive(3'000'000);
+    });
+    const std::string data(3'000'000, 'x');
+    EXPECT_EQ(
+        pair.socket.writeRawMemory(Tests::viewOf(data), {}, DataCompression::None, DataType::RawData, 900),
+        SocketResult::Success);
+    reader.join();
+    EXPECT_TRUE(received == data);
+}
+
+TEST(TcpSocketTest, timeLimits_beyondAllMeasure_areTaken)
+{
+    RawPeerPair pair;
+    for (const std::int64_t limit : {std::numeric_limits<std::int64_t>::max(),
+                                     std::numeric_limits<std::int64_t>::min(), std::int64_t(0)})
+        EXPECT_EQ(pair.socket.writeString({}, limit), SocketResult::Success) << limit;
+    EXPECT_EQ(pair.socket.writeRawMemory(Tests::viewOf("x"), {}, DataCompression::None, DataType::RawData,
+                                         std::numeric_limits<std::int64_t>::max()),
+              SocketResult::Success);
+}
+
+TEST(TcpSocketTest, headerLongerThanTheLimit_isAnError)
+{
+    RawPeerPair pair;
+    const std::string text = header(element("DataType", "0"));
+    pair.socket.setHeaderSizeLimit(text.size() - 1);
+    pair.peer.send(text);
+    XmlString received;
+    EXPECT_EQ(pair.socket.readString(received), SocketResult::Success);
+    pair.socket.setHeaderSizeLimit(text.size() - 2);
+    pair.peer.send(text);
+    EXPECT_EQ(pair.socket.readString(received), SocketResult::Error);
+}
+
+TEST(TcpSocketTest, headerWithoutEnd_isCutAtTheLimit)
+{
+    RawPeerPair pair;
+    pair.socket.setHeaderSizeLimit(100'000);
+    std::thread sender([&] { pair.peer.send(std::string(300'000, 'x')); });
+    XmlString received;
+    const Clock::time_point start = Clock::now();
+    EXPECT_EQ(pair.socket.readString(received), SocketResult::Error);
+    EXPECT_LT(Tests::elapsedMs(start), 900);
+    sender.join();
+}
+
+} // namespace
+} // namespace Nolvex::Wx::Legacy

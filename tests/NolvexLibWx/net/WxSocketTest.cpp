@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/net/WxSocket.h"
+
+#include "Connections.h"
+#include "NolvexLibWx/net/SocketOwner.h"
+
+#include <wx/socket.h>
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+namespace Nolvex::Wx::Legacy {
+namespace {
+
+using Tests::bytes;
+using Tests::RawSocket;
+
+using Clock = std::chrono::steady_clock;
+
+// A toolkit socket and its raw peer.
+struct ToolkitPair
+{
+    explicit ToolkitPair(wxSocketFlags flags = wxSOCKET_WAITALL | wxSOCKET_BLOCK)
+        : client(new wxSocketClient(flags)), socket(client)
+    {
+        wxIPV4address address;
+        address.Hostname("127.0.0.1");
+        address.Service(listener.port());
+        if (!client->Connect(address, true))
+            ADD_FAILURE() << "not connected";
+        peer = listener.accept();
+    }
+
+    RawSocket listener = RawSocket::listening();
+    wxSocketClient* client;
+    Detail::SocketOwner socket;
+    RawSocket peer;
+};
+
+TEST(WxSocketTest, constructor_setsTheFlags)
+{
+    const ToolkitPair pair;
+    const WxSocket socket(pair.client);
+    EXPECT_EQ(pair.client->GetFlags(), wxSOCKET_WAITALL);
+}
+
+TEST(WxSocketTest, close_destroysTheSocketOnce)
+{
+    ToolkitPair pair;
+    WxSocket socket(pair.socket.release());
+    socket.close();
+    socket.close();
+    EXPECT_EQ(pair.peer.receive(1), "");
+}
+
+TEST(WxSocketTest, writeString_ofNothing_sendsASingleZero)
+{
+    ToolkitPair pair;
+    EXPECT_EQ(WxSocket::writeString(pair.client, String(), 1), SocketResult::Success);
+    pair.socket.reset();
+    EXPECT_EQ(pair.peer.receiveAll(), bytes("\0"));
+}
+
+TEST(WxSocketTest, writeString_sendsUtf8AndAZero)
+{
+    ToolkitPair pair;
+    EXPECT_EQ(WxSocket::writeString(pair.client, L"a\x00e9\x4e2d", 1), SocketResult::Success);
+    pair.socket.reset();
+    EXPECT_EQ(pair.peer.receiveAll(), bytes("a\xC3\xA9\xE4\xB8\xAD\0"));
+}
+
+TEST(WxSocketTest, readString_readsToTheZeroAndNotBeyond)
+{
+    for (const wxSocketFlags flags :
+         {wxSOCKET_WAITALL | wxSOCKET_BLOCK, wxSOCKET_WAITALL | 0, wxSOCKET_BLOCK | 0, wxSOCKET_NONE | 0}) {
+        ToolkitPair pair(flags);
+        pair.peer.send(bytes("abc\0d\xC3\xA9\0rest"));
+        String text;
+        EXPECT_EQ(WxSocket::readString(pair.client, text, 1), SocketResult::Success);
+        EXPECT_EQ(text, L"abc");
+        EXPECT_EQ(WxSocket::readString(pair.client, text, 1), SocketResult::Success);
+        EXPECT_EQ(text, L"d\x00e9");
+        EXPECT_EQ(pair.client->GetFlags(), flags);
+        std::string rest(4, '\0');
+        pair.client->Read(rest.data(), 4);
+        EXPECT_EQ(rest, "rest");
+    }
+}
+
+TEST(WxSocketTest, readString_ofNothing_isEmpty)
+{
+    ToolkitPair pair;
+    pair.peer.send(bytes("\0"));
+    String text = L"old";
+    EXPECT_EQ(WxSocket::readString(pair.client, text, 1), SocketResult::Success);
+    EXPECT_TRUE(text.isEmpty());
+}
+
+TEST(WxSocketTest, readString_ofALongText_givesAll)
+{
+    ToolkitPair pair;
+    std::thread sender([&] {
+        pair.peer.send(std::string(300'000, 'x'));
+        pair.peer.send(bytes("\0y\0"));
+    });
+    String text;
+    EXPECT_EQ(WxSocket::readString(pair.client, text, 5), SocketResult::Success);
+    EXPECT_EQ(text.length(), 300'000u);
+    EXPECT_EQ(WxSocket::readString(pair.client, text, 5), SocketResult::Success);
+    EXPECT_EQ(text, L"y");
+    sender.join();
+}
+
+TEST(WxSocketTest, readString_withoutAZero_leavesTheTextAlone)
+{
+    ToolkitPair pair;
+    pair.peer.send("abc");
+    pair.peer.close();
+    String text = L"old";
+    EXPECT_EQ(WxSocket::readString(pair.client, text, 1), SocketResult::Error);
+    EXPECT_EQ(text, L"old");
+    EXPECT_EQ(WxSocket::readString(pair.client, text, 1), SocketResult::Error);
+    EXPECT_EQ(WxSocket::writeString(pair.client, text, 1), SocketResult::Error);
+}
+
+TEST(WxSocketTest, readString_fromASilentPeer_endsWithTheTime)
+{
+    for (const wxSocketFlags flags : {wxSOCKET_WAITALL | wxSOCKET_BLOCK, wxSOCKET_WAITALL | 0}) {
+        ToolkitPair pair(flags);
+        String text;
+        const Clock::time_point start = Clock::now();
+        EXPECT_EQ(WxSocket::readString(pair.client, text, 1), SocketResult::Error);
+        EXPECT_GE(Tests::elapsedMs(start), 900);
+        EXPECT_LT(Tests::elapsedMs(start), 1500);
+        EXPECT_EQ(pair.client->GetTimeout(), 1);
+    }
+}
+
+TEST(WxSocketTest, writeString_toAPeerThatTakesNothing_endsWithTheTime)
+{
+    ToolkitPair pair;
+    const String text{std::wstring(20'000'000, L'x')};
+    const Clock::time_point start = Clock::now();
+    EXPECT_EQ(WxSocket::writeString(pair.client, text, 1), SocketResult::Error);
+    EXPECT_GE(Tests::elapsedMs(start), 900);
+    EXPECT_LT(Tests::elapsedMs(start), 4000);
+}
+
+TEST(WxSocketTest, unconnectedSocket_isAnError)
+{
+    const Detail::SocketOwner socket(new wxSocketClient(wxSOCKET_BLOCK));
+    String text;
+    EXPECT_EQ(WxSocket::readString(socket.get(), text, 1), SocketResult::Error);
+    EXPECT_EQ(WxSocket::writeString(socket.get(), text, 1), SocketResult::Error);
+}
+
+} // namespace
+} // namespace Nolvex::Wx::Legacy

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "NolvexLib/Array.h"
+#include "NolvexLib/Io/Path.h"
+#include "NolvexLib/Noncopyable.h"
+
+#include <cstddef>
+#include <functional>
+
+namespace Nolvex::Tests {
+
+/// While it lives, new sockets get numbers of 1,024 and more.
+class ScarceDescriptors : private Noncopyable
+{
+public:
+    ScarceDescriptors();
+    ~ScarceDescriptors();
+
+    /// False where sockets are not numbered like that, or not that many may be open.
+    bool isEffective() const { return m_isEffective; }
+
+private:
+    bool m_isEffective = false;
+    Array<int> m_descriptors;
+};
+
+/// How many of the process's sockets a child process would inherit.
+std::size_t inheritableSockets();
+
+/// Calls the function while signals, where there are any, interrupt this thread every few milliseconds.
+void whileInterrupted(const std::function<void()>& function);
+
+/// `rounds`, or a fraction of it where each call of the system takes long.
+int affordableRounds(int rounds);
+
+/// A file that can be opened, but takes no byte; empty where there is none.
+Io::Path fileOnAFullDisk();
+
+} // namespace Nolvex::Tests
