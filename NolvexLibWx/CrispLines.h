@@ -5,6 +5,9 @@
 
 #include <wx/dc.h>
 
+#include <array>
+#include <cstddef>
+
 namespace Nolvex {
 
 /// Draws the lines of one pixel that borders and marks are made of, exactly and alike on every system: every
@@ -18,6 +21,13 @@ public:
 
     /// Without the pixel at its end, as the toolkit's lines are.
     void drawLine(wxPoint from, wxPoint to) { m_dc.DrawLine(from, to); }
+
+    /// The outline and, in the DC's brush, the inside; the last point is the first one again.
+    template<std::size_t COUNT>
+    void drawPolygon(const std::array<wxPoint, COUNT>& points)
+    {
+        m_dc.DrawPolygon(static_cast<int>(COUNT), points.data(), 0, 0, wxWINDING_RULE);
+    }
 
     /// The outline; a rectangle without width or height has none.
     void drawRectangle(const wxRect& rect);

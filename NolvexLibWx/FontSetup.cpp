@@ -4,19 +4,34 @@
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/GeometryConversions.h"
 
+#include <utility>
+
 namespace Nolvex {
 
 namespace {
 
 constexpr int DEFAULT_TEXT_HEIGHT = 12;
 
+struct SizedFont
+{
+    wxFont original;
+    int height = 0; // in pixels
+    wxFont sized;
+};
+
 } // namespace
 
 wxFont Wx::setDefaultFontSize(wxFont font, float factor)
 {
     const int height = Detail::truncate(static_cast<float>(scaleByDpi(DEFAULT_TEXT_HEIGHT)) * factor);
-    font.SetPixelSize(wxSize(0, height));
-    return font;
+    // Nearly all controls ask with the one font of the system, and to find the size takes the toolkit nearly
+    // as long as to make a window.
+    static SizedFont last;
+    if (!last.original.IsOk() || !last.original.IsSameAs(font) || last.height != height) {
+        last = {font, height, std::move(font)};
+        last.sized.SetPixelSize(wxSize(0, height));
+    }
+    return last.sized;
 }
 
 wxFont Wx::setupStaticTextFont(wxFont font, Flags<TextFlag> flags)

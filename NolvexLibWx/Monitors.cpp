@@ -4,6 +4,7 @@
 #include "NolvexLib/Array.h"
 #include "NolvexLibWx/GeometryConversions.h"
 
+#include <wx/app.h>
 #include <wx/display.h>
 #include <wx/window.h>
 
@@ -18,8 +19,10 @@ namespace {
 
 int nearestDisplay(Pixel point)
 {
+    // Without an application the toolkit has no display to ask.
+    const unsigned count = wxAppConsoleBase::GetInstance() == nullptr ? 0 : wxDisplay::GetCount();
     Array<wxRect> geometries;
-    for (unsigned index = 0; index < wxDisplay::GetCount(); ++index)
+    for (unsigned index = 0; index < count; ++index)
         geometries.push_back(wxDisplay(index).GetGeometry());
     return Wx::Detail::nearestMonitor(geometries, point);
 }
@@ -72,11 +75,15 @@ Bucket Wx::getMonitorRegionByPoint(Pixel point, MonitorRegionType type)
 
 Bucket Wx::getMonitorRegionByWindow(wxWindow* window, MonitorRegionType type)
 {
+    if (window == nullptr)
+        return {};
     return getMonitorRegionByPoint(getRectCenter(window->GetScreenRect()), type);
 }
 
 void Wx::smartPositionWindow(wxWindow* window, Pixel topLeft)
 {
+    if (window == nullptr)
+        return;
     const wxRect workArea = monitorRect(topLeft, MonitorRegionType::WORK_AREA);
     const Pixel position = Detail::positionInWorkArea(workArea, window->GetSize(), topLeft);
     // Left of or above the first monitor -1 is a place like any other, not the toolkit's "as it is".

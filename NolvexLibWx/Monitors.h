@@ -20,10 +20,11 @@ enum class MonitorRegionType : int
 };
 
 /// The region, on the screen, of the monitor nearest to the point, which need not lie on any; at equal
-/// distance the one the toolkit lists first. Empty, at the origin, when there is no monitor.
+/// distance the one the toolkit lists first. Empty, at the origin, when there is no monitor, as before the
+/// toolkit's start.
 [[nodiscard]] NOLVEXLIBWX_EXPORT Bucket getMonitorRegionByPoint(Pixel point, MonitorRegionType type);
 
-/// Of the monitor nearest to the centre of the window.
+/// Of the monitor nearest to the centre of the window; empty without a window.
 [[nodiscard]] NOLVEXLIBWX_EXPORT Bucket getMonitorRegionByWindow(wxWindow* window, MonitorRegionType type);
 
 /// Moves the window's corner to the point, or as near as it gets with the window inside the work area of the

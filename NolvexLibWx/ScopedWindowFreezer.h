@@ -3,21 +3,26 @@
 
 #include "NolvexLib/Noncopyable.h"
 
+#include <wx/weakref.h>
 #include <wx/window.h>
 
 namespace Nolvex::Wx {
 
-/// While it lives, changes to the window, which must outlive it, are not shown; at its end they appear at
-/// once. Nests.
+/// While it lives, changes to the window are not shown; at its end they appear at once. Nests. The window may
+/// be destroyed meanwhile.
 class ScopedWindowFreezer : private Noncopyable
 {
 public:
     explicit ScopedWindowFreezer(wxWindow* window) : m_window(window) { m_window->Freeze(); }
 
-    ~ScopedWindowFreezer() { m_window->Thaw(); }
+    ~ScopedWindowFreezer()
+    {
+        if (m_window)
+            m_window->Thaw();
+    }
 
 private:
-    wxWindow* m_window;
+    wxWeakRef<wxWindow> m_window;
 };
 
 } // namespace Nolvex::Wx

@@ -3,6 +3,7 @@
 
 #include "NolvexLibWx/ColourConversions.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"
+#include "NolvexLibWx/widgets/TextButton.h"
 
 #include <wx/window.h>
 
@@ -12,6 +13,10 @@ void Wx::applySkinRecursive(wxWindow* window, const GuiSkin& skin)
 {
     window->SetBackgroundColour(toWxColour(skin.background));
     window->SetForegroundColour(toWxColour(skin.text));
+    if (auto* textButton = dynamic_cast<TextButton*>(window)) {
+        textButton->setNormalColour(toWxColour(skin.link));
+        textButton->setHoverColour(toWxColour(skin.link));
+    }
     for (wxWindow* child : window->GetChildren())
         applySkinRecursive(child, skin);
 }

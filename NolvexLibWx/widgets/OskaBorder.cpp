@@ -24,7 +24,7 @@ wxPen solidPen(const RgbBytes& colour)
 
 OskaBorder::OskaBorder(wxWindow* parent, Flags<OskaBorderState> state, wxWindowID id, long style,
                        const wxString& name)
-    : wxPanel(parent, id, wxDefaultPosition, wxDefaultSize, style, name), m_state(state)
+    : Platform::SelfPaintedPanel(parent, id, wxDefaultPosition, wxDefaultSize, style, name), m_state(state)
 {
     Bind(wxEVT_PAINT, &OskaBorder::onPaint, this);
     Bind(wxEVT_LEAVE_WINDOW, [this](wxMouseEvent&) { setHovered(false); });

@@ -4,8 +4,7 @@
 #include "NolvexLib/Bucket.h"
 #include "NolvexLib/Flags.h"
 #include "NolvexLibWx/Export.h"
-
-#include <wx/panel.h>
+#include "NolvexLibWx/platform/SelfPaintedPanel.h"
 
 #include <cstdint>
 
@@ -26,7 +25,7 @@ enum class OskaBorderState : std::uint32_t
 /// The panel that gives controls their look: a dark frame, an inner line that lights up under the mouse while
 /// the panel is enabled, and a two-tone bottom edge. Base of the button family, and by itself a frame around
 /// one child window.
-class NOLVEXLIBWX_EXPORT OskaBorder : public wxPanel
+class NOLVEXLIBWX_EXPORT OskaBorder : public Platform::SelfPaintedPanel
 {
 public:
     explicit OskaBorder(wxWindow* parent, Flags<OskaBorderState> state = OskaBorderState::ENABLED,

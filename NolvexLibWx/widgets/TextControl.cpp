@@ -4,7 +4,6 @@
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/platform/NativePaint.h"
-#include "NolvexLibWx/platform/TextInput.h"
 
 #include <wx/dc.h>
 
@@ -17,11 +16,17 @@ Wx::TextControl::TextControl(wxWindow* parent, int id, const String& value, unsi
       TooltipWindow(this),
       m_disabledPaint(std::make_unique<Platform::NativePaint>(*this, [this](wxDC& dc) { paintDisabled(dc); }))
 {
-    Platform::askBeforeTabbing(*this);
     SetFont(setupStaticTextFont(GetFont(), flags));
 }
 
 Wx::TextControl::~TextControl() = default;
+
+void Wx::TextControl::applySkin(const GuiSkin& skin)
+{
+    SkinnableMixin<wxTextCtrl>::applySkin(skin);
+    // The toolkit repaints for the two colours it knows of, and only where they change.
+    Refresh();
+}
 
 bool Wx::TextControl::AcceptsFocusFromKeyboard() const
 {

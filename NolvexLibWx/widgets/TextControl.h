@@ -33,6 +33,8 @@ public:
                 Flags<TextFlag> flags = {}, wxSize size = wxDefaultSize);
     ~TextControl() override;
 
+    void applySkin(const GuiSkin& skin) override;
+
     /// By the style given at construction: `SetEditable` does not matter here.
     bool AcceptsFocusFromKeyboard() const override;
 

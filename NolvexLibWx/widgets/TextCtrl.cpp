@@ -97,6 +97,8 @@ void Wx::TextCtrl::onLeftDown(wxMouseEvent& event)
     m_selectionAnchor = Platform::textPlaceAt(*this, event.GetPosition()).index;
     SetSelection(m_selectionAnchor, m_selectionAnchor);
     SetFocus();
+    // A single line of GTK selects everything when it gets the focus.
+    SetSelection(m_selectionAnchor, m_selectionAnchor);
     m_selecting = true;
     if (!HasCapture())
         Platform::captureMouse(*this);

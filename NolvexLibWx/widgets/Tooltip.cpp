@@ -74,8 +74,11 @@ Array<String> Wx::Detail::splitTooltipLines(StringView text, int limit,
     return lines;
 }
 
-Wx::Tooltip::Tooltip(wxWindow* owner, const String& text) : wxPopupWindow(owner, POPUP_STYLE), m_owner(owner)
+Wx::Tooltip::Tooltip(wxWindow* owner, const String& text) : m_owner(owner)
 {
+    // Created here and not by the base: becoming its child, it is asked by the owner whether it takes the
+    // focus.
+    Create(owner, POPUP_STYLE);
     Bind(wxEVT_PAINT, &Tooltip::onPaint, this);
     Show(false);
     m_timer.SetOwner(this);

@@ -38,6 +38,9 @@ public:
 
     std::int64_t delay() const { return m_delay; }
 
+    /// Never. An owner that is a panel would give the focus to a child that takes it.
+    bool AcceptsFocus() const override { return false; }
+
     /// The text as it is wrapped, one entry a line.
     const Array<String>& lines() const { return m_lines; }
 

@@ -4,9 +4,9 @@
 #include "NolvexLibWx/DeviceIndependentBitmap.h"
 #include "support/ClipboardReading.h"
 #include "support/Events.h"
+#include "support/NoApplication.h"
 #include "support/Screen.h"
 
-#include <wx/app.h>
 #include <wx/clipbrd.h>
 #include <wx/frame.h>
 
@@ -56,16 +56,6 @@ Array<int> copiedPixelBytes(const BitmapImpl<Rgb>& image, Flags<Wx::SetClipboard
     return {bytes.begin() + DeviceIndependentBitmap::HEADER_SIZE, bytes.end()};
 }
 
-// Takes the application object away for as long as it lives.
-struct NoApplication
-{
-    wxAppConsole* application = wxAppConsole::GetInstance();
-
-    NoApplication() { wxAppConsole::SetInstance(nullptr); }
-
-    ~NoApplication() { wxAppConsole::SetInstance(application); }
-};
-
 } // namespace
 
 TEST(ClipboardTest, text_isReadByOthers)
@@ -108,8 +98,32 @@ TEST(ClipboardTest, text_whileTheHostHasTheClipboardOpen_isRefused)
 
 TEST(ClipboardTest, text_withoutAnApplication_isRefused)
 {
-    const NoApplication none;
+    const Tests::NoApplication none;
     EXPECT_FALSE(setClipboardData(String(L"text")));
+}
+
+TEST(ClipboardTest, picture_withoutAnApplication_raisesNoAssertion)
+{
+    // Whether there is a clipboard is the system's affair; the test program fails on assertions.
+    const bool copied = [] {
+        const Tests::NoApplication none;
+        return setClipboardData(pattern(2, 2), {});
+    }();
+    EXPECT_EQ(copied, clipboardBitmap() == expectedBytes(pattern(2, 2)));
+}
+
+TEST(ClipboardTest, text_afterAnOwnerThatNeverAnswers_isThere)
+{
+    const String text(L"copied anyway");
+    EXPECT_TRUE(Tests::whileClipboardOwnerIsSilent([&] { return setClipboardData(text); }));
+    EXPECT_EQ(clipboardText(), text);
+}
+
+TEST(ClipboardTest, picture_afterAnOwnerThatNeverAnswers_isThere)
+{
+    const BitmapImpl<Rgb> image = pattern(7, 5);
+    EXPECT_TRUE(Tests::whileClipboardOwnerIsSilent([&] { return setClipboardData(image, {}); }));
+    EXPECT_EQ(clipboardBitmap(), expectedBytes(image));
 }
 
 TEST(ClipboardTest, text_whileAnotherHasTheClipboard_saysWhetherItIsThere)

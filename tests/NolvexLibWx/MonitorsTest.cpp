@@ -5,6 +5,7 @@
 #include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/NativeWindows.h"
 #include "support/Events.h"
+#include "support/NoApplication.h"
 
 #include <wx/display.h>
 #include <wx/frame.h>
@@ -47,6 +48,12 @@ protected:
     bool comesTo(Pixel topLeft) const
     {
         return Tests::pumpUntil([&] { return region().min == topLeft; });
+    }
+
+    // Beyond a corner of the first monitor there may be another one.
+    static Bucket workAreaAt(Pixel point)
+    {
+        return Wx::getMonitorRegionByPoint(point, MonitorRegionType::WORK_AREA);
     }
 
     static Bucket workArea() { return Wx::toBucket(wxDisplay(0u).GetClientArea()); }
@@ -159,6 +166,19 @@ TEST(MonitorsTest, regionByPoint_offTheScreen_isThatOfAMonitor)
     EXPECT_GE(wxDisplay::GetFromPoint(Wx::toWxPoint(region.max - Pixel{1, 1})), 0);
 }
 
+TEST(MonitorsTest, region_withoutAnApplication_isEmpty)
+{
+    const Tests::NoApplication none;
+    for (const auto type : {MonitorRegionType::WORK_AREA, MonitorRegionType::FULL_AREA})
+        EXPECT_EQ(Wx::getMonitorRegionByPoint({10, 10}, type), Bucket());
+}
+
+TEST(MonitorsTest, noWindow_hasNoRegionAndIsNotPositioned)
+{
+    EXPECT_EQ(Wx::getMonitorRegionByWindow(nullptr, MonitorRegionType::FULL_AREA), Bucket());
+    Wx::smartPositionWindow(nullptr, {10, 10});
+}
+
 TEST(MonitorsTest, regionTypes_haveTheirValues)
 {
     EXPECT_EQ(static_cast<int>(MonitorRegionType::WORK_AREA), 0);
@@ -181,16 +201,18 @@ TEST_F(MonitorsWindowTest, smartPosition_insideTheWorkArea_isTaken)
     EXPECT_TRUE(comesTo(wanted));
 }
 
-TEST_F(MonitorsWindowTest, smartPosition_beyondTheCorner_endsAtIt)
+TEST_F(MonitorsWindowTest, smartPosition_beyondTheLastCorner_endsAtIt)
 {
-    Wx::smartPositionWindow(m_frame, workArea().max + Pixel{500, 500});
-    EXPECT_TRUE(comesTo(workArea().max - Pixel{300, 200}));
+    const Pixel beyond{100000, 100000};
+    Wx::smartPositionWindow(m_frame, beyond);
+    EXPECT_TRUE(comesTo(workAreaAt(beyond).max - Pixel{300, 200}));
 }
 
-TEST_F(MonitorsWindowTest, smartPosition_beforeTheCorner_startsAtIt)
+TEST_F(MonitorsWindowTest, smartPosition_beforeTheFirstCorner_startsAtIt)
 {
-    Wx::smartPositionWindow(m_frame, workArea().min - Pixel{500, 500});
-    EXPECT_TRUE(comesTo(workArea().min));
+    const Pixel before{-100000, -100000};
+    Wx::smartPositionWindow(m_frame, before);
+    EXPECT_TRUE(comesTo(workAreaAt(before).min));
 }
 
 TEST_F(MonitorsWindowTest, smartPosition_ofAWindowTooWide_isTheLeftEdge)
@@ -199,4 +221,29 @@ TEST_F(MonitorsWindowTest, smartPosition_ofAWindowTooWide_isTheLeftEdge)
     ASSERT_TRUE(Tests::pumpUntil([this] { return region().width() == 3000; }));
     Wx::smartPositionWindow(m_frame, workArea().min + Pixel{200, 100});
     EXPECT_TRUE(comesTo(workArea().min + Pixel{0, 100}));
+}
+
+TEST_F(MonitorsWindowTest, smartPosition_ofAWindowTooHigh_isTheTopEdge)
+{
+    m_frame->SetSize(300, 3000);
+    ASSERT_TRUE(Tests::pumpUntil([this] { return region().height() == 3000; }));
+    Wx::smartPositionWindow(m_frame, workArea().min + Pixel{200, 100});
+    EXPECT_TRUE(comesTo(workArea().min + Pixel{200, 0}));
+}
+
+TEST_F(MonitorsWindowTest, windowBeingDestroyed_mayBeAskedAndPositioned)
+{
+    auto* frame = new wxFrame(nullptr, wxID_ANY, "going");
+    frame->Show();
+    Tests::pumpEvents(100);
+    Bucket region;
+    frame->Bind(wxEVT_DESTROY, [&](wxWindowDestroyEvent& event) {
+        event.Skip();
+        if (event.GetEventObject() != frame)
+            return;
+        region = Wx::getMonitorRegionByWindow(frame, MonitorRegionType::FULL_AREA);
+        Wx::smartPositionWindow(frame, {30, 40});
+    });
+    frame->Destroy();
+    EXPECT_TRUE(Tests::pumpUntil([&] { return !region.isEmpty(); }));
 }

@@ -4,13 +4,10 @@
 #include "NolvexLib/Array.h"
 #include "NolvexLibWx/GeometryConversions.h"
 #include "support/Events.h"
+#include "support/NoApplication.h"
+#include "support/PictureWindow.h"
 
-#include <wx/app.h>
-#include <wx/bitmap.h>
-#include <wx/dcclient.h>
 #include <wx/display.h>
-#include <wx/frame.h>
-#include <wx/image.h>
 
 #include <gtest/gtest.h>
 
@@ -18,6 +15,9 @@
 #include <limits>
 
 using namespace Nolvex;
+using Tests::fromBytes;
+using Tests::patternPicture;
+using Tests::PictureWindow;
 using Wx::getScreenRegionColors;
 using Wx::Detail::composeScreenRegion;
 using Wx::Detail::TakeScreenRow;
@@ -37,13 +37,6 @@ void readPlaces(const Bucket& area, const TakeScreenRow& take)
             row.insert(row.end(), {static_cast<std::uint8_t>(x), static_cast<std::uint8_t>(y), 7, 99});
         take({area.min.x, y}, row.data(), area.width());
     }
-}
-
-Rgb fromBytes(int r, int g, int b)
-{
-    constexpr float SCALE = 1.0f / 255.0f;
-    return {static_cast<float>(r) * SCALE, static_cast<float>(g) * SCALE, static_cast<float>(b) * SCALE,
-            1.0f};
 }
 
 Rgb placeColour(std::int32_t x, std::int32_t y)
@@ -102,76 +95,6 @@ void expectAlphaOnDisplaysOnly(const Bucket& region)
                 ASSERT_EQ(colour, TRANSPARENT_BLACK) << "at " << x << ", " << y;
         }
     }
-}
-
-// A window without a frame, on top of the others, that shows a picture of a pixel a pixel.
-class PictureWindow
-{
-public:
-    explicit PictureWindow(wxSize size)
-    {
-        m_frame->SetClientSize(size);
-        m_frame->SetBackgroundStyle(wxBG_STYLE_PAINT);
-        m_frame->Bind(wxEVT_PAINT, [this](wxPaintEvent&) {
-            wxPaintDC dc(m_frame);
-            if (m_picture.IsOk())
-                dc.DrawBitmap(wxBitmap(m_picture, 24), 0, 0);
-        });
-        m_frame->Show();
-        m_frame->Raise();
-    }
-
-    ~PictureWindow() { Tests::destroyNow(m_frame); }
-
-    PictureWindow(const PictureWindow&) = delete;
-    PictureWindow& operator=(const PictureWindow&) = delete;
-
-    void show(const wxImage& picture)
-    {
-        m_picture = picture;
-        m_frame->Refresh();
-    }
-
-    /// Where the picture is on the screen.
-    Bucket region() const
-    {
-        return Wx::toBucket(wxRect(m_frame->ClientToScreen(wxPoint(0, 0)), m_picture.GetSize()));
-    }
-
-    /// Lets events run until the capture of the window shows the picture.
-    bool isSeen() const
-    {
-        return Tests::pumpUntil([this] { return getScreenRegionColors(region()) == expectedColours(); });
-    }
-
-    BitmapImpl<Rgb> expectedColours() const
-    {
-        BitmapImpl<Rgb> colours(m_picture.GetWidth(), m_picture.GetHeight());
-        for (int y = 0; y < colours.height(); ++y) {
-            for (int x = 0; x < colours.width(); ++x)
-                colours.at(x, y) =
-                    fromBytes(m_picture.GetRed(x, y), m_picture.GetGreen(x, y), m_picture.GetBlue(x, y));
-        }
-        return colours;
-    }
-
-private:
-    wxFrame* m_frame = new wxFrame(nullptr, wxID_ANY, "picture", wxPoint(90, 80), wxDefaultSize,
-                                   wxBORDER_NONE | wxSTAY_ON_TOP | wxFRAME_NO_TASKBAR);
-    wxImage m_picture;
-};
-
-// Every pixel another colour, every value of a byte in it.
-wxImage patternPicture(wxSize size, int seed)
-{
-    wxImage image(size);
-    for (int y = 0; y < size.y; ++y) {
-        for (int x = 0; x < size.x; ++x)
-            image.SetRGB(x, y, static_cast<unsigned char>((x + seed) % 256),
-                         static_cast<unsigned char>((y * 3 + seed) % 256),
-                         static_cast<unsigned char>((x * 5 + y * 11) % 256));
-    }
-    return image;
 }
 
 // Read from the server in one piece or through shared memory, as their sizes are.
@@ -239,10 +162,8 @@ TEST(ScreenCaptureTest, compose_withoutDisplays_isTransparentBlack)
 
 TEST(ScreenCaptureTest, withoutAnApplication_isTransparentBlack)
 {
-    wxAppConsole* application = wxAppConsole::GetInstance();
-    wxAppConsole::SetInstance(nullptr);
+    const Tests::NoApplication none;
     const BitmapImpl<Rgb> image = getScreenRegionColors({{0, 0}, {3, 2}});
-    wxAppConsole::SetInstance(application);
     expectPixels(image, {{0, 0}, {3, 2}}, [](std::int32_t, std::int32_t) { return TRANSPARENT_BLACK; });
 }
 

@@ -14,6 +14,10 @@
 
 namespace Nolvex::Tests {
 
+/// On Windows a test program reads the clipboard by starting itself once more, as another program. What that
+/// one returns from main(); none in a program that was started for its tests.
+Optional<int> readClipboardForParent(int argc, char** argv);
+
 /// The clipboard's text as another program gets it; none when there is no text.
 Optional<String> clipboardText();
 
@@ -27,5 +31,9 @@ std::map<std::string, wxImage> clipboardPictures();
 
 /// What the function returns when it is called while somebody else has the clipboard and does not let go.
 bool whileClipboardIsTaken(const std::function<bool()>& copy);
+
+/// What the function returns when it is called while the clipboard belongs to somebody, a clipboard manager
+/// included, who answers nothing that he is asked.
+bool whileClipboardOwnerIsSilent(const std::function<bool()>& copy);
 
 } // namespace Nolvex::Tests

@@ -2,6 +2,7 @@
 // Runs the tests of a program with windows inside one start and stop of the library.
 #include "NolvexLib/Exception.h"
 #include "NolvexLibWx/NolvexLibWx.h"
+#include "support/ClipboardReading.h"
 
 #include <wx/app.h>
 #include <wx/debug.h>
@@ -25,6 +26,8 @@ void failOnAssert(const wxString& file, int line, const wxString& function, cons
 
 int main(int argc, char** argv)
 {
+    if (const Nolvex::Optional<int> status = Nolvex::Tests::readClipboardForParent(argc, argv))
+        return *status;
     testing::InitGoogleTest(&argc, argv);
     wxSetAssertHandler(failOnAssert);
     try {

@@ -41,6 +41,9 @@ private:
         if (m_control.IsEnabled() || m_control.IsFrozen())
             return FALSE;
         drawBackground(context);
+        // The frame is drawn inside the widget's window; as elsewhere, the control's area begins within it.
+        const GtkBorder frame = frameWidths();
+        cairo_translate(context, frame.left, frame.top);
         try {
             wxGCDC dc(wxGraphicsContext::CreateFromNative(context));
             dc.SetFont(m_control.GetFont());
@@ -51,7 +54,15 @@ private:
         return TRUE;
     }
 
-    void drawBackground(cairo_t* context)
+    GtkBorder frameWidths() const
+    {
+        GtkStyleContext* const style = gtk_widget_get_style_context(m_widget);
+        GtkBorder widths;
+        gtk_style_context_get_border(style, gtk_style_context_get_state(style), &widths);
+        return widths;
+    }
+
+    void drawBackground(cairo_t* context) const
     {
         GtkStyleContext* const style = gtk_widget_get_style_context(m_widget);
         const int width = gtk_widget_get_allocated_width(m_widget);

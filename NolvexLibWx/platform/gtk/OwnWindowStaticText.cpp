@@ -2,8 +2,7 @@
 #include "NolvexLibWx/platform/OwnWindowStaticText.h"
 
 #include "NolvexLibWx/LabelExtent.h"
-
-#include <gtk/gtk.h>
+#include "NolvexLibWx/platform/Accessibility.h"
 
 // The calls of wxStaticTextBase pass wxStaticText over, whose functions are about the GtkLabel.
 // NOLINTBEGIN(bugprone-parent-virtual-call)
@@ -18,7 +17,7 @@ Platform::OwnWindowStaticText::OwnWindowStaticText(wxWindow* parent, wxWindowID 
     m_labelOrig = label;
     wxControl::Create(parent, id, pos, size, style | wxFULL_REPAINT_ON_RESIZE, wxDefaultValidator, name);
     SetInitialSize(size);
-    describe();
+    describeControl(*this, AccessibleRole::LABEL);
 }
 
 Platform::OwnWindowStaticText::~OwnWindowStaticText() = default;
@@ -29,7 +28,7 @@ void Platform::OwnWindowStaticText::SetLabel(const wxString& label)
         return;
     wxStaticTextBase::SetLabel(label);
     AutoResizeIfNecessary();
-    describe();
+    renameControl(*this);
     Refresh();
 }
 
@@ -66,14 +65,6 @@ bool Platform::OwnWindowStaticText::GTKWidgetNeedsMnemonic() const
 }
 
 void Platform::OwnWindowStaticText::GTKWidgetDoSetMnemonic(GtkWidget* /*widget*/) {}
-
-// For assistive technology, which would take it for a panel.
-void Platform::OwnWindowStaticText::describe()
-{
-    AtkObject* accessible = gtk_widget_get_accessible(GetHandle());
-    atk_object_set_role(accessible, ATK_ROLE_LABEL);
-    atk_object_set_name(accessible, GetLabelText().utf8_str());
-}
 
 } // namespace Nolvex
 

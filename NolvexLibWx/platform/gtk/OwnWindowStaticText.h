@@ -29,9 +29,6 @@ protected:
     bool DoSetLabelMarkup(const wxString& markup) override;
     bool GTKWidgetNeedsMnemonic() const override;
     void GTKWidgetDoSetMnemonic(GtkWidget* widget) override;
-
-private:
-    void describe();
 };
 
 } // namespace Nolvex::Platform

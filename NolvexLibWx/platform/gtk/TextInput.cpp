@@ -5,33 +5,25 @@
 
 #include <wx/textctrl.h>
 
-#include <memory>
-
 namespace Nolvex {
 
 namespace {
 
-struct EventDeleter
+bool belongsTo(GdkWindow* window, GtkWidget* widget)
 {
-    void operator()(GdkEvent* event) const { gdk_event_free(event); }
-};
-
-// Sent when the keyboard moves the focus here, not when the mouse or the program does.
-gboolean onFocus(GtkWidget* widget, GtkDirectionType /*direction*/, gpointer control) noexcept
-{
-    if (!static_cast<const wxWindow*>(control)->AcceptsFocusFromKeyboard())
-        g_signal_stop_emission_by_name(widget, "focus");
-    return FALSE;
+    gpointer owner = nullptr;
+    gdk_window_get_user_data(window, &owner);
+    return owner == widget;
 }
 
-// The capture going from one part of the widget to another is not lost.
+// The capture going from one part of the widget to another is not lost. An entry has no outer window but its
+// parent's.
 gboolean onEvent(GtkWidget* widget, GdkEvent* event, gpointer /*data*/) noexcept
 {
-    if (event->type != GDK_GRAB_BROKEN || event->grab_broken.grab_window == nullptr)
+    GdkWindow* const grabber = event->type == GDK_GRAB_BROKEN ? event->grab_broken.grab_window : nullptr;
+    if (grabber == nullptr)
         return FALSE;
-    gpointer owner = nullptr;
-    gdk_window_get_user_data(event->grab_broken.grab_window, &owner);
-    return owner == widget ? TRUE : FALSE;
+    return belongsTo(grabber, widget) || grabber == gtk_widget_get_window(widget) ? TRUE : FALSE;
 }
 
 void keepCaptureInside(GtkWidget* widget)
@@ -41,31 +33,43 @@ void keepCaptureInside(GtkWidget* widget)
         g_signal_connect(widget, "event", G_CALLBACK(&onEvent), nullptr);
 }
 
-} // namespace
-
-void Platform::askBeforeTabbing(wxWindow& control)
+// The widest of the entry's windows; the others are of its icons. Null before it is realised.
+GdkWindow* textWindowOf(GtkEntry* entry)
 {
-    // The toolkit takes the handlers that have the window for their data away with the window.
-    g_signal_connect(control.GetHandle(), "focus", G_CALLBACK(&onFocus), &control);
+    GtkWidget* const widget = GTK_WIDGET(entry);
+    GdkWindow* const outer = gtk_widget_get_window(widget);
+    GdkWindow* widest = nullptr;
+    for (const GList* item = outer == nullptr ? nullptr : gdk_window_peek_children(outer); item != nullptr;
+         item = item->next) {
+        auto* const window = static_cast<GdkWindow*>(item->data);
+        if (belongsTo(window, widget) &&
+            (widest == nullptr || gdk_window_get_width(window) > gdk_window_get_width(widest)))
+            widest = window;
+    }
+    return widest;
 }
 
-// The toolkit captures for the widget's outer window but listens only to the inner one, where the text is and
-// where the press arrived.
+GdkWindow* innerWindow(GtkWidget* widget)
+{
+    return GTK_IS_TEXT_VIEW(widget) ? gtk_text_view_get_window(GTK_TEXT_VIEW(widget), GTK_TEXT_WINDOW_TEXT)
+                                    : textWindowOf(GTK_ENTRY(widget));
+}
+
+} // namespace
+
+// The toolkit captures for the widget's outer window, of an entry its parent's, but listens only to the inner
+// one, where the text is.
 void Platform::captureMouse(wxTextCtrl& text)
 {
     GtkWidget* const widget = textWidget(text);
-    // A single line has no outer window of its own. The system itself holds the mouse there until its
-    // release.
-    if (!GTK_IS_TEXT_VIEW(widget))
-        return;
     keepCaptureInside(widget);
     text.CaptureMouse();
-    const std::unique_ptr<GdkEvent, EventDeleter> press(gtk_get_current_event());
-    if (!press || press->type != GDK_BUTTON_PRESS || gtk_get_event_widget(press.get()) != widget)
+    GdkWindow* const window = innerWindow(widget);
+    if (window == nullptr)
         return;
-    // Without the event, whose time is before that of the toolkit's capture: it would be refused.
-    gdk_seat_grab(gdk_device_get_seat(gdk_event_get_device(press.get())), press->any.window,
-                  GDK_SEAT_CAPABILITY_ALL_POINTING, FALSE, nullptr, nullptr, nullptr, nullptr);
+    // Without an event, whose time is before that of the toolkit's capture: it would be refused.
+    GdkSeat* const seat = gdk_display_get_default_seat(gdk_window_get_display(window));
+    gdk_seat_grab(seat, window, GDK_SEAT_CAPABILITY_ALL_POINTING, FALSE, nullptr, nullptr, nullptr, nullptr);
 }
 
 } // namespace Nolvex

@@ -5,8 +5,6 @@
 
 namespace Nolvex {
 
-void Platform::askBeforeTabbing(wxWindow& /*control*/) {}
-
 void Platform::captureMouse(wxTextCtrl& text)
 {
     text.CaptureMouse();

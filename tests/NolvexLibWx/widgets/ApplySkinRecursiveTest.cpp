@@ -2,6 +2,7 @@
 #include "NolvexLibWx/widgets/ApplySkinRecursive.h"
 
 #include "NolvexLibWx/widgets/SkinnableMixin.h"
+#include "NolvexLibWx/widgets/TextButton.h"
 #include "support/Events.h"
 
 #include <wx/frame.h>
@@ -22,6 +23,7 @@ GuiSkin someSkin()
     GuiSkin skin;
     skin.text = {1, 2, 3};
     skin.background = {4, 5, 6};
+    skin.link = {7, 8, 9};
     return skin;
 }
 
@@ -99,4 +101,54 @@ TEST_F(ApplySkinRecursiveTest, iSkinnable_isNotCalled)
     const GuiSkin before = control->skin();
     applySkinRecursive(frame, someSkin());
     EXPECT_EQ(control->skin(), before);
+}
+
+namespace {
+
+void sendMouse(wxWindow* window, wxEventType type)
+{
+    wxMouseEvent event(type);
+    event.SetEventObject(window);
+    window->GetEventHandler()->ProcessEvent(event);
+}
+
+TextButton* textButton(wxWindow* parent)
+{
+    auto* button = new TextButton(parent, wxID_ANY, L"link", Function<void()>());
+    button->setNormalColour(wxColour(90, 91, 92));
+    button->setHoverColour(wxColour(93, 94, 95));
+    button->setVisitedColour(wxColour(96, 97, 98));
+    return button;
+}
+
+} // namespace
+
+TEST_F(ApplySkinRecursiveTest, textButton_showsTheLinkColourHoveredOrNot)
+{
+    TextButton* button = textButton(new wxPanel(frame));
+    applySkinRecursive(frame, someSkin());
+    EXPECT_EQ(button->GetForegroundColour(), wxColour(7, 8, 9));
+    EXPECT_EQ(button->GetBackgroundColour(), wxColour(4, 5, 6));
+    sendMouse(button, wxEVT_ENTER_WINDOW);
+    EXPECT_EQ(button->GetForegroundColour(), wxColour(7, 8, 9));
+    sendMouse(button, wxEVT_LEAVE_WINDOW);
+    EXPECT_EQ(button->GetForegroundColour(), wxColour(7, 8, 9));
+}
+
+TEST_F(ApplySkinRecursiveTest, textButtonThatIsHovered_showsTheLinkColourAtOnce)
+{
+    TextButton* button = textButton(frame);
+    sendMouse(button, wxEVT_ENTER_WINDOW);
+    applySkinRecursive(frame, someSkin());
+    EXPECT_EQ(button->GetForegroundColour(), wxColour(7, 8, 9));
+}
+
+TEST_F(ApplySkinRecursiveTest, textButton_keepsItsVisitedColour)
+{
+    TextButton* button = textButton(frame);
+    applySkinRecursive(frame, someSkin());
+    button->setVisited(true);
+    EXPECT_EQ(button->GetForegroundColour(), wxColour(96, 97, 98));
+    button->setVisited(false);
+    EXPECT_EQ(button->GetForegroundColour(), wxColour(7, 8, 9));
 }

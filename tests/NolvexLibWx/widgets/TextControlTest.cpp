@@ -8,6 +8,7 @@
 #include <wx/button.h>
 #include <wx/frame.h>
 #include <wx/panel.h>
+#include <wx/uiaction.h>
 
 #include <gtest/gtest.h>
 
@@ -78,7 +79,12 @@ struct TextControlTest : testing::Test
     {
         frame->Show();
         frame->Raise();
-        Tests::pumpEvents(200);
+        // All have the skin, whose paper nothing else here has; its text stands on the left.
+        EXPECT_TRUE(Tests::pumpUntil([&] {
+            const wxImage image = Tests::captureClientArea(text);
+            return Tests::pixelAt(image, image.GetWidth() - 6, image.GetHeight() / 2) == PAPER;
+        }));
+        Tests::pumpEvents(100);
         return Tests::captureClientArea(text);
     }
 };
@@ -139,6 +145,55 @@ TEST_F(TextControlTest, readOnly_isSkippedWhenTabbing)
     EXPECT_TRUE(Tests::pumpUntil([&] { return first->HasFocus(); }));
 }
 
+TEST_F(TextControlTest, readOnly_isSkippedByTheTabKey)
+{
+    auto* first = new wxButton(panel, wxID_ANY, "first");
+    make(L"read-only", wxTE_READONLY);
+    TextControl* editable = make(L"editable", 0);
+    auto* last = new wxButton(panel, wxID_ANY, "last");
+    frame->Show();
+    frame->Raise();
+    first->SetFocus();
+    ASSERT_TRUE(Tests::pumpUntil([&] { return first->HasFocus() && frame->IsActive(); }));
+    Tests::pumpEvents(200);
+    wxUIActionSimulator keyboard;
+    keyboard.Char(WXK_TAB);
+    EXPECT_TRUE(Tests::pumpUntil([&] { return editable->HasFocus(); }));
+    keyboard.Char(WXK_TAB);
+    EXPECT_TRUE(Tests::pumpUntil([&] { return last->HasFocus(); }));
+    keyboard.Char(WXK_TAB, wxMOD_SHIFT);
+    EXPECT_TRUE(Tests::pumpUntil([&] { return editable->HasFocus(); }));
+    keyboard.Char(WXK_TAB, wxMOD_SHIFT);
+    EXPECT_TRUE(Tests::pumpUntil([&] { return first->HasFocus(); }));
+}
+
+TEST_F(TextControlTest, readOnly_whereTheSystemMovesTheFocus_isSkippedByTheTabKey)
+{
+    // Without a panel the toolkit leaves the key to the system, which on some does nothing then.
+    panel->Destroy();
+    panel = nullptr;
+    auto* first = new TextControl(frame, wxID_ANY, L"first", 0, {}, {150, 30});
+    auto* readOnly = new TextControl(frame, wxID_ANY, L"read-only", wxTE_READONLY, {}, {150, 30});
+    auto* editable = new TextControl(frame, wxID_ANY, L"editable", 0, {}, {150, 30});
+    readOnly->Move(0, 50);
+    editable->Move(0, 100);
+    bool visited = false;
+    readOnly->Bind(wxEVT_SET_FOCUS, [&](wxFocusEvent& event) {
+        visited = true;
+        event.Skip();
+    });
+    frame->Show();
+    frame->Raise();
+    first->SetFocus();
+    ASSERT_TRUE(Tests::pumpUntil([&] { return first->HasFocus() && frame->IsActive(); }));
+    Tests::pumpEvents(200);
+    for (int i = 0; i < 3; ++i) {
+        wxUIActionSimulator().Char(WXK_TAB);
+        Tests::pumpEvents(100);
+        EXPECT_FALSE(visited) << i;
+    }
+}
+
 TEST_F(TextControlTest, enabled_paintsItself)
 {
     TextControl* text = make(L"HHHH");
@@ -165,6 +220,27 @@ TEST_F(TextControlTest, disabled_showsItsValueInTheDisabledColourAtTheLeft)
     EXPECT_EQ(Tests::pixelAt(image, image.GetWidth() / 2 + 30, image.GetHeight() / 2), PAPER);
 }
 
+TEST_F(TextControlTest, disabled_withABorder_drawsItsValueInsideTheBorder)
+{
+    TextControl* plain = make(L"HHHH");
+    plain->applySkin(testSkin());
+    plain->Disable();
+    const wxRect inside = redIn(shown(plain));
+    plain->Destroy();
+    TextControl* bordered = make(L"HHHH", 0);
+    bordered->applySkin(testSkin());
+    bordered->Disable();
+    Tests::pumpEvents(200);
+    const wxImage image = Tests::captureClientArea(panel);
+    const wxRect ink = redIn(image);
+    const wxPoint offset = ink.GetTopLeft() - bordered->GetPosition() - inside.GetTopLeft();
+    EXPECT_EQ(ink.GetSize(), inside.GetSize());
+    EXPECT_GE(offset.x, 1);
+    EXPECT_LE(offset.x, 3);
+    EXPECT_GE(offset.y, 1);
+    EXPECT_LE(offset.y, 3);
+}
+
 TEST_F(TextControlTest, disabledByItsParent_looksTheSame)
 {
     TextControl* text = make(L"HHHH");
@@ -186,6 +262,18 @@ TEST_F(TextControlTest, disabledWhileShown_showsTheNewValueAndColour)
     text->Enable();
     text->Refresh();
     EXPECT_TRUE(redIn(shown(text)).IsEmpty());
+}
+
+TEST_F(TextControlTest, applySkin_withAnotherDisabledColourOnly_showsItAtOnce)
+{
+    TextControl* text = make(L"HHHH");
+    GuiSkin skin = testSkin();
+    skin.disabledText = skin.text;
+    text->applySkin(skin);
+    text->Disable();
+    ASSERT_TRUE(redIn(shown(text)).IsEmpty());
+    text->applySkin(testSkin());
+    EXPECT_TRUE(Tests::pumpUntil([&] { return !redIn(Tests::captureClientArea(text)).IsEmpty(); }, 2000));
 }
 
 TEST_F(TextControlTest, disabled_ofSeveralLines_showsItsValueToo)

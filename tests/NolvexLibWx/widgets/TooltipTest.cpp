@@ -91,6 +91,20 @@ TEST_F(TooltipTest, construction_showsNothingAndWaits600Milliseconds)
     EXPECT_EQ(tooltip->GetParent(), owner);
 }
 
+TEST_F(TooltipTest, ownerThatTakesTheFocus_stillTakesIt)
+{
+    const Tooltip* tooltip = make(L"text");
+    EXPECT_FALSE(tooltip->AcceptsFocus() || tooltip->AcceptsFocusFromKeyboard());
+    EXPECT_TRUE(owner->AcceptsFocus());
+    int keys = 0;
+    owner->Bind(wxEVT_KEY_DOWN, [&](wxKeyEvent&) { ++keys; });
+    owner->SetFocus();
+    ASSERT_TRUE(pumpUntil([&] { return owner->HasFocus() && frame->IsActive(); }));
+    pumpEvents(60);
+    mouse.Char('X');
+    EXPECT_TRUE(pumpUntil([&] { return keys > 0; }));
+}
+
 TEST_F(TooltipTest, restingMouse_bringsItUpAfter600Milliseconds)
 {
     auto* tooltip = new Tooltip(owner, L"text");
@@ -122,7 +136,16 @@ TEST_F(TooltipTest, leaving_hidesIt)
     rest(tooltip);
     leave();
     EXPECT_TRUE(pumpUntil([&] { return !tooltip->IsShown(); }));
-    pumpEvents(3 * SHORT_DELAY);
+    EXPECT_FALSE(pumpUntil([&] { return tooltip->IsShown(); }, 3 * SHORT_DELAY));
+}
+
+TEST_F(TooltipTest, leaving_hidesItAtOnce)
+{
+    Tooltip* tooltip = make(L"text");
+    rest(tooltip);
+    mouse.MouseMove(5, 5);
+    wxMouseEvent left(wxEVT_LEAVE_WINDOW);
+    owner->GetEventHandler()->ProcessEvent(left);
     EXPECT_FALSE(tooltip->IsShown());
 }
 

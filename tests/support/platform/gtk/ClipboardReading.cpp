@@ -80,6 +80,12 @@ gboolean makeCall(GtkWidget* /*widget*/, GdkEvent* /*event*/, gpointer data)
 
 } // namespace
 
+// Here xclip is the other program.
+Optional<int> Tests::readClipboardForParent(int /*argc*/, char** /*argv*/)
+{
+    return {};
+}
+
 Optional<String> Tests::clipboardText()
 {
     if (!isOffered("UTF8_STRING"))
@@ -121,6 +127,22 @@ bool Tests::whileClipboardIsTaken(const std::function<bool()>& copy)
     gdk_event_free(event);
     gtk_widget_destroy(window);
     return call.result;
+}
+
+bool Tests::whileClipboardOwnerIsSilent(const std::function<bool()>& copy)
+{
+    GdkWindowAttr attributes{};
+    attributes.window_type = GDK_WINDOW_TOPLEVEL;
+    attributes.wclass = GDK_INPUT_ONLY;
+    attributes.width = attributes.height = 1;
+    // It belongs to no widget: what it is asked goes nowhere.
+    GdkWindow* const owner = gdk_window_new(gdk_get_default_root_window(), &attributes, 0);
+    for (const GdkAtom selection :
+         {GDK_SELECTION_CLIPBOARD, gdk_atom_intern_static_string("CLIPBOARD_MANAGER")})
+        gdk_selection_owner_set(owner, selection, GDK_CURRENT_TIME, FALSE);
+    const bool result = copy();
+    gdk_window_destroy(owner);
+    return result;
 }
 
 } // namespace Nolvex

@@ -1,31 +1,160 @@
 // SPDX-License-Identifier: MIT
 #include "support/ClipboardReading.h"
 
+#include "support/Events.h"
+
 #include <wx/mstream.h>
 #include <wx/msw/wrapwin.h>
 
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <cstring>
 #include <future>
+#include <memory>
+#include <string>
 #include <thread>
 
 namespace Nolvex {
 
 namespace {
 
-Array<std::uint8_t> readClipboard(UINT format)
+constexpr char READ_ARGUMENT[] = "--read-clipboard";
+
+constexpr int NOT_THERE = 3;
+
+struct CloseHandleOf
+{
+    using pointer = HANDLE;
+
+    void operator()(HANDLE handle) const { CloseHandle(handle); }
+};
+
+using Handle = std::unique_ptr<HANDLE, CloseHandleOf>;
+
+// To the parent, through the standard output.
+bool writeOut(const std::uint8_t* bytes, std::size_t size)
+{
+    constexpr std::size_t PIECE = std::size_t(1) << 20;
+    for (DWORD written = 0; size > 0; bytes += written, size -= written) {
+        const auto count = static_cast<DWORD>(std::min(size, PIECE));
+        if (WriteFile(GetStdHandle(STD_OUTPUT_HANDLE), bytes, count, &written, nullptr) == FALSE)
+            return false;
+    }
+    return true;
+}
+
+int printClipboard(UINT format)
 {
     if (OpenClipboard(nullptr) == FALSE)
-        return {};
-    Array<std::uint8_t> bytes;
+        return 1;
+    int status = NOT_THERE;
     if (const HANDLE memory = GetClipboardData(format)) {
-        const auto* from = static_cast<const std::uint8_t*>(GlobalLock(memory));
-        bytes.assign(from, from + GlobalSize(memory));
+        status = writeOut(static_cast<const std::uint8_t*>(GlobalLock(memory)), GlobalSize(memory)) ? 0 : 1;
         GlobalUnlock(memory);
     }
     CloseClipboard();
+    return status;
+}
+
+std::wstring readCommand(UINT format)
+{
+    wchar_t program[MAX_PATH];
+    GetModuleFileNameW(nullptr, program, MAX_PATH);
+    return L'"' + std::wstring(program) + L"\" " +
+           std::wstring(READ_ARGUMENT, READ_ARGUMENT + std::strlen(READ_ARGUMENT)) + L' ' +
+           std::to_wstring(format);
+}
+
+// Starts the command with its output going into the pipe.
+Handle start(std::wstring command, HANDLE output)
+{
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESTDHANDLES;
+    startup.hStdOutput = output;
+    startup.hStdError = GetStdHandle(STD_ERROR_HANDLE);
+    PROCESS_INFORMATION process{};
+    if (CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
+                       &process) == FALSE)
+        return {};
+    CloseHandle(process.hThread);
+    return Handle(process.hProcess);
+}
+
+Array<std::uint8_t> readAll(HANDLE pipe)
+{
+    Array<std::uint8_t> bytes;
+    std::uint8_t buffer[65536];
+    DWORD count = 0;
+    while (ReadFile(pipe, buffer, sizeof buffer, &count, nullptr) != FALSE && count > 0)
+        bytes.insert(bytes.end(), buffer, buffer + count);
     return bytes;
 }
 
+// Through another program: what only this one could see must not pass for copied.
+Array<std::uint8_t> readClipboard(UINT format)
+{
+    SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+    HANDLE readEnd = nullptr;
+    HANDLE writeEnd = nullptr;
+    if (CreatePipe(&readEnd, &writeEnd, &inherited, 0) == FALSE)
+        return {};
+    const Handle from(readEnd);
+    Handle to(writeEnd);
+    SetHandleInformation(readEnd, HANDLE_FLAG_INHERIT, 0);
+    const Handle process = start(readCommand(format), writeEnd);
+    to.reset();
+    if (!process)
+        return {};
+    // Events run meanwhile: the clipboard's content may be asked of this process.
+    std::future<Array<std::uint8_t>> output = std::async(std::launch::async, readAll, readEnd);
+    const auto ready = [&] { return output.wait_for(std::chrono::seconds(0)) == std::future_status::ready; };
+    if (!Tests::pumpUntil(ready, 30000))
+        TerminateProcess(process.get(), 1);
+    Array<std::uint8_t> bytes = output.get();
+    WaitForSingleObject(process.get(), INFINITE);
+    DWORD status = 1;
+    GetExitCodeProcess(process.get(), &status);
+    return status == 0 ? bytes : Array<std::uint8_t>();
+}
+
+using Hold = std::function<bool(HWND window, const std::function<void()>& wait)>;
+
+// Calls `copy` while a thread of its own is inside `hold` and waits. False as well, with a failure, when it
+// could not hold.
+bool besideHolder(const std::function<bool()>& copy, const Hold& hold)
+{
+    std::promise<void> waiting;
+    std::promise<void> release;
+    bool held = false;
+    std::thread holder([&, released = release.get_future()] {
+        const HWND window =
+            CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+        held = hold(window, [&] {
+            waiting.set_value();
+            released.wait();
+        });
+        DestroyWindow(window);
+    });
+    waiting.get_future().wait();
+    const bool result = copy();
+    release.set_value();
+    holder.join();
+    EXPECT_TRUE(held) << "nothing was held";
+    return result;
+}
+
 } // namespace
+
+Optional<int> Tests::readClipboardForParent(int argc, char** argv)
+{
+    if (argc != 3 || std::strcmp(argv[1], READ_ARGUMENT) != 0)
+        return {};
+    return printClipboard(static_cast<UINT>(std::strtoul(argv[2], nullptr, 10)));
+}
 
 Optional<String> Tests::clipboardText()
 {
@@ -55,21 +184,24 @@ std::map<std::string, wxImage> Tests::clipboardPictures()
 
 bool Tests::whileClipboardIsTaken(const std::function<bool()>& copy)
 {
-    std::promise<bool> taken;
-    std::promise<void> release;
-    std::thread holder([&, released = release.get_future()] {
-        const HWND window =
-            CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
-        taken.set_value(OpenClipboard(window) != FALSE);
-        released.wait();
+    return besideHolder(copy, [](HWND window, const std::function<void()>& wait) {
+        const bool open = OpenClipboard(window) != FALSE;
+        wait();
         CloseClipboard();
-        DestroyWindow(window);
+        return open;
     });
-    // Not held means that nothing is shown by a refusal.
-    const bool result = !taken.get_future().get() || copy();
-    release.set_value();
-    holder.join();
-    return result;
+}
+
+bool Tests::whileClipboardOwnerIsSilent(const std::function<bool()>& copy)
+{
+    return besideHolder(copy, [](HWND window, const std::function<void()>& wait) {
+        // Without data: promised, to be asked for by a message that is not looked at.
+        const bool owned = OpenClipboard(window) != FALSE && EmptyClipboard() != FALSE;
+        SetClipboardData(CF_UNICODETEXT, nullptr);
+        CloseClipboard();
+        wait();
+        return owned;
+    });
 }
 
 } // namespace Nolvex

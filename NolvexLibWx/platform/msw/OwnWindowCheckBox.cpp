@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/platform/OwnWindowCheckBox.h"
+
+#include "NolvexLibWx/CheckBoxExtent.h"
+#include "NolvexLibWx/platform/Accessibility.h"
+
+#include <wx/msw/private.h>
+
+namespace Nolvex {
+
+Platform::OwnWindowCheckBox::~OwnWindowCheckBox() = default;
+
+bool Platform::OwnWindowCheckBox::Create(wxWindow* parent, wxWindowID id, const wxString& label,
+                                         const wxPoint& pos, const wxSize& size, long style,
+                                         const wxValidator& validator, const wxString& name)
+{
+    if (!wxCheckBox::Create(parent, id, label, pos, size, style, validator, name))
+        return false;
+    OwnWindowCheckBox::SetForegroundColour(GetForegroundColour());
+    describeControl(*this, AccessibleRole::CHECK_BOX);
+    return true;
+}
+
+bool Platform::OwnWindowCheckBox::SetForegroundColour(const wxColour& colour)
+{
+    // To have a colour is what makes it an owner-drawn button for the toolkit.
+    return wxCheckBox::SetForegroundColour(colour.IsOk() ? colour : GetDefaultAttributes().colFg);
+}
+
+void Platform::OwnWindowCheckBox::SetLabel(const wxString& label)
+{
+    wxCheckBox::SetLabel(label);
+    renameControl(*this);
+    Refresh();
+}
+
+bool Platform::OwnWindowCheckBox::MSWOnDraw(WXDRAWITEMSTRUCT* /*item*/)
+{
+    Refresh();
+    return true;
+}
+
+WXLRESULT Platform::OwnWindowCheckBox::MSWWindowProc(WXUINT message, WXWPARAM wParam, WXLPARAM lParam)
+{
+    const WXLRESULT result = wxCheckBox::MSWWindowProc(message, wParam, lParam);
+    // The parent moves the focus when Tab is pressed, unless it is wanted here.
+    return message == WM_GETDLGCODE ? result | DLGC_WANTTAB : result;
+}
+
+void Platform::OwnWindowCheckBox::DoSet3StateValue(wxCheckBoxState value)
+{
+    wxCheckBox::DoSet3StateValue(value);
+    switchControl(*this, GetValue());
+}
+
+wxSize Platform::OwnWindowCheckBox::DoGetBestClientSize() const
+{
+    return checkBoxExtent(*this);
+}
+
+} // namespace Nolvex

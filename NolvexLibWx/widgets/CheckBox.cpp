@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/widgets/CheckBox.h"
+
+#include "NolvexLibWx/CheckBoxExtent.h"
+#include "NolvexLibWx/ColourConversions.h"
+#include "NolvexLibWx/DpiScaling.h"
+#include "NolvexLibWx/FontSetup.h"
+#include "NolvexLibWx/GeometryConversions.h"
+#include "NolvexLibWx/MoveFocus.h"
+#include "NolvexLibWx/PerScale.h"
+#include "NolvexLibWx/StringConversions.h"
+#include "NolvexLibWx/platform/OutlineFont.h"
+#include "NolvexLibWx/widgets/GuiSkin.h"
+#include "NolvexLibWx/widgets/OskaBorder.h"
+
+#include <wx/dcclient.h>
+#include <wx/graphics.h>
+#include <wx/pen.h>
+#include <wx/weakref.h>
+
+#include <memory>
+#include <utility>
+
+namespace Nolvex {
+
+namespace {
+
+// Found by eye with the fonts of each scale.
+constexpr PerScale<int> LABEL_Y{-1, -3, -4};
+constexpr PerScale<std::array<wxDash, 2>> FOCUS_DASHES{{{1, 2}, {2, 1}, {2, 3}}};
+
+wxSize sizeFor(const String& label, wxSize size)
+{
+    if (label.isEmpty() && size == wxDefaultSize)
+        size = wxSize(CHECK_BOX_LENGTH, CHECK_BOX_LENGTH);
+    else if (!label.isEmpty() && size.y == wxDefaultCoord)
+        size.y = CHECK_BOX_LENGTH;
+    return Wx::scaleByDpi(size);
+}
+
+wxPoint2DDouble scaled(int x, int y)
+{
+    const Pixel point = Wx::scaleByDpi(Pixel{x, y});
+    return {static_cast<double>(point.x), static_cast<double>(point.y)};
+}
+
+void drawCheckMark(wxGraphicsContext& context)
+{
+    wxGraphicsPath mark = context.CreatePath();
+    mark.MoveToPoint(scaled(3, 7));
+    mark.AddLineToPoint(scaled(6, 10));
+    mark.AddLineToPoint(scaled(11, 3));
+    mark.AddLineToPoint(scaled(6, 9));
+    mark.CloseSubpath();
+    context.DrawPath(mark, wxWINDING_RULE);
+}
+
+void drawFocusMark(wxGraphicsContext& context, wxDC& dc, const wxString& label)
+{
+    // The pen refers to the dashes. They stay those of the first focused paint, whatever the scale is later.
+    static std::array<wxDash, 2> dashes = atScreenScale(FOCUS_DASHES);
+    wxPen pen = dc.GetPen();
+    pen.SetWidth(Wx::scaleByDpi(1));
+    pen.SetColour(dc.GetTextForeground());
+    pen.SetStyle(wxPENSTYLE_USER_DASH);
+    pen.SetDashes(static_cast<int>(dashes.size()), dashes.data());
+    context.SetPen(pen);
+    const wxSize text = dc.GetTextExtent(label);
+    context.DrawRectangle(Wx::scaleByDpi(CHECK_BOX_LABEL_X - 1), 0, text.x + Wx::scaleByDpi(2),
+                          text.y - Wx::scaleByDpi(1));
+}
+
+} // namespace
+
+Wx::CheckBox::CheckBox(wxWindow* parent, int id, const String& label, const wxPoint& pos, const wxSize& size,
+                       bool enabled)
+{
+    Create(parent, id, toWxString(label), pos, sizeFor(label, size), 0, wxDefaultValidator,
+           wxASCII_STR(wxCheckBoxNameStr));
+    Bind(wxEVT_CHECKBOX, &CheckBox::onChanged, this);
+    Bind(wxEVT_PAINT, &CheckBox::onPaint, this);
+    Bind(wxEVT_KILL_FOCUS, &CheckBox::onFocusLost, this);
+    Bind(wxEVT_KEY_DOWN, &CheckBox::onKeyDown, this);
+    Bind(wxEVT_KEY_UP, &CheckBox::onKeyUp, this);
+    wxWindowBase::Enable(enabled);
+}
+
+Wx::CheckBox::~CheckBox() = default;
+
+bool Wx::CheckBox::SetFont(const wxFont& font)
+{
+    // What every control does with a font, without what a native one would do besides.
+    return wxControlBase::SetFont(setDefaultFontSize(font, 1.0f)); // NOLINT(bugprone-parent-virtual-call)
+}
+
+void Wx::CheckBox::setValue(bool value, bool notify)
+{
+    SetValue(value);
+    if (!notify)
+        return;
+    wxCommandEvent event(wxEVT_CHECKBOX, GetId());
+    InitCommandEvent(event);
+    event.SetInt(Get3StateValue());
+    event.SetEventObject(this);
+    Command(event);
+}
+
+void Wx::CheckBox::setChangeCallback(Function<void(bool)> onChange)
+{
+    m_changeCallback = std::move(onChange);
+}
+
+void Wx::CheckBox::onChanged(wxCommandEvent& event)
+{
+    const wxWeakRef<CheckBox> self(this);
+    if (m_changeCallback)
+        m_changeCallback(GetValue());
+    // The callback may have destroyed it; then there is nobody to look for further handlers.
+    if (!self)
+        return;
+    Refresh(true, nullptr);
+    event.Skip();
+}
+
+void Wx::CheckBox::onFocusLost(wxFocusEvent& event)
+{
+    Refresh(true, nullptr);
+    event.Skip();
+}
+
+void Wx::CheckBox::onKeyDown(wxKeyEvent& event)
+{
+    if (event.GetKeyCode() == WXK_TAB)
+        m_tabPressed = true;
+    event.Skip();
+}
+
+void Wx::CheckBox::onKeyUp(wxKeyEvent& event)
+{
+    event.Skip();
+    if (!std::exchange(m_tabPressed, false))
+        return;
+    const wxWeakRef<CheckBox> self(this);
+    moveFocus(this, event.ShiftDown() ? MoveFocusDirection::BACKWARD : MoveFocusDirection::FORWARD);
+    // Whoever sees the focus go may have destroyed it; then there is nobody to look for further handlers.
+    if (self)
+        Refresh(true, nullptr);
+    else
+        event.Skip(false);
+}
+
+void Wx::CheckBox::onPaint(wxPaintEvent& /*event*/)
+{
+    wxPaintDC dc(this);
+    drawFace(dc);
+}
+
+void Wx::CheckBox::drawFace(wxDC& dc) const
+{
+    const int box = scaleByDpi(CHECK_BOX_LENGTH);
+    OskaBorder::draw(dc, {{0, 0}, {box, box}}, OskaBorderState::ENABLED);
+    dc.SetFont(GetFont());
+    dc.SetTextForeground(GetForegroundColour());
+    dc.SetPen(*wxStockGDI::GetPen(wxStockGDI::PEN_WHITE));
+    const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::CreateFromUnknownDC(dc));
+    if (!context)
+        return;
+    if (GetValue()) {
+        context->SetPen(*wxStockGDI::GetPen(wxStockGDI::PEN_WHITE));
+        drawCheckMark(*context);
+    }
+    const wxColour disabled = toWxColour(GuiSkin::DEFAULT().disabledText);
+    context->SetFont(Platform::outlineFont(dc.GetFont()), IsEnabled() ? dc.GetTextForeground() : disabled);
+    const wxString label = GetLabelText();
+    context->DrawText(label, scaleByDpi(CHECK_BOX_LABEL_X), atScreenScale(LABEL_Y));
+    if (HasFocus())
+        drawFocusMark(*context, dc, label);
+}
+
+} // namespace Nolvex

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/widgets/TextCtrl.h"
+
+#include "NolvexLib/Noncopyable.h"
+#include "NolvexLibWx/NolvexLibWx.h"
+#include "support/PairedRatio.h"
+
+#include <wx/app.h>
+#include <wx/evtloop.h>
+#include <wx/frame.h>
+#include <wx/panel.h>
+
+#include <memory>
+
+namespace Nolvex::Benchmarks {
+
+namespace {
+
+// A log of 100,000 lines, of which the first and the last 10,000 are compared.
+constexpr int MANY_LINES = 90'000;
+constexpr int LINES_PER_TURN = 1'000;
+constexpr int TURNS = 10;
+constexpr int LINES_PER_PAINTING = 100;
+
+// The library and an event loop, which the painting of windows needs.
+class RunningToolkit : private Noncopyable
+{
+public:
+    RunningToolkit()
+    {
+        LibWx::startup(LibWx::ApplicationType::APPLICATION);
+        m_loop = std::make_unique<wxEventLoop>();
+        m_active = std::make_unique<wxEventLoopActivator>(m_loop.get());
+    }
+
+    ~RunningToolkit()
+    {
+        m_active.reset();
+        m_loop.reset();
+        LibWx::shutdown();
+    }
+
+private:
+    std::unique_ptr<wxEventLoop> m_loop;
+    std::unique_ptr<wxEventLoopActivator> m_active;
+};
+
+// A log on the screen that follows its end while it grows by 10,000 lines, then begins anew from where it
+// was.
+class FollowedLog : private Noncopyable
+{
+public:
+    explicit FollowedLog(int lines)
+    {
+        m_text->AppendText(numbered(0, lines));
+        m_start = m_text->GetLastPosition();
+        m_frame->Show();
+        processEvents();
+    }
+
+    ~FollowedLog()
+    {
+        m_frame->Destroy();
+        processEvents();
+    }
+
+    void append()
+    {
+        if (m_turn == TURNS) {
+            m_text->Remove(m_start, m_text->GetLastPosition());
+            m_turn = 0;
+        }
+        for (int i = 0; i < LINES_PER_TURN; ++i) {
+            m_text->AppendText(numbered(i, 1));
+            if (i % LINES_PER_PAINTING == 0)
+                processEvents();
+        }
+        processEvents();
+        ++m_turn;
+    }
+
+private:
+    static wxString numbered(int first, int count)
+    {
+        wxString text;
+        for (int i = first; i < first + count; ++i)
+            text += wxString::Format(L"%d: something happened\n", i);
+        return text;
+    }
+
+    static void processEvents()
+    {
+        wxYield();
+        wxTheApp->ProcessIdle();
+    }
+
+    wxFrame* m_frame = new wxFrame(nullptr, wxID_ANY, L"log", wxDefaultPosition, wxSize(420, 340));
+    wxPanel* m_panel = new wxPanel(m_frame);
+    Wx::TextCtrl* m_text = new Wx::TextCtrl(m_panel, wxID_ANY, {}, wxPoint(0, 0), wxSize(400, 300),
+                                            wxTE_MULTILINE | wxTE_READONLY);
+    long m_start = 0;
+    int m_turn = 0;
+};
+
+// The time of a line among the first 10,000 divided by that of one among the last.
+Contest appending()
+{
+    const auto toolkit = std::make_shared<RunningToolkit>();
+    const auto young = std::make_shared<FollowedLog>(0);
+    const auto old = std::make_shared<FollowedLog>(MANY_LINES);
+    return {[toolkit, young] { young->append(); }, [toolkit, old] { old->append(); }};
+}
+
+const Figure APPENDING("text_append_to_90000_lines", 0.5, appending);
+
+} // namespace
+
+} // namespace Nolvex::Benchmarks

@@ -1,0 +1,323 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/NolvexLibWx.h"
+#include "NolvexLibWx/net/LegacySockets.h"
+#include "support/PairedRatio.h"
+
+#include <wx/socket.h>
+
+#include <arpa/inet.h>
+#include <benchmark/benchmark.h>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sched.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstdlib>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace Nolvex::Benchmarks {
+
+namespace {
+
+using namespace Wx::Legacy;
+
+constexpr std::size_t PIECE = 65536;
+constexpr std::size_t BODY = std::size_t{64} << 20;
+constexpr int HEADERS = 100;
+constexpr int ROUND_TRIPS = 500;
+
+void check(bool isDone)
+{
+    if (!isDone)
+        throw std::runtime_error("A transfer between the benchmark's own ends failed.");
+}
+
+// The system's own sockets, connected on the loopback.
+class RawPair
+{
+public:
+    RawPair()
+    {
+        const int listener = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+        sockaddr_in address = {};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t size = sizeof(address);
+        auto* const generic = reinterpret_cast<sockaddr*>(&address);
+        check(::bind(listener, generic, size) == 0 && ::listen(listener, 1) == 0 &&
+              ::getsockname(listener, generic, &size) == 0);
+        m_first = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+        check(::connect(m_first, generic, size) == 0);
+        m_second = ::accept(listener, nullptr, nullptr);
+        ::close(listener);
+        constexpr int ON = 1;
+        for (const int end : {m_first, m_second})
+            ::setsockopt(end, IPPROTO_TCP, TCP_NODELAY, &ON, sizeof(ON));
+    }
+
+    ~RawPair()
+    {
+        ::close(m_first);
+        ::close(m_second);
+    }
+
+    RawPair(const RawPair&) = delete;
+    RawPair& operator=(const RawPair&) = delete;
+
+    int first() const { return m_first; }
+
+    int second() const { return m_second; }
+
+private:
+    int m_first = -1;
+    int m_second = -1;
+};
+
+void sendAll(int socket, const char* data, std::size_t size)
+{
+    while (size > 0) {
+        const ssize_t count = ::send(socket, data, std::min(size, PIECE), MSG_NOSIGNAL);
+        check(count > 0);
+        data += count;
+        size -= static_cast<std::size_t>(count);
+    }
+}
+
+void receiveAll(int socket, char* data, std::size_t size)
+{
+    while (size > 0) {
+        const ssize_t count = ::recv(socket, data, std::min(size, PIECE), 0);
+        check(count > 0);
+        data += count;
+        size -= static_cast<std::size_t>(count);
+    }
+}
+
+// The library, started for as long as the work needs it.
+std::shared_ptr<void> startedLibrary()
+{
+    LibWx::startup(LibWx::ApplicationType::APPLICATION);
+    return {nullptr, [](void*) { LibWx::shutdown(); }};
+}
+
+// Two ends of the library's own.
+struct Pair
+{
+    std::shared_ptr<void> library = startedLibrary();
+    TcpListener listener{SocketAddress::localhost(0), 5};
+    TcpClient client{*listener.getLocalAddress(), 5};
+    TcpSocket server = listener.acceptConnection(true);
+};
+
+// A toolkit socket whose other end is the system's.
+struct HalfRawPair
+{
+    std::shared_ptr<void> library = startedLibrary();
+    int raw = -1;
+    wxSocketClient* socket = new wxSocketClient(wxSOCKET_WAITALL | wxSOCKET_BLOCK);
+
+    HalfRawPair()
+    {
+        TcpListener listener(SocketAddress::localhost(0), 5);
+        const unsigned short port = listener.getLocalAddress()->getPort();
+        listener.close();
+        const int server = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+        sockaddr_in address = {};
+        address.sin_family = AF_INET;
+        address.sin_port = htons(port);
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        constexpr int ON = 1;
+        ::setsockopt(server, SOL_SOCKET, SO_REUSEADDR, &ON, sizeof(ON));
+        check(::bind(server, reinterpret_cast<sockaddr*>(&address), sizeof(address)) == 0 &&
+              ::listen(server, 1) == 0);
+        wxIPV4address there;
+        there.LocalHost();
+        there.Service(port);
+        check(socket->Connect(there, true));
+        raw = ::accept(server, nullptr, nullptr);
+        ::close(server);
+    }
+
+    ~HalfRawPair()
+    {
+        socket->Destroy();
+        ::close(raw);
+    }
+
+    HalfRawPair(const HalfRawPair&) = delete;
+    HalfRawPair& operator=(const HalfRawPair&) = delete;
+};
+
+std::string headersOfOneKilobyte()
+{
+    std::string header = "<root><DataType>0</DataType><Text>";
+    header.append(1024 - header.size() - 14 + 1, 'x').append("</Text></root>").push_back('\0');
+    std::string all;
+    for (int i = 0; i < HEADERS; ++i)
+        all += header;
+    return all;
+}
+
+// What the toolkit offers to whoever must not read past the end: one byte a call.
+void readByteByByte(wxSocketBase& socket)
+{
+    for (int i = 0; i < HEADERS; ++i) {
+        std::string text;
+        char byte = 1;
+        while (byte != '\0') {
+            socket.Read(&byte, 1);
+            check(socket.LastReadCount() == 1);
+            text.push_back(byte);
+        }
+        benchmark::DoNotOptimize(text.data());
+    }
+}
+
+void readByLibrary(wxSocketBase& socket)
+{
+    for (int i = 0; i < HEADERS; ++i) {
+        String text;
+        check(Wx::Legacy::WxSocket::readString(&socket, text, 5) == SocketResult::Success);
+        benchmark::DoNotOptimize(text.length());
+    }
+}
+
+template<void (*READ)(wxSocketBase&)>
+Work readHeaders(const std::shared_ptr<HalfRawPair>& pair, const std::shared_ptr<std::string>& headers)
+{
+    return [pair, headers] {
+        std::thread sender([&] { sendAll(pair->raw, headers->data(), headers->size()); });
+        READ(*pair->socket);
+        sender.join();
+    };
+}
+
+Contest headerReading()
+{
+    const auto pair = std::make_shared<HalfRawPair>();
+    const auto headers = std::make_shared<std::string>(headersOfOneKilobyte());
+    Contest contest;
+    contest.peer = readHeaders<readByteByByte>(pair, headers);
+    contest.ours = readHeaders<readByLibrary>(pair, headers);
+    return contest;
+}
+
+// Keeps this thread, and those that it starts, on one core.
+class OneCore
+{
+public:
+    OneCore()
+    {
+        ::sched_getaffinity(0, sizeof(m_before), &m_before);
+        cpu_set_t one;
+        CPU_ZERO(&one);
+        for (std::size_t i = 0; i < CPU_SETSIZE && CPU_COUNT(&one) == 0; ++i) {
+            if (CPU_ISSET(i, &m_before))
+                CPU_SET(i, &one);
+        }
+        ::sched_setaffinity(0, sizeof(one), &one);
+    }
+
+    ~OneCore() { ::sched_setaffinity(0, sizeof(m_before), &m_before); }
+
+    OneCore(const OneCore&) = delete;
+    OneCore& operator=(const OneCore&) = delete;
+
+private:
+    cpu_set_t m_before = {};
+};
+
+struct Free
+{
+    void operator()(char* block) const { std::free(block); }
+};
+
+// From memory to memory that is fresh each time, as what the library hands over is.
+void moveRaw(const RawPair& pair, const std::vector<std::byte>& body)
+{
+    const OneCore oneCore;
+    std::thread sender(
+        [&] { sendAll(pair.first(), reinterpret_cast<const char*>(body.data()), body.size()); });
+    const std::unique_ptr<char, Free> received(static_cast<char*>(std::malloc(BODY)));
+    receiveAll(pair.second(), received.get(), BODY);
+    sender.join();
+}
+
+void moveByLibrary(Pair& pair, const std::vector<std::byte>& body)
+{
+    const OneCore oneCore;
+    std::thread sender([&] {
+        check(pair.client.writeRawMemory(body, XmlString(), DataCompression::None, DataType::RawData) ==
+              SocketResult::Success);
+    });
+    ReceivedData received;
+    check(pair.server.readData(received, ReadDataContext()) == SocketResult::Success);
+    sender.join();
+}
+
+Contest bodies()
+{
+    const auto raw = std::make_shared<RawPair>();
+    const auto pair = std::make_shared<Pair>();
+    const auto body = std::make_shared<std::vector<std::byte>>(BODY, std::byte{7});
+    return {[raw, body] { moveRaw(*raw, *body); }, [pair, body] { moveByLibrary(*pair, *body); }};
+}
+
+// The bytes of a text message with one child, both ways.
+void exchangeRaw(const RawPair& pair, const std::string& message)
+{
+    std::thread answerer([&] {
+        std::string request(message.size(), '\0');
+        for (int i = 0; i < ROUND_TRIPS; ++i) {
+            receiveAll(pair.second(), request.data(), request.size());
+            sendAll(pair.second(), message.data(), message.size());
+        }
+    });
+    std::string answer(message.size(), '\0');
+    for (int i = 0; i < ROUND_TRIPS; ++i) {
+        sendAll(pair.first(), message.data(), message.size());
+        receiveAll(pair.first(), answer.data(), answer.size());
+    }
+    answerer.join();
+}
+
+void exchangeByLibrary(Pair& pair, const XmlString& message)
+{
+    std::thread answerer([&] {
+        XmlString request;
+        for (int i = 0; i < ROUND_TRIPS; ++i)
+            check(pair.server.readString(request) == SocketResult::Success &&
+                  pair.server.writeString(message, {}) == SocketResult::Success);
+    });
+    XmlString answer;
+    for (int i = 0; i < ROUND_TRIPS; ++i)
+        check(pair.client.writeString(message, {}) == SocketResult::Success &&
+              pair.client.readString(answer) == SocketResult::Success);
+    answerer.join();
+}
+
+Contest requests()
+{
+    const auto raw = std::make_shared<RawPair>();
+    const auto pair = std::make_shared<Pair>();
+    XmlString message;
+    message.addChild(L"Command", L"status");
+    const std::string bytes =
+        "<root><DataType>0</DataType><Command>status</Command></root>" + std::string(1, '\0');
+    return {[raw, bytes] { exchangeRaw(*raw, bytes); },
+            [pair, message] { exchangeByLibrary(*pair, message); }};
+}
+
+const Figure HEADER_READING("socket_header_reading", 25.0, headerReading);
+const Figure BODIES("socket_raw_body", 0.85, bodies);
+const Figure REQUESTS("socket_request_and_answer", 0.75, requests);
+
+} // namespace
+
+} // namespace Nolvex::Benchmarks

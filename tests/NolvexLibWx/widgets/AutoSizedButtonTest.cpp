@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/widgets/AutoSizedButton.h"
+
+#include "NolvexLibWx/DpiScaling.h"
+#include "support/Gestures.h"
+#include "support/Screen.h"
+
+#include <wx/dcclient.h>
+#include <wx/frame.h>
+#include <wx/image.h>
+
+#include <gtest/gtest.h>
+
+using namespace Nolvex;
+using Wx::AutoSizedButton;
+using Wx::scaleByDpi;
+
+namespace {
+
+constexpr RgbBytes ICON{200, 100, 50};
+
+wxBitmap icon(int width, int height)
+{
+    wxImage image(width, height);
+    image.SetRGB(wxRect(0, 0, width, height), ICON.r, ICON.g, ICON.b);
+    return {image};
+}
+
+// The size in which a button of the default skin shows a text, written down once more.
+wxSize withPadding(const AutoSizedButton* button, const wxString& text)
+{
+    wxSize size = button->GetTextExtent(text);
+    size.IncBy(scaleByDpi(10));
+    return size;
+}
+
+struct AutoSizedButtonSizeTest : testing::Test
+{
+    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "auto", wxPoint(100, 100), wxSize(400, 300));
+    wxPanel* panel = new wxPanel(frame);
+
+    ~AutoSizedButtonSizeTest() override { Tests::destroyNow(frame); }
+
+    AutoSizedButton* make(const wxString& label, int minWidth = 0, int minHeight = 0)
+    {
+        return new AutoSizedButton(panel, label, minWidth, minHeight);
+    }
+};
+
+using AutoSizedButtonTest = AutoSizedButtonSizeTest;
+
+} // namespace
+
+TEST_F(AutoSizedButtonSizeTest, label_getsItsExtentPaddingAndFrame)
+{
+    const AutoSizedButton* button = make(L"A label");
+    EXPECT_EQ(button->GetMinSize(), withPadding(button, L"A label") + wxSize(4, 4));
+}
+
+TEST_F(AutoSizedButtonSizeTest, leastSize_isScaled)
+{
+    EXPECT_EQ(make(L"OK", 200, 100)->GetMinSize(), wxSize(scaleByDpi(200), scaleByDpi(100)));
+}
+
+TEST_F(AutoSizedButtonSizeTest, emptyLabelWithoutIcon_isAsSmallAsItsFrame)
+{
+    EXPECT_EQ(make(wxString())->GetMinSize(), wxSize(4, 4));
+    EXPECT_EQ(make(wxString(), -100, -100)->GetMinSize(), wxSize(4, 4));
+    EXPECT_EQ(make(wxString(), 3, 3)->GetMinSize(),
+              wxSize(std::max(4, scaleByDpi(3)), std::max(4, scaleByDpi(3))));
+}
+
+TEST_F(AutoSizedButtonSizeTest, iconAndLabel_addInWidthAndCompeteInHeight)
+{
+    AutoSizedButton* button = make(L"A label");
+    const wxSize text = withPadding(button, L"A label");
+    button->setEnabledIcon(icon(50, 100), {});
+    const int factor = scaleByDpi(1);
+    EXPECT_EQ(button->GetMinSize(), wxSize(text.x + 4 + 50 * factor, 100 * factor + 4));
+    button->setEnabledIcon(icon(50, 2), {});
+    EXPECT_EQ(button->GetMinSize(), wxSize(text.x + 4 + 50 * factor, text.y + 4));
+}
+
+TEST_F(AutoSizedButtonSizeTest, icons_countWithTheLargerOfEachDimension)
+{
+    AutoSizedButton* button = make(wxString());
+    button->setEnabledIcon(icon(40, 10), {});
+    button->setDisabledIcon(icon(10, 60), {});
+    const int factor = scaleByDpi(1);
+    EXPECT_EQ(button->GetMinSize(), wxSize(40 * factor + 4, 60 * factor + 4));
+}
+
+TEST_F(AutoSizedButtonSizeTest, iconWithSize_isASquareOfThatSizeTimesTheWholeFactor)
+{
+    AutoSizedButton* button = make(wxString());
+    button->setEnabledIcon(icon(50, 100), 16);
+    const int length = 16 * scaleByDpi(1);
+    EXPECT_EQ(button->GetMinSize(), wxSize(length + 4, length + 4));
+}
+
+TEST_F(AutoSizedButtonSizeTest, label_changed_raisesAndLowersTheWidthDownToTheLeast)
+{
+    AutoSizedButton* button = make(L"OK", 60);
+    EXPECT_EQ(button->GetMinSize().x, scaleByDpi(60));
+    button->SetLabel(L"A label much longer than sixty pixels");
+    EXPECT_EQ(button->GetMinSize().x, withPadding(button, L"A label much longer than sixty pixels").x + 4);
+    button->SetLabel(L"OK");
+    EXPECT_EQ(button->GetMinSize().x, scaleByDpi(60));
+}
+
+TEST_F(AutoSizedButtonSizeTest, changes_leaveTheSizeItHas)
+{
+    AutoSizedButton* button = make(L"OK");
+    button->SetSize(30, 20);
+    button->SetLabel(L"A label much longer than thirty pixels");
+    button->setEnabledIcon(icon(50, 50), {});
+    EXPECT_EQ(button->GetSize(), wxSize(30, 20));
+}
+
+TEST_F(AutoSizedButtonTest, invalidIconAndNoSize_areNoIcon)
+{
+    AutoSizedButton* button = make(wxString());
+    button->setEnabledIcon(icon(50, 50), {});
+    button->setEnabledIcon(wxBitmap(), 16);
+    EXPECT_EQ(button->GetMinSize(), wxSize(4, 4));
+    button->setEnabledIcon(wxBitmap(), {});
+    button->setDisabledIcon(icon(50, 50), 0);
+    button->setEnabledIcon(icon(50, 50), -3);
+    EXPECT_EQ(button->GetMinSize(), wxSize(4, 4));
+}
+
+TEST_F(AutoSizedButtonTest, icons_areShownInTheirStates)
+{
+    AutoSizedButton* button = make(wxString());
+    button->SetSize(20, 20, 60, 60);
+    button->setEnabledIcon(icon(20, 20), {});
+    frame->Show();
+    frame->Raise();
+    Tests::pumpEvents(150);
+    EXPECT_EQ(Tests::pixelAt(Tests::captureClientArea(button), 3, 3), ICON);
+    button->Enable(false);
+    EXPECT_NE(Tests::pixelAt(Tests::captureClientArea(button), 3, 3), ICON) << "it has no icon when disabled";
+    button->setDisabledIcon(icon(10, 10), {});
+    EXPECT_EQ(Tests::pixelAt(Tests::captureClientArea(button), 3, 3), ICON);
+}
+
+TEST_F(AutoSizedButtonTest, isAPushButtonInTheDefaultSkin)
+{
+    const AutoSizedButton* button = make(L"OK");
+    EXPECT_EQ(button->GetBackgroundColour(),
+              wxColour(Wx::GuiSkin::DEFAULT().background.r, Wx::GuiSkin::DEFAULT().background.g,
+                       Wx::GuiSkin::DEFAULT().background.b));
+    EXPECT_TRUE(button->IsEnabled());
+    EXPECT_FALSE(button->borderState().has(OskaBorderState::NO_FRAME));
+}
+
+TEST_F(AutoSizedButtonTest, click_tellsTheParentThenTheCallback)
+{
+    AutoSizedButton* button = make(L"OK");
+    std::vector<std::string> reports;
+    panel->Bind(wxEVT_BUTTON, [&](wxEvent&) { reports.emplace_back("event"); });
+    button->doClick({});
+    button->setClickCallback([&] { reports.emplace_back("callback"); });
+    button->doClick({});
+    EXPECT_EQ(reports, std::vector<std::string>({"event", "event", "callback"}));
+}
+
+TEST_F(AutoSizedButtonTest, callbackThatDestroysIt_isSafe)
+{
+    AutoSizedButton* button = make(L"OK");
+    button->setClickCallback([button] { button->Destroy(); });
+    button->doClick({});
+    EXPECT_TRUE(panel->GetChildren().empty());
+}
+
+TEST_F(AutoSizedButtonTest, callbackThatReplacesItself_isSafe)
+{
+    AutoSizedButton* button = make(L"OK");
+    int calls = 0;
+    button->setClickCallback([&, button] {
+        button->setClickCallback({});
+        ++calls;
+    });
+    button->doClick({});
+    button->doClick({});
+    EXPECT_EQ(calls, 1);
+}

@@ -1,0 +1,279 @@
+// SPDX-License-Identifier: MIT
+#include "support/TextCtrlFixture.h"
+
+#include <wx/uiaction.h>
+
+#include <gtest/gtest.h>
+
+using namespace Nolvex;
+using Tests::numberedLines;
+using Tests::Range;
+using Tests::selectionOf;
+
+namespace {
+
+using TextCtrlMouseTest = Tests::TextCtrlFixture;
+
+} // namespace
+
+TEST_F(TextCtrlMouseTest, leftDown_putsTheCaretThereFocusesAndCaptures)
+{
+    show("hello world\nsecond line");
+    const long target = text->XYToPosition(4, 1);
+    EXPECT_TRUE(mouse(wxEVT_LEFT_DOWN, pointAt(target), true));
+    EXPECT_EQ(selectionOf(text), (Range{target, target}));
+    EXPECT_TRUE(text->HasCapture());
+    EXPECT_TRUE(Tests::pumpUntil([&] { return text->HasFocus(); }));
+    EXPECT_TRUE(mouse(wxEVT_LEFT_UP));
+    EXPECT_FALSE(text->HasCapture());
+}
+
+TEST_F(TextCtrlMouseTest, leftDown_onASingleLineWithoutFocus_selectsNothing)
+{
+    show("hello", 0);
+    mouse(wxEVT_LEFT_DOWN, {150, 8}, true);
+    mouse(wxEVT_LEFT_UP);
+    ASSERT_TRUE(Tests::pumpUntil([&] { return text->HasFocus(); }));
+    Tests::pumpEvents(50);
+    EXPECT_EQ(selectionOf(text), (Range{5, 5}));
+}
+
+TEST_F(TextCtrlMouseTest, leftDown_onASingleLine_capturesToo)
+{
+    show("hello", 0);
+    mouse(wxEVT_LEFT_DOWN, {5, 8}, true);
+    EXPECT_TRUE(text->HasCapture());
+    mouse(wxEVT_LEFT_UP);
+    EXPECT_FALSE(text->HasCapture());
+}
+
+TEST_F(TextCtrlMouseTest, leftDown_whileCaptured_capturesOnce)
+{
+    show("hello");
+    mouse(wxEVT_LEFT_DOWN, pointAt(2), true);
+    mouse(wxEVT_LEFT_DOWN, pointAt(1), true);
+    EXPECT_EQ(selectionOf(text), (Range{1, 1}));
+    mouse(wxEVT_LEFT_UP);
+    EXPECT_FALSE(text->HasCapture());
+}
+
+TEST_F(TextCtrlMouseTest, motion_afterLeftDown_selectsInEitherDirection)
+{
+    show("hello world");
+    mouse(wxEVT_LEFT_DOWN, pointAt(4), true);
+    EXPECT_TRUE(mouse(wxEVT_MOTION, pointAt(7), true));
+    EXPECT_EQ(selectionOf(text), (Range{4, 7}));
+    mouse(wxEVT_MOTION, pointAt(1), true);
+    EXPECT_EQ(selectionOf(text), (Range{1, 4}));
+    mouse(wxEVT_LEFT_UP);
+    EXPECT_TRUE(mouse(wxEVT_MOTION, pointAt(7)));
+    EXPECT_EQ(selectionOf(text), (Range{1, 4}));
+}
+
+TEST_F(TextCtrlMouseTest, motion_withoutLeftDown_selectsNothing)
+{
+    show("hello world");
+    text->SetSelection(2, 2);
+    mouse(wxEVT_MOTION, pointAt(7), true);
+    EXPECT_EQ(selectionOf(text), (Range{2, 2}));
+}
+
+TEST_F(TextCtrlMouseTest, motion_beyondTheRightAndBottomEdge_isClampedToTheLastPixel)
+{
+    show(numberedLines(40));
+    text->ShowPosition(0);
+    Tests::pumpEvents(100);
+    const wxSize area = text->GetClientSize();
+    mouse(wxEVT_LEFT_DOWN, pointAt(2), true);
+    mouse(wxEVT_MOTION, {area.x - 1, area.y - 1}, true);
+    const Range atTheEdge = selectionOf(text);
+    ASSERT_LT(atTheEdge.to, text->GetLastPosition() / 2);
+    text->SetInsertionPoint(2);
+    text->ShowPosition(0);
+    Tests::pumpEvents(100);
+    mouse(wxEVT_MOTION, {area.x + 900, area.y + 900}, true);
+    EXPECT_EQ(selectionOf(text), atTheEdge);
+    mouse(wxEVT_LEFT_UP);
+}
+
+TEST_F(TextCtrlMouseTest, motion_beyondTheRightEdge_ofALongLine_isClampedToTheLastPixel)
+{
+    show(wxString(L'x', 400), wxTE_MULTILINE | wxTE_DONTWRAP);
+    const wxSize area = text->GetClientSize();
+    const int y = text->GetCharHeight() / 2;
+    mouse(wxEVT_LEFT_DOWN, pointAt(2), true);
+    mouse(wxEVT_MOTION, {area.x - 1, y}, true);
+    const Range atTheEdge = selectionOf(text);
+    ASSERT_GT(atTheEdge.to, 10);
+    ASSERT_LT(atTheEdge.to, 200);
+    text->SetInsertionPoint(2);
+    text->ShowPosition(0);
+    Tests::pumpEvents(100);
+    mouse(wxEVT_MOTION, {area.x + 900, y}, true);
+    EXPECT_EQ(selectionOf(text), atTheEdge);
+    mouse(wxEVT_LEFT_UP);
+}
+
+TEST_F(TextCtrlMouseTest, motion_leftOfScrolledText_isClampedToItsFirstPixel)
+{
+    show(wxString(L'x', 400), wxTE_MULTILINE | wxTE_DONTWRAP);
+    text->SetInsertionPoint(300);
+    text->ShowPosition(300);
+    ASSERT_TRUE(Tests::pumpUntil([&] { return text->PositionToCoords(0).x < -100; }));
+    settledTop();
+    const int y = text->GetCharHeight() / 2;
+    mouse(wxEVT_LEFT_DOWN, pointAt(299), true);
+    mouse(wxEVT_MOTION, {-9000, y}, true);
+    EXPECT_GT(selectionOf(text).from, 20);
+    EXPECT_LE(selectionOf(text).from, 299);
+    mouse(wxEVT_LEFT_UP);
+}
+
+TEST_F(TextCtrlMouseTest, motion_aboveAndLeft_isClampedToZero)
+{
+    show("hello world\nsecond line");
+    const long anchor = text->XYToPosition(4, 1);
+    mouse(wxEVT_LEFT_DOWN, pointAt(anchor), true);
+    mouse(wxEVT_MOTION, {-900, -900}, true);
+    EXPECT_EQ(selectionOf(text), (Range{0, anchor}));
+    mouse(wxEVT_LEFT_UP);
+}
+
+TEST_F(TextCtrlMouseTest, doubleClick_selectsTheLineWithoutItsBreak)
+{
+    show("first line\nsecond line\nthird");
+    EXPECT_TRUE(mouse(wxEVT_LEFT_DCLICK, pointAt(text->XYToPosition(4, 1))));
+    EXPECT_EQ(selectionOf(text), (Range{text->XYToPosition(0, 1), text->XYToPosition(0, 2) - 1}));
+}
+
+TEST_F(TextCtrlMouseTest, doubleClick_onTheLastLine_selectsToTheEndOfTheText)
+{
+    show("first line\nsecond line\nthird");
+    mouse(wxEVT_LEFT_DCLICK, pointAt(text->XYToPosition(2, 2)));
+    EXPECT_EQ(selectionOf(text), (Range{text->XYToPosition(0, 2), text->GetLastPosition()}));
+}
+
+TEST_F(TextCtrlMouseTest, doubleClick_onASingleLine_selectsAll)
+{
+    show("only line", 0);
+    mouse(wxEVT_LEFT_DCLICK, {20, 8});
+    EXPECT_EQ(selectionOf(text), (Range{0, 9}));
+}
+
+TEST_F(TextCtrlMouseTest, mouse_onASingleLine_selectsFromPressToRelease)
+{
+    show(L"h\u00e9llo w\u00f6rld and more", 0);
+    mouse(wxEVT_LEFT_DOWN, {0, 8}, true);
+    mouse(wxEVT_MOTION, {199, 8}, true);
+    EXPECT_EQ(selectionOf(text), (Range{0, text->GetLastPosition()}));
+    mouse(wxEVT_LEFT_UP);
+}
+
+TEST_F(TextCtrlMouseTest, enter_withTheButtonUp_endsTheDrag)
+{
+    show("hello world");
+    mouse(wxEVT_LEFT_DOWN, pointAt(4), true);
+    mouse(wxEVT_ENTER_WINDOW, pointAt(4), false);
+    mouse(wxEVT_MOTION, pointAt(7), true);
+    EXPECT_EQ(selectionOf(text), (Range{4, 4}));
+    mouse(wxEVT_LEFT_UP);
+}
+
+TEST_F(TextCtrlMouseTest, enter_withTheButtonDown_goesOnWithTheDrag)
+{
+    show("hello world");
+    mouse(wxEVT_LEFT_DOWN, pointAt(4), true);
+    mouse(wxEVT_ENTER_WINDOW, pointAt(4), true);
+    mouse(wxEVT_MOTION, pointAt(7), true);
+    EXPECT_EQ(selectionOf(text), (Range{4, 7}));
+    mouse(wxEVT_LEFT_UP);
+}
+
+TEST_F(TextCtrlMouseTest, captureLost_releasesButGoesOnSelecting)
+{
+    show("hello world");
+    mouse(wxEVT_LEFT_DOWN, pointAt(4), true);
+    wxMouseCaptureLostEvent lost(text->GetId());
+    EXPECT_TRUE(send(lost));
+    EXPECT_FALSE(text->HasCapture());
+    mouse(wxEVT_MOTION, pointAt(7), true);
+    EXPECT_EQ(selectionOf(text), (Range{4, 7}));
+    EXPECT_TRUE(send(lost));
+    mouse(wxEVT_LEFT_UP);
+}
+
+TEST_F(TextCtrlMouseTest, destruction_whileSelecting_releasesTheMouse)
+{
+    show("hello world");
+    mouse(wxEVT_LEFT_DOWN, pointAt(4), true);
+    ASSERT_NE(wxWindow::GetCapture(), nullptr);
+    text->Destroy();
+    EXPECT_EQ(wxWindow::GetCapture(), nullptr);
+}
+
+TEST_F(TextCtrlMouseTest, realDrag_selectsFromPressToRelease)
+{
+    show("hello world\nsecond line");
+    const long from = text->XYToPosition(2, 0);
+    const long to = text->XYToPosition(6, 1);
+    moveMouse(pointAt(from));
+    wxUIActionSimulator().MouseDown();
+    Tests::pumpEvents(80);
+    moveMouse(pointAt(to - 1));
+    moveMouse(pointAt(to));
+    wxUIActionSimulator().MouseUp();
+    EXPECT_TRUE(Tests::pumpUntil([&] { return !text->HasCapture(); }));
+    moveMouse(pointAt(from + 1));
+    EXPECT_EQ(selectionOf(text), (Range{from, to}));
+    EXPECT_TRUE(text->HasFocus());
+}
+
+TEST_F(TextCtrlMouseTest, realDoubleClick_selectsTheLine)
+{
+    show("first line\nsecond line\nthird");
+    moveMouse(pointAt(text->XYToPosition(3, 1)));
+    wxUIActionSimulator().MouseDblClick();
+    const Range line{text->XYToPosition(0, 1), text->XYToPosition(0, 2) - 1};
+    EXPECT_TRUE(Tests::pumpUntil([&] { return selectionOf(text) == line; }));
+    Tests::pumpEvents(100);
+    EXPECT_EQ(selectionOf(text), line);
+    EXPECT_FALSE(text->HasCapture());
+}
+
+TEST_F(TextCtrlMouseTest, realDrag_onASingleLine_selectsTheWordsBetween)
+{
+    show("hello world and more", 0);
+    const int start = text->GetTextExtent("hello ").x;
+    const int middle = text->GetClientSize().y / 2;
+    moveMouse({1, middle});
+    wxUIActionSimulator().MouseDown();
+    Tests::pumpEvents(80);
+    moveMouse({start + 4, middle});
+    moveMouse({start + 5, middle});
+    wxUIActionSimulator().MouseUp();
+    EXPECT_TRUE(Tests::pumpUntil([&] { return !text->HasCapture(); }));
+    EXPECT_EQ(selectionOf(text).from, 0);
+    EXPECT_GE(selectionOf(text).to, 5);
+    EXPECT_LE(selectionOf(text).to, 7);
+}
+
+TEST_F(TextCtrlMouseTest, realDrag_outOfASingleLine_goesOnOutsideAndEndsThere)
+{
+    show("hello world", 0);
+    const int middle = text->GetClientSize().y / 2;
+    moveMouse({text->GetTextExtent("hello ").x + 4, middle});
+    wxUIActionSimulator().MouseDown();
+    ASSERT_TRUE(Tests::pumpUntil([&] { return text->HasCapture(); }));
+    const long from = selectionOf(text).from;
+    ASSERT_GT(from, 3);
+    moveMouse({150, 130});
+    moveMouse({300, 150});
+    EXPECT_EQ(selectionOf(text), (Range{from, text->GetLastPosition()}));
+    EXPECT_TRUE(text->HasCapture());
+    moveMouse({-8, 150});
+    EXPECT_EQ(selectionOf(text), (Range{0, from}));
+    wxUIActionSimulator().MouseUp();
+    EXPECT_TRUE(Tests::pumpUntil([&] { return !text->HasCapture(); }));
+    moveMouse({150, middle});
+    EXPECT_EQ(selectionOf(text), (Range{0, from}));
+}

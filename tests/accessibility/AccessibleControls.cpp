@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: MIT
+// A window with one of each control, for programs that look at it the way a screen reader does. It is theirs
+// to click: the controls change labels, come and go, and "Close" ends the program.
+#include "NolvexLib/Exception.h"
+#include "NolvexLibWx/NolvexLibWx.h"
+#include "NolvexLibWx/widgets/Button.h"
+#include "NolvexLibWx/widgets/CheckBox.h"
+#include "NolvexLibWx/widgets/CollapsiblePanel.h"
+#include "NolvexLibWx/widgets/DropdownButton.h"
+#include "NolvexLibWx/widgets/StaticText.h"
+#include "NolvexLibWx/widgets/TextButton.h"
+
+#include <wx/frame.h>
+#include <wx/sizer.h>
+
+#include <cstdio>
+#include <utility>
+
+namespace {
+
+using namespace Nolvex;
+
+constexpr auto PUSH = Wx::Button::Behavior::PUSH;
+
+class Controls
+{
+public:
+    Controls()
+        : m_frame(new wxFrame(nullptr, wxID_ANY, "Accessible controls")),
+          m_page(new wxPanel(m_frame)),
+          m_sizer(new wxBoxSizer(wxVERTICAL))
+    {
+        m_page->SetSizer(m_sizer);
+        addLabel();
+        addButtons();
+        addSwitches();
+        addPanel();
+        addButton(L"Close", [this] { m_frame->Close(); });
+        const wxSize size = m_page->GetBestSize();
+        m_frame->SetClientSize(size.x, 2 * size.y); // for what is added and unfolded
+        m_frame->Show();
+        m_wrap->SetFocus();
+    }
+
+private:
+    void add(wxWindow* control) { m_sizer->Add(control, 0, wxEXPAND | wxALL, 2); }
+
+    Wx::Button* addButton(const wxString& label, Function<void()> onClick,
+                          Wx::Button::Behavior behavior = PUSH, bool enabled = true)
+    {
+        auto* button = new Wx::Button(m_page, Wx::GuiSkin::DEFAULT(), wxID_ANY, label, wxBitmap(), wxBitmap(),
+                                      std::move(onClick), behavior, enabled, OskaBorderState::ENABLED);
+        add(button);
+        return button;
+    }
+
+    void addLabel()
+    {
+        m_status = new Wx::StaticText(m_page, wxID_ANY, L"Black & white");
+        add(m_status);
+    }
+
+    void addButtons()
+    {
+        m_save = addButton(L"Save", [this] {
+            m_save->SetLabel(L"Save again");
+            m_status->SetLabel(L"Saved");
+        });
+        addButton(
+            L"Delete", [this] { m_status->SetLabel(L"Deleted"); }, PUSH, false);
+        // The one it adds goes away with the click on it.
+        addButton(L"Add", [this] {
+            m_added = addButton(L"Added", [this] { m_added->Destroy(); });
+            m_page->Layout();
+        });
+        add(new Wx::DropdownButton(m_page, Wx::GuiSkin::DEFAULT(), {wxID_ANY, wxID_ANY},
+                                   {L"Open", L"Open copy"}, wxBitmap(), wxBitmap(),
+                                   {[this] { m_status->SetLabel(L"Opened"); }, Function<void()>()},
+                                   Wx::DropdownButton::Behavior::PUSH, true));
+        add(new Wx::TextButton(m_page, wxID_ANY, L"\u00dcber uns \u2026",
+                               [this] { m_status->SetLabel(L"Read"); }));
+    }
+
+    void addSwitches()
+    {
+        addButton(L"Bold", {}, Wx::Button::Behavior::TOGGLE);
+        addButton(L"Italic", {}, Wx::Button::Behavior::TOGGLE)->setToggled(true);
+        m_wrap = new Wx::CheckBox(m_page, wxID_ANY, L"&Wrap lines");
+        m_wrap->setChangeCallback([this](bool on) { m_status->SetLabel(on ? "Wrapped" : "Not wrapped"); });
+        add(m_wrap);
+        addButton(L"Rename", [this] { m_wrap->SetLabel(L"Break && wrap"); });
+    }
+
+    void addPanel()
+    {
+        auto* content = new Wx::StaticText(m_page, wxID_ANY, L"Contents");
+        auto* panel = new Wx::CollapsiblePanel(m_page, Wx::GuiSkin::DEFAULT(), L"Details", content);
+        panel->setToggleCallback(
+            [panel](bool collapsed) { panel->SetLabel(collapsed ? "Details" : "All details"); });
+        add(panel);
+    }
+
+    wxFrame* m_frame;
+    wxWindow* m_page;
+    wxSizer* m_sizer;
+    Wx::StaticText* m_status = nullptr;
+    Wx::Button* m_save = nullptr;
+    Wx::Button* m_added = nullptr;
+    Wx::CheckBox* m_wrap = nullptr;
+};
+
+} // namespace
+
+int main()
+{
+    try {
+        LibWx::startup(LibWx::ApplicationType::APPLICATION);
+    } catch (const Exception& failure) {
+        std::fprintf(stderr, "%s\n", failure.what());
+        return 1;
+    }
+    int result = 0;
+    {
+        const Controls controls;
+        result = LibWx::runEventLoop();
+    }
+    LibWx::shutdown();
+    return result;
+}

@@ -1,0 +1,125 @@
+# SPDX-License-Identifier: MIT
+"""read_controls.py <EXPECTED: looks at the window of AccessibleControls as a screen reader does, over the bus for
+assistive technology, and clicks there what it is told to. EXPECTED has a line for each control that must be there, or
+come to be there, with role, name, states and actions; and between them:
+
+    click NAME     does what a click on that control does
+    says REPORT    the program has told of that change
+    gone LINE      there is no such control any more
+    ended          the program has ended
+"""
+
+import sys
+import time
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402
+
+TITLE = "Accessible controls"
+STATES = ["checkable", "checked", "indeterminate", "expandable", "expanded", "has-popup", "focusable", "focused"]
+KINDS = ["object:property-change:accessible-name", "object:state-changed:checked", "object:state-changed:expanded"]
+LIMIT = 15  # seconds
+
+
+def children_of(accessible):
+    found = (accessible.get_child_at_index(index) for index in range(accessible.get_child_count()))
+    return [child for child in found if child is not None]
+
+
+def all_within(accessible):
+    for child in children_of(accessible):
+        yield child
+        yield from all_within(child)
+
+
+def states_of(control):
+    states = control.get_state_set()
+    names = [name for name in STATES if states.contains(getattr(Atspi.StateType, name.replace("-", "_").upper()))]
+    if not states.contains(Atspi.StateType.SENSITIVE):
+        names.append("disabled")
+    return names
+
+
+def actions_of(control):
+    if "Action" not in control.get_interfaces():
+        return []
+    return [f"[{control.get_action_name(index)}]" for index in range(control.get_n_actions())]
+
+
+def described(control):
+    return " ".join([control.get_role_name(), f'"{control.get_name()}"'] + states_of(control) + actions_of(control))
+
+
+class Reader:
+    def __init__(self):
+        self.window = None
+        self.reports = []
+        self.listener = Atspi.EventListener.new(self.take)
+        for kind in KINDS:
+            self.listener.register(kind)
+
+    def take(self, event):
+        kind = event.type.split(":")[2]
+        value = "" if kind == "accessible-name" else f" {event.detail1}"
+        self.reports.append(f'{kind}{value} {event.source.get_role_name()} "{event.source.get_name()}"')
+
+    def find_window(self):
+        programs = children_of(Atspi.get_desktop(0))
+        windows = [window for program in programs for window in children_of(program) if window.get_name() == TITLE]
+        self.window = windows[0] if windows else None
+        return self.window is not None
+
+    def lines(self):
+        return [described(control) for control in all_within(self.window)]
+
+    def click(self, name):
+        """Controls of that name that cannot be clicked are labels."""
+        for control in all_within(self.window):
+            if control.get_name() == name and actions_of(control):
+                self.reports.clear()
+                return control.do_action(0)
+        return False
+
+    def holds(self, expectation):
+        """Whether it does now."""
+        word, _, rest = expectation.partition(" ")
+        if word == "click":
+            return self.click(rest)
+        if word == "says":
+            return rest in self.reports
+        if word == "ended":
+            return not self.find_window()
+        if word == "gone":
+            return rest not in self.lines()
+        return expectation in self.lines()
+
+
+def holds_in_time(condition):
+    end = time.monotonic() + LIMIT
+    while time.monotonic() < end:
+        try:
+            if condition():
+                return True
+        except GLib.Error:
+            pass  # it went away while it was looked at
+        # Reports come in here.
+        while GLib.MainContext.default().iteration(False):
+            pass
+        time.sleep(0.02)
+    return False
+
+
+def main():
+    expectations = [line.rstrip("\n") for line in sys.stdin if line.strip()]
+    reader = Reader()
+    if not expectations or not holds_in_time(reader.find_window):
+        sys.exit("no expectations, or no window")
+    for expectation in expectations:
+        if not holds_in_time(lambda: reader.holds(expectation)):
+            print(f"never: {expectation}", "reports:", *reader.reports, "controls:", *reader.lines(), sep="\n  ")
+            sys.exit(1)
+
+
+main()

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "support/Events.h"
+
+#include <wx/uiaction.h>
+#include <wx/window.h>
+
+namespace Nolvex::Tests {
+
+// Real input: the system is told, and sends its events to whatever it finds under the mouse or in focus. Each
+// lets events run for a while afterwards.
+
+constexpr int GESTURE_TIME = 50; // milliseconds
+
+/// `position` in the window's client area, also outside it.
+inline void moveMouse(const wxWindow* window, const wxPoint& position)
+{
+    wxUIActionSimulator().MouseMove(window->ClientToScreen(position));
+    pumpEvents(GESTURE_TIME);
+}
+
+inline void pressMouse()
+{
+    wxUIActionSimulator().MouseDown(wxMOUSE_BTN_LEFT);
+    pumpEvents(GESTURE_TIME);
+}
+
+inline void releaseMouse()
+{
+    wxUIActionSimulator().MouseUp(wxMOUSE_BTN_LEFT);
+    pumpEvents(GESTURE_TIME);
+}
+
+inline void pressMouseAt(const wxWindow* window, const wxPoint& position)
+{
+    moveMouse(window, position);
+    pressMouse();
+}
+
+inline void clickAt(const wxWindow* window, const wxPoint& position)
+{
+    pressMouseAt(window, position);
+    releaseMouse();
+}
+
+/// A key that goes down and up.
+inline void typeKey(int key, int modifiers = wxMOD_NONE)
+{
+    wxUIActionSimulator().Char(key, modifiers);
+    pumpEvents(GESTURE_TIME);
+}
+
+} // namespace Nolvex::Tests

@@ -1,0 +1,58 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+# accessibility.sh FOLDER [WRAPPER]: looks at the controls, and clicks them, through what the system has for assistive
+# technology. FOLDER has the programs; the WRAPPER runs those of Windows, on which another one of them looks.
+set -euo pipefail
+cd "$(dirname "$0")/../.."
+. tools/testing/common.sh
+folder=$1
+shift
+work=$(mktemp -d)
+program=
+
+stop() {
+  [ -z "$program" ] || kill "$program" 2>/dev/null || true
+  stop_display
+  rm -rf "$work"
+}
+trap stop EXIT
+
+# show_controls COMMAND...
+show_controls() {
+  G_DEBUG=fatal-criticals timeout 100 "$@" >"$work/program.log" 2>&1 </dev/null &
+  program=$!
+}
+
+# read_controls EXPECTED COMMAND...: the last thing expected is that the program ends.
+read_controls() {
+  local expected=$1 status=0
+  shift
+  if ! timeout 100 "$@" <"$expected"; then
+    tail -n 20 "$work/program.log"
+    return 1
+  fi
+  wait "$program" || status=$?
+  program=
+  if [ "$status" -ne 0 ] || grep -i critical "$work/program.log"; then
+    echo "accessibility: the program with the controls ended with status $status"
+    tail -n 20 "$work/program.log"
+    return 1
+  fi
+}
+
+if [ $# -gt 0 ]; then
+  show_controls "$@" "$folder/NolvexAccessibleControls.exe"
+  read_controls tests/accessibility/expected-windows.txt "$@" "$folder/NolvexAccessibleReader.exe"
+elif [ "${NOLVEX_ON_PRIVATE_BUS:-}" ]; then
+  show_controls "$folder/NolvexAccessibleControls"
+  read_controls tests/accessibility/expected-linux.txt \
+    /usr/bin/python3 -B -W ignore::DeprecationWarning tests/accessibility/read_controls.py
+else
+  need_packages dbus at-spi2-core gir1.2-atspi-2.0 python3-gi
+  # A bus that the desktop's user does not see. It is announced on the display, which nobody else must look at.
+  start_display
+  NOLVEX_ON_PRIVATE_BUS=yes dbus-run-session -- "$0" "$folder" >"$work/bus.log" 2>&1 || {
+    grep -v -E '^(dbus-daemon|SpiRegistry)' "$work/bus.log" || true
+    exit 1
+  }
+fi
