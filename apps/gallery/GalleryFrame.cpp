@@ -7,12 +7,12 @@
 #include "NolvexLibWx/widgets/ApplySkinRecursive.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"
 #include "NolvexLibWx/widgets/StaticLine.h"
+#include "NolvexLibWx/widgets/TextCtrl.h"
 
 #include <wx/choice.h>
 #include <wx/listbox.h>
 #include <wx/panel.h>
 #include <wx/sizer.h>
-#include <wx/textctrl.h>
 
 #include <array>
 
@@ -57,8 +57,8 @@ GalleryFrame::GalleryFrame() : wxFrame(nullptr, wxID_ANY, L"Gallery"), m_pages(a
     auto* root = new wxPanel(this);
     m_stage = new wxPanel(root);
     m_stage->SetSizer(new wxBoxSizer(wxVERTICAL));
-    m_log = new wxTextCtrl(root, wxID_ANY, wxString(), wxDefaultPosition,
-                           Wx::scaleByDpi(wxSize(-1, LOG_HEIGHT)), wxTE_MULTILINE | wxTE_READONLY);
+    m_log = new Wx::TextCtrl(root, wxID_ANY, wxString(), wxDefaultPosition,
+                             Wx::scaleByDpi(wxSize(-1, LOG_HEIGHT)), wxTE_MULTILINE | wxTE_READONLY);
 
     auto* right = new wxBoxSizer(wxVERTICAL);
     right->Add(m_stage, 1, wxEXPAND);

@@ -10,7 +10,12 @@
 class WXDLLIMPEXP_FWD_CORE wxChoice;
 class WXDLLIMPEXP_FWD_CORE wxListBox;
 class WXDLLIMPEXP_FWD_CORE wxPanel;
-class WXDLLIMPEXP_FWD_CORE wxTextCtrl;
+
+namespace Nolvex::Wx {
+
+class TextCtrl;
+
+} // namespace Nolvex::Wx
 
 namespace Nolvex::Gallery {
 
@@ -43,7 +48,7 @@ private:
     wxChoice* m_skins = nullptr;
     wxPanel* m_stage = nullptr;
     wxPanel* m_page = nullptr;
-    wxTextCtrl* m_log = nullptr;
+    Wx::TextCtrl* m_log = nullptr;
 };
 
 } // namespace Nolvex::Gallery

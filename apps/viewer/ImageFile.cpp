@@ -5,6 +5,7 @@
 #include "NolvexLib/Exception.h"
 #include "NolvexLib/Io/FileInputStream.h"
 #include "NolvexLib/Io/FileSize.h"
+#include "NolvexLibWx/BitmapConverter.h"
 #include "apps/viewer/PortableFloatMap.h"
 #include "apps/viewer/WholeImage.h"
 
@@ -97,6 +98,17 @@ Expected<Image, String> readImageFile(const Io::Path& path)
     if (!image)
         return refuse(path, image.error());
     return image;
+}
+
+Expected<wxBitmap, String> readBitmapFile(const Io::Path& path)
+{
+    const Expected<Image, String> image = readImageFile(path);
+    if (!image)
+        return Unexpected{image.error()};
+    wxBitmap bitmap = BitmapConverter::zephraImageToWxBitmap(*image);
+    if (!bitmap.IsOk())
+        return refuse(path, L"it is too large");
+    return bitmap;
 }
 
 } // namespace Nolvex::Viewer

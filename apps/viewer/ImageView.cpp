@@ -17,18 +17,32 @@ constexpr int SCROLL_STEP = 16;
 ImageView::ImageView(wxWindow* parent, const wxBitmap& bitmap)
     : wxScrolledWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                        wxHSCROLL | wxVSCROLL | wxBORDER_NONE | wxFULL_REPAINT_ON_RESIZE),
+      TooltipWindow(this),
       m_bitmap(bitmap)
 {
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     SetBackgroundColour(Wx::toWxColour(Wx::GuiSkin::DEFAULT().darkBackground));
     SetScrollRate(SCROLL_STEP, SCROLL_STEP);
-    SetVirtualSize(m_bitmap.GetSize());
+    SetVirtualSize(bitmapSize());
     Bind(wxEVT_PAINT, &ImageView::onPaint, this);
+}
+
+void ImageView::setBitmap(const wxBitmap& bitmap)
+{
+    m_bitmap = bitmap;
+    SetVirtualSize(bitmapSize());
+    Scroll(0, 0);
+    Refresh();
+}
+
+wxSize ImageView::bitmapSize() const
+{
+    return m_bitmap.IsOk() ? m_bitmap.GetSize() : wxSize(0, 0);
 }
 
 wxPoint ImageView::bitmapOrigin() const
 {
-    const wxSize room = GetClientSize() - m_bitmap.GetSize();
+    const wxSize room = GetClientSize() - bitmapSize();
     const wxPoint scrolled = CalcUnscrolledPosition({0, 0});
     return {room.x > 0 ? room.x / 2 : -scrolled.x, room.y > 0 ? room.y / 2 : -scrolled.y};
 }
@@ -40,7 +54,7 @@ void ImageView::onPaint(wxPaintEvent& /*event*/)
     dc.Clear();
     // Only the part in view: a bitmap may be larger than what the window system can draw at once.
     const wxPoint origin = bitmapOrigin();
-    const wxRect visible = wxRect(-origin, GetClientSize()).Intersect(wxRect(m_bitmap.GetSize()));
+    const wxRect visible = wxRect(-origin, GetClientSize()).Intersect(wxRect(bitmapSize()));
     if (!visible.IsEmpty())
         dc.DrawBitmap(m_bitmap.GetSubBitmap(visible), origin + visible.GetTopLeft());
     m_painted = true;

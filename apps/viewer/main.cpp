@@ -2,7 +2,6 @@
 // The image viewer: shows a picture through the library, from the file to the screen.
 #include "NolvexLib/Exception.h"
 #include "NolvexLib/Io/FileSize.h"
-#include "NolvexLibWx/BitmapConverter.h"
 #include "NolvexLibWx/NolvexLibWx.h"
 #include "apps/program/WindowPicture.h"
 #include "apps/program/platform/ErrorReport.h"
@@ -49,6 +48,8 @@ class ScreenshotTimer : public wxTimer
 public:
     ScreenshotTimer(Viewer::ViewerFrame& frame, const Io::Path& file) : m_frame(frame), m_file(file)
     {
+        // The mouse may happen to rest on the picture.
+        m_frame.setTooltips(false);
         Start(PERIOD_MS);
     }
 
@@ -76,14 +77,11 @@ private:
 int show(const Viewer::CommandLine& line)
 {
     const Io::Path file = line.picture.isEmpty() ? samplePicture() : line.picture;
-    const Expected<Image, String> image = Viewer::readImageFile(file);
-    if (!image)
-        return fail(image.error());
-    const wxBitmap bitmap = BitmapConverter::zephraImageToWxBitmap(*image);
-    if (!bitmap.IsOk())
-        return fail(L"The picture \"" + file.nativeStr() + L"\" cannot be shown: it is too large.");
+    const Expected<wxBitmap, String> picture = Viewer::readBitmapFile(file);
+    if (!picture)
+        return fail(picture.error());
 
-    auto* frame = new Viewer::ViewerFrame(file.fileName(), bitmap);
+    auto* frame = new Viewer::ViewerFrame(file.fileName(), *picture);
     frame->Show();
     if (line.screenshot.isEmpty())
         return LibWx::runEventLoop();

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Style, the optimised build, every test on a display of its own, the installed package, and the viewer as a user
-# starts it.
+# Style, the optimised build, every test on a display of its own, those of monitors again with several, the installed
+# package, and the viewer as a user starts it.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 . tools/testing/common.sh
@@ -17,6 +17,10 @@ run_tests linux build/linux-release
 echo "$(git rev-parse HEAD) $tests_run" >build/linux-test-count
 check "viewer" tools/testing/viewer.sh build/linux-release/bin/nolvex-viewer
 check "gallery" tools/testing/gallery.sh build/linux-release/bin/nolvex-gallery
+check "accessibility" tools/testing/accessibility.sh build/linux-release/bin
+check "peer" tools/testing/peer.sh build/linux-release/bin/NolvexLibraryPeer
+check "transfer" tools/testing/transfer.sh build/linux-release/bin
+check "monitors" tools/testing/monitors.sh build/linux-release/bin
 check "exports" tools/testing/exports.sh build/linux-release/lib/libNolvex*.so
 check "package" tools/testing/package.sh
 summary linux

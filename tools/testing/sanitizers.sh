@@ -15,6 +15,8 @@ export UBSAN_OPTIONS=print_stacktrace=1
 LSAN_OPTIONS=suppressions=$PWD/tests/support/leaks.supp:print_suppressions=0
 export LSAN_OPTIONS
 run_tests sanitizers build/sanitizers
+check "accessibility" tools/testing/accessibility.sh build/sanitizers/bin
+check "peer" tools/testing/peer.sh build/sanitizers/bin/NolvexLibraryPeer
 configure_and_build fuzz
 say "fuzzing"
 check "fuzzers" tests/fuzz/run.sh build/fuzz/bin "${NOLVEX_FUZZ_RUNS:-100000}"

@@ -22,6 +22,9 @@ fi
 check "exports" tools/testing/exports.sh "$WINDOWS_BUILD"/bin/Nolvex*.dll
 check "viewer" tools/testing/viewer.sh tools/testing/run-wine.sh "$WINDOWS_BUILD/bin/nolvex-viewer.exe"
 check "gallery" tools/testing/gallery.sh tools/testing/run-wine.sh "$WINDOWS_BUILD/bin/nolvex-gallery.exe"
+check "accessibility" tools/testing/accessibility.sh "$WINDOWS_BUILD/bin" tools/testing/run-wine.sh
+check "peer" tools/testing/peer.sh tools/testing/run-wine.sh "$WINDOWS_BUILD/bin/NolvexLibraryPeer.exe"
+check "transfer" tools/testing/transfer.sh "$WINDOWS_BUILD/bin" tools/testing/run-wine.sh
 stop_wine
 start_wine 96 fresh
 check "zip" tools/testing/zip.sh
@@ -32,7 +35,7 @@ for dpi in 144 192; do
   start_wine "$dpi"
   export NOLVEX_TEST_SCALE=$((dpi * 100 / 96))
   run_test_program "windows-$dpi" tools/testing/run-wine.sh "$WINDOWS_BUILD/bin/NolvexLibWxTests.exe" \
-    --gtest_filter='DpiScalingTest.*:FontSetupTest.*:OskaBorder*'
+    --gtest_filter='DpiScalingTest.*:FontSetupTest.*:OskaBorder*:*SizeTest.*:*PixelTest.*'
   stop_wine
 done
 summary windows

@@ -3,11 +3,8 @@
 
 #include "NolvexLibWx/widgets/GuiSkin.h"
 #include "apps/program/WindowPicture.h"
-#include "apps/viewer/ImageView.h"
-#include "support/Events.h"
-#include "support/Screen.h"
+#include "support/ViewerFixture.h"
 
-#include <wx/dcmemory.h>
 #include <wx/uiaction.h>
 
 #include <gtest/gtest.h>
@@ -15,60 +12,10 @@
 #include <filesystem>
 
 using namespace Nolvex;
-using Viewer::ImageView;
-using Viewer::ViewerFrame;
+using Tests::coordinate;
+using Tests::coordinates;
 
-namespace {
-
-// Every pixel tells where it is: red is x, green is y, modulo 256.
-wxBitmap coordinates(int width, int height)
-{
-    wxImage image(width, height, false);
-    for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x)
-            image.SetRGB(x, y, static_cast<unsigned char>(x), static_cast<unsigned char>(y), 99);
-    }
-    return wxBitmap(image);
-}
-
-ImageView* viewOf(wxWindow* window)
-{
-    if (auto* view = dynamic_cast<ImageView*>(window))
-        return view;
-    for (wxWindow* child : window->GetChildren()) {
-        if (ImageView* view = viewOf(child))
-            return view;
-    }
-    return nullptr;
-}
-
-struct ViewerFrameTest : testing::Test
-{
-    ViewerFrame* frame = nullptr;
-    ImageView* view = nullptr;
-
-    void show(const wxBitmap& picture)
-    {
-        frame = new ViewerFrame(L"test", picture);
-        view = viewOf(frame);
-        frame->Show();
-        ASSERT_TRUE(Tests::pumpUntil([&] { return frame->wasPainted(); }));
-        Tests::pumpEvents(200);
-    }
-
-    ~ViewerFrameTest() override
-    {
-        if (frame != nullptr)
-            Tests::destroyNow(frame);
-    }
-};
-
-RgbBytes coordinate(int x, int y)
-{
-    return {static_cast<std::uint8_t>(x), static_cast<std::uint8_t>(y), 99};
-}
-
-} // namespace
+using ViewerFrameTest = Tests::ViewerFixture;
 
 TEST_F(ViewerFrameTest, smallPicture_standsInTheMiddle)
 {
@@ -115,11 +62,7 @@ TEST_F(ViewerFrameTest, picture_isFramedByTheBorder)
 TEST_F(ViewerFrameTest, escape_closesTheWindow)
 {
     show(coordinates(60, 40));
-    frame->Raise();
-    ASSERT_TRUE(Tests::pumpUntil([&] {
-        view->SetFocus();
-        return view->HasFocus();
-    }));
+    focus(view);
     bool closed = false;
     frame->Bind(wxEVT_DESTROY, [&](wxWindowDestroyEvent& event) {
         closed = closed || event.GetEventObject() == frame;

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/StringConversions.h"
+#include "NolvexLibWx/widgets/AutoSizedButton.h"
+#include "NolvexLibWx/widgets/StaticText.h"
+#include "apps/gallery/Page.h"
+
+#include <wx/artprov.h>
+#include <wx/sizer.h>
+
+namespace Nolvex::Gallery {
+
+namespace {
+
+constexpr int GAP = 8;
+
+wxBitmap icon(int length)
+{
+    return wxArtProvider::GetBitmap(wxART_FILE_OPEN, wxART_OTHER, wxSize(length, length));
+}
+
+struct ButtonState
+{
+    const wchar_t* label;
+    bool hasIcon;
+    Wx::Button::Behavior behavior;
+    bool enabled;
+    bool toggled;
+    Flags<OskaBorderState> border;
+};
+
+constexpr auto PUSH = Wx::Button::Behavior::PUSH;
+constexpr auto TOGGLE = Wx::Button::Behavior::TOGGLE;
+constexpr Flags<OskaBorderState> ENABLED = OskaBorderState::ENABLED;
+constexpr auto NO_FRAME = OskaBorderState::NO_FRAME;
+
+void addButton(wxWindow* parent, wxSizer* sizer, const ButtonState& state, const Log& log)
+{
+    const wxBitmap bitmap = state.hasIcon ? icon(16) : wxBitmap();
+    const String name = *state.label != L'\0' ? String(state.label) : String(L"without label");
+    auto* button = new Wx::Button(
+        parent, Wx::GuiSkin::DEFAULT(), wxID_ANY, state.label, bitmap,
+        bitmap.IsOk() ? bitmap.ConvertToDisabled() : bitmap,
+        [log, name] { log(L"The button \"" + name + L"\" was clicked."); }, state.behavior, state.enabled,
+        state.border);
+    // When the walk that gives the page its skin is over: it knows nothing of states.
+    button->CallAfter([button, toggled = state.toggled] { button->setToggled(toggled); });
+    button->setTooltip(L"The button \"" + name + L"\"");
+    sizer->Add(button, 0, wxEXPAND);
+}
+
+void addAutoSized(wxWindow* parent, wxSizer* sizer, const wchar_t* label, int minWidth,
+                  Optional<int> iconSize, const Log& log)
+{
+    auto* button = new Wx::AutoSizedButton(parent, label, minWidth, 0);
+    if (iconSize) {
+        button->setEnabledIcon(icon(32), iconSize);
+        button->setDisabledIcon(icon(32).ConvertToDisabled(), iconSize);
+    }
+    button->setClickCallback([log, name = String(label)] { log(L"\"" + name + L"\" was clicked."); });
+    sizer->Add(button, 0, wxRIGHT | wxALIGN_CENTRE_VERTICAL, GAP);
+}
+
+void build(wxWindow* parent, const Log& log)
+{
+    auto* rows = new wxBoxSizer(wxVERTICAL);
+    auto* grid = new wxGridSizer(3, wxSize(2 * GAP, GAP));
+    for (const ButtonState& state : {
+             ButtonState{L"Push", false, PUSH, true, false, ENABLED},
+             ButtonState{L"Toggle", false, TOGGLE, true, false, ENABLED},
+             ButtonState{L"Toggled", false, TOGGLE, true, true, ENABLED},
+             ButtonState{L"With icon", true, PUSH, true, false, ENABLED},
+             ButtonState{L"Disabled", false, PUSH, false, false, {}},
+             ButtonState{L"Disabled, icon", true, PUSH, false, false, {}},
+             ButtonState{L"No frame", false, PUSH, true, false, ENABLED | NO_FRAME},
+             ButtonState{L"", true, PUSH, true, false, ENABLED},
+             ButtonState{L"Toggled, disabled", false, TOGGLE, false, true, {}},
+         })
+        addButton(parent, grid, state, log);
+    rows->Add(grid, 0, wxEXPAND);
+
+    rows->Add(new Wx::StaticText(parent, wxID_ANY, L"Sized by their content"), 0, wxTOP | wxBOTTOM, GAP);
+    auto* row = new wxBoxSizer(wxHORIZONTAL);
+    addAutoSized(parent, row, L"OK", 80, {}, log);
+    addAutoSized(parent, row, L"A label that is wider than the least width", 80, {}, log);
+    addAutoSized(parent, row, L"Icon of 16", 0, 16, log);
+    addAutoSized(parent, row, L"", 0, 32, log);
+    rows->Add(row);
+    parent->SetSizer(rows);
+}
+
+const Page PAGE(L"Buttons", build);
+
+} // namespace
+
+} // namespace Nolvex::Gallery

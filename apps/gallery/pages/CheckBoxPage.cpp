@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/widgets/CheckBox.h"
+#include "apps/gallery/Page.h"
+
+#include <wx/sizer.h>
+
+namespace Nolvex::Gallery {
+
+namespace {
+
+constexpr int GAP = 8;
+
+Wx::CheckBox* addCheckBox(wxWindow* parent, wxSizer* rows, const wchar_t* label, bool value, bool enabled,
+                          const Log& log)
+{
+    auto* box = new Wx::CheckBox(parent, wxID_ANY, label, wxDefaultPosition, wxDefaultSize, enabled);
+    box->setValue(value, false);
+    box->setChangeCallback([log, name = String(label)](bool on) {
+        log(L"The check box \"" + name + (on ? L"\" was checked." : L"\" was cleared."));
+    });
+    rows->Add(box, 0, wxTOP, GAP);
+    return box;
+}
+
+void build(wxWindow* parent, const Log& log)
+{
+    auto* rows = new wxBoxSizer(wxVERTICAL);
+    addCheckBox(parent, rows, L"Cleared", false, true, log);
+    addCheckBox(parent, rows, L"Checked", true, true, log);
+    addCheckBox(parent, rows, L"Disabled and cleared", false, false, log);
+    addCheckBox(parent, rows, L"Disabled and checked", true, false, log);
+    addCheckBox(parent, rows, L"", true, true, log);
+    Wx::CheckBox* own = addCheckBox(parent, rows, L"At the library's own size", true, true, log);
+    own->SetFont(own->GetFont());
+    own->SetMinSize(own->GetBestSize());
+    addCheckBox(parent, rows, L"With the focus: Tab moves it", false, true, log)->SetFocus();
+    parent->SetSizer(rows);
+}
+
+const Page PAGE(L"Check boxes", build);
+
+} // namespace
+
+} // namespace Nolvex::Gallery

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/widgets/CheckBox.h"
+#include "NolvexLibWx/widgets/CollapsiblePanel.h"
+#include "NolvexLibWx/widgets/StaticText.h"
+#include "apps/gallery/Page.h"
+
+#include <wx/sizer.h>
+
+namespace Nolvex::Gallery {
+
+namespace {
+
+constexpr int GAP = 8;
+
+wxWindow* content(wxWindow* parent)
+{
+    auto* panel = new wxPanel(parent);
+    auto* rows = new wxBoxSizer(wxVERTICAL);
+    rows->Add(new Wx::StaticText(panel, wxID_ANY, L"What folds away"));
+    rows->Add(new Wx::CheckBox(panel, wxID_ANY, L"An option"), 0, wxTOP, GAP);
+    rows->Add(new Wx::CheckBox(panel, wxID_ANY, L"Another option"), 0, wxTOP, GAP);
+    panel->SetSizerAndFit(rows);
+    return panel;
+}
+
+void addPanel(wxWindow* parent, wxSizer* rows, const wchar_t* label, bool expanded, bool hasExtra,
+              const Log& log)
+{
+    wxWindow* extra = hasExtra ? new Wx::StaticText(parent, wxID_ANY, L"Extra") : nullptr;
+    auto* panel =
+        new Wx::CollapsiblePanel(parent, Wx::GuiSkin::DEFAULT(), label, content(parent), extra, GAP);
+    panel->setCollapsed(!expanded);
+    panel->setToggleCallback([log, name = String(label)](bool collapsed) {
+        log(L"The panel \"" + name + (collapsed ? L"\" was collapsed." : L"\" was expanded."));
+    });
+    rows->Add(panel, 0, wxEXPAND | wxTOP, GAP);
+}
+
+void build(wxWindow* parent, const Log& log)
+{
+    auto* rows = new wxBoxSizer(wxVERTICAL);
+    addPanel(parent, rows, L"Collapsed", false, false, log);
+    addPanel(parent, rows, L"Expanded", true, false, log);
+    addPanel(parent, rows, L"With one more window", true, true, log);
+    parent->SetSizer(rows);
+}
+
+const Page PAGE(L"Collapsible panels", build);
+
+} // namespace
+
+} // namespace Nolvex::Gallery

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/ColourConversions.h"
+#include "NolvexLibWx/widgets/GuiSkin.h"
+#include "NolvexLibWx/widgets/StaticText.h"
+#include "NolvexLibWx/widgets/TextButton.h"
+#include "apps/gallery/Page.h"
+
+#include <wx/sizer.h>
+
+namespace Nolvex::Gallery {
+
+namespace {
+
+constexpr int GAP = 8;
+
+void colour(Wx::TextButton* button, bool visited)
+{
+    const Wx::GuiSkin& skin = Wx::GuiSkin::DEFAULT();
+    button->setNormalColour(Wx::toWxColour(skin.link));
+    button->setHoverColour(Wx::toWxColour(skin.highlight));
+    button->setVisitedColour(Wx::toWxColour(skin.disabledText));
+    button->setVisited(visited);
+}
+
+void build(wxWindow* parent, const Log& log)
+{
+    auto* rows = new wxBoxSizer(wxVERTICAL);
+    auto* plain = new Wx::TextButton(parent, wxID_ANY, L"Click me: I write a line in the log",
+                                     [log] { log(L"The text was clicked."); });
+    auto* visited = new Wx::TextButton(parent, wxID_ANY, L"Visited", [log] { log(L"Visited again."); });
+    auto* link = new Wx::TextButton(parent, wxID_ANY, L"A link to example.org, opened in the browser",
+                                    L"https://example.org/");
+    link->setTooltip(L"https://example.org/");
+    for (Wx::TextButton* button : {plain, visited, link}) {
+        // When the walk that gives the page its skin is over: it gives links one colour for everything.
+        button->CallAfter([button, isVisited = button == visited] { colour(button, isVisited); });
+        rows->Add(button, 0, wxTOP, GAP);
+    }
+    parent->SetSizer(rows);
+}
+
+const Page PAGE(L"Text buttons", build);
+
+} // namespace
+
+} // namespace Nolvex::Gallery

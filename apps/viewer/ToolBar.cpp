@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#include "apps/viewer/ToolBar.h"
+
+#include "NolvexLibWx/DpiScaling.h"
+#include "NolvexLibWx/StringConversions.h"
+#include "NolvexLibWx/widgets/Button.h"
+#include "NolvexLibWx/widgets/GuiSkin.h"
+#include "NolvexLibWx/widgets/TextButton.h"
+
+#include <wx/sizer.h>
+
+namespace Nolvex::Viewer {
+
+namespace {
+
+constexpr int GAP = 6;
+constexpr int BUTTON_WIDTH = 76;
+
+// What the buttons have no room to say.
+const wchar_t* tooltipFor(Command command)
+{
+    switch (command) {
+    case Command::OPEN:
+        return L"Opens a picture (Ctrl+O)";
+    case Command::COPY:
+        return L"Puts the picture on the clipboard (Ctrl+C)";
+    case Command::CAPTURE_SCREEN:
+        return L"Shows a picture of all displays (Ctrl+Shift+S)";
+    case Command::SHOW_LOG:
+        return L"Shows or hides what the viewer has done (Ctrl+L)";
+    default:
+        return L"";
+    }
+}
+
+} // namespace
+
+ToolBar::ToolBar(wxWindow* parent, const Function<void(Command)>& run)
+    : wxPanel(parent), m_run(run), m_row(new wxBoxSizer(wxHORIZONTAL))
+{
+    addButton(L"Open...", Command::OPEN);
+    addButton(L"Copy", Command::COPY);
+    addButton(L"Capture", Command::CAPTURE_SCREEN);
+    m_log = addButton(L"Log", Command::SHOW_LOG);
+    m_row->AddStretchSpacer();
+    m_row->Add(new Wx::TextButton(this, Command::ABOUT, L"About", [this] { m_run(Command::ABOUT); }), 0,
+               wxALIGN_CENTRE_VERTICAL);
+    SetSizer(m_row);
+}
+
+// The log's button is no toggle by itself: it shows what there is, whoever brought it about.
+Wx::Button* ToolBar::addButton(const wxString& label, Command command)
+{
+    auto* button = new Wx::Button(
+        this, Wx::GuiSkin::DEFAULT(), command, label, wxBitmap(), wxBitmap(),
+        [this, command] { m_run(command); }, Wx::Button::Behavior::PUSH, true, OskaBorderState::ENABLED);
+    button->SetMinSize(wxSize(Wx::scaleByDpi(BUTTON_WIDTH), button->GetMinSize().y));
+    m_row->Add(button, 0, wxRIGHT, Wx::scaleByDpi(GAP));
+    return button;
+}
+
+void ToolBar::setLogShown(bool shown)
+{
+    m_log->setToggled(shown);
+}
+
+void ToolBar::setTooltips(bool wanted)
+{
+    for (wxWindow* child : GetChildren()) {
+        if (auto* button = dynamic_cast<Wx::Button*>(child))
+            button->setTooltip(wanted ? String(tooltipFor(static_cast<Command>(button->GetId()))) : String());
+    }
+}
+
+} // namespace Nolvex::Viewer

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "NolvexLib/Function.h"
+#include "apps/viewer/Command.h"
+
+#include <wx/panel.h>
+
+class wxBoxSizer;
+
+namespace Nolvex::Wx {
+
+class Button;
+
+} // namespace Nolvex::Wx
+
+namespace Nolvex::Viewer {
+
+/// The viewer's row of buttons, with a link at its end. Each tells its command.
+class ToolBar : public wxPanel
+{
+public:
+    ToolBar(wxWindow* parent, const Function<void(Command)>& run);
+
+    /// Shows whether the log is there; tells nobody.
+    void setLogShown(bool shown);
+
+    void setTooltips(bool wanted);
+
+private:
+    Wx::Button* addButton(const wxString& label, Command command);
+
+    Function<void(Command)> m_run;
+    wxBoxSizer* m_row;
+    Wx::Button* m_log = nullptr;
+};
+
+} // namespace Nolvex::Viewer

@@ -1,0 +1,63 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+# monitors.sh FOLDER: the tests of monitors, of capturing the screen and of what is placed on it, from the test programs in
+# the folder, on a display with several monitors. X servers without a screen have one monitor each, but for those that
+# viewers may give the size of theirs.
+set -euo pipefail
+cd "$(dirname "$0")/../.."
+. tools/testing/common.sh
+need_packages tigervnc-standalone-server openbox python3
+folder=$1
+work=$(mktemp -d)
+processes=()
+
+stop() {
+  local process
+  for process in "${processes[@]}"; do
+    kill "$process" 2>/dev/null || true
+    wait "$process" 2>/dev/null || true
+  done
+  rm -rf "$work"
+}
+trap stop EXIT
+
+Xtigervnc -displayfd 3 -SecurityTypes None -rfbport -1 -rfbunixpath "$work/viewers" -nolisten tcp -noreset -depth 24 \
+  3>"$work/display" >"$work/server.log" 2>&1 &
+processes+=($!)
+for _ in $(seq 200); do
+  [ -s "$work/display" ] && [ -S "$work/viewers" ] && break
+  sleep 0.05
+done
+if [ ! -s "$work/display" ]; then
+  echo "monitors: the display could not be started"
+  tail -n 5 "$work/server.log"
+  exit 1
+fi
+DISPLAY=":$(cat "$work/display")"
+export DISPLAY
+openbox >/dev/null 2>&1 &
+processes+=($!)
+sleep 0.3
+
+# run PROGRAM FILTER: prints what failed.
+run() {
+  timeout 200 env G_DEBUG=fatal-criticals "$folder/$1" --gtest_filter="$2" >"$work/tests.log" 2>&1 || {
+    grep -A4 -E ': Failure|\[  FAILED  \]' "$work/tests.log" || tail -n 5 "$work/tests.log"
+    return 1
+  }
+}
+
+# Side by side at different heights; the right one first; with a gap between them and none at the origin.
+status=0
+for monitors in '800x600+0+0 640x480+800+100' '640x480+640+0 640x480+0+200' '500x600+200+50 500x600+900+0 640x480+0+650'; do
+  # shellcheck disable=SC2086
+  python3 tools/testing/monitors.py "$work/viewers" $monitors
+  sleep 0.5
+  run NolvexLibWxTests 'SeveralMonitorsTest.*:Monitors*:ScreenCaptureTest.*-*tensOfThousands*' || status=1
+  if grep 'there is only one monitor' "$work/tests.log"; then
+    status=1
+  fi
+  run NolvexLibWxTests 'TooltipTest.atTheEdge*:TooltipTest.shown*' || status=1
+  run NolvexViewerTests 'ViewerCommandsTest.capture*' || status=1
+  [ $status -eq 0 ] || { echo "monitors: failed with $monitors"; exit 1; }
+done
