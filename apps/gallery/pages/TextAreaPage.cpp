@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/DpiScaling.h"
+#include "NolvexLibWx/widgets/AutoSizedButton.h"
 #include "NolvexLibWx/widgets/StaticText.h"
 #include "NolvexLibWx/widgets/TextCtrl.h"
 #include "apps/gallery/Page.h"
 
-#include <wx/button.h>
 #include <wx/sizer.h>
 
 namespace Nolvex::Gallery {
@@ -47,8 +47,8 @@ void build(wxWindow* parent, const Log& log)
     auto* followed = addArea(parent, grid, L"Followed to its end", L"", wxTE_READONLY);
     for (int i = 0; i < LINES_AT_FIRST; ++i)
         appendLine(followed);
-    auto* more = new wxButton(parent, wxID_ANY, L"Append a line");
-    more->Bind(wxEVT_BUTTON, [followed, log](wxCommandEvent&) {
+    auto* more = new Wx::AutoSizedButton(parent, L"Append a line", 0, 0);
+    more->setClickCallback([followed, log] {
         appendLine(followed);
         log(L"A line was appended to the followed text.");
     });
