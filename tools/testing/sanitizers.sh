@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Every test under the address, leak and undefined-behaviour sanitizers, then short runs of the fuzzers.
+# Every test under the address, leak and undefined-behaviour sanitizers, the core's and the network's under the thread
+# sanitizer, then short runs of the fuzzers.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 . tools/testing/common.sh
@@ -17,6 +18,14 @@ export LSAN_OPTIONS
 run_tests sanitizers build/sanitizers
 check "accessibility" tools/testing/accessibility.sh build/sanitizers/bin
 check "peer" tools/testing/peer.sh build/sanitizers/bin/NolvexLibraryPeer
+
+# What the toolkit itself does is not instrumented: windows would drown the findings, sockets do not.
+export TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1
+configure_and_build thread-sanitizer
+for program in NolvexLibTests NolvexLibWxNetTests; do
+  run_test_program "$program-threads" "build/thread-sanitizer/bin/$program"
+done
+
 configure_and_build fuzz
 say "fuzzing"
 check "fuzzers" tests/fuzz/run.sh build/fuzz/bin "${NOLVEX_FUZZ_RUNS:-100000}"

@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: MIT
+// The bytes that messages are on the wire.
+#include "MessageSamples.h"
+
+#include "NolvexLib/Io/DeflateInputStream.h"
+#include "NolvexLib/Io/MemoryInputStream.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+namespace Nolvex::Wx::Legacy {
+namespace {
+
+using Tests::bytes;
+using Tests::RawPeerPair;
+using Tests::tree;
+
+TEST(SendingTest, writeString_ofAnEmptyTree_sendsTheTypeAlone)
+{
+    RawPeerPair pair;
+    ASSERT_EQ(pair.socket.writeString({}), SocketResult::Success);
+    pair.socket.close();
+    EXPECT_EQ(pair.peer.receiveAll(), bytes("<root><DataType>0</DataType></root>\0"));
+}
+
+TEST(SendingTest, writeString_putsTheTypeInFrontOfTheChildren)
+{
+    RawPeerPair pair;
+    XmlString message;
+    message.addChild(L"b", String(L"\x00e9<&"));
+    message.addChild(L"a", tree(L"c", L"d"));
+    ASSERT_EQ(pair.socket.writeString(message), SocketResult::Success);
+    EXPECT_EQ(pair.peer.receiveText(),
+              bytes("<root><DataType>0</DataType><b>\xC3\xA9&lt;&amp;</b><a><c>d</c></a></root>\0"));
+}
+
+TEST(SendingTest, writeFile_sendsTheHeaderAndTheBytes)
+{
+    const TemporaryFolder folder;
+    RawPeerPair pair;
+    const Io::Path path = folder.file(L"f", "content");
+    ASSERT_EQ(pair.socket.writeFile(path, tree(L"name", L"x"), DataCompression::None, DataType::File),
+              SocketResult::Success);
+    pair.socket.close();
+    EXPECT_EQ(pair.peer.receiveAll(), bytes("<root><DataType>1</DataType><name>x</name><FileSize>7</FileSize>"
+                                            "<Compressed>0</Compressed></root>\0content"));
+}
+
+TEST(SendingTest, writeFile_deflated_announcesBothSizes)
+{
+    const TemporaryFolder folder;
+    RawPeerPair pair;
+    const std::string text(1000, 'x');
+    const Io::Path path = folder.file(L"f", text);
+    ASSERT_EQ(pair.socket.writeFile(path, {}, DataCompression::Deflate, DataType::File),
+              SocketResult::Success);
+    pair.socket.close();
+    const std::string head = pair.peer.receiveText();
+    const std::string body = pair.peer.receiveAll();
+    EXPECT_EQ(head, fileHeader("1000", "1", element("CompressedSize", std::to_string(body.size()))));
+    Io::MemoryInputStream source(viewOf(body));
+    Io::DeflateInputStream stream(source);
+    EXPECT_EQ(Tests::readAll(stream), text);
+}
+
+TEST(SendingTest, writeFile_deflated_beginsAnewEvery65536Bytes)
+{
+    const TemporaryFolder folder;
+    RawPeerPair pair;
+    const std::string text = compressibleText(1'000'000);
+    const Io::Path path = folder.file(L"f", text);
+    std::string body;
+    std::thread reader([&] {
+        pair.peer.receiveText();
+        body = pair.peer.receiveAll();
+    });
+    EXPECT_EQ(pair.socket.writeFile(path, {}, DataCompression::Deflate, DataType::File),
+              SocketResult::Success);
+    pair.socket.close();
+    reader.join();
+    EXPECT_GT(body.size(), 3 * 65536u);
+    std::string inflated;
+    for (std::size_t i = 0; i < body.size(); i += 65536) {
+        Io::MemoryInputStream source(viewOf(std::string_view(body).substr(i, 65536)));
+        Io::DeflateInputStream stream(source);
+        inflated += Tests::readAll(stream);
+    }
+    EXPECT_TRUE(inflated == text);
+}
+
+TEST(SendingTest, writeFile_withUnknownCompression_sendsTheBytesAsTheyAre)
+{
+    const TemporaryFolder folder;
+    RawPeerPair pair;
+    const Io::Path path = folder.file(L"f", "abc");
+    ASSERT_EQ(pair.socket.writeFile(path, {}, DataCompression(2), DataType::File), SocketResult::Success);
+    pair.socket.close();
+    EXPECT_EQ(pair.peer.receiveAll(), fileHeader("3", "2") + "abc");
+}
+
+TEST(SendingTest, writeFile_writesTheTypeUnchecked)
+{
+    const TemporaryFolder folder;
+    RawPeerPair pair;
+    const Io::Path path = folder.file(L"f", "");
+    ASSERT_EQ(pair.socket.writeFile(path, {}, DataCompression::None, DataType(9)), SocketResult::Success);
+    EXPECT_EQ(pair.peer.receiveText(),
+              header(element("DataType", "9") + element("FileSize", "0") + element("Compressed", "0")));
+}
+
+TEST(SendingTest, writeFile_thatIsMissing_isAnErrorAndSendsNothing)
+{
+    const TemporaryFolder folder;
+    RawPeerPair pair;
+    for (const DataCompression compression : {DataCompression::None, DataCompression::Deflate})
+        EXPECT_EQ(pair.socket.writeFile(folder.file(L"none"), {}, compression, DataType::File),
+                  SocketResult::Error);
+    EXPECT_EQ(pair.socket.writeFile(folder.path(), {}, DataCompression::None, DataType::File),
+              SocketResult::Error);
+    EXPECT_TRUE(pair.socket.isOpen());
+    pair.socket.close();
+    EXPECT_EQ(pair.peer.receiveAll(), "");
+}
+
+TEST(SendingTest, writeRawMemory_neverCompresses)
+{
+    RawPeerPair pair;
+    ASSERT_EQ(pair.socket.writeRawMemory(viewOf("abc"), tree(L"k", L"v"), DataCompression::Deflate,
+                                         DataType::RawData),
+              SocketResult::Success);
+    pair.socket.close();
+    EXPECT_EQ(pair.peer.receiveAll(), bytes("<root><DataType>2</DataType><k>v</k><FileSize>3</FileSize>"
+                                            "<Compressed>1</Compressed></root>\0abc"));
+}
+
+TEST(SendingTest, writeData_ofAnEmptyVariant_sendsNothing)
+{
+    RawPeerPair pair;
+    EXPECT_EQ(pair.socket.writeData({}, DataCompression::None, DataType::File), SocketResult::Error);
+    pair.socket.close();
+    EXPECT_EQ(pair.peer.receiveAll(), "");
+}
+
+TEST(SendingTest, writeData_ofAText_ignoresCompressionAndType)
+{
+    RawPeerPair pair;
+    EXPECT_EQ(pair.socket.writeData(XmlString(), DataCompression::Deflate, DataType::File),
+              SocketResult::Success);
+    EXPECT_EQ(pair.peer.receiveText(), header(element("DataType", "0")));
+}
+
+} // namespace
+} // namespace Nolvex::Wx::Legacy
