@@ -7,12 +7,16 @@
 #include "examples/transfer/ProgressBar.h"
 #include "examples/transfer/TransferProgram.h"
 
+#include <wx/utils.h>
+
 #include <algorithm>
+#include <exception>
 #include <filesystem>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 using namespace Nolvex;
 using namespace Nolvex::Wx::Legacy;
@@ -34,15 +38,18 @@ public:
 
     Io::Path getFilePath(const XmlString& header) const override
     {
+        m_bodyBegan = true;
         const std::filesystem::path name = properName(header.getChild(L"Name").value_or(String()));
+        std::error_code unknown;
         m_path = m_folder / name;
-        for (int i = 2; std::filesystem::exists(m_path); ++i)
+        for (int i = 2; std::filesystem::exists(m_path, unknown); ++i)
             m_path = m_folder / (name.stem().native() + suffix(i) + name.extension().native());
         return m_path;
     }
 
     void onReceiveStart(const XmlString& header) const override
     {
+        m_bodyBegan = true;
         m_bar = std::make_unique<ProgressBar>(fileSizeIn(header), [path = m_path] {
             std::error_code missing;
             const std::uintmax_t size = std::filesystem::file_size(path, missing);
@@ -51,6 +58,9 @@ public:
     }
 
     void onReceiveEnd(const XmlString& /*header*/) const override { m_bar.reset(); }
+
+    /// True when a body began since this was asked last.
+    bool takeBodyBegan() const { return std::exchange(m_bodyBegan, false); }
 
 private:
     static std::filesystem::path::string_type suffix(int number)
@@ -61,7 +71,8 @@ private:
     // With something in front of it no name is hidden, a device or a way to another folder.
     static std::filesystem::path properName(const String& wish)
     {
-        constexpr std::size_t LONGEST = 100;
+        // Systems count up to 255, some of them bytes, of which a character has up to four.
+        constexpr std::size_t LONGEST = 50;
         std::wstring name = L"received-";
         for (std::size_t i = 0; i < std::min(wish.length(), LONGEST); ++i) {
             const bool isOrdinary =
@@ -75,6 +86,7 @@ private:
     // Of the file that is coming: the hooks may not change what they are asked of.
     mutable std::filesystem::path m_path;
     mutable std::unique_ptr<ProgressBar> m_bar;
+    mutable bool m_bodyBegan = false;
 };
 
 class Receiver : public TransferProgram
@@ -102,6 +114,9 @@ protected:
             return complain("--port takes 0 to 65535.");
         if (!readNumber(arguments, "connections", 0, 1'000'000, connections))
             return complain("--connections takes 0 to 1000000.");
+        // A name that cannot be resolved would stand for all addresses of this computer on some systems.
+        if (!SocketAddress::isValid(Wx::toString(address)))
+            return complain("--address takes four numbers and dots.");
         const Io::Path target(Wx::toString(folder));
         std::error_code missing;
         if (!std::filesystem::is_directory(target.native(), missing))
@@ -118,14 +133,22 @@ protected:
     }
 
 private:
+    // One silent second after the other until a sender is given up.
+    static constexpr int MOST_SILENT_SECONDS = 60;
+
     static int serve(TcpListener& listener, const Folder& folder, long connections)
     {
         for (long served = 0; connections == 0 || served < connections;) {
             TcpSocket connection = listener.acceptConnection(true);
-            if (!connection.isOpen())
-                continue;
-            receiveAll(connection, folder);
-            ++served;
+            if (connection.isOpen()) {
+                receiveAll(connection, folder);
+                ++served;
+            }
+            connection.close();
+            // Frees what the toolkit keeps of closed sockets; and a system that has no more of them gets a
+            // pause.
+            wxTheApp->ProcessIdle();
+            wxMilliSleep(10);
         }
         return DONE;
     }
@@ -133,34 +156,57 @@ private:
     static void receiveAll(TcpSocket& connection, const Folder& folder)
     {
         try {
-            while (connection.isOpen())
-                receiveOne(connection, folder);
+            for (int silent = 0; connection.isOpen() && silent < MOST_SILENT_SECONDS;)
+                silent = receiveOne(connection, folder) ? 0 : silent + 1;
         } catch (const StopException&) {
             fail("The sender speaks another protocol.");
+        } catch (const std::exception& failure) {
+            fail(wxString::FromUTF8(failure.what()));
         }
     }
 
-    static void receiveOne(TcpSocket& connection, const Folder& folder)
+    // False when nothing came.
+    static bool receiveOne(TcpSocket& connection, const Folder& folder)
     {
         ReceivedData message;
-        if (connection.readData(message, folder) != SocketResult::Success)
-            return; // silence, or the end of the connection
+        const SocketResult result = connection.readData(message, folder);
+        const bool bodyBegan = folder.takeBodyBegan();
+        if (result != SocketResult::Success) {
+            // What is left of a body would be taken for the next message.
+            if (bodyBegan) {
+                fail("A message was not received.");
+                connection.close();
+            }
+            return false;
+        }
         print(message);
         XmlString answer;
         answer.addChild(L"Answer", L"received");
         if (connection.writeString(answer) != SocketResult::Success)
             connection.close();
+        return true;
     }
 
     static void print(const ReceivedData& message)
     {
         if (const auto* file = message.tryGet<ReceivedFile>())
-            std::printf("file %s\n", file->path.nativeStr().toUtf8().c_str());
+            std::printf("file %s\n", printable(file->path.nativeStr()).c_str());
         else if (const auto* text = message.tryGet<XmlString>())
-            std::printf("text %s\n", text->getChild(L"Text").value_or(String()).toUtf8().c_str());
+            std::printf("text %s\n", printable(text->getChild(L"Text").value_or(String())).c_str());
         else
             std::printf("memory\n");
         std::fflush(stdout);
+    }
+
+    // Strangers are not to move the cursor.
+    static std::string printable(const String& text)
+    {
+        std::wstring result;
+        for (std::size_t i = 0; i < text.length(); ++i) {
+            const bool isControl = text[i] < L' ' || (text[i] >= 0x7F && text[i] < 0xA0);
+            result += isControl ? L'?' : text[i];
+        }
+        return String(result).toUtf8();
     }
 };
 

@@ -5,6 +5,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 programs=$1
+export LC_ALL=C.UTF-8 # or Wine knows no names beyond ASCII
 wrapper=${2:-}
 suffix=
 [ -e "$programs/nolvex-send" ] || suffix=.exe
@@ -36,6 +37,9 @@ expect_status() {
 head -c 300000 /dev/urandom >"$folder/noise.bin"
 head -c 3000000 /dev/zero >"$folder/zeros.bin"
 : >"$folder/nothing.bin"
+# A name of as many bytes as a system takes, and of characters that are longer when written.
+long_name=$(printf '\344\270\200%.0s' $(seq 80))
+cp "$folder/noise.bin" "$folder/$long_name"
 mkdir "$folder/stored"
 
 receive -f "$folder/stored" -n 2 >"$folder/log" &
@@ -50,7 +54,7 @@ if [ -z "$port" ]; then
   exit 1
 fi
 
-send --text "a & b <c>" 127.0.0.1 "$port" "$folder/noise.bin" "$folder/zeros.bin" "$folder/nothing.bin" ||
+send --text "a & b <c>" 127.0.0.1 "$port" "$folder/noise.bin" "$folder/zeros.bin" "$folder/nothing.bin" "$folder/$long_name" ||
   complain "sending failed"
 send --compress 127.0.0.1 "$port" "$folder/noise.bin" "$folder/zeros.bin" || complain "sending compressed failed"
 wait "$receiver" || complain "the receiver failed"
@@ -63,13 +67,14 @@ for name in noise zeros; do
   done
 done
 [ -e "$folder/stored/received-nothing.bin" ] || complain "the empty file did not arrive"
-[ "$(find "$folder/stored" -type f | wc -l)" -eq 5 ] || complain "there are other files than those sent"
+[ "$(find "$folder/stored" -type f | wc -l)" -eq 6 ] || complain "there are other files than those sent"
 
 expect_status 0 send --help
 expect_status 0 receive --help
 expect_status 2 send
 expect_status 2 send 127.0.0.1 70000
 expect_status 2 receive --port 70000
+expect_status 2 receive --address nobody.invalid
 expect_status 1 receive --folder "$folder/missing"
 # The receiver of before has gone.
 expect_status 1 send --wait 2 127.0.0.1 "$port" "$folder/noise.bin"
