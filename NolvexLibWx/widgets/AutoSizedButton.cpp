@@ -19,9 +19,11 @@ constexpr Pixel LABEL_PADDING{10, 10};
 constexpr int FRAME_ALLOWANCE = 4;
 constexpr int FRAME_ALLOWANCE_WITHOUT_FRAME = 2;
 
+constexpr int LARGEST_ICON = 4096;
+
 wxBitmap resized(const wxBitmap& icon, int size)
 {
-    if (size < 1)
+    if (size < 1 || size > LARGEST_ICON)
         return {};
     const int length = size * Wx::scaleByDpi(1);
     wxImage image = icon.ConvertToImage();

@@ -21,7 +21,8 @@ public:
     void setClickCallback(Function<void()> onClick);
 
     /// The icon of the enabled button: resized to a square of `size` pixels, times the whole factor of the
-    /// screen's scale, or else just enlarged by that factor. An invalid icon, or a size below 1, is none.
+    /// screen's scale, or else just enlarged by that factor. An invalid icon, or a size below 1 or above
+    /// 4,096, is none. The disabled button does not show it.
     void setEnabledIcon(const wxBitmap& icon, Optional<int> size = {});
 
     /// The icon of the disabled button, likewise.

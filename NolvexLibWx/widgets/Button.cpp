@@ -34,9 +34,9 @@ Wx::Button::Button(wxWindow* parent, const GuiSkin& skin, int id, const wxString
       m_label(label),
       m_bitmapWhenDisabled(disabledBitmap.IsOk() ? disabledBitmap : bitmap),
       m_bitmap(bitmap),
-      m_clickCallback(std::move(onClick)),
       m_toggleBehaviour(behavior == Behavior::TOGGLE),
-      m_skin(skin)
+      m_skin(skin),
+      m_clickCallback(std::move(onClick))
 {
     SetFont(setDefaultFontSize(GetFont(), 1.0f));
     updateColours();
@@ -46,7 +46,7 @@ Wx::Button::Button(wxWindow* parent, const GuiSkin& skin, int id, const wxString
     Bind(wxEVT_LEFT_DCLICK, &Button::onMouseDown, this);
     // After the border's own, hence asked before it.
     Bind(wxEVT_PAINT, &Button::onButtonPaint, this);
-    Bind(wxEVT_MOUSE_CAPTURE_LOST, &Button::onCaptureLost, this);
+    Bind(wxEVT_MOUSE_CAPTURE_LOST, &Button::onMouseTaken, this);
     SetMinSize(wxSize(-1, scaleByDpi(MINIMUM_HEIGHT)));
     OskaBorder::Enable(enabled);
     Refresh(false, nullptr);
@@ -68,7 +68,11 @@ void Wx::Button::SetLabel(const wxString& label)
 
 bool Wx::Button::Enable(bool enable)
 {
+    // Windows takes the mouse from what it disables. A press that had begun is completed all the same.
+    m_keepsPress = m_pressed;
     const bool changed = OskaBorder::Enable(enable);
+    if (std::exchange(m_keepsPress, false))
+        m_capture.begin();
     Refresh(false, nullptr);
     return changed;
 }
@@ -119,6 +123,14 @@ void Wx::Button::onMouseUp(wxMouseEvent& event)
     // The click may have destroyed it.
     if (self)
         Refresh(true, nullptr);
+}
+
+void Wx::Button::onMouseTaken(wxMouseCaptureLostEvent& event)
+{
+    if (m_keepsPress)
+        m_capture.lost();
+    else
+        onCaptureLost(event);
 }
 
 void Wx::Button::onCaptureLost(wxMouseCaptureLostEvent& /*event*/)

@@ -77,19 +77,25 @@ protected:
     wxString m_label;
     wxBitmap m_bitmapWhenDisabled;
     wxBitmap m_bitmap;
-    Function<void()> m_clickCallback;
 
 private:
     friend class DropdownButton; // the items of its popup are buttons that it hovers, releases and relabels
 
     void updateColours();
     void drawLabel(wxDC& dc, wxSize size, int bitmapWidth) const;
+    void onMouseTaken(wxMouseCaptureLostEvent& event);
 
     bool m_pressed = false;
     bool m_toggleBehaviour;
     bool m_toggled = false;
     GuiSkin m_skin;
+
+protected:
+    Function<void()> m_clickCallback;
+
+private:
     MouseCapture m_capture{this};
+    bool m_keepsPress = false;
 };
 
 } // namespace Nolvex::Wx

@@ -23,9 +23,9 @@ class NOLVEXLIBWX_EXPORT CollapsiblePanel : public wxPanel
 public:
     class Tick;
 
-    /// `content`, and `extra` if it is not null, become children of the panel. `contentBorder` is in pixels
-    /// around the content; `labelSize`, in design units, is the size of the label (wxDefaultSize: of its
-    /// text).
+    /// `content`, which must be shown, and `extra` if it is not null, become children of the panel.
+    /// `contentBorder` is in pixels around the content; `labelSize`, in design units, is the size of the
+    /// label (wxDefaultSize: of its text).
     CollapsiblePanel(wxWindow* parent, const GuiSkin& skin, const String& label, wxWindow* content,
                      wxWindow* extra = nullptr, int contentBorder = 0, wxSize labelSize = wxDefaultSize);
     ~CollapsiblePanel() override;

@@ -22,6 +22,8 @@ namespace {
 
 constexpr const char* SOURCE = "widgets/DropdownButton";
 constexpr int HOLD_TIME = 150; // milliseconds
+// Some window managers insist on a place of their own.
+constexpr int MOST_MOVES = 3;
 constexpr int CORNER_LENGTH = 10;
 constexpr int CORNER_INSET = 2;
 constexpr RgbBytes DISABLED_CORNER{135, 135, 135};
@@ -72,7 +74,11 @@ Wx::DropdownButton::DropdownButton(wxWindow* parent, const GuiSkin& skin, const 
     Platform::describeControl(*this, Platform::AccessibleRole::DROPDOWN_BUTTON);
 }
 
-Wx::DropdownButton::~DropdownButton() = default;
+Wx::DropdownButton::~DropdownButton()
+{
+    // It goes after the members have gone.
+    m_popup->Unbind(wxEVT_MOVE, &DropdownButton::onPopupMoved, this);
+}
 
 void Wx::DropdownButton::createPopup(const Array<int>& ids, const Array<wxString>& labels,
                                      const Array<Function<void()>>& callbacks)
@@ -86,10 +92,11 @@ void Wx::DropdownButton::createPopup(const Array<int>& ids, const Array<wxString
         item->Show(true);
         item->SetMinSize(itemSize());
         sizer->Add(item, 0, 0, 0);
-        m_items.push_back(item);
+        m_items.emplace_back(item);
     }
     // Whoever closes it with the keyboard must not destroy what the button goes on using.
     m_popup->Bind(wxEVT_CLOSE_WINDOW, [popup = m_popup](wxCloseEvent&) { popup->Hide(); });
+    m_popup->Bind(wxEVT_MOVE, &DropdownButton::onPopupMoved, this);
     m_popup->SetSizerAndFit(sizer);
     m_popup->Hide();
 }
@@ -100,8 +107,8 @@ void Wx::DropdownButton::setText(int index, const String& text)
         Nolvex::Detail::throwStopException(SOURCE, __LINE__);
     if (index == 0)
         Button::SetLabel(toWxString(text));
-    else
-        m_items[static_cast<std::size_t>(index) - 1]->SetLabel(toWxString(text));
+    else if (const wxWeakRef<Button>& item = m_items[static_cast<std::size_t>(index) - 1])
+        item->SetLabel(toWxString(text));
 }
 
 void Wx::DropdownButton::onMouseDown(wxMouseEvent& /*event*/)
@@ -117,12 +124,27 @@ void Wx::DropdownButton::onHeld(wxTimerEvent& /*event*/)
 {
     if (!isPressed())
         return;
-    const wxPoint below = GetScreenPosition() + wxPoint(0, GetSize().y);
-    // Moved before too, or it shows up elsewhere first.
-    m_popup->Move(below);
     m_popup->Show(true);
-    m_popup->Move(below);
+    m_movesLeft = MOST_MOVES;
+    movePopup();
     Refresh();
+}
+
+void Wx::DropdownButton::movePopup()
+{
+    const wxPoint below = GetScreenPosition() + wxPoint(0, GetSize().y);
+    if (m_popup->GetPosition() == below || m_movesLeft == 0)
+        return;
+    --m_movesLeft;
+    m_popup->Move(below);
+}
+
+// A window manager may place what is new to it, after we did.
+void Wx::DropdownButton::onPopupMoved(wxMoveEvent& event)
+{
+    event.Skip();
+    if (m_popup->IsShown())
+        movePopup();
 }
 
 bool Wx::DropdownButton::isOver(const Button& item, const wxMouseEvent& event) const
@@ -135,18 +157,21 @@ void Wx::DropdownButton::onMouseMoved(wxMouseEvent& event)
 {
     if (!m_popup->IsShown())
         return;
-    for (Button* item : m_items) {
+    for (const wxWeakRef<Button>& item : m_items) {
+        if (!item)
+            continue;
         const bool over = isOver(*item, event);
         item->m_state.set(OskaBorderState::HOVERED, over);
-        if (over && item != m_hoveredItem)
-            markHovered(item);
+        if (over && item.get() != m_hoveredItem.get())
+            markHovered(item.get());
     }
 }
 
 void Wx::DropdownButton::markHovered(Button* item)
 {
     item->Refresh();
-    m_hoveredItem->Refresh();
+    if (m_hoveredItem)
+        m_hoveredItem->Refresh();
     m_hoveredItem = item;
     Refresh();
 }
@@ -158,24 +183,25 @@ void Wx::DropdownButton::onMouseUp(wxMouseEvent& event)
     m_timer.Stop();
     capture().end();
     const wxWeakRef<DropdownButton> self(this);
-    Button* chosen = nullptr;
+    wxWeakRef<Button> chosen;
     if (m_popup->IsShown()) {
-        for (Button* item : m_items) {
-            if (!isOver(*item, event))
+        for (const wxWeakRef<Button>& item : m_items) {
+            if (!item || !isOver(*item, event))
                 continue;
             chosen = item;
             if (item->m_clickCallback)
                 item->m_clickCallback();
-            // It may have destroyed the button, and the items with it.
+            // It may have destroyed the button, and the items with it, or the item alone.
             if (!self)
                 return;
-            item->onMouseUp(event);
+            if (item)
+                item->onMouseUp(event);
         }
     }
     m_popup->Hide();
     m_state.set(OskaBorderState::HOVERED, false);
     Button::onMouseUp(event);
-    if (self && chosen != nullptr && swapsOnSelect())
+    if (self && chosen && swapsOnSelect())
         swapWithMain(*chosen);
 }
 
@@ -202,8 +228,10 @@ void Wx::DropdownButton::onButtonPaint(wxPaintEvent& /*event*/)
 {
     wxPaintDC dc(this);
     drawFace(dc);
-    for (Button* item : m_items)
-        item->Update();
+    for (const wxWeakRef<Button>& item : m_items) {
+        if (item)
+            item->Update();
+    }
 }
 
 void Wx::DropdownButton::drawFace(wxDC& dc) const

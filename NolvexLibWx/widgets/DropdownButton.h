@@ -6,6 +6,7 @@
 #include "NolvexLibWx/widgets/Button.h"
 
 #include <wx/timer.h>
+#include <wx/weakref.h>
 
 class WXDLLIMPEXP_FWD_CORE wxFrame;
 
@@ -51,17 +52,21 @@ private:
     void createPopup(const Array<int>& ids, const Array<wxString>& labels,
                      const Array<Function<void()>>& callbacks);
     void onHeld(wxTimerEvent& event);
+    void movePopup();
+    void onPopupMoved(wxMoveEvent& event);
     void onMouseMoved(wxMouseEvent& event);
     void markHovered(Button* item);
     bool isOver(const Button& item, const wxMouseEvent& event) const;
     bool swapsOnSelect() const;
     void swapWithMain(Button& item);
 
-    Array<Button*> m_items;
+    // Weak, as the ids by which they can be found and destroyed are the caller's.
+    Array<wxWeakRef<Button>> m_items;
     wxFrame* m_popup = nullptr;
     wxTimer m_timer;
+    int m_movesLeft = 0;
     bool m_swapOnSelect;
-    wxWindow* m_hoveredItem = nullptr;
+    wxWeakRef<wxWindow> m_hoveredItem;
 };
 
 } // namespace Nolvex::Wx

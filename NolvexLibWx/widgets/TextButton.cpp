@@ -100,8 +100,9 @@ void Wx::TextButton::show(const wxColour& colour)
 void Wx::TextButton::onEntered(wxMouseEvent& /*event*/)
 {
     m_hovered = true;
+    SetForegroundColour(m_hoverColour);
     SetCursor(wxCursor(wxCURSOR_HAND));
-    show(m_hoverColour);
+    Refresh(true, nullptr);
 }
 
 void Wx::TextButton::onLeft(wxMouseEvent& /*event*/)

@@ -28,6 +28,8 @@ const wchar_t* tooltipFor(Command command)
         return L"Shows a picture of all displays (Ctrl+Shift+S)";
     case Command::SHOW_LOG:
         return L"Shows or hides what the viewer has done (Ctrl+L)";
+    case Command::ABOUT:
+        return L"Writes what this program is to the log";
     default:
         return L"";
     }
@@ -67,8 +69,9 @@ void ToolBar::setLogShown(bool shown)
 void ToolBar::setTooltips(bool wanted)
 {
     for (wxWindow* child : GetChildren()) {
-        if (auto* button = dynamic_cast<Wx::Button*>(child))
-            button->setTooltip(wanted ? String(tooltipFor(static_cast<Command>(button->GetId()))) : String());
+        const wchar_t* text = wanted ? tooltipFor(static_cast<Command>(child->GetId())) : L"";
+        if (auto* window = dynamic_cast<Wx::TooltipWindow*>(child))
+            window->setTooltip(text);
     }
 }
 

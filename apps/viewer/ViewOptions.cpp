@@ -16,8 +16,6 @@ Wx::CheckBox* addCheckBox(wxWindow* parent, wxSizer* row, const String& label, C
                           const Function<void(Command)>& run)
 {
     auto* box = new Wx::CheckBox(parent, command, label);
-    box->SetFont(box->GetFont());
-    box->SetMinSize(box->GetBestSize());
     box->setChangeCallback([run, command](bool) { run(command); });
     row->Add(box, 0, wxRIGHT, Wx::scaleByDpi(GAP));
     return box;

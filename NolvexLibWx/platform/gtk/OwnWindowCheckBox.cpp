@@ -4,6 +4,8 @@
 #include "NolvexLibWx/CheckBoxExtent.h"
 #include "NolvexLibWx/platform/Accessibility.h"
 
+#include <wx/weakref.h>
+
 #include <gtk/gtk.h>
 
 #include <utility>
@@ -30,6 +32,8 @@ bool Platform::OwnWindowCheckBox::Create(wxWindow* parent, wxWindowID id, const 
     const long windowStyle = style | wxBORDER_NONE | wxFULL_REPAINT_ON_RESIZE;
     if (!wxControl::Create(parent, id, pos, size, windowStyle, validator, name))
         return false;
+    // As on Windows, where the toolkit sets the font while it makes the window.
+    SetFont(GetFont());
     SetInitialSize(size);
     bindEvents();
     // Also told when a parent is disabled, which the toolkit says to nobody.
@@ -111,7 +115,11 @@ void Platform::OwnWindowCheckBox::onMouseDown(wxMouseEvent& event)
     event.Skip();
     m_mousePressed = true;
     m_capture.begin();
+    const wxWeakRef<wxWindow> self(this);
     SetFocus();
+    // Whoever saw the focus move may have destroyed it; then there is nobody to look for further handlers.
+    if (!self)
+        event.Skip(false);
 }
 
 void Platform::OwnWindowCheckBox::onMouseUp(wxMouseEvent& event)

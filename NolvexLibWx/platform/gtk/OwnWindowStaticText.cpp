@@ -3,6 +3,9 @@
 
 #include "NolvexLibWx/LabelExtent.h"
 #include "NolvexLibWx/platform/Accessibility.h"
+#include "NolvexLibWx/platform/gtk/InsensitiveWatch.h"
+
+#include <utility>
 
 // The calls of wxStaticTextBase pass wxStaticText over, whose functions are about the GtkLabel.
 // NOLINTBEGIN(bugprone-parent-virtual-call)
@@ -37,6 +40,13 @@ bool Platform::OwnWindowStaticText::SetFont(const wxFont& font)
     const bool changed = wxStaticTextBase::SetFont(font);
     AutoResizeIfNecessary();
     return changed;
+}
+
+bool Platform::OwnWindowStaticText::TryBefore(wxEvent& event)
+{
+    if (event.GetEventType() == wxEVT_ENTER_WINDOW && !std::exchange(m_isWatched, true))
+        watchSensitivity(*this);
+    return wxStaticText::TryBefore(event);
 }
 
 wxSize Platform::OwnWindowStaticText::DoGetBestSize() const

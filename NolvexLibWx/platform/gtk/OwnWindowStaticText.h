@@ -22,6 +22,8 @@ public:
     bool SetFont(const wxFont& font) override;
 
 protected:
+    bool TryBefore(wxEvent& event) override;
+
     // All that would reach for the GtkLabel.
     wxSize DoGetBestSize() const override;
     wxString WXGetVisibleLabel() const override;
@@ -29,6 +31,9 @@ protected:
     bool DoSetLabelMarkup(const wxString& markup) override;
     bool GTKWidgetNeedsMnemonic() const override;
     void GTKWidgetDoSetMnemonic(GtkWidget* widget) override;
+
+private:
+    bool m_isWatched = false;
 };
 
 } // namespace Nolvex::Platform

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/platform/SelfPaintedPanel.h"
 
+#include "NolvexLibWx/platform/gtk/InsensitiveWatch.h"
+
 #include <wx/brush.h>
 #include <wx/dc.h>
+
+#include <utility>
 
 // wxWindow, which is passed over, is what writes the style sheets.
 // NOLINTBEGIN(bugprone-parent-virtual-call)
@@ -12,9 +16,7 @@ namespace Nolvex {
 Platform::SelfPaintedPanel::SelfPaintedPanel(wxWindow* parent, wxWindowID id, const wxPoint& pos,
                                              const wxSize& size, long style, const wxString& name)
     : wxPanel(parent, id, pos, size, style, name)
-{
-    Bind(wxEVT_ERASE_BACKGROUND, &SelfPaintedPanel::onErase, this);
-}
+{}
 
 Platform::SelfPaintedPanel::~SelfPaintedPanel() = default;
 
@@ -39,15 +41,39 @@ bool Platform::SelfPaintedPanel::SetForegroundColour(const wxColour& colour)
     return true;
 }
 
-void Platform::SelfPaintedPanel::onErase(wxEraseEvent& event)
+void Platform::SelfPaintedPanel::DoEnable(bool enable)
+{
+    m_isDisabledLater = !enable && HasCapture();
+    if (!m_isDisabledLater)
+        wxPanel::DoEnable(enable);
+}
+
+void Platform::SelfPaintedPanel::OnInternalIdle()
+{
+    wxPanel::OnInternalIdle();
+    if (m_isDisabledLater && !HasCapture())
+        DoEnable(false);
+}
+
+bool Platform::SelfPaintedPanel::TryBefore(wxEvent& event)
+{
+    const bool concernsMouse =
+        event.GetEventType() == wxEVT_ENTER_WINDOW || event.GetEventType() == wxEVT_LEFT_DOWN;
+    if (concernsMouse && !std::exchange(m_isWatched, true))
+        watchSensitivity(*this);
+    return wxPanel::TryBefore(event);
+}
+
+// A handler would do as well, but binding one for each takes time.
+bool Platform::SelfPaintedPanel::TryAfter(wxEvent& event)
 {
     // Without a colour of its own it shows what lies behind it.
-    if (!UseBgCol()) {
-        event.Skip();
-        return;
-    }
-    event.GetDC()->SetBackground(wxBrush(GetBackgroundColour()));
-    event.GetDC()->Clear();
+    if (event.GetEventType() != wxEVT_ERASE_BACKGROUND || !UseBgCol())
+        return wxPanel::TryAfter(event);
+    wxDC& dc = *static_cast<wxEraseEvent&>(event).GetDC();
+    dc.SetBackground(wxBrush(GetBackgroundColour()));
+    dc.Clear();
+    return true;
 }
 
 } // namespace Nolvex

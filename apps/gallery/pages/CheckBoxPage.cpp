@@ -30,9 +30,6 @@ void build(wxWindow* parent, const Log& log)
     addCheckBox(parent, rows, L"Disabled and cleared", false, false, log);
     addCheckBox(parent, rows, L"Disabled and checked", true, false, log);
     addCheckBox(parent, rows, L"", true, true, log);
-    Wx::CheckBox* own = addCheckBox(parent, rows, L"At the library's own size", true, true, log);
-    own->SetFont(own->GetFont());
-    own->SetMinSize(own->GetBestSize());
     addCheckBox(parent, rows, L"With the focus: Tab moves it", false, true, log)->SetFocus();
     parent->SetSizer(rows);
 }

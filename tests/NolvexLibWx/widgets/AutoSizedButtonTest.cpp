@@ -11,6 +11,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <limits>
+
 using namespace Nolvex;
 using Wx::AutoSizedButton;
 using Wx::scaleByDpi;
@@ -139,8 +142,10 @@ TEST_F(AutoSizedButtonTest, icons_areShownInTheirStates)
     Tests::pumpEvents(150);
     EXPECT_EQ(Tests::pixelAt(Tests::captureClientArea(button), 3, 3), ICON);
     button->Enable(false);
+    Tests::pumpEvents(100);
     EXPECT_NE(Tests::pixelAt(Tests::captureClientArea(button), 3, 3), ICON) << "it has no icon when disabled";
     button->setDisabledIcon(icon(10, 10), {});
+    Tests::pumpEvents(100);
     EXPECT_EQ(Tests::pixelAt(Tests::captureClientArea(button), 3, 3), ICON);
 }
 
@@ -171,6 +176,47 @@ TEST_F(AutoSizedButtonTest, callbackThatDestroysIt_isSafe)
     button->setClickCallback([button] { button->Destroy(); });
     button->doClick({});
     EXPECT_TRUE(panel->GetChildren().empty());
+}
+
+TEST_F(AutoSizedButtonTest, callbackThatDestroysTheParent_isSafe)
+{
+    auto* inner = new wxPanel(panel);
+    auto* button = new AutoSizedButton(inner, L"OK", 0, 0);
+    button->setClickCallback([inner] { delete inner; });
+    button->doClick({});
+    EXPECT_TRUE(panel->GetChildren().empty());
+}
+
+TEST_F(AutoSizedButtonTest, changesAndClicks_arePaintedAtOnce)
+{
+    AutoSizedButton* button = make(L"OK");
+    button->SetSize(20, 20, 60, 30);
+    frame->Show();
+    Tests::pumpEvents(150);
+    int paints = 0;
+    button->Bind(wxEVT_PAINT, [&](wxPaintEvent& event) {
+        ++paints;
+        event.Skip();
+    });
+    // No event is let run in between.
+    const auto paintsAtOnce = [&](const std::function<void()>& act) {
+        paints = 0;
+        act();
+        return paints > 0;
+    };
+    EXPECT_TRUE(paintsAtOnce([&] { button->Enable(false); }));
+    EXPECT_TRUE(paintsAtOnce([&] { button->Enable(true); }));
+    EXPECT_TRUE(paintsAtOnce([&] { button->setEnabledIcon(icon(8, 8), {}); }));
+    EXPECT_TRUE(paintsAtOnce([&] { button->setDisabledIcon(icon(8, 8), 12); }));
+    EXPECT_TRUE(paintsAtOnce([&] { button->doClick({}); }));
+}
+
+TEST_F(AutoSizedButtonTest, hugeIconSize_isNoIcon)
+{
+    AutoSizedButton* button = make(wxString());
+    button->setEnabledIcon(icon(8, 8), 100'000);
+    button->setDisabledIcon(icon(8, 8), std::numeric_limits<int>::max());
+    EXPECT_EQ(button->GetMinSize(), wxSize(4, 4));
 }
 
 TEST_F(AutoSizedButtonTest, callbackThatReplacesItself_isSafe)

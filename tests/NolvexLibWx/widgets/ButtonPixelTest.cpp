@@ -179,6 +179,28 @@ TEST_F(ButtonPixelTest, hovered_lightsTheBorderOnlyWhileEnabled)
     expectFace({.label = L"Label", .border = HOVERED}, false, {}, {110, 110, 110});
 }
 
+TEST_F(ButtonPixelTest, background_onTheScreen_isThatOfTheState)
+{
+    const Wx::GuiSkin& skin = Wx::GuiSkin::DEFAULT();
+    Button* button = make({.label = L"Label"}, true);
+    frame->SetClientSize(size);
+    frame->Show();
+    frame->Raise();
+    Tests::pumpEvents(150);
+    const auto shown = [&] {
+        Tests::pumpEvents(100);
+        return Tests::pixelAt(Tests::captureClientArea(button), 4, 4);
+    };
+    EXPECT_EQ(shown(), skin.background);
+    button->setToggled(true);
+    EXPECT_EQ(shown(), skin.accent);
+    wxMouseEvent press(wxEVT_LEFT_DOWN);
+    button->GetEventHandler()->ProcessEvent(press);
+    EXPECT_EQ(shown(), skin.pressedBackground);
+    button->setToggled(false);
+    EXPECT_EQ(shown(), skin.pressedBackground);
+}
+
 TEST_F(ButtonPixelTest, leastHeight_isThatOfTheScale)
 {
     EXPECT_EQ(make({}, true)->GetMinSize(), wxSize(-1, Wx::scaleByDpi(24)));

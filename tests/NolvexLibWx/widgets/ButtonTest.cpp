@@ -473,7 +473,7 @@ TEST_F(ButtonTest, windowThatCoversIt_endsTheHover)
     cover.Hide();
 }
 
-TEST_F(ButtonTest, mouseTakenByAnotherWindow_cancelsThePress)
+TEST_F(ButtonTest, mouseTakenByAnotherWindow_comesBackAndIsNotKept)
 {
     Button* button = make();
     auto* thief = new wxPanel(panel, wxID_ANY, wxPoint(20, 100), wxSize(50, 50));
@@ -492,6 +492,33 @@ TEST_F(ButtonTest, mouseTakenByAnotherWindow_cancelsThePress)
     EXPECT_EQ(wxWindow::GetCapture(), nullptr);
 }
 
+// GTK takes the mouse from what is hidden, Windows leaves it until the release.
+TEST_F(ButtonTest, hiddenWhilePressed_doesNotKeepTheMouse)
+{
+    Button* button = make();
+    show();
+    Tests::pressMouseAt(button, INSIDE);
+    ASSERT_TRUE(button->isPressed());
+    button->Hide();
+    Tests::pumpEvents(50);
+    Tests::releaseMouse();
+    EXPECT_FALSE(button->isPressed());
+    EXPECT_EQ(wxWindow::GetCapture(), nullptr);
+}
+
+TEST_F(ButtonTest, disabledUnderTheMouse_isNoLongerLitWhenTheMouseHasGone)
+{
+    Button* button = make();
+    show();
+    Tests::moveMouse(button, INSIDE);
+    ASSERT_TRUE(button->borderState().has(OskaBorderState::HOVERED));
+    button->Enable(false);
+    Tests::moveMouse(button, OUTSIDE);
+    button->Enable(true);
+    Tests::pumpEvents(50);
+    EXPECT_FALSE(button->borderState().has(OskaBorderState::HOVERED));
+}
+
 TEST_F(ButtonTest, mouse_onADisabledButton_doesNothing)
 {
     Button* button = make();
@@ -500,6 +527,38 @@ TEST_F(ButtonTest, mouse_onADisabledButton_doesNothing)
     Tests::clickAt(button, INSIDE);
     EXPECT_TRUE(reports.entries.empty());
     EXPECT_FALSE(button->isPressed());
+}
+
+TEST_F(ButtonTest, mouse_disabledWhilePressed_stillCompletesThePress)
+{
+    Button* button = make();
+    show();
+    Tests::pressMouseAt(button, INSIDE);
+    button->Enable(false);
+    EXPECT_TRUE(button->isPressed());
+    Tests::pumpEvents(50);
+    Tests::releaseMouse();
+    EXPECT_EQ(reports.entries, Entries({"event", "callback"}));
+    EXPECT_FALSE(button->isPressed());
+    EXPECT_EQ(wxWindow::GetCapture(), nullptr);
+    Tests::clickAt(button, INSIDE);
+    EXPECT_EQ(reports.entries.size(), 2u) << "then it is disabled";
+}
+
+TEST_F(ButtonTest, mouse_parentDisabledWhilePressed_doesNotKeepTheMouse)
+{
+    Button* button = make();
+    show();
+    Tests::pressMouseAt(button, INSIDE);
+    panel->Disable();
+    Tests::pumpEvents(50);
+    Tests::releaseMouse();
+    EXPECT_FALSE(button->isPressed());
+    EXPECT_EQ(wxWindow::GetCapture(), nullptr);
+    panel->Enable();
+    reports.entries.clear();
+    Tests::clickAt(button, INSIDE);
+    EXPECT_EQ(reports.entries, Entries({"event", "callback"}));
 }
 
 TEST_F(ButtonTest, mouse_callbackThatDestroysTheButton_isSafe)

@@ -234,6 +234,17 @@ TEST_P(DestroyingCallbackTest, panelToggledAndHeardByTheParent)
     expectGone();
 }
 
+TEST_P(DestroyingCallbackTest, checkBoxThatTakesTheFocusByAClick)
+{
+    auto* other = new CheckBox(parent, wxID_ANY, L"Other", wxPoint(20, 100));
+    auto* box = show(new CheckBox(parent, wxID_ANY, L"Check box"));
+    other->SetFocus();
+    ASSERT_TRUE(Tests::pumpUntil([other] { return other->HasFocus(); }));
+    box->Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent&) { destroy(); });
+    Tests::clickAt(box, {5, 5});
+    expectGone();
+}
+
 TEST_P(DestroyingCallbackTest, textButtonClicked)
 {
     auto* button = new TextButton(parent, wxID_ANY, L"Text button", [this] { destroy(); });

@@ -9,6 +9,7 @@
 
 #include <wx/dcmemory.h>
 #include <wx/frame.h>
+#include <wx/stopwatch.h>
 
 #include <gtest/gtest.h>
 
@@ -187,11 +188,53 @@ TEST_F(DropdownButtonTest, held_opensThePopupDirectlyBelow)
     make();
     show();
     holdUntilOpen();
-    EXPECT_EQ(popup()->GetScreenPosition(), button->GetScreenPosition() + wxPoint(0, button->GetSize().y));
+    const wxPoint below = button->GetScreenPosition() + wxPoint(0, button->GetSize().y);
+    EXPECT_TRUE(Tests::pumpUntil([&] { return popup()->GetScreenPosition() == below; }, 2000))
+        << popup()->GetScreenPosition().x << ", " << popup()->GetScreenPosition().y;
     EXPECT_TRUE(reports.empty());
     Tests::releaseMouse();
     EXPECT_EQ(reports, Array<wxString>({L"one"})) << "released over the button it is the main choice";
     EXPECT_FALSE(popup()->IsShown());
+}
+
+TEST_F(DropdownButtonTest, held_opensNoSoonerThanItShould)
+{
+    make();
+    show();
+    Tests::moveMouse(button, centre());
+    const wxStopWatch watch;
+    wxUIActionSimulator().MouseDown(wxMOUSE_BTN_LEFT);
+    ASSERT_TRUE(Tests::pumpUntil([this] { return popup()->IsShown(); }, 2000));
+    EXPECT_GE(watch.Time(), 140);
+    Tests::releaseMouse();
+}
+
+TEST_F(DropdownButtonTest, disabledWhileOpen_staysOpenUntilTheRelease)
+{
+    make();
+    show();
+    holdUntilOpen();
+    button->Enable(false);
+    Tests::pumpEvents(50);
+    EXPECT_TRUE(popup()->IsShown());
+    Tests::moveMouse(button, over(1));
+    Tests::releaseMouse();
+    EXPECT_EQ(reports, Array<wxString>({L"three"}));
+    EXPECT_EQ(wxWindow::GetCapture(), nullptr);
+}
+
+TEST_F(DropdownButtonTest, hiddenWhileOpen_hasClosedThePopupAfterTheRelease)
+{
+    make();
+    show();
+    holdUntilOpen();
+    button->Hide();
+    Tests::moveMouse(panel, {300, 200});
+    Tests::releaseMouse();
+    EXPECT_FALSE(popup()->IsShown());
+    EXPECT_FALSE(button->isPressed());
+    EXPECT_EQ(wxWindow::GetCapture(), nullptr);
+    EXPECT_TRUE(reports.empty());
 }
 
 TEST_F(DropdownButtonTest, releasedOverAnItem_callsItsCallbackOnly)
@@ -349,6 +392,36 @@ TEST_F(DropdownButtonTest, itemCallbackThatDestroysTheButton_isSafe)
     choose(0);
     EXPECT_EQ(button, nullptr);
     EXPECT_TRUE(panel->GetChildren().empty());
+}
+
+TEST_F(DropdownButtonTest, itemCallbackThatDestroysItsItem_isSafe)
+{
+    button = new DropdownButton(
+        panel, Wx::GuiSkin::DEFAULT(), {40, 41, 42}, {L"one", L"two", L"three"}, {}, {},
+        {Function<void()>(), [this] { item(0)->Destroy(); }, [this] { reports.push_back(L"three"); }}, SWAP,
+        true);
+    button->SetSize(wxRect(wxPoint(20, 20), button->GetMinSize()));
+    show();
+    choose(0);
+    EXPECT_EQ(button->GetLabel(), L"one") << "there is nothing to swap with";
+    button->setText(1, L"nobody shows this");
+    choose(0);
+    EXPECT_EQ(reports, Array<wxString>({L"three"})) << "the other item is the only one now";
+}
+
+TEST_F(DropdownButtonTest, itemCallbackThatDestroysTheFrame_isSafe)
+{
+    auto* other = new wxFrame(nullptr, wxID_ANY, "other", wxPoint(300, 300), wxSize(300, 200));
+    button = new DropdownButton(other, Wx::GuiSkin::DEFAULT(), {1, 2}, {L"one", L"two"}, {}, {},
+                                {Function<void()>(), [&other] { std::exchange(other, nullptr)->Destroy(); }},
+                                SWAP, true);
+    button->SetSize(wxRect(wxPoint(20, 20), button->GetMinSize()));
+    other->Show();
+    other->Raise();
+    Tests::pumpEvents(200);
+    choose(0);
+    EXPECT_EQ(other, nullptr);
+    Tests::pumpEvents(50);
 }
 
 TEST_F(DropdownButtonTest, mainCallbackThatDestroysTheParent_isSafe)

@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: MIT
+// What the viewer's buttons, options and menu do, and that they agree.
+#include "apps/viewer/ToolBar.h"
+#include "NolvexLibWx/ColourConversions.h"
+#include "NolvexLibWx/widgets/Button.h"
+#include "NolvexLibWx/widgets/CheckBox.h"
+#include "NolvexLibWx/widgets/CollapsiblePanel.h"
+#include "NolvexLibWx/widgets/TextButton.h"
+#include "NolvexLibWx/widgets/TextCtrl.h"
+#include "apps/viewer/Command.h"
+#include "apps/viewer/ImageView.h"
+#include "apps/viewer/ViewOptions.h"
+#include "apps/viewer/ViewerFrame.h"
+#include "support/Gestures.h"
+
+#include <wx/frame.h>
+#include <wx/menu.h>
+
+#include <gtest/gtest.h>
+
+using namespace Nolvex;
+using Viewer::Command;
+using Viewer::ToolBar;
+using Viewer::ViewerFrame;
+using Viewer::ViewOptions;
+
+namespace {
+
+template<class Wanted>
+Wanted* findIn(wxWindow* window)
+{
+    if (auto* found = dynamic_cast<Wanted*>(window))
+        return found;
+    for (wxWindow* child : window->GetChildren()) {
+        if (Wanted* found = findIn<Wanted>(child))
+            return found;
+    }
+    return nullptr;
+}
+
+template<class Wanted>
+Wanted* childOf(wxWindow* parent, int id)
+{
+    for (wxWindow* child : parent->GetChildren()) {
+        if (child->GetId() == id)
+            return dynamic_cast<Wanted*>(child);
+    }
+    return nullptr;
+}
+
+void clickMiddle(const wxWindow* window)
+{
+    Tests::clickAt(window, wxPoint(window->GetSize().x / 2, window->GetSize().y / 2));
+}
+
+struct ViewerToolBarTest : testing::Test
+{
+    ViewerFrame* frame = new ViewerFrame(L"test", wxBitmap(200, 100, 24));
+    ToolBar* toolBar = findIn<ToolBar>(frame);
+    ViewOptions* options = findIn<ViewOptions>(frame);
+    Wx::CollapsiblePanel* panel = findIn<Wx::CollapsiblePanel>(frame);
+
+    ViewerToolBarTest()
+    {
+        frame->Show();
+        frame->Raise();
+        Tests::pumpUntil([this] { return frame->IsActive(); }, 500);
+        Tests::pumpEvents(150);
+    }
+
+    ~ViewerToolBarTest() override { Tests::destroyNow(frame); }
+
+    Wx::Button* button(Command command) const { return childOf<Wx::Button>(toolBar, command); }
+
+    Wx::CheckBox* box(Command command) const { return childOf<Wx::CheckBox>(options, command); }
+
+    bool isChecked(Command command) const { return frame->GetMenuBar()->IsChecked(command); }
+
+    wxString logText() const { return findIn<Wx::TextCtrl>(frame)->GetValue(); }
+};
+
+} // namespace
+
+TEST_F(ViewerToolBarTest, logButton_showsAndHidesTheLog)
+{
+    clickMiddle(button(Command::SHOW_LOG));
+    EXPECT_TRUE(frame->isLogShown());
+    EXPECT_TRUE(button(Command::SHOW_LOG)->isToggled());
+    EXPECT_TRUE(isChecked(Command::SHOW_LOG));
+    EXPECT_TRUE(box(Command::SHOW_LOG)->GetValue());
+    clickMiddle(button(Command::SHOW_LOG));
+    EXPECT_FALSE(frame->isLogShown());
+    EXPECT_FALSE(button(Command::SHOW_LOG)->isToggled());
+    EXPECT_FALSE(isChecked(Command::SHOW_LOG));
+    EXPECT_FALSE(box(Command::SHOW_LOG)->GetValue());
+}
+
+TEST_F(ViewerToolBarTest, about_tellsWhatThisIs)
+{
+    clickMiddle(childOf<Wx::TextButton>(toolBar, Command::ABOUT));
+    EXPECT_TRUE(frame->isLogShown());
+    EXPECT_NE(logText().find("nolvex-viewer "), wxString::npos);
+}
+
+TEST_F(ViewerToolBarTest, options_startFoldedAwayAndUnfoldOnAClick)
+{
+    EXPECT_TRUE(panel->isCollapsed());
+    Tests::clickAt(panel, wxPoint(4, 8));
+    EXPECT_FALSE(panel->isCollapsed());
+    EXPECT_TRUE(options->IsShownOnScreen());
+}
+
+TEST_F(ViewerToolBarTest, optionsByTheMouse_doWhatTheySay)
+{
+    panel->setCollapsed(false);
+    Tests::pumpEvents(50);
+    clickMiddle(box(Command::LIGHT_SURROUND));
+    EXPECT_TRUE(frame->hasLightSurround());
+    EXPECT_TRUE(isChecked(Command::LIGHT_SURROUND));
+    EXPECT_NE(findIn<Viewer::ImageView>(frame)->GetBackgroundColour(),
+              Wx::toWxColour(Wx::GuiSkin::DEFAULT().darkBackground));
+    clickMiddle(box(Command::LIGHT_SURROUND));
+    EXPECT_FALSE(frame->hasLightSurround());
+    EXPECT_EQ(findIn<Viewer::ImageView>(frame)->GetBackgroundColour(),
+              Wx::toWxColour(Wx::GuiSkin::DEFAULT().darkBackground));
+
+    EXPECT_TRUE(box(Command::SHOW_TOOLTIPS)->GetValue());
+    clickMiddle(box(Command::SHOW_TOOLTIPS));
+    EXPECT_FALSE(frame->hasTooltips());
+    EXPECT_FALSE(isChecked(Command::SHOW_TOOLTIPS));
+    EXPECT_TRUE(button(Command::OPEN)->tooltip()->lines().empty());
+    clickMiddle(box(Command::SHOW_TOOLTIPS));
+    EXPECT_FALSE(button(Command::OPEN)->tooltip()->lines().empty());
+
+    clickMiddle(box(Command::SHOW_LOG));
+    EXPECT_TRUE(frame->isLogShown());
+    EXPECT_TRUE(button(Command::SHOW_LOG)->isToggled());
+}
+
+TEST_F(ViewerToolBarTest, everythingInTheRow_hasATooltip)
+{
+    for (const Command command : {Command::OPEN, Command::COPY, Command::CAPTURE_SCREEN, Command::SHOW_LOG}) {
+        ASSERT_NE(button(command)->tooltip(), nullptr);
+        EXPECT_FALSE(button(command)->tooltip()->lines().empty());
+    }
+    EXPECT_FALSE(childOf<Wx::TextButton>(toolBar, Command::ABOUT)->tooltip()->lines().empty());
+}
+
+TEST(ToolBarTest, eachButton_tellsItsCommand)
+{
+    auto* frame = new wxFrame(nullptr, wxID_ANY, "tool bar");
+    Array<int> commands;
+    auto* toolBar = new ToolBar(frame, [&](Command command) { commands.push_back(command); });
+    Array<int> expected;
+    for (wxWindow* child : toolBar->GetChildren()) {
+        if (auto* button = dynamic_cast<Wx::Button*>(child)) {
+            button->doClick({});
+            expected.push_back(button->GetId());
+        }
+    }
+    EXPECT_EQ(commands, expected);
+    EXPECT_EQ(commands,
+              Array<int>({Command::OPEN, Command::COPY, Command::CAPTURE_SCREEN, Command::SHOW_LOG}));
+    Tests::destroyNow(frame);
+}
