@@ -12,6 +12,7 @@
 #include "apps/viewer/ViewOptions.h"
 #include "apps/viewer/ViewerFrame.h"
 #include "support/Gestures.h"
+#include "support/ViewerFixture.h"
 
 #include <wx/frame.h>
 #include <wx/menu.h>
@@ -19,24 +20,13 @@
 #include <gtest/gtest.h>
 
 using namespace Nolvex;
+using Tests::findIn;
 using Viewer::Command;
 using Viewer::ToolBar;
 using Viewer::ViewerFrame;
 using Viewer::ViewOptions;
 
 namespace {
-
-template<class Wanted>
-Wanted* findIn(wxWindow* window)
-{
-    if (auto* found = dynamic_cast<Wanted*>(window))
-        return found;
-    for (wxWindow* child : window->GetChildren()) {
-        if (Wanted* found = findIn<Wanted>(child))
-            return found;
-    }
-    return nullptr;
-}
 
 template<class Wanted>
 Wanted* childOf(wxWindow* parent, int id)
