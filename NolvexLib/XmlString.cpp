@@ -197,6 +197,20 @@ void XmlString::addTree(const XmlString& other)
     }
 }
 
+std::size_t XmlString::removeChildren(StringView key)
+{
+    if (!m_content)
+        return 0;
+    pugi::xml_node root = m_content->root();
+    const std::string name = key.toUtf8();
+    std::size_t count = 0;
+    for (pugi::xml_node next = root.child(name.c_str()); next; ++count) {
+        const pugi::xml_node child = std::exchange(next, next.next_sibling(name.c_str()));
+        root.remove_child(child);
+    }
+    return count;
+}
+
 Optional<String> XmlString::getChild(StringView key) const
 {
     const pugi::xml_node child = m_content ? m_content->root().child(key.toUtf8().c_str()) : pugi::xml_node();

@@ -52,6 +52,9 @@ public:
     /// Appends copies of all the other's top-level children in order. Equal keys stay side by side.
     void addTree(const XmlString& other);
 
+    /// Removes all top-level children of that name and returns how many there were.
+    std::size_t removeChildren(StringView key);
+
     /// The text of the first child of that name; none when there is no such child or it has children instead.
     Optional<String> getChild(StringView key) const;
 

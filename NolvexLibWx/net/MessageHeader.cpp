@@ -42,12 +42,6 @@ Optional<std::int64_t> onlySize(const XmlString& tree, StringView key)
     return size && *size >= 0 ? size : Optional<std::int64_t>();
 }
 
-void addUnlessThere(XmlString& tree, StringView key, const String& text)
-{
-    if (tree.countChildren(key) != 1 || tree.getChild(key) != text)
-        tree.addChild(key, text);
-}
-
 Optional<XmlString> parseTree(std::string_view bytes)
 {
     auto tree = XmlString::fromUtf8(bytes);
@@ -96,14 +90,17 @@ std::string Detail::composeMessageHeader(const XmlString& header, std::int32_t t
 XmlString Detail::withBodyMetadata(const XmlString& header, const BodyMetadata& metadata)
 {
     XmlString tree = header;
-    addUnlessThere(tree, FILE_SIZE, textOf(metadata.size));
-    addUnlessThere(tree, COMPRESSED, textOf(metadata.compression));
+    // Those of a message that is passed on are no longer true, and receivers refuse what is there twice.
+    for (const wchar_t* key : {FILE_SIZE, COMPRESSED, COMPRESSED_SIZE})
+        tree.removeChildren(key);
+    tree.addChild(FILE_SIZE, textOf(metadata.size));
+    tree.addChild(COMPRESSED, textOf(metadata.compression));
     return tree;
 }
 
 void Detail::addCompressedSize(XmlString& header, std::int64_t size)
 {
-    addUnlessThere(header, COMPRESSED_SIZE, textOf(static_cast<std::uint32_t>(size)));
+    header.addChild(COMPRESSED_SIZE, textOf(static_cast<std::uint32_t>(size)));
 }
 
 } // namespace Nolvex::Wx::Legacy

@@ -41,11 +41,11 @@ Optional<std::int64_t> parseCompressedSize(const XmlString& tree);
 /// The text that travels, without terminator: "DataType", then the header's children.
 std::string composeMessageHeader(const XmlString& header, std::int32_t type);
 
-/// The header with the metadata behind its children. What is there already with the very same value, as in
-/// the header of a message that is passed on, is not added again.
+/// The header with the metadata behind its children, in place of all "FileSize", "Compressed" and
+/// "CompressedSize" that it had, as that of a message that is passed on.
 XmlString withBodyMetadata(const XmlString& header, const BodyMetadata& metadata);
 
-/// The same for "CompressedSize", of which 32 bits travel: for 4 GiB and more the number is too small.
+/// Adds "CompressedSize", of which 32 bits travel: for 4 GiB and more the number is too small.
 void addCompressedSize(XmlString& header, std::int64_t size);
 
 } // namespace Nolvex::Wx::Legacy::Detail

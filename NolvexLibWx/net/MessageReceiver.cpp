@@ -37,7 +37,8 @@ Optional<BodyMetadata> metadataOf(const XmlString& header)
     return metadata;
 }
 
-// Tells the context of the body's end, whatever the function that receives it does.
+// Tells the context of the body's end, whatever the function that receives it does. A beginning that the
+// context itself refused by an exception has no end.
 template<class Receive>
 bool betweenStartAndEnd(const ReadDataContext& context, const XmlString& header, Receive receive)
 {
@@ -87,17 +88,21 @@ Optional<MessageHeader> MessageReceiver::receiveHeader()
 }
 
 SocketResult MessageReceiver::receiveBody(ReceivedFile& out, XmlString header)
-{
+try {
     Io::Path path = m_context.getFilePath(header);
     if (!betweenStartAndEnd(m_context, header, [&] { return receiveFile(header, path); }))
         return SocketResult::Error;
     logForDevelopers(__LINE__, READ_DATA, "Successfully read scene");
     out = {std::move(header), std::move(path)};
     return SocketResult::Success;
+
+} catch (const Exception&) {
+    // Of the file or of a hook, alike.
+    return SocketResult::Error;
 }
 
 bool MessageReceiver::receiveFile(const XmlString& header, const Io::Path& path)
-try {
+{
     const Optional<BodyMetadata> metadata = metadataOf(header);
     if (!metadata)
         return false;
@@ -111,9 +116,6 @@ try {
         isDeflated ? receiveDeflated(target, *size, metadata->size) : receivePlain(target, *size);
     target.close();
     return isComplete;
-
-} catch (const Exception&) {
-    return false;
 }
 
 bool MessageReceiver::receivePlain(Io::BinaryOutputStream& target, std::int64_t size)
@@ -127,7 +129,7 @@ bool MessageReceiver::receivePlain(Io::BinaryOutputStream& target, std::int64_t 
                              requested);
         target.write(buffer.data(), count);
         size -= count;
-        logForDevelopers(__LINE__, READ_DATA, "Read piece, remaining ", size);
+        logForDevelopers(__LINE__, READ_DATA, "Read piece, remaining", size);
         // A peer that stays silent for the whole time-out is given up.
         if (count == 0 || !m_socket.isOpen())
             return false;
@@ -162,7 +164,7 @@ SocketResult MessageReceiver::receiveBody(ReceivedRawData& out, XmlString header
 
 bool MessageReceiver::receiveRaw(ByteArray& data, std::int64_t size)
 {
-    logForDevelopers(__LINE__, READ_DATA, "Receiving data of size ", size);
+    logForDevelopers(__LINE__, READ_DATA, "Receiving data of size", size);
     if (size == 0 || size > RAW_DATA_SIZE_LIMIT) {
         logForDevelopers(__LINE__, READ_DATA, "Received invalid XML header (couldn't read file size)");
         return false;

@@ -15,7 +15,8 @@
 
 namespace Nolvex::Wx::Legacy::Detail {
 
-/// Receives one message over a socket that is locked. Raises what the hooks raise, and std::bad_alloc.
+/// Receives one message over a socket that is locked. Raises what the hooks raise, but for an Exception in
+/// the course of a file, and std::bad_alloc.
 class MessageReceiver : private Noncopyable
 {
 public:

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/net/MessageSender.h"
 
-#include "NolvexLib/Array.h"
 #include "NolvexLib/Exception.h"
 #include "NolvexLib/Io/DeflateOutputStream.h"
 #include "NolvexLib/Io/FileInputStream.h"
@@ -33,22 +32,11 @@ std::int64_t sizeOf(const Io::Path& path)
     return static_cast<std::int64_t>(*size);
 }
 
-Array<std::byte> deflated(Io::BinaryInputStream& source, std::int64_t size)
+// Never more than was announced, though the file may have grown.
+void readOrThrow(Io::BinaryInputStream& source, void* buffer, std::int64_t count)
 {
-    Array<std::byte> bytes;
-    Io::MemoryOutputStream memory(bytes, static_cast<std::size_t>(size));
-    Io::ForwardingBinaryOutputStream target(memory);
-    // The receiver inflates each piece by itself.
-    Io::DeflateOutputStream stream(target, Io::DeflateOutputStream::DEFAULT_LEVEL,
-                                   static_cast<int>(PIECE_SIZE));
-    std::array<std::byte, PIECE_SIZE> piece;
-    for (std::int64_t count = source.read(piece.data(), PIECE_SIZE); count > 0;
-         count = source.read(piece.data(), PIECE_SIZE)) {
-        stream.write(piece.data(), count);
-        stream.flush();
-    }
-    stream.finish();
-    return bytes;
+    if (!source.readExactly(buffer, count))
+        throw Exception("The file became shorter while it was sent.");
 }
 
 } // namespace
@@ -99,7 +87,9 @@ SocketResult MessageSender::sendFile(const Io::Path& path, const XmlString& head
     Array<std::byte> bytes;
     const bool isDeflated = compression == DataCompression::Deflate;
     if (isDeflated) {
-        bytes = deflated(file, fileSize);
+        const SocketResult deflateResult = deflate(file, fileSize, bytes);
+        if (deflateResult != SocketResult::Success)
+            return deflateResult;
         addCompressedSize(fullHeader, static_cast<std::int64_t>(bytes.size()));
     }
     const SocketResult headerResult = sendHeader(fullHeader, type);
@@ -112,13 +102,37 @@ SocketResult MessageSender::sendFile(const Io::Path& path, const XmlString& head
     return sendBody(file, fileSize);
 }
 
+SocketResult MessageSender::deflate(Io::BinaryInputStream& source, std::int64_t size,
+                                    Array<std::byte>& bytes) const
+{
+    Io::MemoryOutputStream memory(bytes, static_cast<std::size_t>(size));
+    Io::ForwardingBinaryOutputStream target(memory);
+    // The receiver inflates each piece by itself.
+    Io::DeflateOutputStream stream(target, Io::DeflateOutputStream::DEFAULT_LEVEL,
+                                   static_cast<int>(PIECE_SIZE));
+    std::array<std::byte, PIECE_SIZE> buffer;
+    while (size > 0) {
+        // A large file takes a while, and whoever closes the socket waits for it.
+        if (!m_socket.isOpen())
+            return SocketResult::Error;
+        if (m_limit.hasPassed())
+            return SocketResult::Timeout;
+        const std::int64_t piece = std::min(size, PIECE_SIZE);
+        readOrThrow(source, buffer.data(), piece);
+        stream.write(buffer.data(), piece);
+        stream.flush();
+        size -= piece;
+    }
+    stream.finish();
+    return SocketResult::Success;
+}
+
 SocketResult MessageSender::sendBody(Io::BinaryInputStream& source, std::int64_t size)
 {
     std::array<std::byte, PIECE_SIZE> buffer;
     while (size > 0) {
         const std::int64_t piece = std::min(size, PIECE_SIZE);
-        if (!source.readExactly(buffer.data(), piece))
-            throw Exception("The file became shorter while it was sent.");
+        readOrThrow(source, buffer.data(), piece);
         const SocketResult result = sendPiece(buffer.data(), piece);
         if (result != SocketResult::Success)
             return result;

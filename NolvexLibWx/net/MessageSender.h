@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "NolvexLib/Array.h"
 #include "NolvexLib/ArrayView.h"
 #include "NolvexLib/Io/BinaryInputStream.h"
 #include "NolvexLib/Io/Path.h"
@@ -36,6 +37,8 @@ public:
 private:
     SocketResult sendWhole(const void* data, std::int64_t size, const TimeLimit& limit, Patience patience);
     SocketResult sendPiece(const void* data, std::int64_t size);
+    /// Success when `bytes` holds the next `size` bytes of the source, compressed.
+    SocketResult deflate(Io::BinaryInputStream& source, std::int64_t size, Array<std::byte>& bytes) const;
     SocketResult sendBody(Io::BinaryInputStream& source, std::int64_t size);
     void beginBody(std::int64_t defaultLimitMs);
 

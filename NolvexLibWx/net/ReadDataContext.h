@@ -9,7 +9,11 @@
 namespace Nolvex::Wx::Legacy {
 
 /// What TcpSocket::readData asks and tells its caller. The socket is locked meanwhile: of its functions only
-/// isOpen may be called. What a hook throws reaches readData's caller, with the socket unlocked.
+/// isOpen may be called.
+///
+/// An Exception that a hook raises in the course of a file ends the transfer with SocketResult::Error, as one
+/// of the file itself. Everything else that a hook throws, and an Exception in the course of raw data,
+/// reaches readData's caller, with the socket unlocked.
 class NOLVEXLIBWX_EXPORT ReadDataContext : public Polymorphic
 {
 public:
@@ -24,7 +28,8 @@ public:
     /// The body of a file or of raw data begins. Does nothing by itself.
     virtual void onReceiveStart(const XmlString& header) const;
 
-    /// The body ended, in whichever way. Does nothing by itself.
+    /// The body ended, in whichever way, exceptions included, after an onReceiveStart that returned. Does
+    /// nothing by itself.
     virtual void onReceiveEnd(const XmlString& header) const;
 };
 

@@ -27,8 +27,9 @@ void setHost(wxIPV4address& address, const String& host)
 
 bool isByte(StringView text)
 {
+    const bool isSigned = !text.isEmpty() && text[0] == L'-';
     const auto number = SimpleTextDeserializer::parse<std::int32_t>(text);
-    return number && static_cast<std::uint32_t>(*number) <= 255;
+    return !isSigned && number && static_cast<std::uint32_t>(*number) <= 255;
 }
 
 } // namespace

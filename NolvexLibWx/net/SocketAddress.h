@@ -48,7 +48,8 @@ public:
     static SocketAddress localhost();
     static SocketAddress localhost(unsigned short port);
 
-    /// True for four decimal numbers of 0 to 255 joined by dots, and nothing around them.
+    /// True for four decimal numbers of 0 to 255 joined by dots, and nothing around them. Leading zeros are
+    /// taken here for what they are in decimal, but the system's resolver takes such a number for octal.
     static bool isValid(StringView text);
 
     /// The same host; ports are not compared.

@@ -16,7 +16,8 @@ namespace Nolvex::Wx {
 /// events are dispatched.
 ///
 /// Made for callers that know how much is to come. Seen as a BinaryInputStream it cannot tell counts or ends:
-/// readImpl reports the socket's last write count, and eof tells whether the last read was complete.
+/// readImpl reports the socket's last write count, and eof tells whether the last read was complete. One read
+/// may take several of the toolkit's: the socket's LastReadCount is that of the last one only.
 class NOLVEXLIBWX_EXPORT SocketInputStream : public Io::BinaryInputStream
 {
 public:
@@ -27,6 +28,9 @@ public:
     /// Reads `count` bytes, those put back first, and returns how many there are in `buffer`: fewer when the
     /// peer went away or fell silent.
     std::int64_t read(void* buffer, std::int64_t count);
+
+    /// How many bytes the last read took from the socket.
+    std::int64_t lastReadCount() const { return m_delivered; }
 
 protected:
     std::int64_t readImpl(void* buffer, std::int64_t count) override;

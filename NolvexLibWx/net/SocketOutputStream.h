@@ -13,7 +13,8 @@ class WXDLLIMPEXP_FWD_NET wxSocketBase;
 namespace Nolvex::Wx {
 
 /// Bytes over a toolkit socket, as a stream. The socket's time-out bounds each wait for the peer; no events
-/// are dispatched. Raises nothing: a write that fails leaves bytes out.
+/// are dispatched. Raises nothing: a write that fails leaves bytes out. One write may take several of the
+/// toolkit's: the socket's LastWriteCount is that of the last one only, lastWriteCount that of them all.
 class NOLVEXLIBWX_EXPORT SocketOutputStream : public Io::BinaryOutputStream
 {
 public:

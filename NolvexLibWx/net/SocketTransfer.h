@@ -56,7 +56,13 @@ private:
     bool isPrepared() const { return m_isClosed != nullptr; }
 
     bool isOver() const;
-    bool wait(Platform::SocketReadiness readiness);
+    Clock::time_point waitEnd(Platform::SocketReadiness readiness) const;
+    bool wait(Platform::SocketReadiness readiness, Clock::time_point end) const;
+
+    template<class MovePiece>
+    std::int64_t moveAll(Platform::SocketReadiness readiness, std::int64_t count, MovePiece movePiece);
+
+    std::int64_t waitingText(char* buffer, std::size_t size) const;
     std::int64_t receivePiece(void* buffer, std::int64_t count);
     std::int64_t sendPiece(const void* buffer, std::int64_t count);
 

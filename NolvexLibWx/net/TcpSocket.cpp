@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/net/TcpSocket.h"
 
-#include "NolvexLib/Exception.h"
 #include "NolvexLib/TraceElapsedTime.h"
 #include "NolvexLibWx/net/LockedSocket.h"
 #include "NolvexLibWx/net/MessageReceiver.h"
@@ -69,6 +68,15 @@ void TcpSocket::release()
     {
         const std::lock_guard socketLock(m_socketMutex);
         socket = std::move(m_socket);
+    }
+}
+
+void TcpSocket::replaceSocket(Detail::SocketOwner socket)
+{
+    const std::lock_guard lock(m_mutex);
+    {
+        const std::lock_guard socketLock(m_socketMutex);
+        std::swap(m_socket, socket);
     }
 }
 

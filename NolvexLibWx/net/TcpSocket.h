@@ -23,7 +23,8 @@
 
 namespace Nolvex::Wx::Legacy {
 
-/// The longest header that is read, terminator not counted, unless the host sets another limit.
+/// The longest header that is read, terminator not counted, unless the host sets another limit. While it is
+/// parsed, a header may take 20 times its length of memory: one of that length 1.3 GB.
 inline constexpr std::size_t DEFAULT_HEADER_SIZE_LIMIT = std::size_t{64} << 20;
 
 /// One end of a connection, over which tagged messages travel: texts (an XML tree), files and raw memory.
@@ -37,13 +38,16 @@ inline constexpr std::size_t DEFAULT_HEADER_SIZE_LIMIT = std::size_t{64} << 20;
 /// Any thread may call any function but the moves; whole messages never interleave. `close` ends a transfer
 /// that runs on another thread. Time limits are in milliseconds. A silent peer is waited for for the seconds
 /// that the step of the protocol gives him: 1 for a header or a file, 5 for raw memory, and when sending a
-/// body 120 for a file and 3600 for memory. Sending a header without a time limit is tried, as long as the
-/// socket is open, until the peer takes the first byte.
+/// body 120 for a file and 3600 for memory. Without a time limit, sending a header or a piece of a
+/// body is tried again, as long as the socket is open, until the peer takes the first byte.
 ///
 /// What a socket closed on the main thread leaves of memory is freed when the application is next idle; a
 /// host whose loop the toolkit does not see calls `wxAppConsole::ProcessIdle`, as `LibWx` does by a timer.
 ///
 /// On Linux a socket whose descriptor is 1,024 or more is refused, as the toolkit cannot wait for it.
+///
+/// Child processes do not inherit the connection, but for those started by another thread in the moment
+/// between the making of the socket and the end of the connect or accept.
 class NOLVEXLIBWX_EXPORT TcpSocket : public Polymorphic, private NoncopyableMovable
 {
 public:
@@ -105,6 +109,9 @@ protected:
 
     /// For connecting once more; null when there is none. Belongs to this object.
     wxSocketBase* toolkitSocket() const { return m_socket.get(); }
+
+    /// Takes another socket in place of that one.
+    void replaceSocket(Detail::SocketOwner socket);
 
 private:
     friend class TcpListener;

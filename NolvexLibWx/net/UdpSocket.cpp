@@ -17,6 +17,9 @@ namespace Nolvex::Wx::Legacy {
 
 namespace {
 
+// The most that a datagram can carry, by the width of its length.
+constexpr std::size_t LARGEST_DATAGRAM = 65535;
+
 // With wxSOCKET_BLOCK no event loop looks after the socket, whose other users may be on threads that it knows
 // nothing of. That nothing waits, which wxSOCKET_NOWAIT would say, is seen to here: the time-out is 0.
 wxSocketFlags toolkitFlags(Flags<UdpSocket::ConstructFlag> flags)
@@ -45,11 +48,18 @@ wxDatagramSocket& datagramsOf(const Detail::SocketOwner& socket)
     return static_cast<wxDatagramSocket&>(*socket);
 }
 
+bool canReadAtOnce(wxSOCKET_T descriptor)
+{
+    return Platform::waitForSocket(descriptor, Platform::SocketReadiness::READABLE,
+                                   std::chrono::milliseconds(0));
+}
+
 // The toolkit takes an empty datagram for the end of a connection, so it never sees one.
 bool isDatagramWaiting(wxSOCKET_T descriptor)
 {
-    using Platform::SocketReadiness;
-    while (Platform::waitForSocket(descriptor, SocketReadiness::READABLE, std::chrono::milliseconds(0))) {
+    // A flood of them does not hold the caller for ever.
+    constexpr int MOST_DROPPED = 64;
+    for (int dropped = 0; dropped < MOST_DROPPED && canReadAtOnce(descriptor); ++dropped) {
         std::byte first{};
         if (Platform::peekSocket(descriptor, &first, 1) != 0)
             return true;
@@ -92,10 +102,13 @@ SocketResult UdpSocket::readByteData(const ArrayView<std::byte>& buffer, SocketA
         return SocketResult::Error;
     wxIPV4address address;
     address.AnyAddress();
-    datagramsOf(m_socket).RecvFrom(address, buffer.data(), DATAGRAM_SIZE_LIMIT);
-    const wxUint32 count = m_socket->LastReadCount();
+    // Taken whole and cut here: some systems call a datagram that does not fit an error.
+    std::array<std::byte, LARGEST_DATAGRAM> whole;
+    datagramsOf(m_socket).RecvFrom(address, whole.data(), LARGEST_DATAGRAM);
+    const std::size_t count = std::min<std::size_t>(m_socket->LastReadCount(), DATAGRAM_SIZE_LIMIT);
     if (count == 0)
         return SocketResult::Error;
+    std::copy_n(whole.begin(), count, buffer.begin());
     received = count;
     sender = Detail::ToolkitAddress::copied(address);
     return SocketResult::Success;
@@ -123,8 +136,7 @@ SocketResult UdpSocket::readXmlString(XmlString& out, SocketAddress& sender)
     const std::lock_guard lock(m_mutex);
     std::array<std::byte, DATAGRAM_SIZE_LIMIT> buffer;
     std::uint64_t received = 0;
-    SocketAddress from;
-    if (readByteData(buffer, from, received) != SocketResult::Success)
+    if (readByteData(buffer, sender, received) != SocketResult::Success)
         return SocketResult::Error;
     const auto* const text = reinterpret_cast<const char*>(buffer.data());
     const char* const last = text + std::min<std::uint64_t>(received, DATAGRAM_SIZE_LIMIT - 1);
@@ -133,7 +145,6 @@ SocketResult UdpSocket::readXmlString(XmlString& out, SocketAddress& sender)
     if (!tree)
         return SocketResult::Error;
     out = std::move(*tree);
-    sender = std::move(from);
     return SocketResult::Success;
 }
 

@@ -50,8 +50,9 @@ public:
     SocketAddress getLocalAddress() const;
 
     /// Takes a datagram that waits; with none it is an Error at once. `buffer` must be 512 bytes long, or
-    /// nothing is read. `received` is the length of the datagram, of which there is no more than 512 bytes,
-    /// and 0 on Error. Empty datagrams are dropped.
+    /// nothing is read. `received` is the length of the datagram, and 0 on Error; what it holds beyond 512
+    /// bytes is lost. Empty datagrams are dropped, of very many only some at a time: with nothing but those
+    /// it is an Error too.
     [[nodiscard]] SocketResult readByteData(const ArrayView<std::byte>& buffer, SocketAddress& sender,
                                             std::uint64_t& received);
 
@@ -60,7 +61,7 @@ public:
                                              Optional<SocketAddress> target = {}) const;
 
     /// As readByteData; the text ends at the first zero byte, at the latest with the 511th byte. What is no
-    /// XML tree is an Error as well, and is gone.
+    /// XML tree is an Error as well, and is gone; only `sender` tells whom it came from.
     [[nodiscard]] SocketResult readXmlString(XmlString& out, SocketAddress& sender);
 
     /// The text must be shorter than 512 bytes.

@@ -4,6 +4,7 @@
 #include "NolvexLibWx/net/SocketTransfer.h"
 #include "NolvexLibWx/net/TcpSocket.h"
 
+#include <new>
 #include <string>
 
 namespace Nolvex::Wx::Legacy {
@@ -35,17 +36,20 @@ void WxSocket::close()
 }
 
 SocketResult WxSocket::writeString(wxSocketBase* socket, const String& text, int timeoutSeconds)
-{
+try {
     if (!prepareTransfer(*socket, timeoutSeconds))
         return SocketResult::Error;
     const std::string bytes = text.toUtf8();
     const auto size = static_cast<std::int64_t>(bytes.size() + 1);
     const std::int64_t sent = Wx::Detail::SocketTransfer(*socket).send(bytes.c_str(), size);
     return socket->IsOk() && sent == size ? SocketResult::Success : SocketResult::Error;
+
+} catch (const std::bad_alloc&) {
+    return SocketResult::Error;
 }
 
 SocketResult WxSocket::readString(wxSocketBase* socket, String& out, int timeoutSeconds)
-{
+try {
     if (!prepareTransfer(*socket, timeoutSeconds))
         return SocketResult::Error;
     std::string bytes;
@@ -53,6 +57,9 @@ SocketResult WxSocket::readString(wxSocketBase* socket, String& out, int timeout
         return SocketResult::Error;
     out = String::fromUtf8(bytes);
     return SocketResult::Success;
+
+} catch (const std::bad_alloc&) {
+    return SocketResult::Error;
 }
 
 } // namespace Nolvex::Wx::Legacy

@@ -14,7 +14,8 @@ namespace Nolvex::Platform {
 class ConnectLimit : private Noncopyable
 {
 public:
-    /// The socket must outlive this and, on destruction, still have the descriptor that it was connecting.
+    /// The socket must not have been connected before, as its descriptor would change under the eyes of this.
+    /// It must outlive this and, on destruction, still have the descriptor that it was connecting.
     ConnectLimit(const wxSocketBase& socket, std::chrono::milliseconds time);
     ~ConnectLimit();
 

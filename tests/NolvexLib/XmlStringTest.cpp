@@ -155,6 +155,28 @@ TEST(XmlStringTest, addTree_empty_changesNothing)
     EXPECT_TRUE(empty.isEmpty());
 }
 
+TEST(XmlStringTest, removeChildren_removesAllOfThatNameAndNoOthers)
+{
+    XmlString tree = parsed("<root><a>1</a><b><a>2</a></b><a><c>3</c></a><a></a><d>4</d></root>");
+    EXPECT_EQ(tree.removeChildren(L"a"), 3U);
+    EXPECT_EQ(tree.toUtf8(), "<root><b><a>2</a></b><d>4</d></root>");
+    EXPECT_EQ(tree.removeChildren(L"a"), 0U);
+    EXPECT_EQ(tree.removeChildren(L"b"), 1U);
+    EXPECT_EQ(tree.removeChildren(L"d"), 1U);
+    EXPECT_TRUE(tree.isEmpty());
+    EXPECT_TRUE(tree == XmlString());
+}
+
+TEST(XmlStringTest, removeChildren_ofWhatIsNotThere_changesNothing)
+{
+    XmlString empty;
+    EXPECT_EQ(empty.removeChildren(L"a"), 0U);
+    XmlString tree = leaf(L"a", L"b");
+    EXPECT_EQ(tree.removeChildren(L"not a name"), 0U);
+    EXPECT_EQ(tree.removeChildren(L""), 0U);
+    EXPECT_TRUE(tree == leaf(L"a", L"b"));
+}
+
 TEST(XmlStringTest, getChild_ofSeveral_isTheFirst)
 {
     const XmlString tree = parsed("<root><b>0</b><a>1</a><a>2</a></root>");

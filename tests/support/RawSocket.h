@@ -44,6 +44,9 @@ public:
     /// False unless all was sent.
     bool send(std::string_view bytes);
 
+    /// A single byte past all others (TCP's urgent data).
+    bool sendUrgent(char byte);
+
     /// Exactly that many bytes, fewer at the connection's end.
     std::string receive(std::size_t count);
 

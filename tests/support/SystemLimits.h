@@ -25,6 +25,21 @@ private:
     Array<int> m_descriptors;
 };
 
+/// While it lives, the process gets no more than some 30 MB of memory in addition to what it has.
+class ScarceMemory : private Noncopyable
+{
+public:
+    ScarceMemory();
+    ~ScarceMemory();
+
+    /// False where memory cannot be limited.
+    bool isEffective() const { return m_isEffective; }
+
+private:
+    bool m_isEffective = false;
+    unsigned long long m_previous = 0;
+};
+
 /// How many of the process's sockets a child process would inherit.
 std::size_t inheritableSockets();
 
@@ -36,5 +51,14 @@ int affordableRounds(int rounds);
 
 /// A file that can be opened, but takes no byte; empty where there is none.
 Io::Path fileOnAFullDisk();
+
+/// A file in the folder, or elsewhere, that nobody may write; empty where there is none.
+Io::Path unwritableFile(const Io::Path& folder);
+
+/// A file that holds less than its size says; empty where there is none.
+Io::Path fileShorterThanItsSize();
+
+/// A file that holds more than its size, 0, says; empty where there is none.
+Io::Path fileLongerThanItsSize();
 
 } // namespace Nolvex::Tests

@@ -22,6 +22,16 @@ fd_set setOf(SOCKET socket)
     return set;
 }
 
+// Not every system calls a connection writable that was cut, nor wakes anybody who waits for that.
+bool hasFailed(SOCKET socket)
+{
+    char byte = 0;
+    if (recv(socket, &byte, 1, MSG_PEEK) != SOCKET_ERROR)
+        return false;
+    const int error = WSAGetLastError();
+    return error == WSAECONNRESET || error == WSAECONNABORTED || error == WSAENETRESET;
+}
+
 timeval timevalOf(std::chrono::milliseconds time)
 {
     const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(time);
@@ -34,12 +44,13 @@ timeval timevalOf(std::chrono::milliseconds time)
 
 bool Platform::waitForSocket(wxSOCKET_T descriptor, SocketReadiness readiness, std::chrono::milliseconds time)
 {
+    // There is no third set: urgent data that nobody takes would make it ready for ever.
     fd_set wanted = setOf(descriptor);
-    // A connection that could not be made or was cut shows here.
-    fd_set failed = setOf(descriptor);
     const bool reads = readiness == SocketReadiness::READABLE;
     timeval limit = timevalOf(time);
-    return select(0, reads ? &wanted : nullptr, reads ? nullptr : &wanted, &failed, &limit) != 0;
+    if (select(0, reads ? &wanted : nullptr, reads ? nullptr : &wanted, nullptr, &limit) != 0)
+        return true;
+    return !reads && hasFailed(descriptor);
 }
 
 std::int64_t Platform::peekSocket(wxSOCKET_T descriptor, void* buffer, std::size_t size)

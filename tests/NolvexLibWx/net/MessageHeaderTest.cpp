@@ -154,11 +154,14 @@ TEST(MessageHeaderTest, withBodyMetadata_addsBehindTheChildren)
                                       "<CompressedSize>5</CompressedSize>"));
 }
 
-TEST(MessageHeaderTest, withBodyMetadata_doesNotRepeatWhatIsThere)
+TEST(MessageHeaderTest, withBodyMetadata_replacesWhatIsThere)
 {
-    const XmlString once = withBodyMetadata({}, {7, 0});
-    EXPECT_TRUE(withBodyMetadata(once, {7, 0}) == once);
-    EXPECT_EQ(withBodyMetadata(once, {8, 0}).countChildren(L"FileSize"), 2u);
+    XmlString old = withBodyMetadata(tree(L"FileSize", L"1"), {7, 1});
+    addCompressedSize(old, 5);
+    old.addChild(L"a", String(L"b"));
+    old.addChild(L"DataType", String(L"1"));
+    EXPECT_EQ(withBodyMetadata(old, {8, 0}).toUtf8(),
+              treeText("<a>b</a><DataType>1</DataType><FileSize>8</FileSize><Compressed>0</Compressed>"));
 }
 
 TEST(MessageHeaderTest, addCompressedSize_cutsTo32Bits)

@@ -4,15 +4,18 @@
 
 #include "NolvexLib/Io/DeflateInputStream.h"
 #include "NolvexLib/Io/MemoryInputStream.h"
+#include "support/SystemLimits.h"
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <thread>
 
 namespace Nolvex::Wx::Legacy {
 namespace {
 
 using Tests::bytes;
+using Tests::ConnectedPair;
 using Tests::RawPeerPair;
 using Tests::tree;
 
@@ -148,6 +151,84 @@ TEST(SendingTest, writeData_ofAText_ignoresCompressionAndType)
     EXPECT_EQ(pair.socket.writeData(XmlString(), DataCompression::Deflate, DataType::File),
               SocketResult::Success);
     EXPECT_EQ(pair.peer.receiveText(), header(element("DataType", "0")));
+}
+
+// Zeros that take no room on the disk, and seconds to compress.
+Io::Path largeFile(const TemporaryFolder& folder)
+{
+    Io::Path path = folder.file(L"large", "");
+    std::filesystem::resize_file(path.native(), 300'000'000);
+    return path;
+}
+
+TEST(SendingTest, closeOnAnotherThread_endsCompressing)
+{
+    using Clock = std::chrono::steady_clock;
+    const TemporaryFolder folder;
+    RawPeerPair pair;
+    const Io::Path path = largeFile(folder);
+    Clock::time_point closing;
+    std::thread closer([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        closing = Clock::now();
+        pair.socket.close();
+    });
+    EXPECT_EQ(pair.socket.writeFile(path, {}, DataCompression::Deflate, DataType::File), SocketResult::Error);
+    const Clock::time_point end = Clock::now();
+    closer.join();
+    EXPECT_LT(end - closing, std::chrono::milliseconds(200));
+    EXPECT_GE(end, closing);
+    EXPECT_EQ(pair.peer.receiveAll(), "");
+}
+
+TEST(SendingTest, timeLimit_endsCompressing)
+{
+    const TemporaryFolder folder;
+    RawPeerPair pair;
+    const Io::Path path = largeFile(folder);
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(pair.socket.writeFile(path, {}, DataCompression::Deflate, DataType::File, 200),
+              SocketResult::Timeout);
+    EXPECT_LT(Tests::elapsedMs(start), 700);
+    EXPECT_TRUE(pair.socket.isOpen());
+    pair.socket.close();
+    EXPECT_EQ(pair.peer.receiveAll(), "");
+}
+
+TEST(SendingTest, writeFile_thatHoldsLessThanItsSize_isAnError)
+{
+    const Io::Path path = Tests::fileShorterThanItsSize();
+    if (path.isEmpty())
+        GTEST_SKIP() << "This system has no such file.";
+    RawPeerPair pair;
+    for (const DataCompression compression : {DataCompression::Deflate, DataCompression::None})
+        EXPECT_EQ(pair.socket.writeFile(path, {}, compression, DataType::File), SocketResult::Error);
+}
+
+TEST(SendingTest, writeFile_thatHoldsMoreThanItsSize_sendsWhatWasAnnounced)
+{
+    const Io::Path path = Tests::fileLongerThanItsSize();
+    if (path.isEmpty())
+        GTEST_SKIP() << "This system has no such file.";
+    const TemporaryFolder folder;
+    ConnectedPair pair;
+    for (const DataCompression compression : {DataCompression::Deflate, DataCompression::None}) {
+        EXPECT_EQ(pair.client.writeFile(path, {}, compression, DataType::File), SocketResult::Success);
+        ReceivedData received;
+        EXPECT_EQ(pair.server.readData(received, FileContext(folder.file(L"f"))), SocketResult::Success);
+        EXPECT_EQ(contentOf(folder.file(L"f")), "");
+    }
+}
+
+TEST(SendingTest, writeFile_ofNoBytes_sendsTheHeaderAlone)
+{
+    const TemporaryFolder folder;
+    RawPeerPair pair;
+    const Io::Path path = folder.file(L"f", "");
+    EXPECT_EQ(pair.socket.writeFile(path, {}, DataCompression::None, DataType::File), SocketResult::Success);
+    EXPECT_EQ(pair.socket.writeString({}), SocketResult::Success);
+    pair.socket.close();
+    EXPECT_EQ(pair.peer.receiveAll(), fileHeader("0", "0") + header(element("DataType", "0")));
 }
 
 } // namespace

@@ -138,8 +138,8 @@ TEST(SocketAddressTest, isValid_ofDottedAddresses_isTrue)
 TEST(SocketAddressTest, isValid_ofAnythingElse_isFalse)
 {
     for (const wchar_t* text : {L"", L"1.2.3", L"1.2.3.4.5", L"256.1.1.1", L"a.b.c.d", L"1.2.3.-1", L"1..2.3",
-                                L"1.2.3.", L".1.2.3", L"1.2.3.4 ", L" 1.2.3.4", L"1.2.3.+4", L"1.2.3.4:80",
-                                L"localhost", L"1.2.3.4294967296", L"1.2.3.0x4", L"1.2.3.4\n"})
+                                L"1.2.3.", L".1.2.3", L"1.2.3.4 ", L" 1.2.3.4", L"1.2.3.+4", L"1.2.3.-0",
+                                L"1.2.3.4:80", L"localhost", L"1.2.3.4294967296", L"1.2.3.0x4", L"1.2.3.4\n"})
         EXPECT_FALSE(SocketAddress::isValid(text)) << text;
 }
 

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <thread>
 
 namespace Nolvex::Wx {
 namespace {
@@ -99,6 +100,25 @@ TEST(SocketInputStreamTest, read_fromAPeerThatHasGone_isShort)
     std::string buffer(3, '\0');
     EXPECT_EQ(stream.read(buffer.data(), 3), 1);
     EXPECT_EQ(stream.read(buffer.data(), 3), 0);
+}
+
+TEST(SocketInputStreamTest, lastReadCount_isWhatTheSocketGave)
+{
+    StreamPair pair;
+    SocketInputStream stream(pair.client);
+    EXPECT_EQ(stream.lastReadCount(), 0);
+    pair.peer.send("abc");
+    stream.putBack(std::byte('x'));
+    std::string buffer(5'000'000, '\0');
+    stream.read(buffer.data(), 3);
+    EXPECT_EQ(stream.lastReadCount(), 2);
+    // More than one call of the toolkit's gives.
+    std::thread sender([&] { pair.peer.send(std::string(3'999'999, 'x')); });
+    stream.read(buffer.data(), 4'000'000);
+    sender.join();
+    EXPECT_EQ(stream.lastReadCount(), 4'000'000);
+    stream.read(buffer.data(), 1);
+    EXPECT_EQ(stream.lastReadCount(), 0);
 }
 
 TEST(SocketOutputStreamTest, write_sendsAll)

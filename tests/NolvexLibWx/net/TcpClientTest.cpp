@@ -39,27 +39,68 @@ TEST(TcpClientTest, constructor_withoutAnAddress_isNotOpen)
     EXPECT_FALSE(TcpClient(SocketAddress(), 1).isOpen());
 }
 
+// A queue that is full lets further peers wait, on some systems.
+struct FullQueue
+{
+    FullQueue()
+    {
+        Clock::time_point start;
+        do {
+            start = Clock::now();
+            clients.emplace_back(SocketAddress::localhost(listener.port()), 1);
+        } while (clients.back().isOpen() && clients.size() < 100);
+        waitedMs = clients.back().isOpen() ? 0 : Tests::elapsedMs(start);
+    }
+
+    bool letsWait() const { return waitedMs >= 100; }
+
+    RawSocket listener = RawSocket::listening(0, 0);
+    std::vector<TcpClient> clients;
+    // How long the last one waited.
+    std::int64_t waitedMs = 0;
+};
+
 TEST(TcpClientTest, constructor_whereNobodyAnswers_endsWithTheTime)
 {
-    // A queue that is full lets further peers wait, on some systems.
-    const RawSocket listener = RawSocket::listening(0, 0);
-    std::vector<TcpClient> queue;
-    Clock::time_point start;
-    do {
-        start = Clock::now();
-        queue.emplace_back(SocketAddress::localhost(listener.port()), 1);
-    } while (queue.back().isOpen() && queue.size() < 100);
-    ASSERT_FALSE(queue.back().isOpen());
-    if (Tests::elapsedMs(start) < 100)
+    const FullQueue queue;
+    ASSERT_FALSE(queue.clients.back().isOpen());
+    if (!queue.letsWait())
         GTEST_SKIP() << "This system refuses a connection where others let it wait.";
-    EXPECT_GE(Tests::elapsedMs(start), 900);
-    EXPECT_LT(Tests::elapsedMs(start), 1500);
+    EXPECT_GE(queue.waitedMs, 900);
+    EXPECT_LT(queue.waitedMs, 1500);
     Tests::whileInterrupted([&] {
-        start = Clock::now();
-        EXPECT_FALSE(TcpClient(SocketAddress::localhost(listener.port()), 1).isOpen());
+        const Clock::time_point start = Clock::now();
+        EXPECT_FALSE(TcpClient(SocketAddress::localhost(queue.listener.port()), 1).isOpen());
         EXPECT_GE(Tests::elapsedMs(start), 900);
         EXPECT_LT(Tests::elapsedMs(start), 1500);
     });
+}
+
+TEST(TcpClientTest, connect_whereNobodyAnswers_endsWithTheConstructorsTime)
+{
+    const FullQueue queue;
+    if (!queue.letsWait())
+        GTEST_SKIP() << "This system refuses a connection where others let it wait.";
+    const RawSocket listener = RawSocket::listening();
+    TcpClient client(SocketAddress::localhost(listener.port()), 1);
+    // Leaves another time-out.
+    ASSERT_EQ(client.writeRawMemory(Tests::viewOf("x"), {}, DataCompression::None, DataType::RawData, 300),
+              SocketResult::Success);
+    const Clock::time_point start = Clock::now();
+    EXPECT_FALSE(client.connect(SocketAddress::localhost(queue.listener.port())));
+    EXPECT_GE(Tests::elapsedMs(start), 900);
+    EXPECT_LT(Tests::elapsedMs(start), 1500);
+}
+
+TEST(TcpClientTest, constructor_withoutTime_waitsForASecond)
+{
+    const FullQueue queue;
+    if (!queue.letsWait())
+        GTEST_SKIP() << "This system refuses a connection where others let it wait.";
+    const Clock::time_point start = Clock::now();
+    EXPECT_FALSE(TcpClient(SocketAddress::localhost(queue.listener.port()), 0).isOpen());
+    EXPECT_GE(Tests::elapsedMs(start), 900);
+    EXPECT_LT(Tests::elapsedMs(start), 1500);
 }
 
 TEST(TcpClientTest, connect_ofAClientThatFailed_doesNotReviveIt)
@@ -129,6 +170,28 @@ TEST(TcpClientTest, move_takesTheConnection)
     EXPECT_EQ(moved.writeString({}), SocketResult::Success);
     XmlString text;
     EXPECT_EQ(pair.server.readString(text), SocketResult::Success);
+}
+
+TEST(TcpClientTest, connect_afterALimitedWrite_hasTheConstructorsTime)
+{
+    RawSocket listener = RawSocket::listening();
+    TcpClient client(SocketAddress::localhost(listener.port()), 10);
+    for (int i = 0; i < 20; ++i) {
+        ASSERT_EQ(
+            client.writeRawMemory(Tests::viewOf("x"), {}, DataCompression::None, DataType::RawData, 300),
+            SocketResult::Success);
+        ASSERT_TRUE(client.connect(SocketAddress::localhost(listener.port()))) << i;
+    }
+    Tests::freeDestroyedSockets();
+}
+
+TEST(TcpClientTest, connectThatFailed_leavesNoSocketToChildren)
+{
+    const RawSocket listener = RawSocket::listening();
+    const std::size_t before = Tests::inheritableSockets();
+    TcpClient client(SocketAddress::localhost(listener.port()), 10);
+    EXPECT_FALSE(client.connect(SocketAddress::localhost(portThatNobodyListensTo())));
+    EXPECT_EQ(Tests::inheritableSockets(), before);
 }
 
 } // namespace

@@ -2,11 +2,13 @@
 // Texts and raw data from one end of the library to the other.
 #include "MessageSamples.h"
 
+#include "NolvexLib/Exception.h"
 #include "NolvexLib/StopException.h"
 
 #include <gtest/gtest.h>
 
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace Nolvex::Wx::Legacy {
@@ -180,6 +182,89 @@ TEST(TransferTest, hooks_thatThrow_leaveTheSocketUnlocked)
     pair.peer.send(fileHeader("3", "0") + "abc");
     ReceivedData received;
     EXPECT_THROW(static_cast<void>(pair.socket.readData(received, context)), std::string);
+    EXPECT_EQ(pair.socket.writeString({}), SocketResult::Success);
+}
+
+// Raises in the hook of that name.
+class RaisingContext : public FileContext
+{
+public:
+    RaisingContext(Io::Path path, std::string hook) : FileContext(std::move(path)), m_hook(std::move(hook)) {}
+
+    Io::Path getFilePath(const XmlString& header) const override
+    {
+        Io::Path path = FileContext::getFilePath(header);
+        raiseIn("path");
+        return path;
+    }
+
+    void onReceiveStart(const XmlString& header) const override
+    {
+        FileContext::onReceiveStart(header);
+        raiseIn("start");
+    }
+
+    void onReceiveEnd(const XmlString& header) const override
+    {
+        FileContext::onReceiveEnd(header);
+        raiseIn("end");
+    }
+
+private:
+    void raiseIn(const std::string& hook) const
+    {
+        if (hook == m_hook)
+            throw Exception("refused");
+    }
+
+    std::string m_hook;
+};
+
+TEST(TransferTest, hooksOfAFile_thatRaiseAnException_endInAnError)
+{
+    const TemporaryFolder folder;
+    for (const auto& [hook, calls] : {std::pair("path", "path "), std::pair("start", "path start "),
+                                      std::pair("end", "path start end ")}) {
+        RawPeerPair pair;
+        const RaisingContext context(folder.file(L"f"), hook);
+        pair.peer.send(fileHeader("3", "0") + "abc");
+        ReceivedData received;
+        EXPECT_EQ(pair.socket.readData(received, context), SocketResult::Error) << hook;
+        EXPECT_EQ(context.calls, calls);
+        EXPECT_TRUE(received.get<ReceivedFile>().path.isEmpty());
+        EXPECT_EQ(pair.socket.writeString({}), SocketResult::Success);
+    }
+}
+
+TEST(TransferTest, hooksOfRawData_thatRaiseAnException_passItOn)
+{
+    for (const auto& [hook, calls] : {std::pair("start", "start "), std::pair("end", "start end ")}) {
+        RawPeerPair pair;
+        const RaisingContext context({}, hook);
+        pair.peer.send(rawHeader("3") + "abc");
+        ReceivedData received;
+        EXPECT_THROW(static_cast<void>(pair.socket.readData(received, context)), Exception) << hook;
+        EXPECT_EQ(context.calls, calls);
+        EXPECT_EQ(pair.socket.writeString({}), SocketResult::Success);
+    }
+}
+
+TEST(TransferTest, getFilePath_thatThrowsWhatIsNoException_passesItOn)
+{
+    class Throwing : public FileContext
+    {
+    public:
+        using FileContext::FileContext;
+
+        Io::Path getFilePath(const XmlString&) const override { throw std::string("refused"); }
+    };
+
+    RawPeerPair pair;
+    const Throwing context{Io::Path(L"unused")};
+    pair.peer.send(fileHeader("3", "0") + "abc");
+    ReceivedData received;
+    EXPECT_THROW(static_cast<void>(pair.socket.readData(received, context)), std::string);
+    EXPECT_EQ(context.calls, "");
     EXPECT_EQ(pair.socket.writeString({}), SocketResult::Success);
 }
 

@@ -257,6 +257,7 @@ TEST(UdpSocketTest, readXmlString_ofWhatIsNone_isAnErrorAndGone)
     SocketAddress sender;
     EXPECT_EQ(pair.first.readXmlString(received, sender), SocketResult::Error);
     EXPECT_TRUE(received == XmlString());
+    EXPECT_EQ(sender.getPort(), peer.port());
     ASSERT_EQ(readXmlSoon(pair.first, received), SocketResult::Success);
     EXPECT_TRUE(received == tree(L"a", L"b"));
 }
@@ -350,6 +351,43 @@ TEST(UdpSocketTest, threads_mayShareASocket)
     for (std::thread& thread : threads)
         thread.join();
     EXPECT_TRUE(pair.first.isOpen());
+}
+
+TEST(UdpSocketTest, datagram_ofMoreThan512Bytes_isCut)
+{
+    UdpPair pair;
+    RawSocket peer = RawSocket::datagram();
+    const std::string text = std::string(512, 'x') + std::string(1, 'y');
+    peer.sendTo(pair.firstPort, text);
+    peer.sendTo(pair.firstPort, std::string(20'000, 'z'));
+    peer.sendTo(pair.firstPort, "abc");
+    Buffer buffer;
+    SocketAddress sender;
+    std::uint64_t received = 0;
+    ASSERT_EQ(readSoon(pair.first, buffer, sender, received), SocketResult::Success);
+    EXPECT_EQ(textOf(buffer, received), std::string(512, 'x'));
+    EXPECT_EQ(sender.getPort(), peer.port());
+    ASSERT_EQ(readSoon(pair.first, buffer, sender, received), SocketResult::Success);
+    EXPECT_EQ(textOf(buffer, received), std::string(512, 'z'));
+    ASSERT_EQ(readSoon(pair.first, buffer, sender, received), SocketResult::Success);
+    EXPECT_EQ(textOf(buffer, received), "abc");
+}
+
+TEST(UdpSocketTest, emptyDatagrams_beyondNumber_doNotHoldTheReader)
+{
+    UdpPair pair;
+    RawSocket peer = RawSocket::datagram();
+    for (int i = 0; i < 100; ++i)
+        peer.sendTo(pair.firstPort, "");
+    peer.sendTo(pair.firstPort, "abc");
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    Buffer buffer;
+    SocketAddress sender;
+    std::uint64_t received = 99;
+    EXPECT_EQ(pair.first.readByteData(buffer, sender, received), SocketResult::Error);
+    EXPECT_EQ(received, 0u);
+    ASSERT_EQ(pair.first.readByteData(buffer, sender, received), SocketResult::Success);
+    EXPECT_EQ(textOf(buffer, received), "abc");
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 
 #include "Connections.h"
 #include "NolvexLibWx/net/SocketOwner.h"
+#include "support/SystemLimits.h"
 
 #include <wx/socket.h>
 
@@ -153,6 +154,43 @@ TEST(WxSocketTest, unconnectedSocket_isAnError)
     String text;
     EXPECT_EQ(WxSocket::readString(socket.get(), text, 1), SocketResult::Error);
     EXPECT_EQ(WxSocket::writeString(socket.get(), text, 1), SocketResult::Error);
+}
+
+TEST(WxSocketTest, readString_ofAZeroThatWasPutBack_endsThere)
+{
+    ToolkitPair pair;
+    pair.peer.send("x");
+    pair.client->WaitForRead(1);
+    pair.client->Unread("abc", 4);
+    String text;
+    EXPECT_EQ(WxSocket::readString(pair.client, text, 1), SocketResult::Success);
+    EXPECT_EQ(text, L"abc");
+    char next = 0;
+    pair.client->Read(&next, 1);
+    EXPECT_EQ(next, 'x');
+}
+
+TEST(WxSocketTest, strings_forWhichThereIsNoMemory_areErrors)
+{
+    if (!Tests::ScarceMemory().isEffective())
+        GTEST_SKIP() << "Memory cannot be limited here.";
+    ToolkitPair pair;
+    const String longText(std::wstring(60'000'000, L'x'));
+    const std::string longBytes(60'000'000, 'x');
+    String text = L"old";
+    SocketResult written = SocketResult::Success;
+    SocketResult read = SocketResult::Success;
+    std::thread sender([&] { pair.peer.send(longBytes); });
+    {
+        const Tests::ScarceMemory scarce;
+        EXPECT_NO_THROW(written = WxSocket::writeString(pair.client, longText, 1));
+        EXPECT_NO_THROW(read = WxSocket::readString(pair.client, text, 1));
+    }
+    pair.socket.reset();
+    sender.join();
+    EXPECT_EQ(written, SocketResult::Error);
+    EXPECT_EQ(read, SocketResult::Error);
+    EXPECT_EQ(text, L"old");
 }
 
 } // namespace

@@ -10,6 +10,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <fstream>
 #include <thread>
 
 namespace Nolvex::Tests {
@@ -40,6 +41,30 @@ ScarceDescriptors::~ScarceDescriptors()
 {
     for (const int descriptor : m_descriptors)
         close(descriptor);
+}
+
+ScarceMemory::ScarceMemory()
+{
+#ifndef NOLVEX_SANITIZED
+    constexpr rlim_t LEFT = 30'000'000;
+    rlim_t pages = 0;
+    std::ifstream("/proc/self/statm") >> pages;
+    rlimit limit = {};
+    getrlimit(RLIMIT_AS, &limit);
+    m_previous = limit.rlim_cur;
+    limit.rlim_cur = pages * static_cast<rlim_t>(sysconf(_SC_PAGESIZE)) + LEFT;
+    m_isEffective = pages != 0 && setrlimit(RLIMIT_AS, &limit) == 0;
+#endif
+}
+
+ScarceMemory::~ScarceMemory()
+{
+    if (!m_isEffective)
+        return;
+    rlimit limit = {};
+    getrlimit(RLIMIT_AS, &limit);
+    limit.rlim_cur = m_previous;
+    setrlimit(RLIMIT_AS, &limit);
 }
 
 std::size_t inheritableSockets()
@@ -81,6 +106,22 @@ int affordableRounds(int rounds)
 Io::Path fileOnAFullDisk()
 {
     return Io::Path(L"/dev/full");
+}
+
+Io::Path unwritableFile(const Io::Path& /*folder*/)
+{
+    // Permissions mean nothing to root, the kernel's own folders to nobody.
+    return Io::Path(L"/proc/file");
+}
+
+Io::Path fileShorterThanItsSize()
+{
+    return Io::Path(L"/sys/class/net/lo/mtu");
+}
+
+Io::Path fileLongerThanItsSize()
+{
+    return Io::Path(L"/proc/version");
 }
 
 } // namespace Nolvex::Tests

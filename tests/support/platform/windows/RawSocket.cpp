@@ -116,6 +116,11 @@ bool RawSocket::send(std::string_view bytes)
     return true;
 }
 
+bool RawSocket::sendUrgent(char byte)
+{
+    return ::send(m_handle, &byte, 1, MSG_OOB) == 1;
+}
+
 std::string RawSocket::receive(std::size_t count)
 {
     std::string bytes(count, '\0');

@@ -11,6 +11,10 @@ ScarceDescriptors::ScarceDescriptors() = default;
 
 ScarceDescriptors::~ScarceDescriptors() = default;
 
+ScarceMemory::ScarceMemory() = default;
+
+ScarceMemory::~ScarceMemory() = default;
+
 std::size_t inheritableSockets()
 {
     // Handles are multiples of four, and the first ones that are free.
@@ -40,6 +44,30 @@ int affordableRounds(int rounds)
 }
 
 Io::Path fileOnAFullDisk()
+{
+    return {};
+}
+
+Io::Path unwritableFile(const Io::Path& folder)
+{
+    const Io::Path path = folder / L"read-only";
+    const HANDLE file = CreateFileW(path.native().c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                    FILE_ATTRIBUTE_READONLY, nullptr);
+    CloseHandle(file);
+    const HANDLE again =
+        CreateFileW(path.native().c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    if (again == INVALID_HANDLE_VALUE)
+        return path;
+    CloseHandle(again);
+    return {};
+}
+
+Io::Path fileShorterThanItsSize()
+{
+    return {};
+}
+
+Io::Path fileLongerThanItsSize()
 {
     return {};
 }

@@ -1,0 +1,208 @@
+// SPDX-License-Identifier: MIT
+// How long connections wait for whom.
+#include "Connections.h"
+
+#include "../../NolvexLib/Io/TemporaryFolder.h"
+
+#include <wx/apptrait.h>
+#include <wx/evtloop.h>
+#include <wx/socket.h>
+#include <wx/timer.h>
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <memory>
+#include <thread>
+
+namespace Nolvex::Wx::Legacy {
+namespace {
+
+using Tests::ConnectedPair;
+using Tests::element;
+using Tests::header;
+using Tests::RawPeerPair;
+using Tests::RawSocket;
+using Tests::tree;
+
+using Clock = std::chrono::steady_clock;
+
+TEST(TimeoutTest, silentPeer_endsAReadAfterASecond)
+{
+    RawPeerPair pair;
+    XmlString text;
+    const Clock::time_point start = Clock::now();
+    EXPECT_EQ(pair.socket.readString(text), SocketResult::Error);
+    EXPECT_GE(Tests::elapsedMs(start), 900);
+    EXPECT_LT(Tests::elapsedMs(start), 1500);
+    EXPECT_TRUE(pair.socket.isOpen());
+}
+
+TEST(TimeoutTest, waitsOnTheMainThread_dispatchNoEvents)
+{
+    class Ticker : public wxTimer
+    {
+    public:
+        void Notify() override { ++ticks; }
+
+        int ticks = 0;
+    };
+
+    ConnectedPair pair;
+    const std::unique_ptr<wxEventLoopBase> loop(wxAppConsole::GetInstance()->GetTraits()->CreateEventLoop());
+    const wxEventLoopActivator active(loop.get());
+    Ticker ticker;
+    ticker.Start(10);
+    XmlString text;
+    EXPECT_EQ(pair.client.readString(text), SocketResult::Error);
+    EXPECT_EQ(pair.server.readString(text), SocketResult::Error);
+    EXPECT_FALSE(TcpListener(SocketAddress::localhost(0), 1).acceptConnection(true).isOpen());
+    EXPECT_EQ(ticker.ticks, 0);
+    const Clock::time_point start = Clock::now();
+    while (ticker.ticks == 0 && Tests::elapsedMs(start) < 5000)
+        loop->DispatchTimeout(100);
+    EXPECT_GT(ticker.ticks, 0);
+    // What was closed while the loop was active waits for it.
+    Tests::freeDestroyedSockets();
+}
+
+TEST(TimeoutTest, silentPeer_doesNotDisturbTheNextMessage)
+{
+    RawPeerPair pair;
+    XmlString text;
+    EXPECT_EQ(pair.socket.readString(text), SocketResult::Error);
+    pair.peer.send(header(element("DataType", "0")));
+    EXPECT_EQ(pair.socket.readString(text), SocketResult::Success);
+}
+
+TEST(TimeoutTest, silentAcceptedPeer_endsAReadAfterASecond)
+{
+    ConnectedPair pair;
+    XmlString text;
+    const Clock::time_point start = Clock::now();
+    EXPECT_EQ(pair.server.readString(text), SocketResult::Error);
+    EXPECT_GE(Tests::elapsedMs(start), 900);
+    EXPECT_LT(Tests::elapsedMs(start), 1500);
+}
+
+TEST(TimeoutTest, peerThatTakesNothing_endsALimitedWrite)
+{
+    RawPeerPair pair;
+    const std::string data(50'000'000, 'x');
+    const Clock::time_point start = Clock::now();
+    EXPECT_EQ(
+        pair.socket.writeRawMemory(Tests::viewOf(data), {}, DataCompression::None, DataType::RawData, 300),
+        SocketResult::Timeout);
+    EXPECT_GE(Tests::elapsedMs(start), 250);
+    EXPECT_LT(Tests::elapsedMs(start), 800);
+}
+
+TEST(TimeoutTest, peerThatTakesNothing_endsTheWriteOfAHeader)
+{
+    RawPeerPair pair;
+    const XmlString message = tree(L"a", String(std::wstring(20'000'000, L'x')));
+    const Clock::time_point start = Clock::now();
+    EXPECT_EQ(pair.socket.writeString(message), SocketResult::Error);
+    EXPECT_GE(Tests::elapsedMs(start), 900);
+    EXPECT_LT(Tests::elapsedMs(start), 3000);
+}
+
+TEST(TimeoutTest, peerThatTakesNothing_endsTheLimitedWriteOfAHeader)
+{
+    RawPeerPair pair;
+    const XmlString message = tree(L"a", String(std::wstring(20'000'000, L'x')));
+    EXPECT_EQ(pair.socket.writeString(message, 100), SocketResult::Timeout);
+}
+
+TEST(TimeoutTest, limitBelowASecond_isEnoughForAPeerThatReads)
+{
+    RawPeerPair pair;
+    std::string received;
+    std::thread reader([&] {
+        pair.peer.receiveText();
+        received = pair.peer.receive(3'000'000);
+    });
+    const std::string data(3'000'000, 'x');
+    EXPECT_EQ(
+        pair.socket.writeRawMemory(Tests::viewOf(data), {}, DataCompression::None, DataType::RawData, 900),
+        SocketResult::Success);
+    reader.join();
+    EXPECT_TRUE(received == data);
+}
+
+TEST(TimeoutTest, timeLimits_beyondAllMeasure_areTaken)
+{
+    RawPeerPair pair;
+    for (const std::int64_t limit : {std::numeric_limits<std::int64_t>::max(),
+                                     std::numeric_limits<std::int64_t>::min(), std::int64_t(0)})
+        EXPECT_EQ(pair.socket.writeString({}, limit), SocketResult::Success) << limit;
+    EXPECT_EQ(pair.socket.writeRawMemory(Tests::viewOf("x"), {}, DataCompression::None, DataType::RawData,
+                                         std::numeric_limits<std::int64_t>::max()),
+              SocketResult::Success);
+}
+
+TEST(TimeoutTest, urgentDataThatNobodyTakes_doesNotProlongALimitedWrite)
+{
+    RawPeerPair pair;
+    ASSERT_TRUE(pair.peer.sendUrgent('!'));
+    const std::string data(50'000'000, 'x');
+    const Clock::time_point start = Clock::now();
+    EXPECT_EQ(
+        pair.socket.writeRawMemory(Tests::viewOf(data), {}, DataCompression::None, DataType::RawData, 300),
+        SocketResult::Timeout);
+    EXPECT_GE(Tests::elapsedMs(start), 250);
+    EXPECT_LT(Tests::elapsedMs(start), 800);
+}
+
+TEST(TimeoutTest, peerThatPausesForLessThanASecond_isServed)
+{
+    RawPeerPair pair;
+    const std::string text = header(element("DataType", "0"));
+    std::thread sender([&] {
+        pair.peer.send(std::string_view(text).substr(0, text.size() - 3));
+        for (std::size_t left = 3; left > 0; --left) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(900));
+            pair.peer.send(std::string_view(text).substr(text.size() - left, 1));
+        }
+    });
+    XmlString received;
+    const Clock::time_point start = Clock::now();
+    EXPECT_EQ(pair.socket.readString(received), SocketResult::Success);
+    EXPECT_GE(Tests::elapsedMs(start), 2500);
+    sender.join();
+}
+
+TEST(TimeoutTest, timeouts_areThoseOfTheLastStep)
+{
+    class Visible : public TcpClient
+    {
+    public:
+        using TcpClient::TcpClient;
+
+        long timeout() const { return toolkitSocket()->GetTimeout(); }
+    };
+
+    const Tests::TemporaryFolder folder;
+    const Io::Path file = folder.file(L"f", "x");
+    RawSocket listener = RawSocket::listening();
+    Visible socket(SocketAddress::localhost(listener.port()), 10);
+    RawSocket peer = listener.accept();
+    const auto view = Tests::viewOf("x");
+    EXPECT_EQ(socket.writeString({}), SocketResult::Success);
+    EXPECT_EQ(socket.timeout(), 1);
+    EXPECT_EQ(socket.writeFile(file, {}, DataCompression::None, DataType::File), SocketResult::Success);
+    EXPECT_EQ(socket.timeout(), 120);
+    EXPECT_EQ(socket.writeRawMemory(view, {}, DataCompression::None, DataType::RawData),
+              SocketResult::Success);
+    EXPECT_EQ(socket.timeout(), 3600);
+    EXPECT_EQ(socket.writeRawMemory(view, {}, DataCompression::None, DataType::RawData, 7999),
+              SocketResult::Success);
+    EXPECT_EQ(socket.timeout(), 7);
+    peer.send(header(element("DataType", "2") + element("FileSize", "1") + element("Compressed", "0")) + "x");
+    ReceivedData data;
+    EXPECT_EQ(socket.readData(data, ReadDataContext()), SocketResult::Success);
+    EXPECT_EQ(socket.timeout(), 5);
+}
+
+} // namespace
+} // namespace Nolvex::Wx::Legacy
