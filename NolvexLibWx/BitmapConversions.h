@@ -21,7 +21,8 @@ namespace Nolvex::Wx {
 NOLVEXLIBWX_EXPORT wxBitmap toWxBitmap(const BitmapImpl<Rgb>& image, bool withAlpha);
 
 /// The bitmap's bytes times 1/255, alpha 1 where it has none. An invalid bitmap gives an empty image. Bitmaps
-/// of other depths than 24 and 32 bits give the error "Bitmap has unsupported bit depth.".
+/// of other depths than 24 and 32 bits give the error "Bitmap has unsupported bit depth.", and so do those
+/// the toolkit has no memory to give access to. std::bad_alloc when there is none for the image.
 NOLVEXLIBWX_EXPORT Expected<BitmapImpl<Rgb>, String> toRgbBitmap(wxBitmap& bitmap);
 
 } // namespace Nolvex::Wx

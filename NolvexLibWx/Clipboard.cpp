@@ -13,10 +13,19 @@
 
 namespace Nolvex {
 
+namespace {
+
+// Without an application the toolkit has no display to make its clipboard on.
+bool isToolkitUp()
+{
+    return wxAppConsoleBase::GetInstance() != nullptr;
+}
+
+} // namespace
+
 bool Wx::setClipboardData(const String& text)
 {
-    // Without an application the toolkit has no display to make its clipboard on.
-    if (wxAppConsoleBase::GetInstance() == nullptr)
+    if (!isToolkitUp())
         return false;
     wxClipboard* clipboard = wxTheClipboard;
     // Opened by the host already: opening it again is an assertion of the toolkit.
@@ -31,6 +40,8 @@ bool Wx::setClipboardData(const String& text)
 
 bool Wx::setClipboardData(const BitmapImpl<Rgb>& image, Flags<SetClipboardData> flags)
 {
+    if (!isToolkitUp())
+        return false;
     // Made before the clipboard is opened: others wait for it.
     try {
         DeviceIndependentBitmap bitmap(image);

@@ -19,7 +19,8 @@ enum class SetClipboardData
 
 // Both are for the GUI thread. They return false when the clipboard cannot be had (another program holds it
 // open, or the toolkit is not up) or there is no memory. On GTK events may be processed meanwhile: a
-// clipboard manager fetches what it is to keep.
+// clipboard manager fetches what it is to keep, and one that does not answer is waited for, ten seconds at
+// most.
 
 /// The text in place of what the clipboard holds. It stays there after the program has ended, on Linux if a
 /// clipboard manager runs.

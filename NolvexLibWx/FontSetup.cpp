@@ -4,8 +4,6 @@
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/GeometryConversions.h"
 
-#include <utility>
-
 namespace Nolvex {
 
 namespace {
@@ -27,11 +25,13 @@ wxFont Wx::setDefaultFontSize(wxFont font, float factor)
     // Nearly all controls ask with the one font of the system, and to find the size takes the toolkit nearly
     // as long as to make a window.
     static SizedFont last;
-    if (!last.original.IsOk() || !last.original.IsSameAs(font) || last.height != height) {
-        last = {font, height, std::move(font)};
-        last.sized.SetPixelSize(wxSize(0, height));
-    }
-    return last.sized;
+    if (last.original.IsOk() && last.original.IsSameAs(font) && last.height == height)
+        return last.sized;
+    last.original = font;
+    font.SetPixelSize(wxSize(0, height));
+    last.height = height;
+    last.sized = font;
+    return font;
 }
 
 wxFont Wx::setupStaticTextFont(wxFont font, Flags<TextFlag> flags)

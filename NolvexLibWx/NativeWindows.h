@@ -28,8 +28,10 @@ namespace Nolvex::Wx {
 [[nodiscard]] NOLVEXLIBWX_EXPORT WindowHandle getOwnerAsNativeHandle(WindowHandle window);
 
 /// Gives `window` another owner, or none for null, whatever parents the toolkit knows; returns `window`.
-/// Nothing changes when either is no top-level window any more, nor when `owner` is `window` or owned by it,
-/// however indirectly. On Windows a destroyed owner takes along what it owns.
+/// Nothing changes when either is no window any more, nor when `owner` is `window` or owned by it, however
+/// indirectly. Both are meant to be top-level windows: on GTK nothing changes for a widget inside one; on
+/// Windows handles of child windows go to the system as they are, and a child given an owner is moved into
+/// it, out of its parent. There, a destroyed owner takes along what it owns.
 NOLVEXLIBWX_EXPORT WindowHandle setOwnerFromNativeHandle(WindowHandle window, WindowHandle owner);
 
 } // namespace Nolvex::Wx

@@ -9,11 +9,15 @@
 namespace Nolvex::Wx {
 
 /// While it lives, changes to the window are not shown; at its end they appear at once. Nests. The window may
-/// be destroyed meanwhile.
+/// be destroyed meanwhile; of no window it does nothing.
 class ScopedWindowFreezer : private Noncopyable
 {
 public:
-    explicit ScopedWindowFreezer(wxWindow* window) : m_window(window) { m_window->Freeze(); }
+    explicit ScopedWindowFreezer(wxWindow* window) : m_window(window)
+    {
+        if (m_window)
+            m_window->Freeze();
+    }
 
     ~ScopedWindowFreezer()
     {

@@ -11,6 +11,8 @@ namespace Nolvex {
 
 void Wx::setIcon(wxTopLevelWindow* window, const wxBitmap& bitmap)
 {
+    if (window == nullptr)
+        return;
     wxIcon icon;
     if (bitmap.IsOk())
         icon.CopyFromBitmap(bitmap);

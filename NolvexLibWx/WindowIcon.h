@@ -10,6 +10,8 @@ class WXDLLIMPEXP_FWD_CORE wxTopLevelWindow;
 
 namespace Nolvex::Wx {
 
+// Both do nothing without a window.
+
 /// The picture in the window's title and in the task bar. An invalid bitmap takes the icon away.
 NOLVEXLIBWX_EXPORT void setIcon(wxTopLevelWindow* window, const wxBitmap& bitmap);
 

@@ -12,7 +12,8 @@
 namespace Nolvex::Platform {
 
 /// While it lives, a native text control that is disabled is painted by a function instead of by itself: its
-/// background is there already, the DC has its font and begins inside its border. While it is enabled, it paints itself.
+/// background is there already, the DC has its font and begins inside its border. While it is enabled, it
+/// paints itself.
 class NativePaint : private Noncopyable
 {
 public:

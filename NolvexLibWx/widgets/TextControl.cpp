@@ -33,11 +33,18 @@ bool Wx::TextControl::AcceptsFocusFromKeyboard() const
     return !HasFlag(wxTE_READONLY);
 }
 
+wxString Wx::TextControl::visibleValue() const
+{
+    constexpr wchar_t BULLET = L'\u2022';
+    const wxString value = GetValue();
+    return HasFlag(wxTE_PASSWORD) ? wxString(BULLET, value.length()) : value;
+}
+
 void Wx::TextControl::paintDisabled(wxDC& dc) const
 {
     constexpr int LEFT = 3;
     dc.SetTextForeground(toWxColour(m_skin.disabledText));
-    dc.DrawText(GetValue(), scaleByDpi(LEFT), 0);
+    dc.DrawText(visibleValue(), scaleByDpi(LEFT), 0);
 }
 
 } // namespace Nolvex

@@ -22,8 +22,9 @@ class NativePaint;
 
 namespace Nolvex::Wx {
 
-/// A text field with a skin. While it is disabled it shows its value in the skin's `disabledText` colour; one
-/// that is read-only is left out when tabbing. A wxTextCtrl to everybody else.
+/// A text field with a skin. While it is disabled it shows its value in the skin's `disabledText` colour,
+/// that of a wxTE_PASSWORD field as a bullet a character; one that is read-only is left out when tabbing. A
+/// wxTextCtrl to everybody else.
 class NOLVEXLIBWX_EXPORT TextControl : public SkinnableMixin<wxTextCtrl>, public TooltipWindow
 {
 public:
@@ -39,6 +40,7 @@ public:
     bool AcceptsFocusFromKeyboard() const override;
 
 private:
+    wxString visibleValue() const;
     void paintDisabled(wxDC& dc) const;
 
     std::unique_ptr<Platform::NativePaint> m_disabledPaint;

@@ -11,6 +11,9 @@ namespace Nolvex {
 
 namespace {
 
+// With any of them the toolkit makes a rich control on Windows.
+constexpr long RICH_STYLES = wxTE_RICH | wxTE_RICH2 | wxTE_AUTO_URL;
+
 // Inside the client area, the nearest point to one that may be outside.
 wxPoint clampedTo(const wxSize& area, const wxPoint& point)
 {
@@ -26,7 +29,7 @@ wxBEGIN_EVENT_TABLE(Wx::TextCtrl, wxTextCtrl) EVT_ERASE_BACKGROUND(Wx::TextCtrl:
 
                 Wx::TextCtrl::TextCtrl(wxWindow* parent, int id, const wxString& value, const wxPoint& pos,
                                        const wxSize& size, long style)
-    : wxTextCtrl(parent, id, value, pos, size, style & ~(wxTE_RICH | wxTE_RICH2))
+    : wxTextCtrl(parent, id, value, pos, size, style & ~RICH_STYLES)
 {
     Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent&) { releaseCapture(); });
 }
@@ -38,12 +41,21 @@ Wx::TextCtrl::~TextCtrl()
 
 void Wx::TextCtrl::AppendText(const wxString& text)
 {
-    const ScopedWindowFreezer frozen(this);
+    {
+        const ScopedWindowFreezer frozen(this);
+        appendFrozen(text);
+    }
+    // Not before the freezer's end, until which nothing is painted.
+    Update();
+}
+
+void Wx::TextCtrl::appendFrozen(const wxString& text)
+{
     const long lastPosition = GetLastPosition();
     long from = 0;
     long to = 0;
     GetSelection(&from, &to);
-    const int firstLine = Platform::firstVisibleLine(*this);
+    const Platform::TextView view = Platform::visiblePart(*this);
     wxTextCtrl::AppendText(text);
 
     const bool followsEnd = from == to && (!HasFocus() || to == lastPosition);
@@ -53,9 +65,13 @@ void Wx::TextCtrl::AppendText(const wxString& text)
         Platform::scrollToEnd(*this);
     } else {
         SetSelection(from, to);
-        Platform::scrollBackTo(*this, firstLine);
+        Platform::scrollBackTo(*this, view);
     }
-    Update();
+}
+
+void Wx::TextCtrl::ShowPosition(long pos)
+{
+    Platform::scrollToPosition(*this, pos);
 }
 
 void Wx::TextCtrl::SetInsertionPoint(long pos)
@@ -94,7 +110,7 @@ void Wx::TextCtrl::onEraseBackground(wxEraseEvent& /*event*/) {}
 
 void Wx::TextCtrl::onLeftDown(wxMouseEvent& event)
 {
-    m_selectionAnchor = Platform::textPlaceAt(*this, event.GetPosition()).index;
+    m_selectionAnchor = Platform::textIndexAt(*this, event.GetPosition());
     SetSelection(m_selectionAnchor, m_selectionAnchor);
     SetFocus();
     // A single line of GTK selects everything when it gets the focus.
@@ -106,10 +122,8 @@ void Wx::TextCtrl::onLeftDown(wxMouseEvent& event)
 
 void Wx::TextCtrl::onLeftDoubleClick(wxMouseEvent& event)
 {
-    const int line = Platform::textPlaceAt(*this, event.GetPosition()).line;
-    const int start = Platform::firstIndexOfLine(*this, line);
-    const int next = Platform::firstIndexOfLine(*this, line + 1);
-    SetSelection(start, next == -1 ? GetLastPosition() : next - 1);
+    const Platform::TextLine line = Platform::textLineAt(*this, event.GetPosition());
+    SetSelection(line.start, line.end);
 }
 
 void Wx::TextCtrl::onLeftUp(wxMouseEvent& /*event*/)
@@ -123,7 +137,7 @@ void Wx::TextCtrl::onMotion(wxMouseEvent& event)
     if (!m_selecting)
         return;
     const wxPoint point = clampedTo(GetClientSize(), event.GetPosition());
-    SetSelection(m_selectionAnchor, Platform::textPlaceAt(*this, point).index);
+    SetSelection(m_selectionAnchor, Platform::textIndexAt(*this, point));
 }
 
 void Wx::TextCtrl::onEnter(wxMouseEvent& event)

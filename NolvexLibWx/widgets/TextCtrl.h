@@ -11,22 +11,28 @@
 namespace Nolvex::Wx {
 
 /// A plain text area for logs and read-only texts, never a rich one. It has its own selection by the mouse
-/// (a click places the caret, dragging extends, a double click takes the line), selects everything on Ctrl+A
-/// and consumes every other key-down. Text that is appended stays in view while the user leaves the end
-/// alone.
+/// (a click places the caret, dragging extends, a double click takes what is shown as one line), selects
+/// everything on Ctrl+A and consumes every other key-down. Text that is appended stays in view while the user
+/// leaves the end alone.
 ///
-/// Only the first 65,535 characters and lines can be reached by the mouse on Windows.
+/// On Windows the system tells the place under the mouse in 16 bits: beyond 65,535 characters or lines a
+/// click puts the caret, and a double click selects, at the wrong place, 65,536 or a multiple of it too
+/// early.
 class NOLVEXLIBWX_EXPORT TextCtrl : public wxTextCtrl, public Focusable
 {
 public:
-    /// `size` in pixels. wxTE_RICH and wxTE_RICH2 are taken out of the style.
+    /// `size` in pixels. wxTE_RICH, wxTE_RICH2 and wxTE_AUTO_URL are taken out of the style.
     TextCtrl(wxWindow* parent, int id, const wxString& value = {}, const wxPoint& pos = wxDefaultPosition,
              const wxSize& size = wxDefaultSize, long style = 0);
     ~TextCtrl() override;
 
     /// Follows the end, caret and view, if nothing is selected and the control has either no focus or its
-    /// caret at the end. Otherwise the selection and the view stay where they are.
+    /// caret at the end. Otherwise the selection and the view stay where they are. Painted when it returns,
+    /// unless the control is frozen.
     void AppendText(const wxString& text) override;
+
+    /// While frozen too, and seen once thawed.
+    void ShowPosition(long pos) override;
 
     /// While frozen, leaves the view where it is.
     void SetInsertionPoint(long pos) override;
@@ -39,6 +45,7 @@ protected:
     void DoThaw() override;
 
 private:
+    void appendFrozen(const wxString& text);
     void onEraseBackground(wxEraseEvent& event);
     void onLeftDown(wxMouseEvent& event);
     void onLeftDoubleClick(wxMouseEvent& event);

@@ -116,6 +116,7 @@ void Wx::Tooltip::setText(const String& text)
         hide();
     } else {
         fitToText();
+        smartPositionWindow(this, toPixel(GetScreenPosition()));
         Refresh();
     }
 }

@@ -29,7 +29,8 @@ public:
     Tooltip(wxWindow* owner, const String& text);
     ~Tooltip() override;
 
-    /// Wraps the text to 250 design units. Without text nothing pops up.
+    /// Wraps the text to 250 design units. Without text nothing pops up. While shown, the tooltip takes its
+    /// new size at its place, moved just so far that it stays inside the work area; without text it hides.
     void setText(const String& text);
 
     /// How long the mouse must rest, 600 milliseconds at first. Counts from the next movement of the mouse

@@ -4,14 +4,14 @@
 #include "NolvexLib/Exception.h"
 #include "NolvexLibWx/NolvexLibWx.h"
 #include "apps/gallery/GalleryFrame.h"
+#include "apps/program/ScreenshotTimer.h"
 #include "apps/program/WindowPicture.h"
 #include "apps/program/platform/ErrorReport.h"
 #include "apps/program/platform/ProcessArguments.h"
 
-#include <wx/timer.h>
-
 #include <cstdio>
 #include <filesystem>
+#include <new>
 
 namespace {
 
@@ -23,36 +23,28 @@ int fail(const String& message)
     return 1;
 }
 
-// Goes through the pages and skins, a picture a turn, leaving the window system time to paint.
-class ScreenshotTimer : public wxTimer
+// Goes through the pages and skins, a picture a turn.
+class Screenshots
 {
 public:
-    ScreenshotTimer(Gallery::GalleryFrame& frame, const Io::Path& folder) : m_frame(frame), m_folder(folder)
-    {
-        Start(PERIOD_MS);
-    }
+    Screenshots(Gallery::GalleryFrame& frame, const Io::Path& folder) : m_frame(frame), m_folder(folder) {}
 
-    void Notify() override
+    Optional<String> takeTurn()
     {
         // The first turn shows the first page; each later one takes what the turn before has shown.
+        String error;
         if (m_turn > 0)
-            m_error = Program::writeWindowPicture(m_frame, m_folder / Io::Path(fileName(m_turn - 1)));
-        if (!m_error.isEmpty() || m_turn == turns()) {
-            Stop();
-            m_frame.Close();
-            return;
-        }
+            error = Program::writeWindowPicture(m_frame, m_folder / Io::Path(fileName(m_turn - 1)));
+        if (!error.isEmpty() || m_turn == turns())
+            return error;
         if (m_turn % pages() == 0)
             m_frame.chooseSkin(static_cast<int>(m_turn / pages()));
         m_frame.showPage(m_turn % pages());
         ++m_turn;
+        return {};
     }
 
-    const String& error() const { return m_error; }
-
 private:
-    static constexpr int PERIOD_MS = 400;
-
     std::size_t pages() const { return m_frame.pages().size(); }
 
     std::size_t turns() const { return pages() * Gallery::GalleryFrame::SKIN_COUNT; }
@@ -67,7 +59,6 @@ private:
     Gallery::GalleryFrame& m_frame;
     Io::Path m_folder;
     std::size_t m_turn = 0;
-    String m_error;
 };
 
 int show(const Io::Path& screenshots)
@@ -76,7 +67,9 @@ int show(const Io::Path& screenshots)
     frame->Show();
     if (screenshots.isEmpty())
         return LibWx::runEventLoop();
-    const ScreenshotTimer timer(*frame, screenshots);
+    constexpr int PERIOD_MS = 400;
+    Screenshots pictures(*frame, screenshots);
+    const Program::ScreenshotTimer timer(*frame, PERIOD_MS, [&] { return pictures.takeTurn(); });
     LibWx::runEventLoop();
     return timer.error().isEmpty() ? 0 : fail(timer.error());
 }
@@ -97,7 +90,12 @@ int main(int argc, char** argv)
     } catch (const Exception& failure) {
         return fail(String::fromUtf8(failure.what()));
     }
-    const int result = show(folder);
+    int result = 1;
+    try {
+        result = show(folder);
+    } catch (const std::bad_alloc&) {
+        fail(L"There is not enough memory for the gallery.");
+    }
     LibWx::shutdown();
     return result;
 }

@@ -6,17 +6,19 @@
 #include "NolvexLibWx/BitmapConversions.h"
 #include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/ScreenCapture.h"
+#include "apps/program/CapturedPixels.h"
 
 #include <wx/image.h>
 #include <wx/mstream.h>
-#include <wx/toplevel.h>
+#include <wx/window.h>
 
 namespace Nolvex::Program {
 
-String writeWindowPicture(const wxTopLevelWindow& window, const Io::Path& file)
+String writeWindowPicture(const wxWindow& window, const Io::Path& file)
 {
     const wxRect area(window.ClientToScreen(wxPoint(0, 0)), window.GetClientSize());
-    const wxBitmap bitmap = Wx::toWxBitmap(Wx::getScreenRegionColors(Wx::toBucket(area)), false);
+    const BitmapImpl<Rgb> captured = Wx::getScreenRegionColors(Wx::toBucket(area));
+    const wxBitmap bitmap = Program::wasRead(captured) ? Wx::toWxBitmap(captured, false) : wxBitmap();
     if (!bitmap.IsOk())
         return L"The window cannot be read from the screen.";
     wxMemoryOutputStream encoded;

@@ -5,6 +5,7 @@
 #include "NolvexLibWx/BitmapConversions.h"
 #include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/ScreenCapture.h"
+#include "apps/program/CapturedPixels.h"
 
 #include <wx/display.h>
 
@@ -21,7 +22,8 @@ wxBitmap screenPicture(ArrayView<const Bucket> displays)
         whole.min = {std::min(whole.min.x, display.min.x), std::min(whole.min.y, display.min.y)};
         whole.max = {std::max(whole.max.x, display.max.x), std::max(whole.max.y, display.max.y)};
     }
-    return Wx::toWxBitmap(Wx::getScreenRegionColors(whole), true);
+    const BitmapImpl<Rgb> captured = Wx::getScreenRegionColors(whole);
+    return Program::wasRead(captured) ? Wx::toWxBitmap(captured, true) : wxBitmap();
 }
 
 wxBitmap screenPicture()

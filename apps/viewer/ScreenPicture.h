@@ -9,7 +9,8 @@
 namespace Nolvex::Viewer {
 
 /// What the displays show now, each in its place, in the smallest bitmap that holds them all; transparent
-/// where no display is. Invalid without displays or memory.
+/// where no display is. Invalid without displays or memory, and where
+/// the system lets nobody read the screen.
 wxBitmap screenPicture(ArrayView<const Bucket> displays);
 
 /// Of all displays.

@@ -19,11 +19,13 @@
 #include "apps/viewer/ToolBar.h"
 #include "apps/viewer/ViewOptions.h"
 
+#include <wx/collpane.h>
 #include <wx/display.h>
 #include <wx/filedlg.h>
 #include <wx/menu.h>
 #include <wx/panel.h>
 #include <wx/sizer.h>
+#include <wx/weakref.h>
 
 #include <functional>
 #include <new>
@@ -36,7 +38,8 @@ constexpr int MARGIN = 8;
 constexpr int BORDER = 2;
 constexpr RgbBytes LIGHT_SURROUND_COLOUR{200, 200, 200};
 constexpr int LOG_HEIGHT = 90;
-const wxSize SMALLEST(360, 240);
+const wxSize SMALLEST(360, 300);
+const wxSize LEAST_VIEW(80, 60); // scroll bars need some room
 
 // Time for a menu to go off the screen.
 constexpr int CAPTURE_DELAY_MS = 250;
@@ -102,6 +105,7 @@ ViewerFrame::ViewerFrame(const String& name, const wxBitmap& picture) : wxFrame(
     SetClientSize(clientSizeFor(picture, above->GetMinSize().y));
     Centre();
     bindCommands();
+    makeRoom();
     describePicture(name);
     if (picture.IsOk())
         report(openedMessage(name, picture));
@@ -124,6 +128,7 @@ wxWindow* ViewerFrame::makeView(wxWindow* parent, const wxBitmap& picture)
 {
     auto* border = new OskaBorder(parent);
     m_view = new ImageView(border, picture);
+    m_view->SetMinSize(Wx::scaleByDpi(LEAST_VIEW));
     border->addChild(m_view);
     return border;
 }
@@ -172,6 +177,7 @@ void ViewerFrame::bindCommands()
     bind(Command::SHOW_TOOLTIPS, [this] { setTooltips(!hasTooltips()); });
     bind(Command::LIGHT_SURROUND, [this] { setLightSurround(!hasLightSurround()); });
     bind(Command::ABOUT, [this] { tellAbout(); });
+    Bind(wxEVT_COLLAPSIBLEPANE_CHANGED, [this](wxCollapsiblePaneEvent&) { makeRoom(); });
     m_captureTimer.SetOwner(this);
     Bind(wxEVT_TIMER, [this](wxTimerEvent&) { captureScreen(); });
     Bind(wxEVT_CHAR_HOOK, &ViewerFrame::onKey, this);
@@ -196,13 +202,19 @@ bool ViewerFrame::copyPicture()
 {
     if (!m_view->bitmap().IsOk())
         return complain(L"There is no picture to copy.");
+    const wxWeakRef<ViewerFrame> self(this);
+    bool copied = false;
     try {
-        if (!Wx::setClipboardData(clipboardPicture(m_view->bitmap(), m_view->GetBackgroundColour()), {}))
-            return complain(L"The picture was not copied: another program is using the clipboard, or the "
-                            L"picture is too large for it.");
+        copied = Wx::setClipboardData(clipboardPicture(m_view->bitmap(), m_view->GetBackgroundColour()), {});
     } catch (const std::bad_alloc&) {
         return complain(L"The picture was not copied: there is not enough memory.");
     }
+    // Events run while a clipboard manager fetches the picture, and one of them may have closed this window.
+    if (!self)
+        return copied;
+    if (!copied)
+        return complain(L"The picture was not copied: another program is using the clipboard, or the "
+                        L"picture is too large for it.");
     report(L"Copied the picture, " + sizeOf(m_view->bitmap()) + L" pixels.");
     return true;
 }
@@ -225,9 +237,22 @@ void ViewerFrame::showLog(bool show)
     if (show == isLogShown())
         return;
     m_log->Show(show);
-    m_log->GetParent()->Layout();
+    makeRoom();
     if (!show)
         m_view->SetFocus();
+}
+
+// What unfolds or appears must not squeeze the view to nothing.
+void ViewerFrame::makeRoom()
+{
+    wxWindow* const panel = m_log->GetParent();
+    const wxSize least = panel->GetSizer()->CalcMin();
+    SetMinClientSize(least);
+    wxSize size = GetClientSize();
+    size.IncTo(least);
+    if (size != GetClientSize())
+        SetClientSize(size);
+    panel->Layout();
 }
 
 bool ViewerFrame::isLogShown() const

@@ -37,7 +37,8 @@ public:
 
     bool openPicture(const Io::Path& file);
 
-    /// Puts the picture on the clipboard, as it is shown.
+    /// Puts the picture on the clipboard, as it is shown. On GTK the window may be closed meanwhile, and gone
+    /// when this returns.
     bool copyPicture();
 
     /// Shows what all displays show now, this window included, in place of the picture.
@@ -72,6 +73,7 @@ private:
     void report(const String& message);
     bool complain(const String& message);
 
+    void makeRoom();
     void run(int command);
     void onOpen();
     void onCopy();

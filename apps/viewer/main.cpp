@@ -3,14 +3,13 @@
 #include "NolvexLib/Exception.h"
 #include "NolvexLib/Io/FileSize.h"
 #include "NolvexLibWx/NolvexLibWx.h"
+#include "apps/program/ScreenshotTimer.h"
 #include "apps/program/WindowPicture.h"
 #include "apps/program/platform/ErrorReport.h"
 #include "apps/program/platform/ProcessArguments.h"
 #include "apps/viewer/CommandLine.h"
 #include "apps/viewer/ImageFile.h"
 #include "apps/viewer/ViewerFrame.h"
-
-#include <wx/timer.h>
 
 #include <cstdio>
 #include <new>
@@ -41,38 +40,22 @@ Io::Path samplePicture()
     return folder.parentDirectory() / Io::Path(L"share/nolvexlibwx/sample.pfm");
 }
 
-// Takes the picture of the window when the window system has had time to put it on the screen, then closes
-// it.
-class ScreenshotTimer : public wxTimer
+// Takes the picture of the window when the window system has had time to put it on the screen.
+int takeScreenshot(Viewer::ViewerFrame& frame, const Io::Path& file)
 {
-public:
-    ScreenshotTimer(Viewer::ViewerFrame& frame, const Io::Path& file) : m_frame(frame), m_file(file)
-    {
-        // The mouse may happen to rest on the picture.
-        m_frame.setTooltips(false);
-        Start(PERIOD_MS);
-    }
-
-    void Notify() override
-    {
-        if (!m_frame.wasPainted() || ++m_ticksSincePainted < TICKS)
-            return;
-        Stop();
-        m_error = Program::writeWindowPicture(m_frame, m_file);
-        m_frame.Close();
-    }
-
-    const String& error() const { return m_error; }
-
-private:
-    static constexpr int PERIOD_MS = 100;
-    static constexpr int TICKS = 5;
-
-    Viewer::ViewerFrame& m_frame;
-    Io::Path m_file;
-    String m_error;
-    int m_ticksSincePainted = 0;
-};
+    constexpr int PERIOD_MS = 100;
+    constexpr int TURNS = 5;
+    // The mouse may happen to rest on the picture.
+    frame.setTooltips(false);
+    int turnsSincePainted = 0;
+    const Program::ScreenshotTimer timer(frame, PERIOD_MS, [&]() -> Optional<String> {
+        if (!frame.wasPainted() || ++turnsSincePainted < TURNS)
+            return {};
+        return Program::writeWindowPicture(frame, file);
+    });
+    LibWx::runEventLoop();
+    return timer.error().isEmpty() ? 0 : fail(timer.error());
+}
 
 int show(const Viewer::CommandLine& line)
 {
@@ -85,9 +68,7 @@ int show(const Viewer::CommandLine& line)
     frame->Show();
     if (line.screenshot.isEmpty())
         return LibWx::runEventLoop();
-    const ScreenshotTimer screenshot(*frame, line.screenshot);
-    LibWx::runEventLoop();
-    return screenshot.error().isEmpty() ? 0 : fail(screenshot.error());
+    return takeScreenshot(*frame, line.screenshot);
 }
 
 } // namespace

@@ -13,7 +13,7 @@ class ProgressBar
 public:
     /// `done` is asked from another thread for the bytes done; without it, or with a `total` of 0, the bar
     /// only shows that something goes on.
-    ProgressBar(std::int64_t total, std::function<std::int64_t()> done = {});
+    explicit ProgressBar(std::int64_t total, std::function<std::int64_t()> done = {});
     ~ProgressBar();
     ProgressBar(const ProgressBar&) = delete;
     ProgressBar& operator=(const ProgressBar&) = delete;

@@ -33,3 +33,22 @@ TEST(ScopedWindowFreezerTest, freezesWhileItLives)
     EXPECT_FALSE(panel->IsFrozen());
     Tests::destroyNow(frame);
 }
+
+TEST(ScopedWindowFreezerTest, windowDestroyedMeanwhile_isLeftAlone)
+{
+    auto* frame = new wxFrame(nullptr, wxID_ANY, "frozen");
+    auto* panel = new wxPanel(frame);
+    frame->Show();
+    {
+        const ScopedWindowFreezer freezer(panel);
+        panel->Destroy();
+        EXPECT_TRUE(frame->GetChildren().empty());
+    }
+    EXPECT_FALSE(frame->IsFrozen());
+    Tests::destroyNow(frame);
+}
+
+TEST(ScopedWindowFreezerTest, ofNoWindow_doesNothing)
+{
+    const ScopedWindowFreezer freezer(nullptr);
+}

@@ -109,3 +109,10 @@ TEST_F(WindowIconTest, setZephraIcon_hasSoftEdges)
     for (int y = 0; y < 128; ++y)
         EXPECT_EQ(shown.GetAlpha(64, y), drawn.GetAlpha(64, y)) << y;
 }
+
+TEST_F(WindowIconTest, ofNoWindow_isNothing)
+{
+    Wx::setIcon(nullptr, wxBitmap(twoColours()));
+    Wx::setZephraIcon(nullptr);
+    EXPECT_FALSE(icon().IsOk());
+}

@@ -14,9 +14,9 @@
 
 namespace Nolvex::Tests {
 
-/// On Windows a test program reads the clipboard by starting itself once more, as another program. What that
-/// one returns from main(); none in a program that was started for its tests.
-Optional<int> readClipboardForParent(int argc, char** argv);
+/// A test program starts itself once more to have another program that copies or, on Windows, reads the
+/// clipboard. What that one returns from main(); none in a program that was started for its tests.
+Optional<int> useClipboardForParent(int argc, char** argv);
 
 /// The clipboard's text as another program gets it; none when there is no text.
 Optional<String> clipboardText();
@@ -31,6 +31,11 @@ std::map<std::string, wxImage> clipboardPictures();
 
 /// What the function returns when it is called while somebody else has the clipboard and does not let go.
 bool whileClipboardIsTaken(const std::function<bool()>& copy);
+
+/// Lets another program copy COPY_TEXT or COPY_PICTURE (support/ClipboardCopying.h) and end, beside a
+/// clipboard manager where desktops have one, then calls the function. Whether that program said it had
+/// copied.
+bool afterCopyingProgramEnded(const char* what, const std::function<void()>& read);
 
 /// What the function returns when it is called while the clipboard belongs to somebody, a clipboard manager
 /// included, who answers nothing that he is asked.

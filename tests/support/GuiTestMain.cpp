@@ -26,7 +26,7 @@ void failOnAssert(const wxString& file, int line, const wxString& function, cons
 
 int main(int argc, char** argv)
 {
-    if (const Nolvex::Optional<int> status = Nolvex::Tests::readClipboardForParent(argc, argv))
+    if (const Nolvex::Optional<int> status = Nolvex::Tests::useClipboardForParent(argc, argv))
         return *status;
     testing::InitGoogleTest(&argc, argv);
     wxSetAssertHandler(failOnAssert);

@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # monitors.sh FOLDER: the tests of monitors, of capturing the screen and of what is placed on it, from the test programs in
-# the folder, on a display with several monitors. X servers without a screen have one monitor each, but for those that
-# viewers may give the size of theirs.
+# the folder, on a display with several monitors; those of capturing also on a scaled desktop, with ten bits a channel and
+# without shared memory. X servers without a screen have one monitor each, but for those that viewers may give the size
+# of theirs.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 . tools/testing/common.sh
-need_packages tigervnc-standalone-server openbox python3
+need_packages tigervnc-standalone-server xvfb openbox python3
 folder=$1
 work=$(mktemp -d)
 processes=()
@@ -47,13 +48,15 @@ run() {
   }
 }
 
+captures='ScreenCaptureTest.*-*tensOfThousands*'
+
 # Side by side at different heights; the right one first; with a gap between them and none at the origin.
 status=0
 for monitors in '800x600+0+0 640x480+800+100' '640x480+640+0 640x480+0+200' '500x600+200+50 500x600+900+0 640x480+0+650'; do
   # shellcheck disable=SC2086
   python3 tools/testing/monitors.py "$work/viewers" $monitors
   sleep 0.5
-  run NolvexLibWxTests 'SeveralMonitorsTest.*:Monitors*:ScreenCaptureTest.*-*tensOfThousands*' || status=1
+  run NolvexLibWxTests "SeveralMonitorsTest.*:Monitors*:$captures" || status=1
   if grep 'there is only one monitor' "$work/tests.log"; then
     status=1
   fi
@@ -61,3 +64,21 @@ for monitors in '800x600+0+0 640x480+800+100' '640x480+640+0 640x480+0+200' '500
   run NolvexViewerTests 'ViewerCommandsTest.capture*' || status=1
   [ $status -eq 0 ] || { echo "monitors: failed with $monitors"; exit 1; }
 done
+
+# other_screen NAME ARGUMENT...: the captures on a server with another kind of screen.
+other_screen() {
+  local name=$1
+  shift
+  rm -f "$work/display"
+  Xvfb -displayfd 3 "$@" -nolisten tcp 3>"$work/display" >"$work/server.log" 2>&1 &
+  processes+=($!)
+  for _ in $(seq 200); do
+    [ -s "$work/display" ] && break
+    sleep 0.05
+  done
+  DISPLAY=":$(cat "$work/display")" run NolvexLibWxTests "$captures" || { echo "monitors: failed $name"; exit 1; }
+}
+
+GDK_SCALE=2 other_screen 'on a scaled desktop' -screen 0 1280x1024x24
+other_screen 'with ten bits a channel' -screen 0 1280x1024x30
+other_screen 'without shared memory' -screen 0 1280x1024x24 -extension MIT-SHM

@@ -32,6 +32,8 @@ struct Unreference
     void operator()(void* object) const { g_object_unref(object); }
 };
 
+using SharedBitmap = std::shared_ptr<const DeviceIndependentBitmap>;
+
 using PixbufPointer = std::unique_ptr<GdkPixbuf, Unreference>;
 
 // The same picture as the file: its first row at the bottom. Null when there is no memory.
@@ -54,6 +56,14 @@ PixbufPointer toPixbuf(const DeviceIndependentBitmap& bitmap)
     return pixbuf;
 }
 
+void send(GtkSelectionData* selection, const guchar* bytes, std::size_t size)
+{
+    // GTK adds a zero byte, and counts in int.
+    if (size < static_cast<std::size_t>(G_MAXINT))
+        gtk_selection_data_set(selection, gtk_selection_data_get_target(selection), 8, bytes,
+                               static_cast<gint>(size));
+}
+
 void sendPng(const DeviceIndependentBitmap& bitmap, GtkSelectionData* selection)
 {
     const PixbufPointer pixbuf = toPixbuf(bitmap);
@@ -65,27 +75,24 @@ void sendPng(const DeviceIndependentBitmap& bitmap, GtkSelectionData* selection)
     if (gdk_pixbuf_save_to_buffer(pixbuf.get(), &bytes, &size, "png", nullptr, "compression", "1", nullptr) ==
         FALSE)
         return;
-    if (size <= static_cast<gsize>(G_MAXINT))
-        gtk_selection_data_set(selection, gtk_selection_data_get_target(selection), 8,
-                               reinterpret_cast<const guchar*>(bytes), static_cast<gint>(size));
+    send(selection, reinterpret_cast<const guchar*>(bytes), size);
     g_free(bytes);
 }
 
 void sendPicture(GtkClipboard* /*clipboard*/, GtkSelectionData* selection, guint form, gpointer owner)
 {
-    const auto& bitmap = *static_cast<const DeviceIndependentBitmap*>(owner);
+    const DeviceIndependentBitmap& bitmap = **static_cast<const SharedBitmap*>(owner);
     if (form == static_cast<guint>(Form::PNG)) {
         sendPng(bitmap, selection);
         return;
     }
     const ArrayView<const std::uint8_t> file = bitmap.fileBytes();
-    gtk_selection_data_set(selection, gtk_selection_data_get_target(selection), 8, file.data(),
-                           static_cast<gint>(file.size()));
+    send(selection, file.data(), file.size());
 }
 
 void freePicture(GtkClipboard* /*clipboard*/, gpointer owner)
 {
-    delete static_cast<DeviceIndependentBitmap*>(owner);
+    delete static_cast<SharedBitmap*>(owner);
 }
 
 } // namespace
@@ -98,11 +105,15 @@ bool Platform::setClipboardImage(DeviceIndependentBitmap bitmap)
     const auto offered = targets();
     const auto count = static_cast<guint>(offered.size());
     // Encoded when somebody asks for it; freed when somebody else copies.
-    auto owned = std::make_unique<DeviceIndependentBitmap>(std::move(bitmap));
-    if (gtk_clipboard_set_with_data(clipboard, offered.data(), count, sendPicture, freePicture,
-                                    owned.get()) == FALSE)
+    const SharedBitmap picture = std::make_shared<const DeviceIndependentBitmap>(std::move(bitmap));
+    auto* const given = new SharedBitmap(picture);
+    if (gtk_clipboard_set_with_data(clipboard, offered.data(), count, sendPicture, freePicture, given) ==
+        FALSE) {
+        // Refused, or, as GTK may say too, lost at once to somebody who copied anew: then it has been freed.
+        if (picture.use_count() > 1)
+            delete given;
         return false;
-    static_cast<void>(owned.release());
+    }
     // Handed to a clipboard manager, where there is one, it outlives the program.
     gtk_clipboard_set_can_store(clipboard, offered.data(), static_cast<gint>(count));
     gtk_clipboard_store(clipboard);

@@ -9,18 +9,26 @@ namespace Nolvex {
 
 namespace {
 
-Platform::TextPlace placeInView(GtkTextView* view, const wxPoint& point)
+// The character at the point, and in `trailing` whether the place after it is the nearest one.
+GtkTextIter characterAt(GtkTextView* view, const wxPoint& point, int* trailing)
 {
     int x = 0;
     int y = 0;
     gtk_text_view_window_to_buffer_coords(view, GTK_TEXT_WINDOW_TEXT, point.x, point.y, &x, &y);
     GtkTextIter place;
-    gtk_text_view_get_iter_at_location(view, &place, x, y);
-    return {gtk_text_iter_get_offset(&place), gtk_text_iter_get_line(&place)};
+    gtk_text_view_get_iter_at_position(view, &place, trailing, x, y);
+    return place;
+}
+
+int indexInView(GtkTextView* view, const wxPoint& point)
+{
+    int trailing = 0;
+    const GtkTextIter place = characterAt(view, point, &trailing);
+    return gtk_text_iter_get_offset(&place) + trailing;
 }
 
 // The layout's place is told in the entry, the point in the part of it that holds the text.
-Platform::TextPlace placeInEntry(GtkEntry* entry, const wxPoint& point)
+int indexInEntry(GtkEntry* entry, const wxPoint& point)
 {
     int left = 0;
     gtk_entry_get_layout_offsets(entry, &left, nullptr);
@@ -32,15 +40,18 @@ Platform::TextPlace placeInEntry(GtkEntry* entry, const wxPoint& point)
     pango_layout_xy_to_index(layout, (point.x + area.x - left) * PANGO_SCALE, 0, &byte, &trailing);
     const char* const shown = pango_layout_get_text(layout);
     const int textByte = gtk_entry_layout_index_to_text_index(entry, byte);
-    return {static_cast<int>(g_utf8_pointer_to_offset(shown, shown + textByte)) + trailing, 0};
+    return static_cast<int>(g_utf8_pointer_to_offset(shown, shown + textByte)) + trailing;
 }
 
 constexpr const char* SCROLLING = "nolvex-scrolling";
+constexpr const char* SHOWN_POSITION = "nolvex-shown-position";
 
 gboolean scrollNow(gpointer widget) noexcept
 {
+    // Not wanted any more when the mark has gone.
+    const bool wanted = g_object_get_data(G_OBJECT(widget), SCROLLING) != nullptr;
     g_object_set_data(G_OBJECT(widget), SCROLLING, nullptr);
-    if (gtk_widget_get_realized(GTK_WIDGET(widget)) == FALSE)
+    if (!wanted || gtk_widget_get_realized(GTK_WIDGET(widget)) == FALSE)
         return G_SOURCE_REMOVE;
     GtkTextView* const view = GTK_TEXT_VIEW(widget);
     GtkTextBuffer* const buffer = gtk_text_view_get_buffer(view);
@@ -54,24 +65,26 @@ gboolean scrollNow(gpointer widget) noexcept
 
 } // namespace
 
-Platform::TextPlace Platform::textPlaceAt(const wxTextCtrl& text, const wxPoint& point)
+int Platform::textIndexAt(const wxTextCtrl& text, const wxPoint& point)
 {
     GtkWidget* const widget = textWidget(text);
-    return GTK_IS_TEXT_VIEW(widget) ? placeInView(GTK_TEXT_VIEW(widget), point)
-                                    : placeInEntry(GTK_ENTRY(widget), point);
+    return GTK_IS_TEXT_VIEW(widget) ? indexInView(GTK_TEXT_VIEW(widget), point)
+                                    : indexInEntry(GTK_ENTRY(widget), point);
 }
 
-int Platform::firstIndexOfLine(const wxTextCtrl& text, int line)
+Platform::TextLine Platform::textLineAt(const wxTextCtrl& text, const wxPoint& point)
 {
     GtkWidget* const widget = textWidget(text);
     if (!GTK_IS_TEXT_VIEW(widget))
-        return line == 0 ? 0 : -1;
-    GtkTextBuffer* const buffer = gtk_text_view_get_buffer(GTK_TEXT_VIEW(widget));
-    if (line >= gtk_text_buffer_get_line_count(buffer))
-        return -1;
-    GtkTextIter start;
-    gtk_text_buffer_get_iter_at_line(buffer, &start, line);
-    return gtk_text_iter_get_offset(&start);
+        return {0, text.GetLastPosition()};
+    GtkTextView* const view = GTK_TEXT_VIEW(widget);
+    // From the character and not the nearest place, which at the end of a wrapped line is on the next one.
+    GtkTextIter start = characterAt(view, point, nullptr);
+    gtk_text_view_backward_display_line_start(view, &start);
+    GtkTextIter end = start;
+    // Of a wrapped line it is the place before its last character, as on other systems.
+    gtk_text_view_forward_display_line_end(view, &end);
+    return {gtk_text_iter_get_offset(&start), gtk_text_iter_get_offset(&end)};
 }
 
 void Platform::scrollToEnd(const wxTextCtrl& text)
@@ -86,11 +99,32 @@ void Platform::scrollToEnd(const wxTextCtrl& text)
     g_idle_add_full(GTK_TEXT_VIEW_PRIORITY_VALIDATE + 1, scrollNow, g_object_ref(widget), g_object_unref);
 }
 
-int Platform::firstVisibleLine(const wxTextCtrl& /*text*/)
+// The toolkit remembers the position of a frozen control for a thawing of its own, which is not ours.
+void Platform::scrollToPosition(wxTextCtrl& text, long position)
 {
-    return 0;
+    GtkWidget* const widget = textWidget(text);
+    if (!GTK_IS_TEXT_VIEW(widget)) {
+        text.wxTextCtrl::ShowPosition(position);
+        return;
+    }
+    g_object_set_data(G_OBJECT(widget), SCROLLING, nullptr);
+    GtkTextView* const view = GTK_TEXT_VIEW(widget);
+    GtkTextBuffer* const buffer = gtk_text_view_get_buffer(view);
+    GtkTextIter place;
+    gtk_text_buffer_get_iter_at_offset(buffer, &place, static_cast<gint>(position));
+    // Kept: the view scrolls to it when the lines have been laid out.
+    GtkTextMark* mark = gtk_text_buffer_get_mark(buffer, SHOWN_POSITION);
+    if (mark == nullptr)
+        mark = gtk_text_buffer_create_mark(buffer, SHOWN_POSITION, &place, TRUE);
+    gtk_text_buffer_move_mark(buffer, mark, &place);
+    gtk_text_view_scroll_mark_onscreen(view, mark);
 }
 
-void Platform::scrollBackTo(const wxTextCtrl& /*text*/, int /*line*/) {}
+Platform::TextView Platform::visiblePart(const wxTextCtrl& /*text*/)
+{
+    return {0, 0};
+}
+
+void Platform::scrollBackTo(const wxTextCtrl& /*text*/, const TextView& /*view*/) {}
 
 } // namespace Nolvex

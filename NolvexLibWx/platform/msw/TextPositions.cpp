@@ -13,17 +13,35 @@ LRESULT send(const wxTextCtrl& text, UINT message, WPARAM first, LPARAM second)
     return SendMessageW(static_cast<HWND>(text.GetHWND()), message, first, second);
 }
 
-} // namespace
-
-Platform::TextPlace Platform::textPlaceAt(const wxTextCtrl& text, const wxPoint& point)
+// The index in the low 16 bits, the line in the high ones.
+LRESULT placeAt(const wxTextCtrl& text, const wxPoint& point)
 {
-    const LRESULT place = send(text, EM_CHARFROMPOS, 0, MAKELPARAM(point.x, point.y));
-    return {LOWORD(place), HIWORD(place)};
+    return send(text, EM_CHARFROMPOS, 0, MAKELPARAM(point.x, point.y));
 }
 
-int Platform::firstIndexOfLine(const wxTextCtrl& text, int line)
+// -1 beyond the last line.
+int firstIndexOfLine(const wxTextCtrl& text, int line)
 {
     return static_cast<int>(send(text, EM_LINEINDEX, static_cast<WPARAM>(line), 0));
+}
+
+int firstVisibleLine(const wxTextCtrl& text)
+{
+    return static_cast<int>(send(text, EM_GETFIRSTVISIBLELINE, 0, 0));
+}
+
+} // namespace
+
+int Platform::textIndexAt(const wxTextCtrl& text, const wxPoint& point)
+{
+    return LOWORD(placeAt(text, point));
+}
+
+Platform::TextLine Platform::textLineAt(const wxTextCtrl& text, const wxPoint& point)
+{
+    const int line = HIWORD(placeAt(text, point));
+    const int next = firstIndexOfLine(text, line + 1);
+    return {firstIndexOfLine(text, line), next == -1 ? text.GetLastPosition() : next - 1};
 }
 
 void Platform::scrollToEnd(const wxTextCtrl& text)
@@ -31,14 +49,22 @@ void Platform::scrollToEnd(const wxTextCtrl& text)
     send(text, WM_VSCROLL, SB_BOTTOM, 0);
 }
 
-int Platform::firstVisibleLine(const wxTextCtrl& text)
+void Platform::scrollToPosition(wxTextCtrl& text, long position)
 {
-    return static_cast<int>(send(text, EM_GETFIRSTVISIBLELINE, 0, 0));
+    text.wxTextCtrl::ShowPosition(position);
 }
 
-void Platform::scrollBackTo(const wxTextCtrl& text, int line)
+Platform::TextView Platform::visiblePart(const wxTextCtrl& text)
 {
-    send(text, EM_LINESCROLL, 0, line - firstVisibleLine(text));
+    return {firstVisibleLine(text), GetScrollPos(static_cast<HWND>(text.GetHWND()), SB_HORZ)};
+}
+
+void Platform::scrollBackTo(const wxTextCtrl& text, const TextView& view)
+{
+    send(text, EM_LINESCROLL, 0, view.firstLine - firstVisibleLine(text));
+    // A text that wraps never scrolls to the right.
+    if (text.HasFlag(wxTE_DONTWRAP))
+        send(text, WM_HSCROLL, MAKEWPARAM(SB_THUMBPOSITION, view.left), 0);
 }
 
 } // namespace Nolvex

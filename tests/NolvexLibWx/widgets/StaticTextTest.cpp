@@ -162,6 +162,19 @@ TEST_F(StaticTextTest, setLabel_afterWrapping_replacesTheStoredText)
     EXPECT_EQ(text->unwrappedLabel(), L"short");
 }
 
+TEST_F(StaticTextTest, wrap_toTheSameWidthAfterAnotherText_wrapsThatText)
+{
+    StaticText* text = make(L"short");
+    text->Wrap(100);
+    text->SetLabel(LONG_TEXT);
+    text->Wrap(100);
+    StaticText* fresh = make(LONG_TEXT);
+    fresh->Wrap(100);
+    EXPECT_NE(text->GetLabel().Find('\n'), wxNOT_FOUND);
+    EXPECT_EQ(text->GetLabel(), fresh->GetLabel());
+    EXPECT_EQ(text->unwrappedLabel(), LONG_TEXT);
+}
+
 TEST_F(StaticTextTest, painted_itIsPlacedByItsAlignment)
 {
     const wxRect topLeft = inked(shown(make(L"MM", FIXED, {}, {120, 60})));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/widgets/TextControl.h"
 
+#include "NolvexLib/Array.h"
 #include "NolvexLibWx/DpiScaling.h"
 #include "support/Events.h"
 #include "support/Screen.h"
@@ -282,6 +283,22 @@ TEST_F(TextControlTest, disabled_ofSeveralLines_showsItsValueToo)
     text->applySkin(testSkin());
     text->Disable();
     EXPECT_FALSE(redIn(shown(text)).IsEmpty());
+}
+
+TEST_F(TextControlTest, disabledPassword_showsAsManySignsAsCharactersButNotWhich)
+{
+    Array<wxRect> inks;
+    for (const wchar_t* password : {L"WWWW", L"iiii", L"iiiiiiii"}) {
+        TextControl* text = make(password, PLAIN | wxTE_PASSWORD);
+        text->applySkin(testSkin());
+        text->Disable();
+        inks.push_back(redIn(shown(text)));
+        EXPECT_EQ(text->GetValue(), password);
+        text->Destroy();
+    }
+    EXPECT_FALSE(inks[0].IsEmpty());
+    EXPECT_EQ(inks[0], inks[1]);
+    EXPECT_GT(inks[2].width, inks[1].width * 3 / 2);
 }
 
 TEST_F(TextControlTest, destroyedWhileDisabledAndShown_isGoneWithoutATrace)

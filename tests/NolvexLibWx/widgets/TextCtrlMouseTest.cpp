@@ -12,7 +12,36 @@ using Tests::selectionOf;
 
 namespace {
 
-using TextCtrlMouseTest = Tests::TextCtrlFixture;
+struct TextCtrlMouseTest : Tests::TextCtrlFixture
+{
+    int heightOf(long position) const { return text->PositionToCoords(position).y; }
+
+    /// The first place after the position that is shown on another line.
+    long nextShownLine(long position) const
+    {
+        long next = position;
+        while (next < text->GetLastPosition() && heightOf(next) == heightOf(position))
+            ++next;
+        return next;
+    }
+
+    void expectDoubleClickTakesTheSecondShownLine(int x)
+    {
+        const long second = nextShownLine(0);
+        const long third = nextShownLine(second);
+        ASSERT_LT(third, text->GetLastPosition()) << "it is wrapped";
+        mouse(wxEVT_LEFT_DCLICK, {x, heightOf(second) + text->GetCharHeight() / 2});
+        EXPECT_EQ(selectionOf(text), (Range{second, third - 1}));
+    }
+};
+
+wxString manyWords(int count)
+{
+    wxString words;
+    for (int i = 0; i < count; ++i)
+        words += wxString::Format("word%d ", i);
+    return words;
+}
 
 } // namespace
 
@@ -151,6 +180,75 @@ TEST_F(TextCtrlMouseTest, doubleClick_onTheLastLine_selectsToTheEndOfTheText)
     show("first line\nsecond line\nthird");
     mouse(wxEVT_LEFT_DCLICK, pointAt(text->XYToPosition(2, 2)));
     EXPECT_EQ(selectionOf(text), (Range{text->XYToPosition(0, 2), text->GetLastPosition()}));
+}
+
+TEST_F(TextCtrlMouseTest, doubleClick_onAWrappedLine_selectsWhatIsShownAsOne)
+{
+    show(manyWords(30) + "\nanother");
+    settledTop();
+    expectDoubleClickTakesTheSecondShownLine(1);
+    expectDoubleClickTakesTheSecondShownLine(40);
+}
+
+TEST_F(TextCtrlMouseTest, doubleClick_onAWordOfSeveralLines_selectsWhatIsShownAsOne)
+{
+    show(wxString(L'x', 200));
+    settledTop();
+    expectDoubleClickTakesTheSecondShownLine(40);
+}
+
+TEST_F(TextCtrlMouseTest, doubleClick_onTheLastShownPartOfALine_selectsItWithoutTheBreak)
+{
+    show(manyWords(8) + "\nanother");
+    settledTop();
+    const long next = text->XYToPosition(0, 1) > 0 ? text->GetValue().Find('\n') + 1L : 0;
+    long start = 0;
+    // On Windows a break counts as two.
+    const long brk = text->GetLastPosition() - 8;
+    while (heightOf(nextShownLine(start)) <= heightOf(brk) && nextShownLine(start) <= brk)
+        start = nextShownLine(start);
+    ASSERT_GT(start, 0) << "it is wrapped";
+    ASSERT_GT(next, 0);
+    mouse(wxEVT_LEFT_DCLICK, {5, heightOf(start) + text->GetCharHeight() / 2});
+    EXPECT_EQ(selectionOf(text).from, start);
+    EXPECT_EQ(selectionOf(text).to, text->GetLastPosition() - 8);
+}
+
+TEST_F(TextCtrlMouseTest, doubleClick_onTheLastShownLine_selectsToTheEndOfTheText)
+{
+    show(manyWords(8));
+    settledTop();
+    const long second = nextShownLine(0);
+    ASSERT_LT(second, text->GetLastPosition());
+    long last = second;
+    while (nextShownLine(last) < text->GetLastPosition())
+        last = nextShownLine(last);
+    mouse(wxEVT_LEFT_DCLICK, {5, heightOf(last) + text->GetCharHeight() / 2});
+    EXPECT_EQ(selectionOf(text), (Range{last, text->GetLastPosition()}));
+}
+
+TEST_F(TextCtrlMouseTest, doubleClick_onWhatWasJustAppended_findsItsLine)
+{
+    show("first\n");
+    // So that the view stays.
+    text->SetSelection(0, 2);
+    text->AppendText(manyWords(30));
+    mouse(wxEVT_LEFT_DCLICK, {5, text->GetCharHeight() * 5 / 2});
+    const Range chosen = selectionOf(text);
+    settledTop();
+    const long first = text->GetLastPosition() - long(manyWords(30).length());
+    const long start = nextShownLine(first);
+    EXPECT_EQ(chosen, (Range{start, nextShownLine(start) - 1}));
+}
+
+TEST_F(TextCtrlMouseTest, clicks_onAControlThatWasToFindAddresses_selectLikeAnyOther)
+{
+    show("http://example.com/\nsecond line", wxTE_MULTILINE | wxTE_AUTO_URL);
+    mouse(wxEVT_LEFT_DOWN, pointAt(4), true);
+    mouse(wxEVT_LEFT_UP);
+    EXPECT_EQ(selectionOf(text), (Range{4, 4}));
+    mouse(wxEVT_LEFT_DCLICK, pointAt(4));
+    EXPECT_EQ(selectionOf(text), (Range{0, text->XYToPosition(0, 1) - 1}));
 }
 
 TEST_F(TextCtrlMouseTest, doubleClick_onASingleLine_selectsAll)

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "support/Screen.h"
 #include "support/TextCtrlFixture.h"
 
 #include <wx/uiaction.h>
@@ -23,10 +24,12 @@ using TextCtrlTest = Tests::TextCtrlFixture;
 
 TEST_F(TextCtrlTest, construction_takesRichStylesOut)
 {
-    for (const long rich : {long(wxTE_RICH), long(wxTE_RICH2), long(wxTE_RICH | wxTE_RICH2)}) {
+    // The toolkit makes a control rich that is to find addresses, too.
+    constexpr long RICH = wxTE_RICH | wxTE_RICH2 | wxTE_AUTO_URL;
+    for (const long rich : {long(wxTE_RICH), long(wxTE_RICH2), long(wxTE_AUTO_URL), RICH}) {
         const auto* control =
             new TextCtrl(panel, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxTE_MULTILINE | rich);
-        EXPECT_EQ(control->GetWindowStyle() & (wxTE_RICH | wxTE_RICH2), 0);
+        EXPECT_EQ(control->GetWindowStyle() & RICH, 0);
         EXPECT_TRUE(control->IsMultiLine());
     }
 }
@@ -108,6 +111,46 @@ TEST_F(TextCtrlTest, append_withFocusAndASelectionToTheEnd_stays)
     EXPECT_EQ(settledTop(), before);
 }
 
+TEST_F(TextCtrlTest, append_withTheCaretFarToTheRight_staysThere)
+{
+    show(wxString(L'x', 400) + "\n" + numberedLines(3), wxTE_MULTILINE | wxTE_DONTWRAP);
+    focusText();
+    text->SetInsertionPoint(390);
+    Tests::pumpEvents(100);
+    // Still in view, but no longer at its edge.
+    text->SetInsertionPoint(380);
+    Tests::pumpEvents(100);
+    settledTop();
+    const int before = text->PositionToCoords(0).x;
+    ASSERT_LT(before, -100);
+    append("one more\n");
+    settledTop();
+    EXPECT_EQ(selectionOf(text), (Range{380, 380}));
+    EXPECT_EQ(text->PositionToCoords(0).x, before);
+}
+
+TEST_F(TextCtrlTest, append_toAShownText_isPaintedAtOnce)
+{
+    show("");
+    text->SetSelection(0, 0);
+    const auto ink = [this] {
+        const wxImage image = Tests::captureClientArea(text);
+        int dark = 0;
+        for (int x = 12; x < image.GetWidth() - 12; ++x)
+            dark += Tests::pixelAt(image, x, text->GetCharHeight() / 2).g < 100 ? 1 : 0;
+        return dark;
+    };
+    ASSERT_EQ(ink(), 0);
+    // Where the toolkit has an event for it, as on Windows, the pixels may follow later.
+    int paintings = 0;
+    text->Bind(wxEVT_PAINT, [&](wxPaintEvent& event) {
+        ++paintings;
+        event.Skip();
+    });
+    text->AppendText("MMMMMMMMMM");
+    EXPECT_TRUE(paintings > 0 || ink() > 5) << "no event was processed since";
+}
+
 TEST_F(TextCtrlTest, append_whileFrozen_showsTheEndOnceThawed)
 {
     show(numberedLines(40));
@@ -128,6 +171,29 @@ TEST_F(TextCtrlTest, freezeAndThaw_keepTheVisiblePart)
     text->Thaw();
     Tests::pumpEvents(100);
     EXPECT_EQ(settledTop(), before);
+}
+
+TEST_F(TextCtrlTest, showPosition_whileFrozen_isSeenOnceThawed)
+{
+    show(numberedLines(60));
+    ASSERT_EQ(scrolledTo(0), top());
+    const int before = settledTop();
+    text->Freeze();
+    text->ShowPosition(text->XYToPosition(0, 50));
+    text->Thaw();
+    EXPECT_LT(settledTop(), before - 100);
+}
+
+TEST_F(TextCtrlTest, showPosition_rightAfterAppending_winsOverFollowingTheEnd)
+{
+    show(numberedLines(60));
+    text->SetSelection(0, 0);
+    text->AppendText("one more\n");
+    text->ShowPosition(0);
+    settledTop();
+    const int first = top();
+    EXPECT_GT(first, -text->GetCharHeight());
+    EXPECT_FALSE(showsEnd());
 }
 
 TEST_F(TextCtrlTest, append_ofManyLines_keepsThemAll)

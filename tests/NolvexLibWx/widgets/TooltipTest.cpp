@@ -5,14 +5,11 @@
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/Monitors.h"
 #include "NolvexLibWx/StringConversions.h"
-#include "support/Events.h"
 #include "support/Screen.h"
+#include "support/TooltipFixture.h"
 
-#include <wx/frame.h>
-#include <wx/panel.h>
 #include <wx/settings.h>
 #include <wx/stopwatch.h>
-#include <wx/uiaction.h>
 
 #include <gtest/gtest.h>
 
@@ -28,58 +25,7 @@ namespace {
 
 static_assert(std::is_base_of_v<wxPopupWindow, Tooltip>);
 
-// A frame with an owner of 200 x 100 in it and the mouse away from both.
-struct TooltipTest : testing::Test
-{
-    static constexpr int SHORT_DELAY = 60;
-
-    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "tooltip", wxPoint(200, 200), wxSize(400, 300));
-    wxPanel* panel = new wxPanel(frame);
-    wxWindow* owner = new wxPanel(panel, wxID_ANY, wxPoint(50, 50), wxSize(200, 100));
-    wxUIActionSimulator mouse;
-
-    TooltipTest()
-    {
-        frame->Show();
-        frame->Raise();
-        pumpEvents(100);
-        mouse.MouseMove(5, 5);
-        pumpEvents(50);
-    }
-
-    ~TooltipTest() override
-    {
-        if (frame)
-            Tests::destroyNow(frame);
-    }
-
-    Tooltip* make(const String& text, int delay = SHORT_DELAY) const
-    {
-        auto* tooltip = new Tooltip(owner, text);
-        tooltip->setDelay(delay);
-        return tooltip;
-    }
-
-    void moveTo(int x, int y)
-    {
-        mouse.MouseMove(owner->ClientToScreen(wxPoint(x, y)));
-        pumpEvents(20);
-    }
-
-    void rest(Tooltip* tooltip, int x = 40, int y = 30)
-    {
-        moveTo(x - 2, y);
-        moveTo(x, y);
-        ASSERT_TRUE(pumpUntil([&] { return tooltip->IsShown(); }));
-        pumpEvents(100);
-    }
-
-    void leave()
-    {
-        mouse.MouseMove(panel->ClientToScreen(wxPoint(20, 20)));
-        pumpEvents(60);
-    }
-};
+using TooltipTest = Tests::TooltipFixture;
 
 } // namespace
 
@@ -304,6 +250,28 @@ TEST_F(TooltipTest, atTheEdgeOfTheScreen_itStaysInsideAndUp)
         << "it lies under the mouse and takes it from the owner";
     leave();
     EXPECT_TRUE(pumpUntil([&] { return !tooltip->IsShown(); }));
+}
+
+TEST_F(TooltipTest, setText_whileShownAtTheEdgeOfTheScreen_keepsItInside)
+{
+    const Bucket area = Wx::getMonitorRegionByWindow(frame, Wx::MonitorRegionType::WORK_AREA);
+    Tooltip* tooltip = make(L"i");
+    frame->Move(area.max.x - 300, area.max.y - 200);
+    pumpEvents(150);
+    owner->SetSize(400, 400);
+    pumpEvents(50);
+    const wxPoint corner = owner->ScreenToClient(wxPoint(area.max.x - 40, area.max.y - 40));
+    rest(tooltip, corner.x, corner.y);
+    const wxPoint before = tooltip->GetScreenPosition();
+    tooltip->setText(L"ii");
+    pumpEvents(50);
+    EXPECT_EQ(tooltip->GetScreenPosition(), before) << "there is room for this one";
+    tooltip->setText(L"a text of some length\nand of\nthree lines");
+    pumpEvents(100);
+    const wxRect rect = tooltip->GetScreenRect();
+    EXPECT_EQ(rect.GetRight(), area.max.x - 1);
+    EXPECT_EQ(rect.GetBottom(), area.max.y - 1);
+    leave();
 }
 
 TEST_F(TooltipTest, handlersOfTheOwner_runAsBefore)

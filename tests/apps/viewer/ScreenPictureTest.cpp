@@ -33,6 +33,13 @@ TEST(ScreenPictureTest, whereNoDisplayIs_isTransparent)
     EXPECT_EQ(picture.GetAlpha(119, 69), 255);
 }
 
+TEST(ScreenPictureTest, ofAScreenThatCannotBeRead_isInvalid)
+{
+    // Nothing is read there, as everywhere under a system that lets nobody read the screen.
+    const Array<Bucket> displays{{{-90'000, -90'000}, {-89'980, -89'990}}};
+    EXPECT_FALSE(screenPicture(displays).IsOk());
+}
+
 TEST(ScreenPictureTest, tooLarge_isInvalid)
 {
     const Array<Bucket> displays{{{0, 0}, {10, 10}}, {{2'000'000, 2'000'000}, {2'000'010, 2'000'010}}};

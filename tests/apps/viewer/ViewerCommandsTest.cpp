@@ -150,6 +150,22 @@ TEST_F(ViewerCommandsTest, copy_whileAnotherProgramHasTheClipboard_saysSoAndLose
     EXPECT_TRUE(frame->copyPicture()) << "free again";
 }
 
+TEST_F(ViewerCommandsTest, closedWhileTheCopyIsFetched_isGoneWithoutHarm)
+{
+    show(coordinates(60, 40));
+    const wxWeakRef<wxFrame> closing(frame);
+    // Where a clipboard manager fetches the picture, events run meanwhile; elsewhere the window closes later.
+    frame->CallAfter([this] { frame->Close(); });
+    Tests::whileClipboardOwnerIsSilent([&] {
+        wxCommandEvent event(wxEVT_MENU, Viewer::COPY);
+        frame->GetEventHandler()->ProcessEvent(event);
+        return true;
+    });
+    EXPECT_TRUE(Tests::pumpUntil([&] { return !closing; }));
+    frame = nullptr;
+    EXPECT_FALSE(Tests::clipboardBitmap().empty());
+}
+
 TEST_F(ViewerCommandsTest, copy_withoutAPicture_saysSoAndLeavesTheClipboardAlone)
 {
     make(wxBitmap());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/ClipboardReading.h"
 
+#include "support/ClipboardCopying.h"
 #include "support/Events.h"
 
 #include <wx/mstream.h>
@@ -80,10 +81,12 @@ gboolean makeCall(GtkWidget* /*widget*/, GdkEvent* /*event*/, gpointer data)
 
 } // namespace
 
-// Here xclip is the other program.
-Optional<int> Tests::readClipboardForParent(int /*argc*/, char** /*argv*/)
+// Here xclip is the other program that reads.
+Optional<int> Tests::useClipboardForParent(int argc, char** argv)
 {
-    return {};
+    if (argc != 3 || std::string(argv[1]) != COPY_ARGUMENT)
+        return {};
+    return copyAndEnd(argv[2]);
 }
 
 Optional<String> Tests::clipboardText()

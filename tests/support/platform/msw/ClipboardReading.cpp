@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/ClipboardReading.h"
 
+#include "support/ClipboardCopying.h"
 #include "support/Events.h"
 
 #include <wx/mstream.h>
@@ -59,13 +60,13 @@ int printClipboard(UINT format)
     return status;
 }
 
-std::wstring readCommand(UINT format)
+// This program, started with an argument and its value, both ASCII.
+std::wstring commandOf(const std::string& argument, const std::string& value)
 {
     wchar_t program[MAX_PATH];
     GetModuleFileNameW(nullptr, program, MAX_PATH);
-    return L'"' + std::wstring(program) + L"\" " +
-           std::wstring(READ_ARGUMENT, READ_ARGUMENT + std::strlen(READ_ARGUMENT)) + L' ' +
-           std::to_wstring(format);
+    return L'"' + std::wstring(program) + L"\" " + std::wstring(argument.begin(), argument.end()) + L' ' +
+           std::wstring(value.begin(), value.end());
 }
 
 // Starts the command with its output going into the pipe.
@@ -105,7 +106,7 @@ Array<std::uint8_t> readClipboard(UINT format)
     const Handle from(readEnd);
     Handle to(writeEnd);
     SetHandleInformation(readEnd, HANDLE_FLAG_INHERIT, 0);
-    const Handle process = start(readCommand(format), writeEnd);
+    const Handle process = start(commandOf(READ_ARGUMENT, std::to_string(format)), writeEnd);
     to.reset();
     if (!process)
         return {};
@@ -149,8 +150,10 @@ bool besideHolder(const std::function<bool()>& copy, const Hold& hold)
 
 } // namespace
 
-Optional<int> Tests::readClipboardForParent(int argc, char** argv)
+Optional<int> Tests::useClipboardForParent(int argc, char** argv)
 {
+    if (argc == 3 && std::strcmp(argv[1], COPY_ARGUMENT) == 0)
+        return copyAndEnd(argv[2]);
     if (argc != 3 || std::strcmp(argv[1], READ_ARGUMENT) != 0)
         return {};
     return printClipboard(static_cast<UINT>(std::strtoul(argv[2], nullptr, 10)));
@@ -190,6 +193,20 @@ bool Tests::whileClipboardIsTaken(const std::function<bool()>& copy)
         CloseClipboard();
         return open;
     });
+}
+
+bool Tests::afterCopyingProgramEnded(const char* what, const std::function<void()>& read)
+{
+    const Handle process = start(commandOf(COPY_ARGUMENT, what), GetStdHandle(STD_OUTPUT_HANDLE));
+    if (!process)
+        return false;
+    const auto ended = [&] { return WaitForSingleObject(process.get(), 0) == WAIT_OBJECT_0; };
+    if (!pumpUntil(ended, 60000))
+        TerminateProcess(process.get(), 1);
+    DWORD status = 1;
+    GetExitCodeProcess(process.get(), &status);
+    read();
+    return status == 0;
 }
 
 bool Tests::whileClipboardOwnerIsSilent(const std::function<bool()>& copy)

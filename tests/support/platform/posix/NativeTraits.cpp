@@ -5,3 +5,8 @@ bool Nolvex::Tests::displayMayBeMissing()
 {
     return true;
 }
+
+int Nolvex::Tests::depthOfBitmap(int asked)
+{
+    return asked == 1 ? 1 : 24;
+}

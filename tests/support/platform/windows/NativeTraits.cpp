@@ -5,3 +5,8 @@ bool Nolvex::Tests::displayMayBeMissing()
 {
     return false;
 }
+
+int Nolvex::Tests::depthOfBitmap(int asked)
+{
+    return asked;
+}

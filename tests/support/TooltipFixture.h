@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "NolvexLibWx/widgets/Tooltip.h"
+#include "support/Events.h"
+
+#include <wx/frame.h>
+#include <wx/panel.h>
+#include <wx/uiaction.h>
+
+#include <gtest/gtest.h>
+
+namespace Nolvex::Tests {
+
+/// A frame with an owner of 200 x 100 in it and the mouse away from both.
+struct TooltipFixture : testing::Test
+{
+    static constexpr int SHORT_DELAY = 60;
+
+    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "tooltip", wxPoint(200, 200), wxSize(400, 300));
+    wxPanel* panel = new wxPanel(frame);
+    wxWindow* owner = new wxPanel(panel, wxID_ANY, wxPoint(50, 50), wxSize(200, 100));
+    wxUIActionSimulator mouse;
+
+    TooltipFixture()
+    {
+        frame->Show();
+        frame->Raise();
+        pumpEvents(100);
+        mouse.MouseMove(5, 5);
+        pumpEvents(50);
+    }
+
+    ~TooltipFixture() override
+    {
+        if (frame)
+            destroyNow(frame);
+    }
+
+    Wx::Tooltip* make(const String& text, int delay = SHORT_DELAY) const
+    {
+        auto* tooltip = new Wx::Tooltip(owner, text);
+        tooltip->setDelay(delay);
+        return tooltip;
+    }
+
+    void moveTo(int x, int y)
+    {
+        mouse.MouseMove(owner->ClientToScreen(wxPoint(x, y)));
+        pumpEvents(20);
+    }
+
+    void rest(Wx::Tooltip* tooltip, int x = 40, int y = 30)
+    {
+        moveTo(x - 2, y);
+        moveTo(x, y);
+        ASSERT_TRUE(pumpUntil([&] { return tooltip->IsShown(); }));
+        pumpEvents(100);
+    }
+
+    void leave()
+    {
+        mouse.MouseMove(panel->ClientToScreen(wxPoint(20, 20)));
+        pumpEvents(60);
+    }
+};
+
+} // namespace Nolvex::Tests
