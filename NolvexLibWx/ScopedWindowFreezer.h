@@ -3,8 +3,10 @@
 
 #include "NolvexLib/Noncopyable.h"
 
-#include <wx/weakref.h>
 #include <wx/window.h>
+
+// Does not include all that it needs, and so comes after.
+#include <wx/weakref.h>
 
 namespace Nolvex::Wx {
 
