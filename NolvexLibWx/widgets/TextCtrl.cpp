@@ -22,13 +22,24 @@ wxPoint clampedTo(const wxSize& area, const wxPoint& point)
 
 } // namespace
 
-wxBEGIN_EVENT_TABLE(Wx::TextCtrl, wxTextCtrl) EVT_ERASE_BACKGROUND(Wx::TextCtrl::onEraseBackground)
-    EVT_LEFT_DOWN(Wx::TextCtrl::onLeftDown) EVT_LEFT_DCLICK(Wx::TextCtrl::onLeftDoubleClick)
-        EVT_LEFT_UP(Wx::TextCtrl::onLeftUp) EVT_MOTION(Wx::TextCtrl::onMotion)
-            EVT_ENTER_WINDOW(Wx::TextCtrl::onEnter) EVT_KEY_DOWN(Wx::TextCtrl::onKeyDown) wxEND_EVENT_TABLE()
+namespace Wx {
 
-                Wx::TextCtrl::TextCtrl(wxWindow* parent, int id, const wxString& value, const wxPoint& pos,
-                                       const wxSize& size, long style)
+// clang-format off
+wxBEGIN_EVENT_TABLE(TextCtrl, wxTextCtrl)
+    EVT_ERASE_BACKGROUND(TextCtrl::onEraseBackground)
+    EVT_LEFT_DOWN(TextCtrl::onLeftDown)
+    EVT_LEFT_DCLICK(TextCtrl::onLeftDoubleClick)
+    EVT_LEFT_UP(TextCtrl::onLeftUp)
+    EVT_MOTION(TextCtrl::onMotion)
+    EVT_ENTER_WINDOW(TextCtrl::onEnter)
+    EVT_KEY_DOWN(TextCtrl::onKeyDown)
+wxEND_EVENT_TABLE()
+// clang-format on
+
+} // namespace Wx
+
+Wx::TextCtrl::TextCtrl(wxWindow* parent, int id, const wxString& value, const wxPoint& pos,
+                       const wxSize& size, long style)
     : wxTextCtrl(parent, id, value, pos, size, style & ~RICH_STYLES)
 {
     Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent&) { releaseCapture(); });
