@@ -2,12 +2,9 @@
 #pragma once
 
 #include "NolvexLibWx/widgets/Button.h"
+#include "support/FrameFixture.h"
 #include "support/Gestures.h"
 #include "support/Screen.h"
-
-#include <wx/frame.h>
-
-#include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
@@ -45,29 +42,20 @@ struct Reports
     wxObject* object = nullptr;
 };
 
-struct ButtonFixture : testing::Test
+struct ButtonFixture : FrameFixture
 {
-    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "button", wxPoint(100, 100), wxSize(400, 300));
-    wxPanel* panel = new wxPanel(frame);
     Reports reports;
 
     ButtonFixture()
     {
         // On GTK only what has been shown can capture the mouse.
-        frame->Show();
-        pumpEvents(30);
+        showFrame();
         panel->Bind(wxEVT_BUTTON, [this](wxEvent& event) {
             reports.entries.emplace_back("event");
             reports.id = event.GetId();
             reports.object = event.GetEventObject();
             reports.position = static_cast<wxMouseEvent&>(event).GetPosition();
         });
-    }
-
-    ~ButtonFixture() override
-    {
-        destroyNow(frame);
-        EXPECT_EQ(wxWindow::GetCapture(), nullptr);
     }
 
     Button* make(const wxString& label = L"Label", Button::Behavior behavior = PUSH, bool enabled = true,
@@ -80,13 +68,7 @@ struct ButtonFixture : testing::Test
         return button;
     }
 
-    void show() const
-    {
-        frame->Raise();
-        wxUIActionSimulator().MouseMove(5, 5);
-        pumpUntil([this] { return frame->IsActive(); }, 200);
-        pumpEvents(100);
-    }
+    void show() const { showFrame(); }
 
     RgbBytes shownBackground(Button* button) const { return pixelAt(captureClientArea(button), 5, 5); }
 };

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "support/Events.h"
+
+#include <wx/frame.h>
+#include <wx/panel.h>
+#include <wx/uiaction.h>
+#include <wx/weakref.h>
+
+#include <gtest/gtest.h>
+
+namespace Nolvex::Tests {
+
+/// Base of the tests that need a frame. Makes a hidden frame that is filled by a panel, and destroys it after
+/// the test, when no window may hold the mouse capture any more.
+struct FrameFixture : testing::Test
+{
+    explicit FrameFixture(const wxString& title = L"test", const wxSize& size = {400, 300},
+                          long style = wxDEFAULT_FRAME_STYLE)
+        : frame(new wxFrame(nullptr, wxID_ANY, title, wxPoint(100, 100), size, style)),
+          panel(new wxPanel(frame))
+    {}
+
+    ~FrameFixture() override
+    {
+        destroyFrame();
+        EXPECT_EQ(wxWindow::GetCapture(), nullptr);
+    }
+
+    /// Moves the mouse away and brings the frame to the front. Returns when the panel has been painted and,
+    /// if a window manager activates frames at all, the frame is active.
+    void showFrame() const
+    {
+        constexpr int ACTIVATION_TIME = 200; // milliseconds; without a window manager no frame is ever active
+        bool painted = false;
+        const auto onPaint = [&painted](wxPaintEvent& event) {
+            painted = true;
+            event.Skip();
+        };
+        panel->Bind(wxEVT_PAINT, onPaint);
+        frame->Show();
+        frame->Raise();
+        wxUIActionSimulator().MouseMove(5, 5);
+        panel->Refresh();
+        EXPECT_TRUE(pumpUntil([&painted] { return painted; }));
+        panel->Unbind(wxEVT_PAINT, onPaint);
+        pumpUntil([this] { return frame->IsActive(); }, ACTIVATION_TIME);
+    }
+
+    /// Does nothing when the test has destroyed the frame itself.
+    void destroyFrame() const
+    {
+        if (frame)
+            destroyNow(frame);
+    }
+
+    wxWeakRef<wxFrame> frame;
+    wxPanel* panel;
+};
+
+} // namespace Nolvex::Tests
