@@ -3,6 +3,7 @@
 
 #include "support/Events.h"
 #include "support/Screen.h"
+#include "support/TestData.h"
 
 #include <wx/bitmap.h>
 #include <wx/frame.h>
@@ -39,8 +40,8 @@ protected:
 
 wxImage artwork()
 {
-    const auto file = std::filesystem::path(NOLVEX_TEST_DATA_DIR).parent_path().parent_path() /
-                      "NolvexLibWx" / "resources" / "ApplicationIcon.png";
+    const auto file =
+        Tests::testData().parent_path().parent_path() / "NolvexLibWx" / "resources" / "ApplicationIcon.png";
     return wxImage(wxString(file.wstring()));
 }
 

@@ -7,6 +7,7 @@
 #include "apps/viewer/ViewerFrame.h"
 #include "support/Events.h"
 #include "support/Screen.h"
+#include "support/TestData.h"
 
 #include <wx/image.h>
 
@@ -41,7 +42,7 @@ Wanted* findIn(wxWindow* window)
 
 inline Io::Path testPicture(const wchar_t* name)
 {
-    return Io::Path(std::filesystem::path(NOLVEX_TEST_DATA_DIR) / "images" / name);
+    return Io::Path(testData() / "images" / name);
 }
 
 struct ViewerFixture : testing::Test

@@ -6,6 +6,7 @@
 #include "NolvexLib/Io/FileOutputStream.h"
 #include "NolvexLib/Io/FileSize.h"
 #include "NolvexLibWx/BitmapConverter.h"
+#include "support/TestData.h"
 
 #include <gtest/gtest.h>
 
@@ -22,7 +23,7 @@ constexpr int HEIGHT = 10;
 
 Io::Path fixture(const char* name)
 {
-    return std::filesystem::path(NOLVEX_TEST_DATA_DIR) / "images" / name;
+    return Tests::testData() / "images" / name;
 }
 
 int distance(float channel, int expected)
