@@ -3,41 +3,27 @@
 
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/GeometryConversions.h"
+#include "NolvexLibWx/platform/CharacterHeight.h"
 
 namespace Nolvex {
 
 namespace {
 
-constexpr int DEFAULT_TEXT_HEIGHT = 12;
-
-struct SizedFont
-{
-    wxFont original;
-    int height = 0; // in pixels
-    wxFont sized;
-};
+constexpr int DEFAULT_TEXT_HEIGHT = 12; // design units
 
 } // namespace
 
 wxFont Wx::setDefaultFontSize(wxFont font, float factor)
 {
-    const int height = Detail::truncate(static_cast<float>(scaleByDpi(DEFAULT_TEXT_HEIGHT)) * factor);
-    // Nearly all controls ask with the one font of the system, and to find the size takes the toolkit nearly
-    // as long as to make a window.
-    static SizedFont last;
-    if (last.original.IsOk() && last.original.IsSameAs(font) && last.height == height)
-        return last.sized;
-    last.original = font;
-    font.SetPixelSize(wxSize(0, height));
-    last.height = height;
-    last.sized = font;
+    const auto height = static_cast<float>(scaleByDpi(DEFAULT_TEXT_HEIGHT));
+    Platform::setCharacterHeight(font, Detail::truncate(height * factor));
     return font;
 }
 
 wxFont Wx::setupStaticTextFont(wxFont font, Flags<TextFlag> flags)
 {
     wxFont sized = font;
-    sized.SetPixelSize(wxSize(0, scaleByDpi(DEFAULT_TEXT_HEIGHT)));
+    Platform::setCharacterHeight(sized, scaleByDpi(DEFAULT_TEXT_HEIGHT));
     font = sized.GetBaseFont();
     if (flags.has(TextFlag::BOLD))
         font.MakeBold();

@@ -10,18 +10,19 @@
 
 namespace Nolvex::Wx {
 
-/// How a text is set.
+/// Variants of the plain font.
 enum class TextFlag : std::uint32_t
 {
     BOLD = 1,
     ITALIC = 2,
 };
 
-/// The font, a valid one, at the default text height (12 design units) times `factor`, cut to whole pixels,
-/// at least one of which must be left.
+/// Returns the font with a character height of 12 design units times `factor`, cut to whole pixels. The font
+/// must be valid, and at least one pixel must be left.
 NOLVEXLIBWX_EXPORT wxFont setDefaultFontSize(wxFont font, float factor);
 
-/// The font's face at the default text height, plain but for the flags: its own weight and style are dropped.
+/// Returns a font of the same face with a character height of 12 design units. The flags alone decide whether
+/// it is bold or italic: the weight, the style and the lines of the font passed in are dropped.
 NOLVEXLIBWX_EXPORT wxFont setupStaticTextFont(wxFont font, Flags<TextFlag> flags);
 
 } // namespace Nolvex::Wx

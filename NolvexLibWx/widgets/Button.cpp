@@ -5,7 +5,7 @@
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/FontSetup.h"
 #include "NolvexLibWx/GeometryConversions.h"
-#include "NolvexLibWx/PerScale.h"
+#include "NolvexLibWx/paint/PerScale.h"
 #include "NolvexLibWx/platform/Accessibility.h"
 
 #include <wx/dcclient.h>

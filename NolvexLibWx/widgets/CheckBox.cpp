@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/widgets/CheckBox.h"
 
-#include "NolvexLibWx/CheckBoxExtent.h"
+#include "NolvexLibWx/paint/CheckBoxExtent.h"
 #include "NolvexLibWx/ColourConversions.h"
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/FontSetup.h"
 #include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/MoveFocus.h"
-#include "NolvexLibWx/PerScale.h"
+#include "NolvexLibWx/paint/PerScale.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/platform/OutlineFont.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"

@@ -2,7 +2,7 @@
 #include "NolvexLibWx/widgets/CollapsiblePanel.h"
 
 #include "NolvexLibWx/ColourConversions.h"
-#include "NolvexLibWx/CrispLines.h"
+#include "NolvexLibWx/paint/CrispLines.h"
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/FontSetup.h"
 #include "NolvexLibWx/ScopedWindowFreezer.h"

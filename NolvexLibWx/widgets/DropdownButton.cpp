@@ -3,7 +3,7 @@
 
 #include "NolvexLib/StopException.h"
 #include "NolvexLibWx/ColourConversions.h"
-#include "NolvexLibWx/CrispLines.h"
+#include "NolvexLibWx/paint/CrispLines.h"
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/platform/Accessibility.h"

@@ -2,7 +2,7 @@
 #include "NolvexLibWx/widgets/OskaBorder.h"
 
 #include "NolvexLibWx/ColourConversions.h"
-#include "NolvexLibWx/CrispLines.h"
+#include "NolvexLibWx/paint/CrispLines.h"
 #include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"
 

@@ -3,7 +3,7 @@
 
 #include "NolvexLib/StopException.h"
 #include "NolvexLibWx/ColourConversions.h"
-#include "NolvexLibWx/CrispLines.h"
+#include "NolvexLibWx/paint/CrispLines.h"
 
 #include <wx/dcclient.h>
 #include <wx/pen.h>

@@ -4,6 +4,7 @@
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/platform/NativePaint.h"
+#include "NolvexLibWx/platform/TextLook.h"
 
 #include <wx/dc.h>
 
@@ -16,6 +17,7 @@ Wx::TextControl::TextControl(wxWindow* parent, int id, const String& value, unsi
       TooltipWindow(this),
       m_disabledPaint(std::make_unique<Platform::NativePaint>(*this, [this](wxDC& dc) { paintDisabled(dc); }))
 {
+    Platform::adaptTextLook(*this);
     SetFont(setupStaticTextFont(GetFont(), flags));
 }
 

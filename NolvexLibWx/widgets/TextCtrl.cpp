@@ -3,6 +3,7 @@
 
 #include "NolvexLibWx/ScopedWindowFreezer.h"
 #include "NolvexLibWx/platform/TextInput.h"
+#include "NolvexLibWx/platform/TextLook.h"
 #include "NolvexLibWx/platform/TextPositions.h"
 
 #include <algorithm>
@@ -42,6 +43,7 @@ Wx::TextCtrl::TextCtrl(wxWindow* parent, int id, const wxString& value, const wx
                        const wxSize& size, long style)
     : wxTextCtrl(parent, id, value, pos, size, style & ~RICH_STYLES)
 {
+    Platform::adaptTextLook(*this);
     Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent&) { releaseCapture(); });
 }
 

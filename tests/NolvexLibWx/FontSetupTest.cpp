@@ -1,14 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/FontSetup.h"
 
-#include "NolvexLibWx/DpiScaling.h"
+#include "support/ScreenResolution.h"
 
 #include <wx/settings.h>
+#include <wx/window.h>
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+
 using namespace Nolvex;
 using namespace Nolvex::Wx;
+using Nolvex::Tests::ScreenResolution;
 
 namespace {
 
@@ -17,41 +21,74 @@ wxFont systemFont()
     return wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT);
 }
 
+/// The scale of the run to a thousandth, so that 125 % is told apart from 100 %.
+double scale()
+{
+    return wxWindowBase::FromDIP(wxSize(1000, 0), nullptr).GetWidth() / 1000.0;
+}
+
+/// The height of the font's characters in pixels of the screen: 72 points are an inch.
+double characterHeight(const wxFont& font)
+{
+    return font.GetFractionalPointSize() / 72 * 96 * scale();
+}
+
 } // namespace
 
-TEST(FontSetupTest, setDefaultFontSize_setsThePixelHeight)
+TEST(FontSetupTest, setDefaultFontSize_givesNinePoints)
 {
-    EXPECT_EQ(setDefaultFontSize(systemFont(), 1.0f).GetPixelSize().y, scaleByDpi(12));
-    EXPECT_EQ(setDefaultFontSize(systemFont(), 2.0f).GetPixelSize().y, 2 * scaleByDpi(12));
+    // 12 units at 96 DPI are 9 points, and remain 9 points wherever the units grow with the resolution.
+    EXPECT_DOUBLE_EQ(setDefaultFontSize(systemFont(), 1.0f).GetFractionalPointSize(), 9.0);
+}
+
+TEST(FontSetupTest, setDefaultFontSize_multipliesTheHeight)
+{
+    EXPECT_DOUBLE_EQ(setDefaultFontSize(systemFont(), 2.0f).GetFractionalPointSize(), 18.0);
 }
 
 TEST(FontSetupTest, setDefaultFontSize_cutsToWholePixels)
 {
-    // 1.24 x 12 is 14.88: 14, not 15. Compared as fonts, since the toolkit keeps points and rounds what it
-    // reports.
-    wxFont expected = systemFont();
-    expected.SetPixelSize(wxSize(0, static_cast<int>(static_cast<float>(scaleByDpi(12)) * 1.24f)));
-    EXPECT_EQ(setDefaultFontSize(systemFont(), 1.24f), expected);
+    // At 100 % 1.24 x 12 is 14.88: 14 pixels, not 15.
+    const int pixels = static_cast<int>(static_cast<float>(12 * scale()) * 1.24f);
+    EXPECT_NEAR(characterHeight(setDefaultFontSize(systemFont(), 1.24f)), pixels, 0.01);
 }
 
 TEST(FontSetupTest, setDefaultFontSize_leavesTheCallersFontAlone)
 {
     const wxFont font = systemFont();
-    const wxSize before = font.GetPixelSize();
+    const double before = font.GetFractionalPointSize();
     setDefaultFontSize(font, 3.0f);
-    EXPECT_EQ(font.GetPixelSize(), before);
+    EXPECT_EQ(font.GetFractionalPointSize(), before);
+}
+
+TEST(FontSetupTest, setDefaultFontSize_keepsWeightAndStyleOfTheFont)
+{
+    const wxFont font = setDefaultFontSize(systemFont().Bold().Italic(), 1.0f);
+    EXPECT_EQ(font.GetWeight(), wxFONTWEIGHT_BOLD);
+    EXPECT_EQ(font.GetStyle(), wxFONTSTYLE_ITALIC);
+}
+
+TEST(FontSetupTest, characters_keepTheirHeightInPixelsAtAnotherResolution)
+{
+    const ScreenResolution resolution(144.0);
+    if (!resolution.isSet())
+        GTEST_SKIP()
+            << "the system's resolution is fixed while a program runs; the runs at other DPI cover this";
+    EXPECT_DOUBLE_EQ(setDefaultFontSize(systemFont(), 1.0f).GetFractionalPointSize(), 6.0);
+    EXPECT_DOUBLE_EQ(setupStaticTextFont(systemFont(), {}).GetFractionalPointSize(), 6.0);
 }
 
 TEST(FontSetupTest, setupStaticTextFont_dropsWeightAndStyleOfTheFont)
 {
     wxFont font = systemFont();
-    font.MakeBold().MakeItalic().MakeUnderlined();
+    font.MakeBold().MakeItalic().MakeUnderlined().MakeStrikethrough();
     const wxFont plain = setupStaticTextFont(font, {});
     EXPECT_EQ(plain.GetWeight(), wxFONTWEIGHT_NORMAL);
     EXPECT_EQ(plain.GetStyle(), wxFONTSTYLE_NORMAL);
     EXPECT_FALSE(plain.GetUnderlined());
+    EXPECT_FALSE(plain.GetStrikethrough());
     EXPECT_EQ(plain.GetFaceName(), font.GetFaceName());
-    EXPECT_EQ(plain.GetPixelSize().y, scaleByDpi(12));
+    EXPECT_DOUBLE_EQ(plain.GetFractionalPointSize(), 9.0);
 }
 
 TEST(FontSetupTest, setupStaticTextFont_appliesTheFlags)
@@ -65,5 +102,11 @@ TEST(FontSetupTest, setupStaticTextFont_appliesTheFlags)
     const wxFont both = setupStaticTextFont(systemFont(), {TextFlag::BOLD, TextFlag::ITALIC});
     EXPECT_EQ(both.GetWeight(), wxFONTWEIGHT_BOLD);
     EXPECT_EQ(both.GetStyle(), wxFONTSTYLE_ITALIC);
-    EXPECT_EQ(both.GetPixelSize().y, scaleByDpi(12));
+    EXPECT_DOUBLE_EQ(both.GetFractionalPointSize(), 9.0);
+}
+
+TEST(FontSetupTest, textFlags_haveTheValuesOfTheirBits)
+{
+    EXPECT_EQ(static_cast<std::uint32_t>(TextFlag::BOLD), 1u);
+    EXPECT_EQ(static_cast<std::uint32_t>(TextFlag::ITALIC), 2u);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/platform/OwnWindowCheckBox.h"
 
-#include "NolvexLibWx/CheckBoxExtent.h"
+#include "NolvexLibWx/paint/CheckBoxExtent.h"
 #include "NolvexLibWx/platform/Accessibility.h"
 
 #include <wx/msw/private.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/platform/msw/OwnWindowStaticText.h"
 
-#include "NolvexLibWx/LabelExtent.h"
+#include "NolvexLibWx/paint/LabelExtent.h"
 #include "NolvexLibWx/platform/Accessibility.h"
 
 namespace Nolvex {

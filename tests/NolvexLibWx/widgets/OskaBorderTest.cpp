@@ -4,15 +4,19 @@
 #include "NolvexLibWx/widgets/GuiSkin.h"
 #include "support/DefaultSkinGuard.h"
 #include "support/Events.h"
+#include "support/FrameFixture.h"
 #include "support/Screen.h"
 
 #include <wx/dcmemory.h>
-#include <wx/frame.h>
 #include <wx/pen.h>
 #include <wx/sizer.h>
 #include <wx/uiaction.h>
 
 #include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+#include <vector>
 
 using namespace Nolvex;
 using Tests::pixelAt;
@@ -62,6 +66,17 @@ RgbBytes expectedPixel(int x, int y, const wxSize& size, Flags<OskaBorderState> 
     return PAPER;
 }
 
+bool isBorder(const wxImage& image, const wxSize& size, Flags<OskaBorderState> flags)
+{
+    for (int y = 0; y < image.GetHeight(); ++y) {
+        for (int x = 0; x < image.GetWidth(); ++x) {
+            if (!(pixelAt(image, x, y) == expectedPixel(x, y, size, flags)))
+                return false;
+        }
+    }
+    return true;
+}
+
 void expectBorder(const wxImage& image, const wxSize& size, Flags<OskaBorderState> flags)
 {
     for (int y = 0; y < image.GetHeight(); ++y) {
@@ -72,21 +87,32 @@ void expectBorder(const wxImage& image, const wxSize& size, Flags<OskaBorderStat
     }
 }
 
-// A border of 40 x 20 on white, shown where the mouse is not.
-struct OskaBorderWindowTest : testing::Test
+/// Expects each pixel to have the colour of its letter: "." paper, "o" outer, "i" inner, "a" the first pixel
+/// of the bottom edge, "b" the pixels after it.
+void expectPixels(const wxImage& image, const wxPoint& origin, const std::vector<std::string>& rows)
 {
-    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "border", wxPoint(60, 60), wxSize(300, 200));
-    wxPanel* panel = new wxPanel(frame);
+    const std::map<char, RgbBytes> colours{
+        {'.', PAPER}, {'o', OUTER}, {'i', INNER}, {'a', BOTTOM_OUTER}, {'b', BOTTOM_INNER}};
+    for (int y = 0; y < static_cast<int>(rows.size()); ++y) {
+        const std::string& row = rows[static_cast<std::size_t>(y)];
+        for (int x = 0; x < static_cast<int>(row.size()); ++x)
+            EXPECT_EQ(pixelAt(image, origin.x + x, origin.y + y),
+                      colours.at(row[static_cast<std::size_t>(x)]))
+                << "at " << origin.x + x << ", " << origin.y + y;
+    }
+}
 
-    OskaBorder* show(Flags<OskaBorderState> flags)
+/// A border of 40 x 20 on white, shown where the mouse is not.
+struct OskaBorderWindowTest : Tests::FrameFixture
+{
+    OskaBorderWindowTest() : FrameFixture("border", wxSize(300, 200)) {}
+
+    OskaBorder* show(Flags<OskaBorderState> flags) const
     {
         auto* border = new OskaBorder(panel, flags);
         border->SetSize(10, 10, 40, 20);
         border->SetBackgroundColour(*wxWHITE);
-        border->Refresh();
-        frame->Show();
-        frame->Raise();
-        Tests::pumpEvents(150);
+        showFrame();
         return border;
     }
 
@@ -95,10 +121,15 @@ struct OskaBorderWindowTest : testing::Test
         wxMouseEvent event(type);
         event.SetEventObject(window);
         window->GetEventHandler()->ProcessEvent(event);
-        Tests::pumpEvents(100);
     }
 
-    ~OskaBorderWindowTest() override { Tests::destroyNow(frame); }
+    /// Expects the screen to show the border in this state, soon.
+    static void expectShown(OskaBorder* border, Flags<OskaBorderState> flags)
+    {
+        const wxSize size(40, 20);
+        Tests::pumpUntil([&] { return isBorder(Tests::captureClientArea(border), size, flags); });
+        expectBorder(Tests::captureClientArea(border), size, flags);
+    }
 };
 
 } // namespace
@@ -140,21 +171,50 @@ TEST(OskaBorderTest, draw_ofNothing_paintsOnlyNothing)
         EXPECT_EQ(pixelAt(image, i % 4, i / 4), PAPER);
 }
 
+TEST(OskaBorderTest, draw_ofASinglePixelsWidthOrHeight_paintsTheFrameAndTheBottomLines)
+{
+    // The second bottom line of a border one pixel wide leads to the left, from x 1 to x 0, and paints x 1.
+    expectPixels(drawn(wxSize(4, 4), {{0, 0}, {1, 3}}, {}), {0, 0}, {"o...", "o...", "ab..", "...."});
+    expectPixels(drawn(wxSize(4, 4), {{0, 0}, {1, 1}}, {}), {0, 0}, {"ab..", "....", "...."});
+    expectPixels(drawn(wxSize(5, 4), {{0, 0}, {4, 1}}, {}), {0, 0}, {"abba.", ".....", "....."});
+    expectPixels(drawn(wxSize(4, 4), {{0, 0}, {1, 3}}, NO_FRAME), {0, 0}, {"i...", "i...", "i...", "...."});
+    expectPixels(drawn(wxSize(4, 4), {{0, 0}, {3, 1}}, NO_FRAME), {0, 0}, {"iii.", "...."});
+    expectPixels(drawn(wxSize(4, 4), {{0, 0}, {1, 1}}, NO_FRAME), {0, 0}, {"i...", "...."});
+}
+
+TEST(OskaBorderTest, draw_toTheRightOfTheOrigin_leadsTheBottomLinesLeftwards)
+{
+    // The lines lead from x 30 to 10 and from x 31 to 9, without the pixels at their ends.
+    const wxImage image = drawn(wxSize(50, 12), {{30, 0}, {40, 10}}, {});
+    for (int x = 0; x < 50; ++x) {
+        const RgbBytes expected = x < 10 ? PAPER : x <= 31 ? BOTTOM_INNER : x < 40 ? OUTER : PAPER;
+        EXPECT_EQ(pixelAt(image, x, 9), expected) << "at " << x;
+    }
+}
+
 TEST(OskaBorderTest, draw_awayFromTheOrigin_endsTheBottomLinesAtWidthAndHeight)
 {
-    // From (4, 13) towards (20, 9): the lines rise to the right instead of following the bottom edge.
-    const wxImage image = drawn(wxSize(40, 30), {{4, 4}, {24, 14}}, {});
-    EXPECT_EQ(pixelAt(image, 4, 4), OUTER);
-    EXPECT_EQ(pixelAt(image, 23, 4), OUTER);
-    EXPECT_EQ(pixelAt(image, 23, 13), OUTER) << "the end of the bottom edge is not reached";
-    EXPECT_EQ(pixelAt(image, 4, 13), BOTTOM_OUTER);
-    EXPECT_EQ(pixelAt(image, 5, 13), BOTTOM_INNER);
-    int inside = 0;
-    for (int x = 6; x < 19; ++x) {
-        for (int y = 9; y < 13; ++y)
-            inside += pixelAt(image, x, y) == BOTTOM_INNER ? 1 : 0;
-    }
-    EXPECT_GT(inside, 8) << "the slanted line runs through the inside";
+    // The lines rise from (4, 13) towards (20, 9) and from (5, 13) towards (19, 9).
+    expectPixels(drawn(wxSize(40, 30), {{4, 4}, {24, 14}}, {}), {3, 8},
+                 {".oi................io.", ".oi............ba..io.", ".oi........bbbb....io.",
+                  ".oi....abbb........io.", ".oiabbbbiiiiiiiiiiiio.", ".abbooooooooooooooooo.",
+                  "......................"});
+}
+
+TEST(OskaBorderTest, draw_farBelowTheOrigin_leadsTheBottomLinesUpwards)
+{
+    expectPixels(drawn(wxSize(40, 40), {{2, 20}, {8, 30}}, {}), {1, 8},
+                 {"........", "........", "....ba..", "....ba..", "....b...", "....b...",
+                  "...ba...", "...ba...", "...ba...", "...b....", "...b....", "...b....",
+                  ".oobooo.", ".oibiio.", ".oab.io.", ".oab.io.", ".ob..io.", ".ob..io.",
+                  ".ob..io.", ".ab..io.", ".abiiio.", ".aboooo.", "........"});
+}
+
+TEST(OskaBorderTest, states_haveTheValuesOfTheirBits)
+{
+    EXPECT_EQ(static_cast<std::uint32_t>(HOVERED), 2u);
+    EXPECT_EQ(static_cast<std::uint32_t>(ENABLED), 4u);
+    EXPECT_EQ(static_cast<std::uint32_t>(NO_FRAME), 8u);
 }
 
 TEST(OskaBorderTest, highlight_isReadFromTheDefaultSkinAtEachDrawing)
@@ -185,7 +245,7 @@ TEST_F(OskaBorderWindowTest, window_paintsItsStateOverItsWholeClientArea)
 {
     for (const std::uint32_t bits : {0u, 4u, 8u, 12u}) {
         OskaBorder* border = show(Flags<OskaBorderState>::fromBits(bits));
-        expectBorder(Tests::captureClientArea(border), {40, 20}, Flags<OskaBorderState>::fromBits(bits));
+        expectShown(border, Flags<OskaBorderState>::fromBits(bits));
         border->Destroy();
     }
 }
@@ -195,10 +255,10 @@ TEST_F(OskaBorderWindowTest, enteringAndLeaving_setAndClearHovered)
     OskaBorder* border = show(ENABLED);
     sendMouse(border, wxEVT_ENTER_WINDOW);
     EXPECT_TRUE(border->borderState().has(HOVERED));
-    expectBorder(Tests::captureClientArea(border), {40, 20}, {HOVERED, ENABLED});
+    expectShown(border, {HOVERED, ENABLED});
     sendMouse(border, wxEVT_LEAVE_WINDOW);
     EXPECT_EQ(border->borderState(), Flags<OskaBorderState>(ENABLED));
-    expectBorder(Tests::captureClientArea(border), {40, 20}, ENABLED);
+    expectShown(border, ENABLED);
 }
 
 TEST_F(OskaBorderWindowTest, mouseThatComesAndGoes_lightsTheInnerLine)
@@ -207,19 +267,17 @@ TEST_F(OskaBorderWindowTest, mouseThatComesAndGoes_lightsTheInnerLine)
     wxUIActionSimulator mouse;
     mouse.MouseMove(border->ClientToScreen(wxPoint(15, 10)));
     EXPECT_TRUE(Tests::pumpUntil([&] { return border->borderState().has(HOVERED); }));
-    Tests::pumpEvents(100);
-    expectBorder(Tests::captureClientArea(border), {40, 20}, {HOVERED, ENABLED});
+    expectShown(border, {HOVERED, ENABLED});
     mouse.MouseMove(border->ClientToScreen(wxPoint(15, 60)));
     EXPECT_TRUE(Tests::pumpUntil([&] { return !border->borderState().has(HOVERED); }));
-    Tests::pumpEvents(100);
-    expectBorder(Tests::captureClientArea(border), {40, 20}, ENABLED);
+    expectShown(border, ENABLED);
 }
 
 TEST_F(OskaBorderWindowTest, hoveredButDisabled_keepsTheInnerColour)
 {
     OskaBorder* border = show({});
     sendMouse(border, wxEVT_ENTER_WINDOW);
-    expectBorder(Tests::captureClientArea(border), {40, 20}, HOVERED);
+    expectShown(border, HOVERED);
 }
 
 TEST_F(OskaBorderWindowTest, changedHighlight_showsAtTheNextPaint)
@@ -229,8 +287,9 @@ TEST_F(OskaBorderWindowTest, changedHighlight_showsAtTheNextPaint)
     sendMouse(border, wxEVT_ENTER_WINDOW);
     Wx::GuiSkin::DEFAULT().highlight = {200, 100, 50};
     border->Refresh();
-    Tests::pumpEvents(100);
-    EXPECT_EQ(pixelAt(Tests::captureClientArea(border), 1, 1), (RgbBytes{200, 100, 50}));
+    EXPECT_TRUE(Tests::pumpUntil([&] {
+        return pixelAt(Tests::captureClientArea(border), 1, 1) == RgbBytes{200, 100, 50};
+    }));
 }
 
 TEST_F(OskaBorderWindowTest, enable_keepsTheFlagInStepAndReturnsTheToolkitsAnswer)

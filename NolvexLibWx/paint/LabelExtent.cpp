@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "NolvexLibWx/LabelExtent.h"
+#include "NolvexLibWx/paint/LabelExtent.h"
 
 #include <wx/arrstr.h>
 #include <wx/control.h>

@@ -7,13 +7,13 @@ class WXDLLIMPEXP_FWD_CORE wxControl;
 
 namespace Nolvex {
 
-/// The length of a check box's box, in design units.
+/// The width and height of the box that holds the check mark, in design units.
 inline constexpr int CHECK_BOX_LENGTH = 15;
 
-/// Where a check box's label starts, in design units.
+/// The distance of the label from the left edge of the check box, in design units.
 inline constexpr int CHECK_BOX_LABEL_X = 18;
 
-/// The size in which box, label and the label's focus mark are seen whole.
+/// Returns the smallest size that shows the box, the label and the focus mark around the label whole.
 wxSize checkBoxExtent(const wxControl& checkBox);
 
 } // namespace Nolvex

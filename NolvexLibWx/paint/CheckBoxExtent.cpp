@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "NolvexLibWx/CheckBoxExtent.h"
+#include "NolvexLibWx/paint/CheckBoxExtent.h"
 
 #include "NolvexLibWx/DpiScaling.h"
 
@@ -16,8 +16,8 @@ wxSize checkBoxExtent(const wxControl& checkBox)
     if (label.empty())
         return {box, box};
     const wxSize text = checkBox.GetTextExtent(label);
-    // The mark starts one unit before the label and is two wider; its line takes a pixel more, and may come
-    // out a pixel further to the right.
+    // The focus mark starts one unit before the label and is two units wider than the label. Its line adds a
+    // pixel, and rounding may move the line another pixel to the right.
     const int right = Wx::scaleByDpi(CHECK_BOX_LABEL_X - 1) + text.x + Wx::scaleByDpi(2) + 2;
     return {right, std::max(box, text.y)};
 }

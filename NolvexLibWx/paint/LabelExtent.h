@@ -7,7 +7,7 @@ class WXDLLIMPEXP_FWD_CORE wxControl;
 
 namespace Nolvex {
 
-/// The room that a control's label takes when it is painted as it stands, "&" and all, in the control's font.
+/// Returns the size of a control's label in the control's font, every line and every "&" included.
 wxSize labelExtent(const wxControl& control);
 
 } // namespace Nolvex
