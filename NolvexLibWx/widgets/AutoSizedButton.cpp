@@ -31,6 +31,11 @@ wxBitmap resized(const wxBitmap& icon, int size)
     return {image};
 }
 
+wxBitmap fitted(const wxBitmap& icon, Optional<int> size)
+{
+    return icon.IsOk() && size ? resized(icon, *size) : Wx::scaleByDpi(icon);
+}
+
 wxSize extent(const wxBitmap& bitmap)
 {
     return bitmap.IsOk() ? bitmap.GetSize() : wxSize(0, 0);
@@ -39,13 +44,13 @@ wxSize extent(const wxBitmap& bitmap)
 } // namespace
 
 Wx::AutoSizedButton::AutoSizedButton(wxWindow* parent, const wxString& label, int minWidth, int minHeight)
-    : Button(parent, GuiSkin::DEFAULT(), wxID_ANY, label, wxBitmap(), wxBitmap(), {}, Behavior::PUSH, true,
-             OskaBorderState::ENABLED),
+    : Button(
+          parent, GuiSkin::DEFAULT(), wxID_ANY, label, wxBitmap(), wxBitmap(), [this] { onClicked(); },
+          Behavior::PUSH, true, OskaBorderState::ENABLED),
       m_minWidth(minWidth),
       m_minHeight(minHeight)
 {
     updateMinimumSize();
-    m_clickCallback = [this] { onClicked(); };
 }
 
 Wx::AutoSizedButton::~AutoSizedButton() = default;
@@ -70,34 +75,35 @@ void Wx::AutoSizedButton::setClickCallback(Function<void()> onClick)
 
 void Wx::AutoSizedButton::setEnabledIcon(const wxBitmap& icon, Optional<int> size)
 {
-    setIcon(m_bitmap, icon, size);
+    setBitmap(fitted(icon, size));
+    onIconChanged();
 }
 
 void Wx::AutoSizedButton::setDisabledIcon(const wxBitmap& icon, Optional<int> size)
 {
-    setIcon(m_bitmapWhenDisabled, icon, size);
+    setBitmapWhenDisabled(fitted(icon, size));
+    onIconChanged();
 }
 
-void Wx::AutoSizedButton::setIcon(wxBitmap& destination, const wxBitmap& icon, Optional<int> size)
+void Wx::AutoSizedButton::onIconChanged()
 {
-    destination = icon.IsOk() && size ? resized(icon, *size) : scaleByDpi(icon);
     updateMinimumSize();
     repaintNow();
 }
 
 void Wx::AutoSizedButton::updateMinimumSize()
 {
-    wxSize icon = extent(m_bitmap);
-    icon.IncTo(extent(m_bitmapWhenDisabled));
+    wxSize icon = extent(bitmap());
+    icon.IncTo(extent(bitmapWhenDisabled()));
     wxClientDC dc(this);
     dc.SetFont(setDefaultFontSize(dc.GetFont(), 1.0f));
-    wxSize text = dc.GetTextExtent(m_label);
+    wxSize text = dc.GetTextExtent(GetLabel());
     if (text.x >= 1) {
         const Pixel padding = scaleByDpi(LABEL_PADDING);
         text.IncBy(padding.x, padding.y);
     }
     const int frame =
-        m_state.has(OskaBorderState::NO_FRAME) ? FRAME_ALLOWANCE_WITHOUT_FRAME : FRAME_ALLOWANCE;
+        borderState().has(OskaBorderState::NO_FRAME) ? FRAME_ALLOWANCE_WITHOUT_FRAME : FRAME_ALLOWANCE;
     const int width = std::max({scaleByDpi(m_minWidth), text.x + frame + icon.x, 0});
     const int height = std::max({scaleByDpi(m_minHeight), 0, icon.y + frame, text.y + frame});
     SetMinSize(wxSize(width, height));

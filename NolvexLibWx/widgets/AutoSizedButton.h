@@ -29,7 +29,7 @@ public:
     void setDisabledIcon(const wxBitmap& icon, Optional<int> size = {});
 
 private:
-    void setIcon(wxBitmap& destination, const wxBitmap& icon, Optional<int> size);
+    void onIconChanged();
     void updateMinimumSize();
     void onClicked();
     void repaintNow();

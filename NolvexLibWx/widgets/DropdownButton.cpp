@@ -5,6 +5,7 @@
 #include "NolvexLibWx/ColourConversions.h"
 #include "NolvexLibWx/paint/CrispLines.h"
 #include "NolvexLibWx/DpiScaling.h"
+#include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/platform/Accessibility.h"
 
@@ -113,9 +114,9 @@ void Wx::DropdownButton::setText(int index, const String& text)
 
 void Wx::DropdownButton::onMouseDown(wxMouseEvent& /*event*/)
 {
-    if (!m_state.has(OskaBorderState::ENABLED))
+    if (!borderState().has(OskaBorderState::ENABLED))
         return;
-    press();
+    beginPress();
     m_timer.StartOnce(HOLD_TIME);
     m_hoveredItem = this;
 }
@@ -161,7 +162,7 @@ void Wx::DropdownButton::onMouseMoved(wxMouseEvent& event)
         if (!item)
             continue;
         const bool over = isOver(*item, event);
-        item->m_state.set(OskaBorderState::HOVERED, over);
+        item->setHovered(over);
         if (over && item.get() != m_hoveredItem.get())
             markHovered(item.get());
     }
@@ -181,7 +182,7 @@ void Wx::DropdownButton::onMouseUp(wxMouseEvent& event)
     if (!isPressed())
         return;
     m_timer.Stop();
-    capture().end();
+    freeMouse();
     const wxWeakRef<DropdownButton> self(this);
     wxWeakRef<Button> chosen;
     if (m_popup->IsShown()) {
@@ -189,17 +190,16 @@ void Wx::DropdownButton::onMouseUp(wxMouseEvent& event)
             if (!item || !isOver(*item, event))
                 continue;
             chosen = item;
-            if (item->m_clickCallback)
-                item->m_clickCallback();
+            callBack(*item);
             // It may have destroyed the button, and the items with it, or the item alone.
             if (!self)
                 return;
             if (item)
-                item->onMouseUp(event);
+                passMouseUp(*item, event);
         }
     }
     m_popup->Hide();
-    m_state.set(OskaBorderState::HOVERED, false);
+    setHovered(false);
     Button::onMouseUp(event);
     if (self && chosen && swapsOnSelect())
         swapWithMain(*chosen);
@@ -212,10 +212,10 @@ bool Wx::DropdownButton::swapsOnSelect() const
 
 void Wx::DropdownButton::swapWithMain(Button& item)
 {
-    const wxString mainLabel = m_label;
-    Button::SetLabel(item.m_label);
+    const wxString mainLabel = GetLabel();
+    Button::SetLabel(item.GetLabel());
     item.SetLabel(mainLabel);
-    std::swap(m_clickCallback, item.m_clickCallback);
+    swapCallbacks(*this, item);
 }
 
 void Wx::DropdownButton::onCaptureLost(wxMouseCaptureLostEvent& event)
@@ -236,14 +236,14 @@ void Wx::DropdownButton::onButtonPaint(wxPaintEvent& /*event*/)
 
 void Wx::DropdownButton::drawFace(wxDC& dc) const
 {
-    Button::drawFace(dc);
+    draw(dc, {{0, 0}, toPixel(dc.GetSize())}, face());
     const wxSize size = dc.GetSize();
     const wxPoint corner(size.x - CORNER_INSET, size.y - CORNER_INSET);
     const int length = scaleByDpi(CORNER_LENGTH);
-    const bool enabled = m_state.has(OskaBorderState::ENABLED);
+    const bool enabled = borderState().has(OskaBorderState::ENABLED);
     dc.SetBrush(wxBrush(toWxColour(enabled ? skin().accent : DISABLED_CORNER)));
     CrispLines lines(dc);
-    lines.setPen(enabled && m_state.has(OskaBorderState::HOVERED) ? SELECTED() : INNER());
+    lines.setPen(enabled && borderState().has(OskaBorderState::HOVERED) ? SELECTED() : INNER());
     lines.drawPolygon(
         std::array{corner, wxPoint(size.x - length, corner.y), wxPoint(corner.x, size.y - length), corner});
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What a drop-down button's face is made of, at whatever scale the screen has.
 #include "NolvexLibWx/DpiScaling.h"
+#include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/widgets/DropdownButton.h"
 #include "support/Events.h"
 #include "support/Screen.h"
@@ -46,7 +47,9 @@ struct DropdownButtonPixelTest : testing::Test
     void expectCorner(const RgbBytes& inside, const RgbBytes& line) const
     {
         const wxImage actual = painted([this](wxDC& dc) { button->drawFace(dc); });
-        const wxImage plain = painted([this](wxDC& dc) { button->Button::drawFace(dc); });
+        const wxImage plain = painted([this](wxDC& dc) {
+            Wx::Button::draw(dc, {{0, 0}, Wx::toPixel(size)}, button->face());
+        });
         const wxPoint corner(size.x - 2, size.y - 2);
         const wxPoint left(size.x - Wx::scaleByDpi(10), corner.y);
         for (int y = 0; y < size.y; ++y) {
