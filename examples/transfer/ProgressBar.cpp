@@ -1,32 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "examples/transfer/ProgressBar.h"
 
+#include "examples/transfer/platform/Terminal.h"
+
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <string>
 #include <utility>
 
-// The standard library does not know what a terminal is.
-#ifdef _WIN32
-#include <io.h>
-#else
-#include <unistd.h>
-#endif
-
 namespace {
 
 constexpr int WIDTH = 40;
-constexpr int MARK = 6; // of a bar that only shows that something goes on
+constexpr int MARK = 6; // the width of the mark that wanders when the total is unknown
 
-bool errorIsTerminal()
-{
-#ifdef _WIN32
-    return _isatty(_fileno(stderr)) != 0;
-#else
-    return isatty(STDERR_FILENO) != 0;
-#endif
-}
+// The terminal has one line for all bars of the program.
+std::atomic_flag g_lineIsTaken;
 
 void drawLine(int from, int to, const std::string& text)
 {
@@ -41,15 +30,17 @@ void drawLine(int from, int to, const std::string& text)
 ProgressBar::ProgressBar(std::int64_t total, std::function<std::int64_t()> done)
     : m_total(total), m_done(std::move(done))
 {
-    if (errorIsTerminal())
+    if (isErrorOnTerminal() && !g_lineIsTaken.test_and_set())
         m_thread = std::thread([this] { run(); });
 }
 
 ProgressBar::~ProgressBar()
 {
+    if (!m_thread.joinable())
+        return;
     m_ended = true;
-    if (m_thread.joinable())
-        m_thread.join();
+    m_thread.join();
+    g_lineIsTaken.clear();
 }
 
 void ProgressBar::run()
@@ -58,7 +49,7 @@ void ProgressBar::run()
         draw(step);
         std::this_thread::sleep_for(std::chrono::milliseconds(50));
     }
-    // The line belongs to whoever writes next.
+    // Whatever is printed next starts on an empty line.
     std::fprintf(stderr, "\r%*s\r", WIDTH + MARK + 10, "");
 }
 

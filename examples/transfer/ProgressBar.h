@@ -6,13 +6,13 @@
 #include <functional>
 #include <thread>
 
-/// A line on the terminal that shows, for as long as this lives, how much of something is done. Draws nothing
-/// when the standard error is no terminal.
+/// A line on the terminal that shows how much of something is done, for as long as the object lives. Draws
+/// nothing when the standard error is no terminal, or while another bar has the line.
 class ProgressBar
 {
 public:
-    /// `done` is asked from another thread for the bytes done; without it, or with a `total` of 0, the bar
-    /// only shows that something goes on.
+    /// `done` is called on another thread and returns how many bytes of `total` are done. Without it, or with
+    /// a `total` of 0, the bar only shows that the program is at work.
     explicit ProgressBar(std::int64_t total, std::function<std::int64_t()> done = {});
     ~ProgressBar();
     ProgressBar(const ProgressBar&) = delete;

@@ -1,39 +1,22 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <wx/app.h>
+#include "NolvexLib/String.h"
+
 #include <wx/cmdline.h>
-#include <wx/socket.h>
 
-#include <cstdio>
-
-/// What the sender and the receiver have in common: a program without windows that has the toolkit's sockets
-/// and a command line.
-class TransferProgram : public wxAppConsole
+/// The base of the sender and the receiver: a program without windows that has wxWidgets' sockets and a
+/// command line.
+class TransferProgram
 {
 public:
-    // The command line is read in OnRun, which decides about the exit code.
-    bool OnInit() override { return wxSocketBase::Initialize(); }
+    TransferProgram() = default;
+    virtual ~TransferProgram() = default;
+    TransferProgram(const TransferProgram&) = delete;
+    TransferProgram& operator=(const TransferProgram&) = delete;
 
-    int OnRun() override
-    {
-        wxCmdLineParser parser(argc, argv);
-        parser.SetSwitchChars("-");
-        parser.AddSwitch("h", "help", "print this text");
-        describeArguments(parser);
-        if (parser.Parse(false) != 0)
-            return complain("These arguments are not understood.");
-        if (!parser.Found("help"))
-            return transfer(parser);
-        std::fputs(parser.GetUsageString().utf8_str(), stdout);
-        return DONE;
-    }
-
-    int OnExit() override
-    {
-        wxSocketBase::Shutdown();
-        return wxAppConsole::OnExit();
-    }
+    /// Does everything and returns the program's exit code.
+    int run(int argc, char** argv);
 
 protected:
     // Exit codes.
@@ -46,22 +29,16 @@ protected:
     /// Returns the exit code.
     virtual int transfer(const wxCmdLineParser& arguments) = 0;
 
-    static int fail(const wxString& sentence)
-    {
-        std::fprintf(stderr, "%s\n", static_cast<const char*>(sentence.utf8_str()));
-        return FAILED;
-    }
+    /// Prints the sentence on the standard error and returns FAILED.
+    static int fail(const Nolvex::String& sentence);
 
-    static int complain(const wxString& sentence)
-    {
-        fail(sentence + " Try --help.");
-        return MISUSED;
-    }
+    /// The same for a command line that is wrong; returns MISUSED.
+    static int complain(const Nolvex::String& sentence);
 
-    /// Of an option that is a number within these limits, or has a default.
-    static bool readNumber(const wxCmdLineParser& arguments, const wxString& option, long least, long most,
-                           long& value)
-    {
-        return !arguments.Found(option, &value) || (value >= least && value <= most);
-    }
+    /// Reads the option if it was given. False when its value is not within these limits.
+    [[nodiscard]] static bool readNumber(const wxCmdLineParser& arguments, const wxString& option,
+                                         wxLongLong_t min, wxLongLong_t max, wxLongLong_t& value);
+
+private:
+    int runWith(wxCmdLineParser& parser);
 };

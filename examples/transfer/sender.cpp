@@ -1,17 +1,80 @@
 // SPDX-License-Identifier: MIT
 // Sends texts and files to a receiver, each as a message of its own, and waits for the answer to each.
+#include "NolvexLib/Exception.h"
+#include "NolvexLib/Io/FileInputStream.h"
+#include "NolvexLib/Io/FileSize.h"
 #include "NolvexLib/XmlString.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/net/TcpClient.h"
 #include "examples/transfer/ProgressBar.h"
 #include "examples/transfer/TransferProgram.h"
+#include "examples/transfer/platform/CommandLine.h"
+
+#include <array>
+#include <chrono>
+#include <cstddef>
+#include <filesystem>
+#include <span>
+#include <string>
+#include <system_error>
+#include <vector>
 
 using namespace Nolvex;
 using namespace Nolvex::Wx::Legacy;
 
 namespace {
 
-constexpr long MOST_SECONDS = 86'400;
+constexpr wxLongLong_t MAX_SECONDS = 86'400;
+
+// A compressed file is held in memory, and its size must fit into 32 bits of the header.
+constexpr std::uint64_t MAX_COMPRESSIBLE_SIZE = std::uint64_t{1} << 30;
+
+// Files that the system makes up while they are read, such as those of /proc, report a size of zero or of a
+// memory page. Larger sizes are believed.
+constexpr std::uint64_t MAX_DOUBTED_SIZE = 65'536;
+constexpr std::size_t MAX_MADE_UP_SIZE = std::size_t{64} << 20;
+
+struct FileToSend
+{
+    Io::Path path;
+    std::uint64_t size;
+    // The content, if the system reports another size than the file has.
+    std::vector<std::byte> content;
+    bool isMadeUp;
+};
+
+std::vector<std::byte> contentOf(const Io::Path& path)
+{
+    std::vector<std::byte> content;
+    std::array<std::byte, 65'536> piece;
+    Io::FileInputStream file(path);
+    while (const auto count = file.read(piece.data(), std::ssize(piece))) {
+        content.insert(content.end(), piece.begin(), piece.begin() + count);
+        if (content.size() > MAX_MADE_UP_SIZE)
+            throw Exception("The file reports a size that it does not have, and is too long to be held in "
+                            "memory.");
+    }
+    return content;
+}
+
+FileToSend lookedAt(const Io::Path& path)
+{
+    std::error_code failure;
+    const auto status = std::filesystem::status(path.native(), failure);
+    if (!std::filesystem::exists(status))
+        throw Exception("It does not exist.");
+    // A pipe would be waited for, and a folder has no bytes.
+    const Optional<std::uint64_t> size = Io::fileSize(path);
+    if (!size)
+        throw Exception("It is no regular file.");
+    FileToSend file = {path, *size, {}, false};
+    if (*size <= MAX_DOUBTED_SIZE) {
+        file.content = contentOf(path);
+        file.isMadeUp = file.content.size() != *size;
+        file.size = file.content.size();
+    }
+    return file;
+}
 
 class Sender : public TransferProgram
 {
@@ -20,71 +83,135 @@ protected:
     {
         parser.SetLogo("Sends texts and files to nolvex-receive.\n");
         parser.AddOption("t", "text", "send this text, before the files");
-        parser.AddSwitch("c", "compress", "send the files compressed");
-        parser.AddOption("w", "wait", "seconds to wait for the connection and for each answer (10)",
-                         wxCMD_LINE_VAL_NUMBER);
+        parser.AddSwitch("c", "compress", "send the files compressed, if they are no longer than 1 GiB");
+        parser.AddOption("w", "wait", "seconds to wait for the connection and for each answer (10)");
         parser.AddParam("HOST", wxCMD_LINE_VAL_STRING, wxCMD_LINE_PARAM_OPTIONAL);
-        parser.AddParam("PORT", wxCMD_LINE_VAL_NUMBER, wxCMD_LINE_PARAM_OPTIONAL);
+        parser.AddParam("PORT", wxCMD_LINE_VAL_STRING, wxCMD_LINE_PARAM_OPTIONAL);
         parser.AddParam("FILE", wxCMD_LINE_VAL_STRING, wxCMD_LINE_PARAM_OPTIONAL | wxCMD_LINE_PARAM_MULTIPLE);
     }
 
     int transfer(const wxCmdLineParser& arguments) override
     {
         long port = 0;
-        long seconds = 10;
+        wxLongLong_t seconds = 10;
         if (arguments.GetParamCount() < 2 || !arguments.GetParam(1).ToLong(&port) || port < 1 || port > 65535)
-            return complain("A host and a port from 1 to 65535 are needed.");
-        if (!readNumber(arguments, "wait", 1, MOST_SECONDS, seconds))
-            return complain("--wait takes 1 to 86400 seconds.");
-
-        const SocketAddress address(Wx::toString(arguments.GetParam(0)), static_cast<unsigned short>(port));
-        TcpClient client(address, static_cast<unsigned>(seconds));
-        if (!client.isOpen())
-            return fail("Nobody answers at " + arguments.GetParam(0) + ", port " + arguments.GetParam(1) +
-                        ".");
+            return complain(L"A host and a port from 1 to 65535 are needed.");
+        if (!readNumber(arguments, "wait", 1, MAX_SECONDS, seconds))
+            return complain(L"--wait takes 1 to 86400 seconds.");
+        m_answerTime = std::chrono::seconds(seconds);
+        m_compresses = arguments.Found("compress");
 
         wxString text;
-        if (arguments.Found("text", &text) && !sendText(client, text, seconds))
-            return fail("The text was not received.");
-        for (std::size_t i = 2; i < arguments.GetParamCount(); ++i) {
-            if (!sendFile(client, arguments.GetParam(i), arguments.Found("compress"), seconds))
-                return fail("The file " + arguments.GetParam(i) + " was not received.");
-        }
-        return DONE;
+        const bool hasText = arguments.Found("text", &text);
+        XmlString message;
+        message.addChild(L"Text", Wx::toString(text));
+        // XML has no place for some characters, which would be replaced.
+        if (message.getChild(L"Text") != Wx::toString(text))
+            return complain(L"The text holds bytes that are no UTF-8, or control characters.");
+
+        const String host = Wx::toString(arguments.GetParam(0));
+        const SocketAddress address(host, static_cast<unsigned short>(port));
+        if (!isKnown(address))
+            return fail(L"The host \"" + host + L"\" is unknown.");
+        TcpClient client(address, static_cast<unsigned>(seconds));
+        if (!client.isOpen())
+            return fail(L"Nobody answers at " + host + L", port " + Wx::toString(arguments.GetParam(1)) +
+                        L".");
+        if (hasText && !isReceived(client, message))
+            return fail(L"The text was not received.");
+        return sendFiles(client, arguments);
     }
 
 private:
-    static bool sendText(TcpClient& client, const wxString& text, long seconds)
+    // What a name that cannot be resolved becomes, which depends on the system; nobody can be reached there.
+    static bool isKnown(const SocketAddress& address)
     {
-        XmlString message;
-        message.addChild(L"Text", Wx::toString(text));
-        return client.writeString(message, seconds * 1000) == SocketResult::Success &&
-               isAccepted(client, seconds);
+        return address != SocketAddress::anyAddress(0) && !address.isBroadcast();
     }
 
-    static bool sendFile(TcpClient& client, const wxString& name, bool compressed, long seconds)
+    int sendFiles(TcpClient& client, const wxCmdLineParser& arguments) const
     {
-        const Io::Path path(Wx::toString(name));
+        int exitCode = DONE;
+        for (std::size_t i = 2; i < arguments.GetParamCount(); ++i) {
+            const std::wstring name = arguments.GetParam(i).ToStdWstring();
+            if (!sendFile(client, pathOfArgument(name)))
+                exitCode = FAILED;
+        }
+        return exitCode;
+    }
+
+    // A file that cannot be sent says why; those behind it are sent nevertheless.
+    bool sendFile(TcpClient& client, const Io::Path& path) const
+    try {
+        if (!client.isOpen())
+            throw Exception("The connection ended before.");
+        const FileToSend file = lookedAt(path);
+        if (m_compresses && file.size > MAX_COMPRESSIBLE_SIZE)
+            fail(L"The file " + path.nativeStr() + L" is too long to be compressed and is sent as it is.");
         XmlString header;
         header.addChild(L"Name", path.fileName());
+        offer(client, header, file.size);
         const ProgressBar bar(0);
-        const SocketResult result = client.writeFile(
-            path, header, compressed ? DataCompression::Deflate : DataCompression::None, DataType::File);
-        return result == SocketResult::Success && isAccepted(client, seconds);
-    }
+        if (writeFile(client, file, header) != SocketResult::Success || answerFrom(client) != L"received")
+            throw Exception("The connection ended, or the receiver could not store the file.");
+        return true;
 
-    // The receiver answers each message by a text. A wait for a header lasts a second.
-    static bool isAccepted(TcpClient& client, long seconds)
-    {
-        XmlString answer;
-        for (long i = 0; i < seconds && client.isOpen(); ++i) {
-            if (client.readString(answer) == SocketResult::Success)
-                return answer.getChild(L"Answer") == String(L"received");
-        }
+    } catch (const std::exception& failure) {
+        fail(L"The file " + path.nativeStr() + L" was not received. " + String::fromUtf8(failure.what()));
         return false;
     }
+
+    // Asks whether the receiver wants the file, so that it is not sent in vain. The receiver also learns that
+    // it has to wait while a file is compressed.
+    void offer(TcpClient& client, const XmlString& header, std::uint64_t size) const
+    {
+        XmlString message = header;
+        message.addChild(L"Offer", std::to_wstring(size));
+        if (client.writeString(message, m_answerTime.count()) != SocketResult::Success)
+            throw Exception("The connection ended.");
+        const String answer = answerFrom(client);
+        if (answer.isEmpty())
+            throw Exception("The receiver does not answer.");
+        if (answer != L"welcome")
+            throw Exception("The receiver refuses it: " + answer.toUtf8());
+    }
+
+    SocketResult writeFile(TcpClient& client, const FileToSend& file, const XmlString& header) const
+    {
+        // On the wire, both look the same.
+        if (file.isMadeUp)
+            return client.writeRawMemory(file.content, header, DataCompression::None, DataType::File);
+        const bool isCompressed = m_compresses && file.size <= MAX_COMPRESSIBLE_SIZE;
+        return client.writeFile(file.path, header,
+                                isCompressed ? DataCompression::Deflate : DataCompression::None,
+                                DataType::File);
+    }
+
+    bool isReceived(TcpClient& client, const XmlString& message) const
+    {
+        return client.writeString(message, m_answerTime.count()) == SocketResult::Success &&
+               answerFrom(client) == L"received";
+    }
+
+    // Empty if none comes in time. A wait for a header is over after a second, hence the loop.
+    String answerFrom(TcpClient& client) const
+    {
+        const auto end = std::chrono::steady_clock::now() + m_answerTime;
+        XmlString message;
+        while (client.isOpen() && std::chrono::steady_clock::now() < end) {
+            if (client.readString(message) == SocketResult::Success)
+                return message.getChild(L"Answer").value_or(String());
+        }
+        return {};
+    }
+
+    std::chrono::milliseconds m_answerTime{};
+    bool m_compresses = false;
 };
 
 } // namespace
 
-wxIMPLEMENT_APP_CONSOLE(Sender);
+int main(int argc, char** argv)
+{
+    return Sender().run(argc, argv);
+}

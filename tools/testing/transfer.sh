@@ -1,81 +1,333 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# transfer.sh FOLDER [WRAPPER]: nolvex-send and nolvex-receive of that folder, as two users would use them: texts and
-# files arrive, names stay in their folder, mistakes give a clear line and their status.
+# transfer.sh FOLDER [WRAPPER]: uses nolvex-send and nolvex-receive of that folder as two users would: texts and files
+# arrive whole or the status says no, names stay in their folder, strangers hold nobody up, and mistakes give a clear
+# line and their status. The WRAPPER runs programs of Windows.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 programs=$1
-export LC_ALL=C.UTF-8 # or Wine knows no names beyond ASCII
-wrapper=${2:-}
+export LC_ALL=C.UTF-8 # In another locale, Wine does not find names beyond ASCII.
 suffix=
 [ -e "$programs/nolvex-send" ] || suffix=.exe
+send=(timeout 60 ${2:+"$2"} "$programs/nolvex-send$suffix")
+receive=(timeout 200 ${2:+"$2"} "$programs/nolvex-receive$suffix")
 folder=$(mktemp -d)
+stored=$folder/stored
 receiver=
+failures=0
+
 cleanup() {
   [ -z "$receiver" ] || kill "$receiver" 2>/dev/null || true
   rm -rf "$folder"
 }
 trap cleanup EXIT
-failures=0
 
 complain() {
   echo "transfer: $*"
   failures=$((failures + 1))
 }
 
-send() { timeout 60 ${wrapper:+"$wrapper"} "$programs/nolvex-send$suffix" "$@"; }
-receive() { timeout 120 ${wrapper:+"$wrapper"} "$programs/nolvex-receive$suffix" "$@"; }
+# until_true COMMAND...: waits for ten seconds at most.
+until_true() {
+  local _
+  for _ in $(seq 100); do
+    ! "$@" 2>/dev/null || return 0
+    sleep 0.1
+  done
+  return 1
+}
 
+read_port() {
+  port=$(sed -n 's/^listening on .* port \([0-9]*\).*/\1/p' "$folder/log")
+  [ -n "$port" ]
+}
+
+# start_receiver [ARGUMENT...]: with an empty folder. Sets receiver and port.
+start_receiver() {
+  rm -rf "$stored"
+  mkdir "$stored"
+  : >"$folder/log"
+  "${receive[@]}" --folder "$stored" "$@" >"$folder/log" 2>"$folder/errors" &
+  receiver=$!
+  until_true read_port || { complain "the receiver does not listen"; exit 1; }
+}
+
+# end_receiver STATUS: waits for its end.
+end_receiver() {
+  local status=0
+  wait "$receiver" || status=$?
+  receiver=
+  [ "$status" -eq "$1" ] || complain "the receiver ended with $status instead of $1: $(cat "$folder/log" "$folder/errors")"
+}
+
+# sends_later [ARGUMENT...]: in the background, as the process $sender. The strangers' connections are not its own.
+sends_later() {
+  (
+    for descriptor in "${strangers[@]}"; do
+      exec {descriptor}>&-
+    done
+    exec "${send[@]}" "$@" >"$folder/output" 2>&1 </dev/null
+  ) &
+  sender=$!
+}
+
+# expect_status STATUS PATTERN COMMAND...: what the command prints matches the pattern.
 expect_status() {
-  local expected=$1 status=0
-  shift
-  "$@" >"$folder/output" 2>&1 || status=$?
-  [ "$status" -eq "$expected" ] || complain "$* ended with status $status"
-  [ -s "$folder/output" ] || complain "$* said nothing"
+  local expected=$1 pattern=$2 status=0
+  shift 2
+  "$@" >"$folder/output" 2>&1 </dev/null || status=$?
+  [ "$status" -eq "$expected" ] || complain "$* ended with status $status: $(cat "$folder/output")"
+  grep -qe "$pattern" "$folder/output" || complain "$* did not say \"$pattern\" but: $(cat "$folder/output")"
+}
+
+sends() {
+  "${send[@]}" "$@" >"$folder/output" 2>&1 </dev/null || complain "sending $* failed: $(cat "$folder/output")"
+}
+
+# arrived FILE [NAME]: as received-NAME, by default the file's own name.
+arrived() {
+  cmp "$1" "$stored/received-${2:-$(basename "$1")}" || complain "$1 is not what was stored"
+}
+
+received_lines() {
+  grep -qxF "$1" <(tr -d '\r' <"$folder/log") || complain "the receiver did not print \"$1\": $(cat "$folder/log")"
+}
+
+nothing_is_stored() {
+  [ -z "$(ls "$stored")" ]
+}
+
+part_is_stored() {
+  [ -n "$(find "$stored" -name '*.part' -size +0)" ]
+}
+
+# connect: opens a connection as descriptor $stranger.
+strangers=()
+connect() {
+  exec {stranger}<>"/dev/tcp/127.0.0.1/$port"
+  strangers+=("$stranger")
+}
+
+# announce SIZE: what goes before a file of that size.
+announce() {
+  printf '<root><DataType>1</DataType><Name>half.bin</Name><FileSize>%s</FileSize><Compressed>0</Compressed></root>\0' "$1"
+}
+
+# hang_up: closes all connections that were opened.
+hang_up() {
+  for stranger in "${strangers[@]}"; do
+    exec {stranger}>&-
+  done
+  strangers=()
 }
 
 head -c 300000 /dev/urandom >"$folder/noise.bin"
 head -c 3000000 /dev/zero >"$folder/zeros.bin"
 : >"$folder/nothing.bin"
-# A name of as many bytes as a system takes, and of characters that are longer when written.
-long_name=$(printf '\344\270\200%.0s' $(seq 80))
-cp "$folder/noise.bin" "$folder/$long_name"
-mkdir "$folder/stored"
+printf 'small\n' >"$folder/small.txt"
 
-receive -f "$folder/stored" -n 2 >"$folder/log" &
-receiver=$!
-for _ in $(seq 100); do
-  port=$(sed -n 's/^listening on .* port \([0-9]*\).*/\1/p' "$folder/log")
-  [ -z "$port" ] || break
-  sleep 0.2
-done
-if [ -z "$port" ]; then
-  complain "the receiver does not listen"
-  exit 1
-fi
-
-send --text "a & b <c>" 127.0.0.1 "$port" "$folder/noise.bin" "$folder/zeros.bin" "$folder/nothing.bin" "$folder/$long_name" ||
-  complain "sending failed"
-send --compress 127.0.0.1 "$port" "$folder/noise.bin" "$folder/zeros.bin" || complain "sending compressed failed"
-wait "$receiver" || complain "the receiver failed"
-receiver=
-
-grep -q '^text a & b <c>' "$folder/log" || complain "the text did not arrive: $(cat "$folder/log")"
-for name in noise zeros; do
-  for copy in "received-$name.bin" "received-$name-2.bin"; do
-    cmp -s "$folder/$name.bin" "$folder/stored/$copy" || complain "$copy is not what was sent"
+texts_and_files_arrive() {
+  # A name of as many bytes as a system takes, and of characters that are longer when written.
+  local long_name
+  long_name=$(printf '\344\270\200%.0s' $(seq 80))
+  cp "$folder/noise.bin" "$folder/$long_name"
+  start_receiver -n 2
+  sends --text "a & b <c>" 127.0.0.1 "$port" \
+    "$folder/noise.bin" "$folder/zeros.bin" "$folder/nothing.bin" "$folder/$long_name"
+  sends --compress 127.0.0.1 "$port" "$folder/noise.bin" "$folder/zeros.bin"
+  end_receiver 0
+  received_lines "text a & b <c>"
+  received_lines "received 7, refused 0"
+  for name in noise zeros; do
+    arrived "$folder/$name.bin"
+    arrived "$folder/$name.bin" "$name-2.bin"
   done
-done
-[ -e "$folder/stored/received-nothing.bin" ] || complain "the empty file did not arrive"
-[ "$(find "$folder/stored" -type f | wc -l)" -eq 6 ] || complain "there are other files than those sent"
+  arrived "$folder/nothing.bin"
+  arrived "$folder/noise.bin" "${long_name:0:50}"
+  [ "$(find "$stored" -type f | wc -l)" -eq 6 ] || complain "there are other files than those sent"
+}
 
-expect_status 0 send --help
-expect_status 0 receive --help
-expect_status 2 send
-expect_status 2 send 127.0.0.1 70000
-expect_status 2 receive --port 70000
-expect_status 2 receive --address nobody.invalid
-expect_status 1 receive --folder "$folder/missing"
-# The receiver of before has gone.
-expect_status 1 send --wait 2 127.0.0.1 "$port" "$folder/noise.bin"
+names_and_texts_of_every_kind_arrive() {
+  # The fiftieth unit of UTF-16 is in the middle of a character.
+  local wide_name broken_name text='ä 一 😀'
+  wide_name=$(printf 'n%.0s' $(seq 45))😀$(printf 'm%.0s' $(seq 20)).bin
+  cp "$folder/noise.bin" "$folder/$wide_name"
+  start_receiver -n 2
+  sends --text "$text" 127.0.0.1 "$port" "$folder/$wide_name"
+  if [ -z "$suffix" ]; then
+    # Only here are names bytes, and does the locale decide about arguments.
+    broken_name=$(printf 'a\377b')
+    cp "$folder/noise.bin" "$folder/$broken_name"
+    LC_ALL=C sends --text "$text, once more" 127.0.0.1 "$port" "$folder/$broken_name" "$folder/$wide_name"
+    arrived "$folder/noise.bin" "a�b"
+    received_lines "text $text, once more"
+  else
+    sends 127.0.0.1 "$port" "$folder/small.txt"
+  fi
+  end_receiver 0
+  received_lines "text $text"
+  [ "$(find "$stored" -name 'received-nnn*.bin' | wc -l)" -ge 1 ] || complain "the long name lost its end: $(ls "$stored")"
+  find "$stored" -name 'received-nnn*' -exec cmp "$folder/noise.bin" '{}' ';' >"$folder/output"
+  [ ! -s "$folder/output" ] || complain "the file of the long name is not what was sent"
+}
+
+# Such files report another size than they have.
+files_that_the_system_makes_up_arrive() {
+  start_receiver -n 2
+  sends 127.0.0.1 "$port" /proc/version
+  sends --compress 127.0.0.1 "$port" /sys/devices/system/cpu/online
+  end_receiver 0
+  arrived /proc/version
+  arrived /sys/devices/system/cpu/online
+}
+
+what_cannot_be_sent_keeps_nothing_else_back() {
+  mkfifo "$folder/pipe"
+  start_receiver -n 1
+  expect_status 1 'pipe was not received' "${send[@]}" 127.0.0.1 "$port" \
+    "$folder/pipe" "$folder" "$folder/missing" "$folder/small.txt"
+  for name in stored missing; do
+    [ "$name" = stored ] || grep -q "$name was not received" "$folder/output" || complain "nothing was said of $name"
+  done
+  end_receiver 0
+  arrived "$folder/small.txt"
+}
+
+broken_off_files_are_not_kept() {
+  start_receiver -n 2
+  connect
+  { announce 300000 && head -c 100000 "$folder/noise.bin"; } >&"$stranger"
+  until_true part_is_stored || complain "nothing is stored while a file comes"
+  [ ! -e "$stored/received-half.bin" ] || complain "half a file has its name"
+  hang_up
+  until_true nothing_is_stored || complain "half a file was kept: $(ls "$stored")"
+  sends 127.0.0.1 "$port" "$folder/small.txt"
+  end_receiver 1
+  received_lines "received 1, refused 1"
+}
+
+strangers_hold_nobody_up() {
+  start_receiver -n 9 --clients 4
+  connect
+  connect
+  printf '<root><Data' >&"$stranger"
+  connect
+  { announce 300000 && head -c 1000 "$folder/noise.bin"; } >&"$stranger"
+  sends 127.0.0.1 "$port" "$folder/noise.bin"
+  arrived "$folder/noise.bin"
+  hang_up
+  # There is no room beside four: the next sender waits until they go.
+  for _ in $(seq 4); do
+    connect
+  done
+  sends_later --wait 50 127.0.0.1 "$port" "$folder/zeros.bin"
+  sleep 2
+  [ ! -e "$stored/received-zeros.bin" ] || complain "more connections are served than --clients allows"
+  hang_up
+  wait "$sender" || complain "the sender that had to wait failed: $(cat "$folder/output")"
+  end_receiver 1
+  arrived "$folder/zeros.bin"
+  received_lines "received 2, refused 1"
+}
+
+other_protocols_are_refused() {
+  start_receiver -n 2
+  connect
+  printf 'GET / HTTP/1.0\r\n\r\n\0' >&"$stranger"
+  # The receiver hangs up.
+  timeout 20 cat <&"$stranger" >/dev/null || complain "a stranger is not sent away"
+  hang_up
+  connect
+  printf '<root><DataType>7</DataType></root>\0' >&"$stranger"
+  timeout 20 cat <&"$stranger" >/dev/null || complain "a message of an unknown type is not refused"
+  hang_up
+  end_receiver 1
+  received_lines "received 0, refused 2"
+}
+
+files_that_are_too_large_are_refused() {
+  truncate -s 1073741825 "$folder/sparse.bin"
+  start_receiver -n 2 --max-size 300000
+  expect_status 1 'longer than --max-size allows' "${send[@]}" --compress 127.0.0.1 "$port" \
+    "$folder/zeros.bin" "$folder/sparse.bin" "$folder/noise.bin"
+  grep -q 'too long to be compressed' "$folder/output" || complain "nothing was said of the file that is not compressed"
+  arrived "$folder/noise.bin"
+  # A sender that does not ask first.
+  connect
+  announce 300001 >&"$stranger"
+  timeout 20 cat <&"$stranger" >/dev/null || complain "a file that is too large is received"
+  hang_up
+  end_receiver 1
+  received_lines "received 1, refused 3"
+  [ "$(find "$stored" -type f | wc -l)" -eq 1 ] || complain "what was refused is stored"
+}
+
+unknown_hosts_are_named() {
+  start_receiver
+  for host in 'no such host' 'a..b' '' ' ' "127.0.0.1:$port" 0.0.0.0; do
+    expect_status 1 "The host \"$host\" is unknown" "${send[@]}" --wait 5 "$host" "$port" "$folder/small.txt"
+  done
+  nothing_is_stored || complain "a file for an unknown host arrived here"
+  kill "$receiver"
+  wait "$receiver" || true
+  receiver=
+}
+
+# Wine has no signals to send to its programs.
+signals_end_the_programs() {
+  local signal status=0
+  for signal in INT TERM; do
+    start_receiver
+    connect
+    { announce 300000 && head -c 100000 "$folder/noise.bin"; } >&"$stranger"
+    until_true part_is_stored || complain "nothing is stored while a file comes"
+    kill -s "$signal" "$receiver"
+    end_receiver $((128 + $(kill -l "$signal")))
+    hang_up
+    nothing_is_stored || complain "half a file was kept after SIG$signal"
+  done
+  start_receiver
+  # Connections are made, and nobody answers.
+  kill -STOP "$receiver" "$(pgrep -P "$receiver")"
+  sends_later --wait 50 127.0.0.1 "$port" "$folder/small.txt"
+  sleep 1
+  kill "$sender"
+  wait "$sender" || status=$?
+  [ "$status" -eq 143 ] || complain "the sender that was terminated ended with status $status"
+  kill -CONT "$(pgrep -P "$receiver")" "$receiver"
+  kill "$receiver"
+  end_receiver 143
+}
+
+mistakes_are_explained() {
+  expect_status 0 'Usage' "${send[@]}" --help
+  expect_status 0 'Usage' "${receive[@]}" --help
+  expect_status 2 'help' "${send[@]}"
+  expect_status 2 'port' "${send[@]}" 127.0.0.1 70000
+  expect_status 2 'help' "${send[@]}" --no-such-option 127.0.0.1 1
+  expect_status 2 'wait' "${send[@]}" --wait 0 127.0.0.1 1
+  expect_status 2 'port' "${receive[@]}" --port 70000
+  expect_status 2 'clients' "${receive[@]}" --clients 0
+  expect_status 2 'max-size' "${receive[@]}" --max-size 1MB
+  expect_status 2 'address' "${receive[@]}" --address nobody.invalid
+  expect_status 1 'folder' "${receive[@]}" --folder "$folder/missing"
+  expect_status 2 'text' "${send[@]}" --text "$(printf 'a\001b')" 127.0.0.1 1
+  # The receiver of before has gone.
+  expect_status 1 'Nobody answers' "${send[@]}" --wait 2 127.0.0.1 "$port" "$folder/noise.bin"
+  if [ -z "$suffix" ]; then
+    expect_status 2 'text' "${send[@]}" --text "$(printf 'a\377b')" 127.0.0.1 1
+  fi
+}
+
+texts_and_files_arrive
+names_and_texts_of_every_kind_arrive
+files_that_the_system_makes_up_arrive
+what_cannot_be_sent_keeps_nothing_else_back
+broken_off_files_are_not_kept
+strangers_hold_nobody_up
+other_protocols_are_refused
+files_that_are_too_large_are_refused
+unknown_hosts_are_named
+mistakes_are_explained
+[ -n "$suffix" ] || signals_end_the_programs
 [ "$failures" -eq 0 ]

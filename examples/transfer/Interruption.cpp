@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#include "examples/transfer/Interruption.h"
+
+#include <csignal>
+
+namespace {
+
+// All that a signal handler may change.
+volatile std::sig_atomic_t g_signal = 0;
+
+void note(int signal)
+{
+    // Windows forgets the handler before it calls it.
+    std::signal(signal, note);
+    g_signal = signal;
+}
+
+} // namespace
+
+void Interruption::watch()
+{
+    std::signal(SIGINT, note);
+    std::signal(SIGTERM, note);
+}
+
+bool Interruption::isRequested()
+{
+    return g_signal != 0;
+}
+
+void Interruption::endProgram()
+{
+    if (!isRequested())
+        return;
+    const int signal = g_signal;
+    std::signal(signal, SIG_DFL);
+    std::raise(signal);
+}

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "NolvexLib/XmlString.h"
+#include "NolvexLibWx/net/ReadDataContext.h"
+#include "NolvexLibWx/net/ReceivedData.h"
+#include "NolvexLibWx/net/TcpSocket.h"
+#include "examples/transfer/IncomingFolder.h"
+#include "examples/transfer/Ledger.h"
+#include "examples/transfer/ProgressBar.h"
+
+#include <atomic>
+#include <chrono>
+#include <memory>
+#include <string>
+#include <thread>
+
+/// A connection to a sender, served on a thread of its own until the sender closes it, stays silent or sends
+/// what cannot be accepted.
+class Reception
+{
+public:
+    /// Folder and ledger must outlive the object.
+    Reception(Nolvex::Wx::Legacy::TcpSocket connection, IncomingFolder& folder, Ledger& ledger);
+
+    /// Breaks a transfer off, and waits for the thread.
+    ~Reception();
+
+    Reception(const Reception&) = delete;
+    Reception& operator=(const Reception&) = delete;
+
+    /// True when nothing is left to wait for.
+    bool hasEnded() const { return m_hasEnded; }
+
+private:
+    /// What the library asks while it receives.
+    class Hooks : public Nolvex::Wx::Legacy::ReadDataContext
+    {
+    public:
+        explicit Hooks(Reception& reception) : m_reception(reception) {}
+
+        Nolvex::Io::Path getFilePath(const Nolvex::XmlString& header) const override;
+        void onReceiveStart(const Nolvex::XmlString& header) const override;
+        void onReceiveEnd(const Nolvex::XmlString& header) const override;
+
+    private:
+        Reception& m_reception;
+    };
+
+    void run();
+    void serve();
+    bool receiveOne();
+    void beginBody(const Nolvex::XmlString& header);
+    std::string refusalOf(const Nolvex::XmlString& header) const;
+    Nolvex::String accept(const Nolvex::Wx::Legacy::ReceivedData& message);
+    Nolvex::String acceptText(const Nolvex::XmlString& text);
+    Nolvex::String acceptOffer(const Nolvex::XmlString& offer);
+    Nolvex::String acceptFile(const Nolvex::XmlString& header);
+    void answer(const Nolvex::String& word);
+    void removePart();
+
+    Nolvex::Wx::Legacy::TcpSocket m_connection;
+    IncomingFolder& m_folder;
+    Ledger& m_ledger;
+    Hooks m_hooks{*this};
+    std::filesystem::path m_part; // of the file that is coming; empty for none
+    std::unique_ptr<ProgressBar> m_bar;
+    bool m_bodyBegan = false;
+    std::string m_refusal; // of the body that began; empty for none
+    std::chrono::seconds m_patience;
+    std::atomic<bool> m_hasEnded = false;
+    std::thread m_thread; // last, as it uses all the others
+};
