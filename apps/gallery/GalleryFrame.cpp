@@ -2,14 +2,15 @@
 #include "apps/gallery/GalleryFrame.h"
 
 #include "NolvexLibWx/DpiScaling.h"
+#include "NolvexLibWx/FontSetup.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/WindowIcon.h"
 #include "NolvexLibWx/widgets/ApplySkinRecursive.h"
+#include "NolvexLibWx/widgets/Button.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"
 #include "NolvexLibWx/widgets/StaticLine.h"
 #include "NolvexLibWx/widgets/TextCtrl.h"
 
-#include <wx/choice.h>
 #include <wx/listbox.h>
 #include <wx/panel.h>
 #include <wx/sizer.h>
@@ -31,20 +32,21 @@ struct NamedSkin
     Wx::GuiSkin skin;
 };
 
-// The first is what the library starts with, read before anybody changes it.
+// The default skin must be read before the gallery changes it. The check mark is white in every skin, so that
+// "Paper" is a brown paper, dark enough for white.
 const std::array<NamedSkin, GalleryFrame::SKIN_COUNT>& skins()
 {
     static const std::array<NamedSkin, GalleryFrame::SKIN_COUNT> all{
         NamedSkin{L"Dark", Wx::GuiSkin::DEFAULT()}, NamedSkin{L"Paper",
-                                                              {.text = {40, 36, 30},
-                                                               .disabledText = {150, 144, 134},
-                                                               .background = {232, 226, 214},
-                                                               .darkBackground = {206, 198, 182},
+                                                              {.text = {26, 20, 12},
+                                                               .disabledText = {108, 86, 62},
+                                                               .background = {166, 138, 106},
+                                                               .darkBackground = {132, 106, 78},
                                                                .accentText = {255, 255, 255},
-                                                               .accent = {176, 92, 54},
-                                                               .pressedBackground = {222, 176, 140},
-                                                               .link = {150, 66, 26},
-                                                               .highlight = {196, 104, 48}}}};
+                                                               .accent = {96, 48, 20},
+                                                               .pressedBackground = {140, 112, 80},
+                                                               .link = {110, 16, 16},
+                                                               .highlight = {255, 224, 160}}}};
     return all;
 }
 
@@ -54,6 +56,8 @@ GalleryFrame::GalleryFrame() : wxFrame(nullptr, wxID_ANY, L"Gallery"), m_pages(a
 {
     skins();
     Wx::setZephraIcon(this);
+    // The controls of wxWidgets inherit the font, which makes their texts as large as those of the library.
+    SetFont(Wx::setDefaultFontSize(GetFont(), 1.0f));
     auto* root = new wxPanel(this);
     m_stage = new wxPanel(root);
     m_stage->SetSizer(new wxBoxSizer(wxVERTICAL));
@@ -76,17 +80,15 @@ GalleryFrame::GalleryFrame() : wxFrame(nullptr, wxID_ANY, L"Gallery"), m_pages(a
 wxWindow* GalleryFrame::makeSidebar(wxWindow* parent)
 {
     auto* sidebar = new wxPanel(parent);
-    m_titles = new wxListBox(sidebar, wxID_ANY, wxDefaultPosition, Wx::scaleByDpi(wxSize(SIDEBAR_WIDTH, -1)));
+    m_titles = new wxListBox(sidebar, wxID_ANY, wxDefaultPosition, Wx::scaleByDpi(wxSize(SIDEBAR_WIDTH, -1)),
+                             0, nullptr, wxLB_SINGLE | wxBORDER_NONE);
     for (const Page& page : m_pages)
         m_titles->Append(Wx::toWxString(page.title));
-    m_skins = new wxChoice(sidebar, wxID_ANY);
-    for (int i = 0; i < SKIN_COUNT; ++i)
-        m_skins->Append(skinName(i));
-
+    m_skins = new wxPanel(sidebar);
+    m_skins->SetSizer(new wxBoxSizer(wxHORIZONTAL));
     m_titles->Bind(wxEVT_LISTBOX, [this](wxCommandEvent& event) {
         showPage(static_cast<std::size_t>(event.GetSelection()));
     });
-    m_skins->Bind(wxEVT_CHOICE, [this](wxCommandEvent& event) { chooseSkin(event.GetSelection()); });
 
     auto* sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(m_titles, 1, wxEXPAND | wxBOTTOM, MARGIN);
@@ -95,9 +97,29 @@ wxWindow* GalleryFrame::makeSidebar(wxWindow* parent)
     return sidebar;
 }
 
+void GalleryFrame::makeSkinButtons(int chosen)
+{
+    using enum Wx::Button::Behavior;
+    m_skins->DestroyChildren();
+    for (int i = 0; i < SKIN_COUNT; ++i) {
+        // The choice is put off until the button's own click is over, because it replaces the button.
+        auto* button = new Wx::Button(
+            m_skins, Wx::GuiSkin::DEFAULT(), wxID_ANY, skinName(i), wxBitmap(), wxBitmap(),
+            [this, i] { CallAfter([this, i] { chooseSkin(i); }); }, TOGGLE, true, OskaBorderState::ENABLED);
+        button->setToggled(i == chosen);
+        m_skins->GetSizer()->Add(button, 1, wxEXPAND);
+    }
+    m_skins->GetParent()->Layout();
+}
+
 const wchar_t* GalleryFrame::skinName(int index)
 {
     return skins()[static_cast<std::size_t>(index)].name;
+}
+
+const Wx::GuiSkin& GalleryFrame::skin(int index)
+{
+    return skins()[static_cast<std::size_t>(index)].skin;
 }
 
 void GalleryFrame::showPage(std::size_t index)
@@ -110,17 +132,18 @@ void GalleryFrame::showPage(std::size_t index)
     m_pages[index].build(m_page, [this](const String& text) { log(text); });
     m_stage->GetSizer()->Clear();
     m_stage->GetSizer()->Add(m_page, 1, wxEXPAND);
-    Wx::applySkinRecursive(this, Wx::GuiSkin::DEFAULT());
+    Wx::applySkinRecursive(m_page, Wx::GuiSkin::DEFAULT());
     m_stage->Layout();
     Refresh();
 }
 
 void GalleryFrame::chooseSkin(int index)
 {
-    Wx::GuiSkin::DEFAULT() = skins()[static_cast<std::size_t>(index)].skin;
-    m_skins->SetSelection(index);
+    Wx::GuiSkin::DEFAULT() = skin(index);
+    Wx::applySkinRecursive(this, Wx::GuiSkin::DEFAULT());
+    makeSkinButtons(index);
     showPage(m_shown);
-    // What was written before keeps the colours of its time until it is written anew.
+    // On Windows text keeps the colours of the time at which it was written.
     const wxString written = m_log->GetValue();
     m_log->Clear();
     m_log->AppendText(written);

@@ -9,22 +9,22 @@ class wxWindow;
 
 namespace Nolvex::Gallery {
 
-/// Where a page writes what its controls report.
+/// Writes a line into the log of the gallery.
 using Log = Function<void(const String&)>;
 
-/// A page of the gallery: a family of controls in all their states. Defining one registers it:
+/// A page of the gallery: a family of controls in all their states. The definition of a page registers it:
 ///
 ///     const Page BORDERS(L"Borders", [](wxWindow* parent, const Log& log) { ... });
 struct Page
 {
-    /// `build` fills `parent`, an empty panel that it gives a sizer.
+    /// `pageBuild` receives an empty panel, which it fills with controls and a sizer.
     Page(String pageTitle, Function<void(wxWindow* parent, const Log& log)> pageBuild);
 
     String title;
     Function<void(wxWindow* parent, const Log& log)> build;
 };
 
-/// All pages, in the order of their titles.
+/// Returns all pages in the order of their titles.
 Array<Page> allPages();
 
 } // namespace Nolvex::Gallery

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The gallery: every control in every state. With --screenshots DIR it writes a picture of each page in each
-// skin there and ends.
+// The gallery shows every control in every state. With --screenshots FOLDER it writes a picture of each page
+// in each skin to the folder and ends.
 #include "NolvexLib/Exception.h"
 #include "NolvexLibWx/NolvexLibWx.h"
 #include "apps/gallery/GalleryFrame.h"
@@ -23,7 +23,7 @@ int fail(const String& message)
     return 1;
 }
 
-// Goes through the pages and skins, a picture a turn.
+/// Goes through all pages in all skins and takes a picture in each turn.
 class Screenshots
 {
 public:
@@ -31,7 +31,7 @@ public:
 
     Optional<String> takeTurn()
     {
-        // The first turn shows the first page; each later one takes what the turn before has shown.
+        // A turn takes the picture of the page that the turn before it has shown, and shows the next page.
         String error;
         if (m_turn > 0)
             error = Program::writeWindowPicture(m_frame, m_folder / Io::Path(fileName(m_turn - 1)));

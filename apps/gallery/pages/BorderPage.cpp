@@ -25,7 +25,7 @@ String nameOf(Flags<OskaBorderState> state)
     return name.isEmpty() ? String(L"no flag") : name;
 }
 
-// All eight combinations of the flags; the mouse hovers the live ones.
+// All eight combinations of the flags. The mouse changes the flag for hovering, too.
 void build(wxWindow* parent, const Log& log)
 {
     auto* grid = new wxGridSizer(2, wxSize(16, 16));

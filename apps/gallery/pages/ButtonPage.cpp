@@ -5,6 +5,7 @@
 #include "apps/gallery/Page.h"
 
 #include <wx/artprov.h>
+#include <wx/image.h>
 #include <wx/sizer.h>
 
 namespace Nolvex::Gallery {
@@ -15,7 +16,12 @@ constexpr int GAP = 8;
 
 wxBitmap icon(int length)
 {
-    return wxArtProvider::GetBitmap(wxART_FILE_OPEN, wxART_OTHER, wxSize(length, length));
+    wxImage image =
+        wxArtProvider::GetBitmap(wxART_FILE_OPEN, wxART_OTHER, wxSize(length, length)).ConvertToImage();
+    // Buttons draw bitmaps without their mask, which on Windows would leave the masked pixels black.
+    if (!image.HasAlpha())
+        image.InitAlpha();
+    return {image};
 }
 
 struct ButtonState
@@ -42,7 +48,7 @@ void addButton(wxWindow* parent, wxSizer* sizer, const ButtonState& state, const
         bitmap.IsOk() ? bitmap.ConvertToDisabled() : bitmap,
         [log, name] { log(L"The button \"" + name + L"\" was clicked."); }, state.behavior, state.enabled,
         state.border);
-    // When the walk that gives the page its skin is over: it knows nothing of states.
+    // applySkinRecursive() gives every button the plain colours, so that the state is set afterwards.
     button->CallAfter([button, toggled = state.toggled] { button->setToggled(toggled); });
     button->setTooltip(L"The button \"" + name + L"\"");
     sizer->Add(button, 0, wxEXPAND);

@@ -2,6 +2,7 @@
 #include "NolvexLibWx/ColourConversions.h"
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"
+#include "NolvexLibWx/widgets/OskaBorder.h"
 #include "NolvexLibWx/widgets/StaticBitmap.h"
 #include "NolvexLibWx/widgets/StaticText.h"
 #include "apps/gallery/Page.h"
@@ -13,7 +14,7 @@ namespace Nolvex::Gallery {
 
 namespace {
 
-const wxSize SWATCH(120, 28);
+const wxSize SWATCH(120, 24);
 
 wxBitmap swatch(const RgbBytes& colour)
 {
@@ -40,7 +41,9 @@ void build(wxWindow* parent, const Log& /*log*/)
     };
     for (const auto& [name, colour] : colours) {
         grid->Add(new Wx::StaticText(parent, wxID_ANY, name), 0, wxALIGN_CENTRE_VERTICAL);
-        grid->Add(new Wx::StaticBitmap(parent, wxID_ANY, swatch(colour)));
+        auto* frame = new OskaBorder(parent); // shows where the colour of the background begins
+        frame->addChild(new Wx::StaticBitmap(frame, wxID_ANY, swatch(colour)));
+        grid->Add(frame);
     }
     parent->SetSizer(grid);
 }

@@ -32,7 +32,7 @@ void build(wxWindow* parent, const Log& log)
                                     L"https://example.org/");
     link->setTooltip(L"https://example.org/");
     for (Wx::TextButton* button : {plain, visited, link}) {
-        // When the walk that gives the page its skin is over: it gives links one colour for everything.
+        // applySkinRecursive() gives links one colour for all states, so that the colours are set afterwards.
         button->CallAfter([button, isVisited = button == visited] { colour(button, isVisited); });
         rows->Add(button, 0, wxTOP, GAP);
     }

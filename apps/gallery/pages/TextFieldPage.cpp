@@ -58,7 +58,7 @@ void addHeading(wxWindow* parent, wxSizer* grid, const wchar_t* text)
     grid->Add(new Wx::StaticText(parent, wxID_ANY, text, 0, TextFlag::BOLD));
 }
 
-// Every kind enabled and disabled, side by side.
+// Each kind of field stands enabled beside disabled.
 void build(wxWindow* parent, const Log& log)
 {
     auto* grid = new wxFlexGridSizer(3, wxSize(2 * GAP, GAP));

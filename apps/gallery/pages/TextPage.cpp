@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/DpiScaling.h"
-#include "NolvexLibWx/widgets/OskaBorder.h"
 #include "NolvexLibWx/widgets/StaticText.h"
 #include "apps/gallery/Page.h"
 
@@ -16,7 +15,7 @@ const wchar_t* const SENTENCE =
     L"A label keeps its text as it was given, so that it can be wrapped to one width after "
     L"the other and always comes out as if it had been wrapped once.";
 
-void build(wxWindow* parent, const Log& log)
+void build(wxWindow* parent, const Log& /*log*/)
 {
     using Wx::StaticText;
     using Wx::TextFlag;
@@ -31,22 +30,10 @@ void build(wxWindow* parent, const Log& log)
         wrapped->Wrap(Wx::scaleByDpi(width));
         add(wrapped);
     }
-    auto* border = new OskaBorder(parent);
-    auto* tip = new StaticText(border, wxID_ANY, L"Rest the mouse here: a tooltip",
-                               wxALIGN_CENTRE_HORIZONTAL | wxALIGN_CENTRE_VERTICAL, {}, wxSize(260, 34));
-    tip->setTooltip(
-        L"Tooltips wait until the mouse has rested for a while, wrap their text to a readable width, and "
-        L"stay inside the work area of the monitor they appear on.");
-    tip->Bind(wxEVT_LEFT_UP, [log](wxMouseEvent& event) {
-        log(L"The label was clicked, which hides its tooltip.");
-        event.Skip();
-    });
-    border->addChild(tip);
-    add(border);
     parent->SetSizer(rows);
 }
 
-const Page PAGE(L"Texts and tooltips", build);
+const Page PAGE(L"Texts", build);
 
 } // namespace
 

@@ -1,0 +1,232 @@
+// SPDX-License-Identifier: MIT
+#include "apps/gallery/GalleryFrame.h"
+
+#include "NolvexLibWx/GeometryConversions.h"
+#include "NolvexLibWx/StringConversions.h"
+#include "NolvexLibWx/widgets/Button.h"
+#include "NolvexLibWx/widgets/TextCtrl.h"
+#include "support/DefaultSkinGuard.h"
+#include "support/Events.h"
+#include "support/ProcessResources.h"
+#include "support/Screen.h"
+
+#include <wx/listbox.h>
+#include <wx/uiaction.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Nolvex;
+using Gallery::GalleryFrame;
+
+namespace {
+
+template<class Window>
+void collect(wxWindow* window, Array<Window*>& found)
+{
+    if (auto* wanted = dynamic_cast<Window*>(window))
+        found.push_back(wanted);
+    for (wxWindow* child : window->GetChildren())
+        collect(child, found);
+}
+
+/// Returns all windows of a class below and including `window`, parents first.
+template<class Window>
+Array<Window*> windowsOf(wxWindow* window)
+{
+    Array<Window*> found;
+    collect(window, found);
+    return found;
+}
+
+struct GalleryFrameTest : testing::Test
+{
+    ~GalleryFrameTest() override { Tests::destroyNow(frame); }
+
+    void show() const
+    {
+        frame->Show();
+        frame->Raise();
+        wxUIActionSimulator().MouseMove(2, 2);
+        const wxColour background = frame->GetChildren().front()->GetBackgroundColour();
+        const RgbBytes expected{background.Red(), background.Green(), background.Blue()};
+        EXPECT_TRUE(Tests::pumpUntil(
+            [&] { return Tests::pixelAt(Tests::captureClientArea(frame), 3, 3) == expected; }));
+    }
+
+    Wx::Button* button(const wxString& label) const
+    {
+        for (Wx::Button* candidate : windowsOf<Wx::Button>(frame)) {
+            if (candidate->GetLabel() == label)
+                return candidate;
+        }
+        return nullptr;
+    }
+
+    wxString log() const { return windowsOf<Wx::TextCtrl>(frame).back()->GetValue(); }
+
+    /// The log of the frame stands behind the page.
+    std::size_t pageOf(const String& title) const
+    {
+        const Array<Gallery::Page>& pages = frame->pages();
+        const auto page = std::ranges::find(pages, title, &Gallery::Page::title);
+        EXPECT_NE(page, pages.end());
+        return static_cast<std::size_t>(page - pages.begin());
+    }
+
+    static void click(wxWindow* window)
+    {
+        wxUIActionSimulator mouse;
+        const wxSize size = window->GetSize();
+        mouse.MouseMove(window->ClientToScreen(wxPoint(size.x / 2, size.y / 2)));
+        Tests::pumpEvents();
+        mouse.MouseClick();
+    }
+
+    Tests::DefaultSkinGuard guard;
+    GalleryFrame* frame = new GalleryFrame;
+};
+
+/// The relative luminance of the guidelines for accessible web content, from 0 (black) to 1 (white).
+double luminance(const RgbBytes& colour)
+{
+    const auto linear = [](int channel) {
+        const double value = channel / 255.0;
+        return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.r) + 0.7152 * linear(colour.g) + 0.0722 * linear(colour.b);
+}
+
+double contrast(const RgbBytes& first, const RgbBytes& second)
+{
+    const double one = luminance(first) + 0.05;
+    const double other = luminance(second) + 0.05;
+    return std::max(one, other) / std::min(one, other);
+}
+
+} // namespace
+
+TEST_F(GalleryFrameTest, pages_coverEveryFamilyInTheOrderOfTheirTitles)
+{
+    Array<String> titles;
+    for (const Gallery::Page& page : frame->pages())
+        titles.push_back(page.title);
+    const Array<String> expected{L"Borders",           L"Buttons",      L"Check boxes", L"Collapsible panels",
+                                 L"Drop-down buttons", L"Lines",        L"Pictures",    L"Skin",
+                                 L"Text areas",        L"Text buttons", L"Text fields", L"Texts",
+                                 L"Tooltips"};
+    EXPECT_EQ(titles, expected);
+}
+
+TEST_F(GalleryFrameTest, everyPage_inEverySkin_replacesThePageBefore)
+{
+    show();
+    for (int skin = 0; skin < GalleryFrame::SKIN_COUNT; ++skin) {
+        frame->chooseSkin(skin);
+        frame->showPage(0);
+        Tests::pumpEvents();
+        const std::size_t windows = windowsOf<wxWindow>(frame).size();
+        for (std::size_t page = 0; page < frame->pages().size(); ++page) {
+            frame->showPage(page);
+            Tests::pumpEvents();
+        }
+        frame->showPage(0);
+        Tests::pumpEvents();
+        EXPECT_EQ(windowsOf<wxWindow>(frame).size(), windows);
+    }
+}
+
+TEST_F(GalleryFrameTest, skins_showCheckMarksAndTexts)
+{
+    constexpr RgbBytes CHECK_MARK{255, 255, 255};
+    for (int i = 0; i < GalleryFrame::SKIN_COUNT; ++i) {
+        const Wx::GuiSkin& skin = GalleryFrame::skin(i);
+        EXPECT_GE(contrast(CHECK_MARK, skin.background), 3.0) << i;
+        EXPECT_GE(contrast(skin.text, skin.background), 4.5) << i;
+        EXPECT_GE(contrast(skin.text, skin.pressedBackground), 4.5) << i;
+        EXPECT_GE(contrast(skin.accentText, skin.accent), 4.5) << i;
+        EXPECT_GE(contrast(skin.link, skin.background), 3.0) << i;
+    }
+}
+
+TEST_F(GalleryFrameTest, firstSkin_isTheOneThatTheLibraryStartsWith)
+{
+    EXPECT_EQ(GalleryFrame::skin(0), guard.before);
+    EXPECT_EQ(Wx::GuiSkin::DEFAULT(), guard.before);
+}
+
+TEST_F(GalleryFrameTest, clickOnASkin_makesItTheDefaultAndShowsItEverywhere)
+{
+    show();
+    click(button(L"Paper"));
+    EXPECT_TRUE(Tests::pumpUntil([] { return Wx::GuiSkin::DEFAULT() == GalleryFrame::skin(1); }));
+    EXPECT_TRUE(Tests::pumpUntil([&] {
+        return Tests::pixelAt(Tests::captureClientArea(frame), 3, 3) == GalleryFrame::skin(1).background;
+    }));
+    EXPECT_TRUE(Tests::pumpUntil([&] {
+        wxWindow* paper = button(L"Paper");
+        return Tests::pixelAt(Tests::captureClientArea(paper), 4, 4) == GalleryFrame::skin(1).accent;
+    })) << "the button of the skin is toggled";
+    EXPECT_TRUE(log().EndsWith("The default skin is Paper.\n")) << log();
+}
+
+TEST_F(GalleryFrameTest, chosenSkin_staysMarkedOnTheNextPage)
+{
+    show();
+    frame->chooseSkin(1);
+    frame->showPage(1);
+    EXPECT_TRUE(Tests::pumpUntil([&] {
+        wxWindow* paper = button(L"Paper");
+        return Tests::pixelAt(Tests::captureClientArea(paper), 4, 4) == GalleryFrame::skin(1).accent;
+    }));
+}
+
+TEST_F(GalleryFrameTest, clickOnATitle_showsItsPage)
+{
+    show();
+    auto* titles = windowsOf<wxListBox>(frame).front();
+    const std::size_t buttons = pageOf(L"Buttons");
+    wxUIActionSimulator().MouseMove(titles->ClientToScreen(wxPoint(20, 3 * titles->GetCharHeight() / 2)));
+    Tests::pumpEvents();
+    wxUIActionSimulator().MouseClick();
+    EXPECT_TRUE(Tests::pumpUntil([&] { return button(L"Push") != nullptr; }));
+    EXPECT_EQ(titles->GetSelection(), static_cast<int>(buttons));
+}
+
+TEST_F(GalleryFrameTest, controlOfAPage_reportsToTheLog)
+{
+    frame->showPage(pageOf(L"Buttons"));
+    show();
+    click(button(L"Push"));
+    EXPECT_TRUE(Tests::pumpUntil([&] { return log().EndsWith("The button \"Push\" was clicked.\n"); }));
+}
+
+TEST_F(GalleryFrameTest, tooltipPage_hasControlsWithAndWithoutATooltip)
+{
+    frame->showPage(pageOf(L"Tooltips"));
+    Array<std::size_t> lines;
+    for (const Wx::Tooltip* tooltip : windowsOf<Wx::Tooltip>(frame))
+        lines.push_back(tooltip->lines().size());
+    EXPECT_TRUE(std::ranges::count(lines, 0u) == 1 && std::ranges::count(lines, 1u) > 3);
+    EXPECT_EQ(std::ranges::count_if(lines, [](std::size_t count) { return count >= 3; }), 2);
+}
+
+TEST_F(GalleryFrameTest, GROWTH)
+{
+    show();
+    for (std::size_t page = 0; page < frame->pages().size(); ++page) {
+        std::size_t last = 0;
+        for (int round = 0; round < 4; ++round) {
+            for (int i = 0; i < 15; ++i) {
+                frame->showPage(page);
+                Tests::pumpEvents(20);
+            }
+            const std::size_t now = Tests::privateMemory();
+            if (round > 1)
+                std::printf("page %zu: %ld bytes a switch\n", page, (long)(now - last) / 15);
+            last = now;
+        }
+    }
+}
