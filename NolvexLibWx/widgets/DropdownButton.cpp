@@ -10,10 +10,11 @@
 
 #include <wx/brush.h>
 #include <wx/dcclient.h>
-#include <wx/frame.h>
 #include <wx/sizer.h>
 #include <wx/weakref.h>
 
+#include <algorithm>
+#include <array>
 #include <utility>
 
 namespace Nolvex {
@@ -22,8 +23,6 @@ namespace {
 
 constexpr const char* SOURCE = "widgets/DropdownButton";
 constexpr int HOLD_TIME = 150; // milliseconds
-// Some window managers insist on a place of their own.
-constexpr int MOST_MOVES = 3;
 constexpr int CORNER_LENGTH = 10;
 constexpr int CORNER_INSET = 2;
 constexpr RgbBytes DISABLED_CORNER{135, 135, 135};
@@ -33,7 +32,7 @@ wxSize itemSize()
     return Wx::scaleByDpi(wxSize(73, 24));
 }
 
-// Looked at before the first entry is.
+// Returns the ids, for the caller to read the first entries of the arrays only after this check.
 const Array<int>& checked(const Array<int>& ids, const Array<wxString>& labels,
                           const Array<Function<void()>>& callbacks)
 {
@@ -53,7 +52,7 @@ Wx::DropdownButton::DropdownButton(wxWindow* parent, const GuiSkin& skin, const 
                                    const Array<wxString>& labels, const wxBitmap& bitmap,
                                    const wxBitmap& disabledBitmap, const Array<Function<void()>>& callbacks,
                                    Behavior behavior, bool enabled)
-    // Braces, within which the arrays are looked at from left to right.
+    // Braces evaluate the arguments from left to right, so the arrays are checked before they are read.
     : Button{parent,
              skin,
              checked(ids, labels, callbacks).front(),
@@ -66,7 +65,7 @@ Wx::DropdownButton::DropdownButton(wxWindow* parent, const GuiSkin& skin, const 
              OskaBorderState::ENABLED},
       m_swapOnSelect(behavior == Behavior::SWAP)
 {
-    createPopup(ids, labels, callbacks);
+    createItems(ids, labels, callbacks);
     m_timer.SetOwner(this);
     Bind(wxEVT_TIMER, &DropdownButton::onHeld, this);
     Bind(wxEVT_MOTION, &DropdownButton::onMouseMoved, this);
@@ -74,29 +73,21 @@ Wx::DropdownButton::DropdownButton(wxWindow* parent, const GuiSkin& skin, const 
     Platform::describeControl(*this, Platform::AccessibleRole::DROPDOWN_BUTTON);
 }
 
-Wx::DropdownButton::~DropdownButton()
-{
-    // It goes after the members have gone.
-    m_popup->Unbind(wxEVT_MOVE, &DropdownButton::onPopupMoved, this);
-}
+Wx::DropdownButton::~DropdownButton() = default;
 
-void Wx::DropdownButton::createPopup(const Array<int>& ids, const Array<wxString>& labels,
+void Wx::DropdownButton::createItems(const Array<int>& ids, const Array<wxString>& labels,
                                      const Array<Function<void()>>& callbacks)
 {
-    m_popup = new wxFrame(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
-                          wxBORDER_NONE | wxSTAY_ON_TOP | wxFRAME_NO_TASKBAR);
+    m_popup = new DropdownFrame(this);
     auto* sizer = new wxBoxSizer(wxVERTICAL);
     for (std::size_t i = 1; i < ids.size(); ++i) {
-        auto* item = new Button(m_popup, skin(), ids[i], labels[i], wxBitmap(), wxBitmap(), callbacks[i],
-                                Button::Behavior::PUSH, true, OskaBorderState::ENABLED);
+        auto* item = new Item(m_popup, skin(), ids[i], labels[i], wxBitmap(), wxBitmap(), callbacks[i],
+                              Button::Behavior::PUSH, true, OskaBorderState::ENABLED);
         item->Show(true);
         item->SetMinSize(itemSize());
         sizer->Add(item, 0, 0, 0);
         m_items.emplace_back(item);
     }
-    // Whoever closes it with the keyboard must not destroy what the button goes on using.
-    m_popup->Bind(wxEVT_CLOSE_WINDOW, [popup = m_popup](wxCloseEvent&) { popup->Hide(); });
-    m_popup->Bind(wxEVT_MOVE, &DropdownButton::onPopupMoved, this);
     m_popup->SetSizerAndFit(sizer);
     m_popup->Hide();
 }
@@ -107,7 +98,7 @@ void Wx::DropdownButton::setText(int index, const String& text)
         Nolvex::Detail::throwStopException(SOURCE, __LINE__);
     if (index == 0)
         Button::SetLabel(toWxString(text));
-    else if (const wxWeakRef<Button>& item = m_items[static_cast<std::size_t>(index) - 1])
+    else if (const wxWeakRef<Item>& item = m_items[static_cast<std::size_t>(index) - 1])
         item->SetLabel(toWxString(text));
 }
 
@@ -122,32 +113,29 @@ void Wx::DropdownButton::onMouseDown(wxMouseEvent& /*event*/)
 
 void Wx::DropdownButton::onHeld(wxTimerEvent& /*event*/)
 {
-    if (!isPressed())
+    if (!isPressed() || !m_popup)
         return;
-    m_popup->Show(true);
-    m_movesLeft = MOST_MOVES;
-    movePopup();
-    Refresh();
+    for (const wxWeakRef<Item>& item : m_items) {
+        if (item)
+            item->setHovered(false);
+    }
+    m_popup->open();
 }
 
-void Wx::DropdownButton::movePopup()
+bool Wx::DropdownButton::isOpen() const
 {
-    const wxPoint below = GetScreenPosition() + wxPoint(0, GetSize().y);
-    if (m_popup->GetPosition() == below || m_movesLeft == 0)
-        return;
-    --m_movesLeft;
-    m_popup->Move(below);
+    return m_popup && m_popup->IsShown();
 }
 
-// A window manager may place what is new to it, after we did.
-void Wx::DropdownButton::onPopupMoved(wxMoveEvent& event)
+void Wx::DropdownButton::closeDropdown()
 {
-    event.Skip();
-    if (m_popup->IsShown())
-        movePopup();
+    if (m_popup)
+        m_popup->Hide();
 }
 
-bool Wx::DropdownButton::isOver(const Button& item, const wxMouseEvent& event) const
+// The mouse position relative to an item comes from the screen positions, as the frame with the items is no
+// part of the button.
+bool Wx::DropdownButton::isOver(const Item& item, const wxMouseEvent& event) const
 {
     const wxPoint offset = event.GetPosition() + GetScreenPosition() - item.GetScreenPosition();
     return isWithin(offset.x, item.GetSize().x) && isWithin(offset.y, item.GetSize().y);
@@ -155,19 +143,19 @@ bool Wx::DropdownButton::isOver(const Button& item, const wxMouseEvent& event) c
 
 void Wx::DropdownButton::onMouseMoved(wxMouseEvent& event)
 {
-    if (!m_popup->IsShown())
+    if (!isOpen())
         return;
-    for (const wxWeakRef<Button>& item : m_items) {
+    for (const wxWeakRef<Item>& item : m_items) {
         if (!item)
             continue;
         const bool over = isOver(*item, event);
-        item->m_state.set(OskaBorderState::HOVERED, over);
+        item->setHovered(over);
         if (over && item.get() != m_hoveredItem.get())
             markHovered(item.get());
     }
 }
 
-void Wx::DropdownButton::markHovered(Button* item)
+void Wx::DropdownButton::markHovered(Item* item)
 {
     item->Refresh();
     if (m_hoveredItem)
@@ -183,26 +171,50 @@ void Wx::DropdownButton::onMouseUp(wxMouseEvent& event)
     m_timer.Stop();
     capture().end();
     const wxWeakRef<DropdownButton> self(this);
-    wxWeakRef<Button> chosen;
-    if (m_popup->IsShown()) {
-        for (const wxWeakRef<Button>& item : m_items) {
-            if (!item || !isOver(*item, event))
-                continue;
-            chosen = item;
-            if (item->m_clickCallback)
-                item->m_clickCallback();
-            // It may have destroyed the button, and the items with it, or the item alone.
-            if (!self)
-                return;
-            if (item)
-                item->onMouseUp(event);
-        }
-    }
-    m_popup->Hide();
+    const wxWeakRef<Item> chosen(isOpen() ? choose(event) : nullptr);
+    // The callback of the chosen item may have destroyed the button.
+    if (!self)
+        return;
+    closeDropdown();
     m_state.set(OskaBorderState::HOVERED, false);
     Button::onMouseUp(event);
     if (self && chosen && swapsOnSelect())
         swapWithMain(*chosen);
+}
+
+// Calls the callback of the item under the mouse. Returns the item, or null if the mouse is over no item or
+// the callback has destroyed the item.
+Wx::DropdownButton::Item* Wx::DropdownButton::choose(wxMouseEvent& event)
+{
+    const auto found = std::find_if(m_items.begin(), m_items.end(), [&](const wxWeakRef<Item>& item) {
+        return item && isOver(*item, event);
+    });
+    if (found == m_items.end())
+        return nullptr;
+    const wxWeakRef<Item> item(*found);
+    callBack(*item);
+    if (item)
+        item->onMouseUp(event);
+    return item.get();
+}
+
+void Wx::DropdownButton::callBack(const Item& item)
+{
+    const wxWeakRef<DropdownButton> self(this);
+    try {
+        item.click();
+    } catch (...) {
+        // What follows a choice does not happen then, but the press is over all the same.
+        if (self)
+            abandonPress();
+        throw;
+    }
+}
+
+void Wx::DropdownButton::abandonPress()
+{
+    wxMouseCaptureLostEvent lost(GetId());
+    onCaptureLost(lost);
 }
 
 bool Wx::DropdownButton::swapsOnSelect() const
@@ -210,25 +222,25 @@ bool Wx::DropdownButton::swapsOnSelect() const
     return m_swapOnSelect && !isToggle();
 }
 
-void Wx::DropdownButton::swapWithMain(Button& item)
+void Wx::DropdownButton::swapWithMain(Item& item)
 {
-    const wxString mainLabel = m_label;
-    Button::SetLabel(item.m_label);
+    const wxString mainLabel = GetLabel();
+    Button::SetLabel(item.GetLabel());
     item.SetLabel(mainLabel);
-    std::swap(m_clickCallback, item.m_clickCallback);
+    std::swap(m_clickCallback, item.clickCallback());
 }
 
 void Wx::DropdownButton::onCaptureLost(wxMouseCaptureLostEvent& event)
 {
     Button::onCaptureLost(event);
-    m_popup->Hide();
+    closeDropdown();
 }
 
 void Wx::DropdownButton::onButtonPaint(wxPaintEvent& /*event*/)
 {
     wxPaintDC dc(this);
     drawFace(dc);
-    for (const wxWeakRef<Button>& item : m_items) {
+    for (const wxWeakRef<Item>& item : m_items) {
         if (item)
             item->Update();
     }

@@ -4,11 +4,10 @@
 #include "NolvexLib/Array.h"
 #include "NolvexLib/String.h"
 #include "NolvexLibWx/widgets/Button.h"
+#include "NolvexLibWx/widgets/DropdownFrame.h"
 
 #include <wx/timer.h>
 #include <wx/weakref.h>
-
-class WXDLLIMPEXP_FWD_CORE wxFrame;
 
 namespace Nolvex::Wx {
 
@@ -49,22 +48,43 @@ protected:
     void onButtonPaint(wxPaintEvent& event) override;
 
 private:
-    void createPopup(const Array<int>& ids, const Array<wxString>& labels,
+    /// A choice in the drop-down frame. The button itself hovers and chooses the items, which see nothing of
+    /// the mouse while the button has captured it.
+    class Item : public Button
+    {
+    public:
+        using Button::Button;
+        using Button::onMouseUp;
+
+        void setHovered(bool hovered) { m_state.set(OskaBorderState::HOVERED, hovered); }
+
+        Function<void()>& clickCallback() { return m_clickCallback; }
+
+        void click() const
+        {
+            if (m_clickCallback)
+                m_clickCallback();
+        }
+    };
+
+    void createItems(const Array<int>& ids, const Array<wxString>& labels,
                      const Array<Function<void()>>& callbacks);
     void onHeld(wxTimerEvent& event);
-    void movePopup();
-    void onPopupMoved(wxMoveEvent& event);
+    bool isOpen() const;
+    void closeDropdown();
     void onMouseMoved(wxMouseEvent& event);
-    void markHovered(Button* item);
-    bool isOver(const Button& item, const wxMouseEvent& event) const;
+    void markHovered(Item* item);
+    bool isOver(const Item& item, const wxMouseEvent& event) const;
+    Item* choose(wxMouseEvent& event);
+    void callBack(const Item& item);
+    void abandonPress();
     bool swapsOnSelect() const;
-    void swapWithMain(Button& item);
+    void swapWithMain(Item& item);
 
-    // Weak, as the ids by which they can be found and destroyed are the caller's.
-    Array<wxWeakRef<Button>> m_items;
-    wxFrame* m_popup = nullptr;
+    // Weak, as the caller can find the frame and the items among the child windows and destroy them.
+    Array<wxWeakRef<Item>> m_items;
+    wxWeakRef<DropdownFrame> m_popup;
     wxTimer m_timer;
-    int m_movesLeft = 0;
     bool m_swapOnSelect;
     wxWeakRef<wxWindow> m_hoveredItem;
 };
