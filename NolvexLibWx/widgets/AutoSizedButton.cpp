@@ -19,13 +19,10 @@ constexpr Pixel LABEL_PADDING{10, 10};
 constexpr int FRAME_ALLOWANCE = 4;
 constexpr int FRAME_ALLOWANCE_WITHOUT_FRAME = 2;
 
-constexpr int LARGEST_ICON = 4096;
-
-wxBitmap resized(const wxBitmap& icon, int size)
+wxBitmap resized(const wxBitmap& icon, int length)
 {
-    if (size < 1 || size > LARGEST_ICON)
+    if (length < 1)
         return {};
-    const int length = size * Wx::scaleByDpi(1);
     wxImage image = icon.ConvertToImage();
     image.Rescale(length, length, wxIMAGE_QUALITY_HIGH);
     return {image};
@@ -68,21 +65,25 @@ void Wx::AutoSizedButton::setClickCallback(Function<void()> onClick)
     m_ownClickCallback = std::move(onClick);
 }
 
-void Wx::AutoSizedButton::setEnabledIcon(const wxBitmap& icon, Optional<int> size)
+bool Wx::AutoSizedButton::setEnabledIcon(const wxBitmap& icon, Optional<int> size)
 {
-    setIcon(m_bitmap, icon, size);
+    return setIcon(m_bitmap, icon, size);
 }
 
-void Wx::AutoSizedButton::setDisabledIcon(const wxBitmap& icon, Optional<int> size)
+bool Wx::AutoSizedButton::setDisabledIcon(const wxBitmap& icon, Optional<int> size)
 {
-    setIcon(m_bitmapWhenDisabled, icon, size);
+    return setIcon(m_bitmapWhenDisabled, icon, size);
 }
 
-void Wx::AutoSizedButton::setIcon(wxBitmap& destination, const wxBitmap& icon, Optional<int> size)
+bool Wx::AutoSizedButton::setIcon(wxBitmap& destination, const wxBitmap& icon, Optional<int> size)
 {
-    destination = icon.IsOk() && size ? resized(icon, *size) : scaleByDpi(icon);
+    const int factor = scaleByDpi(1);
+    if (size && *size > MAX_ICON_LENGTH / factor)
+        return false;
+    destination = icon.IsOk() && size ? resized(icon, std::max(*size, 0) * factor) : scaleByDpi(icon);
     updateMinimumSize();
     repaintNow();
+    return true;
 }
 
 void Wx::AutoSizedButton::updateMinimumSize()
