@@ -2,10 +2,81 @@
 #include "NolvexLibWx/MouseCapture.h"
 
 #include "NolvexLib/Array.h"
+#include "NolvexLibWx/platform/CaptureWatch.h"
 
-#include <wx/window.h>
+#include <wx/toplevel.h>
+#include <wx/weakref.h>
 
 namespace Nolvex {
+
+// Ends the capture when the window can no longer use it.
+class Wx::MouseCapture::Watch : private Noncopyable
+{
+public:
+    explicit Watch(MouseCapture& capture)
+        : m_capture(capture),
+          m_window(capture.m_window),
+          m_topLevel(wxGetTopLevelParent(m_window)),
+          m_platformWatch(*m_window, capture.m_whenDisabled == WhenDisabled::STAYS, [this] { giveUp(); })
+    {
+        m_window->Bind(wxEVT_MOUSE_CAPTURE_LOST, &Watch::onLost, this);
+        m_window->Bind(wxEVT_DESTROY, &Watch::onDestroyed, this);
+        if (m_topLevel)
+            m_topLevel->Bind(wxEVT_ICONIZE, &Watch::onIconized, this);
+    }
+
+    ~Watch()
+    {
+        m_window->Unbind(wxEVT_MOUSE_CAPTURE_LOST, &Watch::onLost, this);
+        m_window->Unbind(wxEVT_DESTROY, &Watch::onDestroyed, this);
+        if (m_topLevel)
+            m_topLevel->Unbind(wxEVT_ICONIZE, &Watch::onIconized, this);
+    }
+
+private:
+    // Each of these destroys the watch.
+
+    void onLost(wxMouseCaptureLostEvent& event)
+    {
+        event.Skip();
+        m_capture.lost();
+    }
+
+    void onDestroyed(wxWindowDestroyEvent& event)
+    {
+        event.Skip();
+        // The event of a child comes here too.
+        if (event.GetEventObject() == m_window)
+            m_capture.end();
+    }
+
+    void onIconized(wxIconizeEvent& event)
+    {
+        event.Skip();
+        if (event.IsIconized())
+            giveUp();
+    }
+
+    void giveUp()
+    {
+        wxWindow* const window = m_window;
+        m_capture.end();
+        // Not at once: wxWidgets is in the middle of hiding, disabling or moving the window, which a handler
+        // might destroy.
+        auto* event = new wxMouseCaptureLostEvent(window->GetId());
+        event->SetEventObject(window);
+        wxQueueEvent(window->GetEventHandler(), event);
+    }
+
+    MouseCapture& m_capture;
+    wxWindow* m_window;
+    wxWeakRef<wxWindow> m_topLevel;
+    Platform::CaptureWatch m_platformWatch;
+};
+
+Wx::MouseCapture::MouseCapture(wxWindow* window, WhenDisabled whenDisabled)
+    : m_window(window), m_whenDisabled(whenDisabled)
+{}
 
 Wx::MouseCapture::~MouseCapture()
 {
@@ -14,32 +85,37 @@ Wx::MouseCapture::~MouseCapture()
 
 void Wx::MouseCapture::begin()
 {
-    if (!m_begun && !isHeld())
+    if (!Platform::canCaptureMouse(*m_window))
+        return;
+    const wxWindow* const holder = wxWindow::GetCapture();
+    const bool waitsForAnother = m_watch && holder != nullptr;
+    if (holder != m_window && !waitsForAnother)
         m_window->CaptureMouse();
-    m_begun = true;
+    if (!m_watch)
+        m_watch = std::make_unique<Watch>(*this);
 }
 
 void Wx::MouseCapture::end()
 {
-    // The toolkit stacks captures and gives the mouse back to the one below: those above this one step aside
-    // for a moment.
+    // wxWidgets keeps a stack of captures of which only the top one can be released: the windows above this
+    // one step aside for a moment.
     Array<wxWindow*> above;
-    for (wxWindow* top = wxWindow::GetCapture(); m_begun && top != nullptr && top != m_window;
+    for (wxWindow* top = wxWindow::GetCapture(); m_watch && top != nullptr && top != m_window;
          top = wxWindow::GetCapture()) {
         above.push_back(top);
         top->ReleaseMouse();
     }
     if (isHeld())
         m_window->ReleaseMouse();
-    m_begun = false;
+    m_watch.reset();
     for (; !above.empty(); above.pop_back())
         above.back()->CaptureMouse();
 }
 
 void Wx::MouseCapture::lost()
 {
-    m_begun = false;
-    // Told so by somebody who is wrong, the window would keep the mouse for ever.
+    m_watch.reset();
+    // An event that does not come from wxWidgets may be wrong; the window would keep the mouse for ever.
     if (isHeld())
         m_window->ReleaseMouse();
 }

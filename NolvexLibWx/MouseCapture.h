@@ -6,39 +6,57 @@
 
 #include <wx/defs.h>
 
+#include <memory>
+
 class WXDLLIMPEXP_FWD_CORE wxWindow;
 
 namespace Nolvex::Wx {
 
-/// The mouse capture of a control that is pressed: a member of it. Begun and ended any number of times, in
-/// any order, it keeps the toolkit's books right, where capturing twice, releasing what is not held and being
-/// destroyed while captured are all errors.
+/// The mouse capture of a control: a member of the control, begun and ended any number of times and in any
+/// order. wxWidgets asserts when a window captures the mouse twice, releases a capture that it does not hold
+/// or is destroyed while it holds one; this class sees to it that none of that happens.
 ///
-/// The control calls `end` before it calls anybody's code, and `lost` when the toolkit says so.
+/// The capture ends by itself when the window, or a parent, is hidden, disabled or minimised and when the
+/// window gets another parent. The window is then sent wxEVT_MOUSE_CAPTURE_LOST, as it is when the system
+/// takes the capture away; the event comes later, when events are next processed. The control must handle
+/// that event without skipping it, and must call `end` before it calls code of its user.
 class NOLVEXLIBWX_EXPORT MouseCapture : private Noncopyable
 {
 public:
-    /// `window` is the control itself.
-    explicit MouseCapture(wxWindow* window) : m_window(window) {}
+    /// What becomes of the capture when the window, or a parent, is disabled.
+    enum class WhenDisabled
+    {
+        ENDS,
+        STAYS, ///< the window goes on getting the events of the mouse (on Windows it must begin again)
+    };
 
-    /// Ends it.
+    /// `window` is the control itself. It may be destroyed before this object.
+    explicit MouseCapture(wxWindow* window, WhenDisabled whenDisabled = WhenDisabled::ENDS);
+
+    /// Ends the capture.
     ~MouseCapture();
 
-    /// Does nothing when the window has the capture already.
+    /// Does nothing if the window is not on the screen, if it has the capture already, or if it had it and
+    /// another window has captured the mouse since then: wxWidgets gives the mouse back when that window
+    /// releases it.
     void begin();
 
-    /// Does nothing when the window does not have the capture. Windows that captured the mouse since then
-    /// keep it.
+    /// Does nothing if the window does not have the capture. Windows that captured the mouse since then keep
+    /// it.
     void end();
 
-    /// Answers wxEVT_MOUSE_CAPTURE_LOST: nobody has the mouse any more.
+    /// To be called by the handler of wxEVT_MOUSE_CAPTURE_LOST. Releases the mouse if the window has it all
+    /// the same.
     void lost();
 
     bool isHeld() const;
 
 private:
+    class Watch;
+
     wxWindow* m_window;
-    bool m_begun = false;
+    WhenDisabled m_whenDisabled;
+    std::unique_ptr<Watch> m_watch; // from begin to end
 };
 
 } // namespace Nolvex::Wx

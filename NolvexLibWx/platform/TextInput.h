@@ -7,8 +7,11 @@ class WXDLLIMPEXP_FWD_CORE wxTextCtrl;
 
 namespace Nolvex::Platform {
 
-/// Captures the mouse, from a handler of its press, so that the events of the mouse go on arriving at the
-/// control.
-void captureMouse(wxTextCtrl& text);
+/// To be called before wxWidgets captures the mouse for the control.
+void prepareCapture(wxTextCtrl& text);
+
+/// To be called when wxWidgets has captured the mouse for the control: lets the events of the mouse go on to
+/// the part of the control that holds the text.
+void directCapture(wxTextCtrl& text);
 
 } // namespace Nolvex::Platform

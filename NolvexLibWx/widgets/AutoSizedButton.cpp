@@ -28,6 +28,17 @@ wxBitmap resized(const wxBitmap& icon, int length)
     return {image};
 }
 
+// Returns nullopt if the icon cannot have that size.
+Optional<wxBitmap> fitted(const wxBitmap& icon, Optional<int> size)
+{
+    const int factor = Wx::scaleByDpi(1);
+    if (!size)
+        return Wx::scaleByDpi(icon);
+    if (*size > Wx::AutoSizedButton::MAX_ICON_LENGTH / factor)
+        return {};
+    return icon.IsOk() ? resized(icon, std::max(*size, 0) * factor) : icon;
+}
+
 wxSize extent(const wxBitmap& bitmap)
 {
     return bitmap.IsOk() ? bitmap.GetSize() : wxSize(0, 0);
@@ -36,13 +47,13 @@ wxSize extent(const wxBitmap& bitmap)
 } // namespace
 
 Wx::AutoSizedButton::AutoSizedButton(wxWindow* parent, const wxString& label, int minWidth, int minHeight)
-    : Button(parent, GuiSkin::DEFAULT(), wxID_ANY, label, wxBitmap(), wxBitmap(), {}, Behavior::PUSH, true,
-             OskaBorderState::ENABLED),
+    : Button(
+          parent, GuiSkin::DEFAULT(), wxID_ANY, label, wxBitmap(), wxBitmap(), [this] { onClicked(); },
+          Behavior::PUSH, true, OskaBorderState::ENABLED),
       m_minWidth(minWidth),
       m_minHeight(minHeight)
 {
     updateMinimumSize();
-    m_clickCallback = [this] { onClicked(); };
 }
 
 Wx::AutoSizedButton::~AutoSizedButton() = default;
@@ -67,38 +78,43 @@ void Wx::AutoSizedButton::setClickCallback(Function<void()> onClick)
 
 bool Wx::AutoSizedButton::setEnabledIcon(const wxBitmap& icon, Optional<int> size)
 {
-    return setIcon(m_bitmap, icon, size);
+    const Optional<wxBitmap> bitmap = fitted(icon, size);
+    if (bitmap) {
+        setBitmap(*bitmap);
+        onIconChanged();
+    }
+    return bitmap.has_value();
 }
 
 bool Wx::AutoSizedButton::setDisabledIcon(const wxBitmap& icon, Optional<int> size)
 {
-    return setIcon(m_bitmapWhenDisabled, icon, size);
+    const Optional<wxBitmap> bitmap = fitted(icon, size);
+    if (bitmap) {
+        setBitmapWhenDisabled(*bitmap);
+        onIconChanged();
+    }
+    return bitmap.has_value();
 }
 
-bool Wx::AutoSizedButton::setIcon(wxBitmap& destination, const wxBitmap& icon, Optional<int> size)
+void Wx::AutoSizedButton::onIconChanged()
 {
-    const int factor = scaleByDpi(1);
-    if (size && *size > MAX_ICON_LENGTH / factor)
-        return false;
-    destination = icon.IsOk() && size ? resized(icon, std::max(*size, 0) * factor) : scaleByDpi(icon);
     updateMinimumSize();
     repaintNow();
-    return true;
 }
 
 void Wx::AutoSizedButton::updateMinimumSize()
 {
-    wxSize icon = extent(m_bitmap);
-    icon.IncTo(extent(m_bitmapWhenDisabled));
+    wxSize icon = extent(bitmap());
+    icon.IncTo(extent(bitmapWhenDisabled()));
     wxClientDC dc(this);
     dc.SetFont(setDefaultFontSize(dc.GetFont(), 1.0f));
-    wxSize text = dc.GetTextExtent(m_label);
+    wxSize text = dc.GetTextExtent(GetLabel());
     if (text.x >= 1) {
         const Pixel padding = scaleByDpi(LABEL_PADDING);
         text.IncBy(padding.x, padding.y);
     }
     const int frame =
-        m_state.has(OskaBorderState::NO_FRAME) ? FRAME_ALLOWANCE_WITHOUT_FRAME : FRAME_ALLOWANCE;
+        borderState().has(OskaBorderState::NO_FRAME) ? FRAME_ALLOWANCE_WITHOUT_FRAME : FRAME_ALLOWANCE;
     const int width = std::max({scaleByDpi(m_minWidth), text.x + frame + icon.x, 0});
     const int height = std::max({scaleByDpi(m_minHeight), 0, icon.y + frame, text.y + frame});
     SetMinSize(wxSize(width, height));

@@ -33,7 +33,7 @@ public:
     bool setDisabledIcon(const wxBitmap& icon, Optional<int> size = {});
 
 private:
-    bool setIcon(wxBitmap& destination, const wxBitmap& icon, Optional<int> size);
+    void onIconChanged();
     void updateMinimumSize();
     void onClicked();
     void repaintNow();

@@ -21,8 +21,18 @@ constexpr int MINIMUM_HEIGHT = 24;
 constexpr RgbBytes DISABLED_LABEL{110, 110, 110};
 constexpr int BITMAP_INSET = 2;
 constexpr int BITMAP_INSET_WITHOUT_FRAME = 1;
-// Uneven on purpose: found by eye with the fonts of each scale.
+// These uneven values were found by eye with the fonts of each scale.
 constexpr PerScale<int> LABEL_RISE{0, 2, 0};
+
+void drawLabel(wxDC& dc, const Bucket& rect, const Wx::Button::Face& face, int bitmapWidth)
+{
+    dc.SetFont(face.font);
+    dc.SetTextForeground(face.textColour);
+    const wxSize text = dc.GetTextExtent(face.label);
+    const int left = bitmapWidth + (rect.width() - text.x - bitmapWidth) / 2;
+    const int top = (rect.height() - text.y) / 2 - Nolvex::atScreenScale(LABEL_RISE);
+    dc.DrawText(face.label, rect.min.x + left, rect.min.y + top);
+}
 
 } // namespace
 
@@ -44,7 +54,7 @@ Wx::Button::Button(wxWindow* parent, const GuiSkin& skin, int id, const wxString
     Bind(wxEVT_LEFT_DOWN, &Button::onMouseDown, this);
     // A double click is a second press.
     Bind(wxEVT_LEFT_DCLICK, &Button::onMouseDown, this);
-    // After the border's own, hence asked before it.
+    // Bound after the border's own handler, hence called instead of that.
     Bind(wxEVT_PAINT, &Button::onButtonPaint, this);
     Bind(wxEVT_MOUSE_CAPTURE_LOST, &Button::onMouseTaken, this);
     SetMinSize(wxSize(-1, scaleByDpi(MINIMUM_HEIGHT)));
@@ -54,10 +64,7 @@ Wx::Button::Button(wxWindow* parent, const GuiSkin& skin, int id, const wxString
     Platform::describeControl(*this, m_toggleBehaviour ? TOGGLE_BUTTON : PUSH_BUTTON);
 }
 
-Wx::Button::~Button()
-{
-    m_capture.end();
-}
+Wx::Button::~Button() = default;
 
 void Wx::Button::SetLabel(const wxString& label)
 {
@@ -68,13 +75,32 @@ void Wx::Button::SetLabel(const wxString& label)
 
 bool Wx::Button::Enable(bool enable)
 {
-    // Windows takes the mouse from what it disables. A press that had begun is completed all the same.
-    m_keepsPress = m_pressed;
     const bool changed = OskaBorder::Enable(enable);
-    if (std::exchange(m_keepsPress, false))
-        m_capture.begin();
     Refresh(false, nullptr);
     return changed;
+}
+
+// On Windows also called when a parent is disabled or enabled.
+void Wx::Button::DoEnable(bool enable)
+{
+    // Windows takes the mouse from a window that it disables, but a press that has begun is to be completed.
+    m_keepsPress = isPressed();
+    OskaBorder::DoEnable(enable);
+    if (std::exchange(m_keepsPress, false))
+        m_press.captureAgain();
+}
+
+void Wx::Button::callBack(const Button& part)
+{
+    // The copy lives on when the callback destroys the button.
+    const Function<void()> callback = part.m_clickCallback;
+    if (callback)
+        callback();
+}
+
+void Wx::Button::swapCallbacks(Button& one, Button& other)
+{
+    std::swap(one.m_clickCallback, other.m_clickCallback);
 }
 
 void Wx::Button::setToggled(bool on)
@@ -86,58 +112,58 @@ void Wx::Button::setToggled(bool on)
 
 void Wx::Button::updateColours()
 {
+    const bool pressed = isPressed();
     const RgbBytes background =
-        m_pressed ? m_skin.pressedBackground : (m_toggled ? m_skin.accent : m_skin.background);
-    const RgbBytes foreground = m_toggled && !m_pressed ? m_skin.accentText : m_skin.text;
+        pressed ? m_skin.pressedBackground : (m_toggled ? m_skin.accent : m_skin.background);
+    const RgbBytes foreground = m_toggled && !pressed ? m_skin.accentText : m_skin.text;
     SetBackgroundColour(toWxColour(background));
     SetForegroundColour(toWxColour(foreground));
     Refresh(true, nullptr);
 }
 
-void Wx::Button::press()
+void Wx::Button::beginPress()
 {
-    m_pressed = true;
+    m_press.begin(Press::Means::MOUSE);
     updateColours();
-    m_capture.begin();
+}
+
+void Wx::Button::cancelPress()
+{
+    m_press.cancel();
+    updateColours();
 }
 
 void Wx::Button::onMouseDown(wxMouseEvent& /*event*/)
 {
-    if (m_state.has(OskaBorderState::ENABLED))
-        press();
+    if (borderState().has(OskaBorderState::ENABLED))
+        beginPress();
 }
 
 void Wx::Button::onMouseUp(wxMouseEvent& event)
 {
-    if (!m_pressed)
-        return;
-    m_capture.end();
     const wxPoint position = event.GetPosition();
-    const bool inside = wxRect(GetSize()).Contains(position);
-    m_pressed = false;
+    const Press::Outcome outcome = m_press.release(position);
+    if (outcome == Press::Outcome::NONE)
+        return;
     updateColours();
 
     const wxWeakRef<Button> self(this);
-    if (inside)
+    if (outcome == Press::Outcome::COMPLETED)
         doClick(position);
-    // The click may have destroyed it.
+    // The handlers of the click may have destroyed the button.
     if (self)
         Refresh(true, nullptr);
 }
 
 void Wx::Button::onMouseTaken(wxMouseCaptureLostEvent& event)
 {
-    if (m_keepsPress)
-        m_capture.lost();
-    else
+    if (!m_keepsPress)
         onCaptureLost(event);
 }
 
 void Wx::Button::onCaptureLost(wxMouseCaptureLostEvent& /*event*/)
 {
-    m_capture.lost();
-    m_pressed = false;
-    updateColours();
+    cancelPress();
 }
 
 void Wx::Button::doClick(wxPoint position)
@@ -150,38 +176,37 @@ void Wx::Button::doClick(wxPoint position)
     if (m_toggleBehaviour)
         setToggled(!m_toggled);
     GetParent()->GetEventHandler()->ProcessEvent(event);
-    if (self && m_clickCallback)
-        m_clickCallback();
+    if (self)
+        callBack(*this);
 }
 
 void Wx::Button::onButtonPaint(wxPaintEvent& /*event*/)
 {
     wxPaintDC dc(this);
-    drawFace(dc);
+    draw(dc, {{0, 0}, toPixel(dc.GetSize())}, face());
 }
 
-void Wx::Button::drawFace(wxDC& dc) const
+Wx::Button::Face Wx::Button::face() const
 {
-    const wxSize size = dc.GetSize();
-    draw(dc, {{0, 0}, toPixel(size)}, m_state);
-    const wxBitmap& bitmap = m_state.has(OskaBorderState::ENABLED) ? m_bitmap : m_bitmapWhenDisabled;
+    return {.border = borderState(),
+            .bitmap = borderState().has(OskaBorderState::ENABLED) ? m_bitmap : m_bitmapWhenDisabled,
+            .label = m_label,
+            .font = GetFont(),
+            .textColour = IsEnabled() ? GetForegroundColour() : toWxColour(DISABLED_LABEL)};
+}
+
+void Wx::Button::draw(wxDC& dc, const Bucket& rect, const Face& face)
+{
+    OskaBorder::draw(dc, rect, face.border);
     int bitmapWidth = 0;
-    if (bitmap.IsOk()) {
-        const int inset = m_state.has(OskaBorderState::NO_FRAME) ? BITMAP_INSET_WITHOUT_FRAME : BITMAP_INSET;
-        dc.DrawBitmap(bitmap, inset, inset, false);
-        bitmapWidth = bitmap.GetWidth();
+    if (face.bitmap.IsOk()) {
+        const bool framed = !face.border.has(OskaBorderState::NO_FRAME);
+        const int inset = framed ? BITMAP_INSET : BITMAP_INSET_WITHOUT_FRAME;
+        dc.DrawBitmap(face.bitmap, rect.min.x + inset, rect.min.y + inset, false);
+        bitmapWidth = face.bitmap.GetWidth();
     }
-    if (!m_label.empty())
-        drawLabel(dc, size, bitmapWidth);
-}
-
-void Wx::Button::drawLabel(wxDC& dc, wxSize size, int bitmapWidth) const
-{
-    dc.SetFont(GetFont());
-    dc.SetTextForeground(IsEnabled() ? GetForegroundColour() : toWxColour(DISABLED_LABEL));
-    const wxSize text = dc.GetTextExtent(m_label);
-    dc.DrawText(m_label, bitmapWidth + (size.x - text.x - bitmapWidth) / 2,
-                (size.y - text.y) / 2 - atScreenScale(LABEL_RISE));
+    if (!face.label.empty())
+        drawLabel(dc, rect, face, bitmapWidth);
 }
 
 } // namespace Nolvex

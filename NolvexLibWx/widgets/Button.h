@@ -3,22 +3,24 @@
 
 #include "NolvexLib/Function.h"
 #include "NolvexLibWx/Export.h"
-#include "NolvexLibWx/MouseCapture.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"
 #include "NolvexLibWx/widgets/OskaBorder.h"
+#include "NolvexLibWx/widgets/Press.h"
 #include "NolvexLibWx/widgets/TooltipWindow.h"
 
 #include <wx/bitmap.h>
+#include <wx/colour.h>
+#include <wx/font.h>
 
 namespace Nolvex::Wx {
 
 /// A bordered push or toggle button with an optional bitmap and a label, in the colours of its own copy of a
 /// skin.
 ///
-/// A click, which is a press and a release inside, is reported twice: the parent window's event handler is
-/// given an event of type wxEVT_BUTTON, then the callback is called. Either may destroy the button. The event
-/// is a wxMouseEvent with the position of the click: bind a handler that takes a wxEvent or wxMouseEvent, not
-/// a wxCommandEvent, and bind it to the parent, since the event goes no further up.
+/// A click, which is a press and a release inside, is reported twice: the event handler of the parent window
+/// is given an event of type wxEVT_BUTTON, then the callback is called. Either may destroy the button. The
+/// event is a wxMouseEvent with the position of the click: bind a handler that takes a wxEvent or
+/// wxMouseEvent, not a wxCommandEvent, and bind it to the parent, since the event goes no further up.
 class NOLVEXLIBWX_EXPORT Button : public OskaBorder, public TooltipWindow
 {
 public:
@@ -27,6 +29,16 @@ public:
     {
         PUSH = 0,
         TOGGLE = 1, ///< stays in the accent colour after every second click
+    };
+
+    /// All that is seen of a button but its background.
+    struct Face
+    {
+        Flags<OskaBorderState> border;
+        wxBitmap bitmap; ///< may be invalid
+        wxString label;
+        wxFont font;
+        wxColour textColour;
     };
 
     /// Both bitmaps may be invalid: without `bitmap` there is none, without `disabledBitmap` the disabled
@@ -40,13 +52,14 @@ public:
 
     wxString GetLabel() const override { return m_label; }
 
-    /// A press that has begun is still completed by its release.
+    /// A press that has begun is completed by its release, also when a parent is disabled.
     bool Enable(bool enable = true) override;
 
-    /// Never: it is for the mouse.
+    /// Always false: the button is for the mouse.
     bool AcceptsFocusFromKeyboard() const override { return false; }
 
-    /// Clicks the button, also a disabled one; `position` in its own pixels goes into the event.
+    /// Clicks the button, also a disabled one. `position`, in pixels from the button's corner, goes into the
+    /// event.
     void doClick(wxPoint position);
 
     /// Sends no event and calls no callback.
@@ -54,10 +67,14 @@ public:
 
     bool isToggled() const { return m_toggled; }
 
-    bool isPressed() const { return m_pressed; }
+    bool isPressed() const { return m_press.isHeld(); }
 
-    /// Paints what the button shows, but for its background, over the size of the DC from its origin.
-    void drawFace(wxDC& dc) const;
+    /// What the button shows now.
+    Face face() const;
+
+    /// Paints the face of a button that fills `rect`. The border is exact for a `rect` that starts at (0, 0),
+    /// as OskaBorder::draw says.
+    static void draw(wxDC& dc, const Bucket& rect, const Face& face);
 
 protected:
     virtual void onMouseDown(wxMouseEvent& event);
@@ -65,37 +82,52 @@ protected:
     virtual void onCaptureLost(wxMouseCaptureLostEvent& event);
     virtual void onButtonPaint(wxPaintEvent& event);
 
+    // For a button that is made of several.
+
+    static void passMouseUp(Button& part, wxMouseEvent& event) { part.onMouseUp(event); }
+
+    /// Calls the click callback of the part, which may destroy any of the buttons.
+    static void callBack(const Button& part);
+
+    static void swapCallbacks(Button& one, Button& other);
+
     /// Becomes pressed and captures the mouse.
-    void press();
+    void beginPress();
+
+    /// Is no longer pressed, without a click.
+    void cancelPress();
+
+    /// Gives the mouse back while the button stays pressed; `onMouseUp` completes the press.
+    void freeMouse() { m_press.freeMouse(); }
 
     bool isToggle() const { return m_toggleBehaviour; }
 
     const GuiSkin& skin() const { return m_skin; }
 
-    MouseCapture& capture() { return m_capture; }
+    const wxBitmap& bitmap() const { return m_bitmap; }
+
+    const wxBitmap& bitmapWhenDisabled() const { return m_bitmapWhenDisabled; }
+
+    /// Neither of these repaints the button.
+    void setBitmap(const wxBitmap& bitmap) { m_bitmap = bitmap; }
+
+    void setBitmapWhenDisabled(const wxBitmap& bitmap) { m_bitmapWhenDisabled = bitmap; }
+
+    void DoEnable(bool enable) override;
+
+private:
+    void updateColours();
+    void onMouseTaken(wxMouseCaptureLostEvent& event);
 
     wxString m_label;
     wxBitmap m_bitmapWhenDisabled;
     wxBitmap m_bitmap;
-
-private:
-    friend class DropdownButton; // the items of its popup are buttons that it hovers, releases and relabels
-
-    void updateColours();
-    void drawLabel(wxDC& dc, wxSize size, int bitmapWidth) const;
-    void onMouseTaken(wxMouseCaptureLostEvent& event);
-
-    bool m_pressed = false;
     bool m_toggleBehaviour;
     bool m_toggled = false;
+    bool m_keepsPress = false; // while Windows takes the mouse from what is being disabled
     GuiSkin m_skin;
-
-protected:
     Function<void()> m_clickCallback;
-
-private:
-    MouseCapture m_capture{this};
-    bool m_keepsPress = false;
+    Press m_press{this, Press::WhenDisabled::STAYS};
 };
 
 } // namespace Nolvex::Wx

@@ -124,6 +124,8 @@ void Wx::CheckBox::onChanged(wxCommandEvent& event)
 
 void Wx::CheckBox::onFocusLost(wxFocusEvent& event)
 {
+    // The release of the key goes to another window.
+    m_tabPressed = false;
     Refresh(true, nullptr);
     event.Skip();
 }

@@ -5,6 +5,7 @@
 #include "NolvexLibWx/ColourConversions.h"
 #include "NolvexLibWx/CrispLines.h"
 #include "NolvexLibWx/DpiScaling.h"
+#include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/platform/Accessibility.h"
 
@@ -81,8 +82,8 @@ void Wx::DropdownButton::createItems(const Array<int>& ids, const Array<wxString
     m_popup = new DropdownFrame(this);
     auto* sizer = new wxBoxSizer(wxVERTICAL);
     for (std::size_t i = 1; i < ids.size(); ++i) {
-        auto* item = new Item(m_popup, skin(), ids[i], labels[i], wxBitmap(), wxBitmap(), callbacks[i],
-                              Button::Behavior::PUSH, true, OskaBorderState::ENABLED);
+        auto* item = new Button(m_popup, skin(), ids[i], labels[i], wxBitmap(), wxBitmap(), callbacks[i],
+                                Button::Behavior::PUSH, true, OskaBorderState::ENABLED);
         item->Show(true);
         item->SetMinSize(itemSize());
         sizer->Add(item, 0, 0, 0);
@@ -98,15 +99,15 @@ void Wx::DropdownButton::setText(int index, const String& text)
         Nolvex::Detail::throwStopException(SOURCE, __LINE__);
     if (index == 0)
         Button::SetLabel(toWxString(text));
-    else if (const wxWeakRef<Item>& item = m_items[static_cast<std::size_t>(index) - 1])
+    else if (const wxWeakRef<Button>& item = m_items[static_cast<std::size_t>(index) - 1])
         item->SetLabel(toWxString(text));
 }
 
 void Wx::DropdownButton::onMouseDown(wxMouseEvent& /*event*/)
 {
-    if (!m_state.has(OskaBorderState::ENABLED))
+    if (!borderState().has(OskaBorderState::ENABLED))
         return;
-    press();
+    beginPress();
     m_timer.StartOnce(HOLD_TIME);
     m_hoveredItem = this;
 }
@@ -115,7 +116,7 @@ void Wx::DropdownButton::onHeld(wxTimerEvent& /*event*/)
 {
     if (!isPressed() || !m_popup)
         return;
-    for (const wxWeakRef<Item>& item : m_items) {
+    for (const wxWeakRef<Button>& item : m_items) {
         if (item)
             item->setHovered(false);
     }
@@ -135,7 +136,7 @@ void Wx::DropdownButton::closeDropdown()
 
 // The mouse position relative to an item comes from the screen positions, as the frame with the items is no
 // part of the button.
-bool Wx::DropdownButton::isOver(const Item& item, const wxMouseEvent& event) const
+bool Wx::DropdownButton::isOver(const Button& item, const wxMouseEvent& event) const
 {
     const wxPoint offset = event.GetPosition() + GetScreenPosition() - item.GetScreenPosition();
     return isWithin(offset.x, item.GetSize().x) && isWithin(offset.y, item.GetSize().y);
@@ -145,7 +146,7 @@ void Wx::DropdownButton::onMouseMoved(wxMouseEvent& event)
 {
     if (!isOpen())
         return;
-    for (const wxWeakRef<Item>& item : m_items) {
+    for (const wxWeakRef<Button>& item : m_items) {
         if (!item)
             continue;
         const bool over = isOver(*item, event);
@@ -155,7 +156,7 @@ void Wx::DropdownButton::onMouseMoved(wxMouseEvent& event)
     }
 }
 
-void Wx::DropdownButton::markHovered(Item* item)
+void Wx::DropdownButton::markHovered(Button* item)
 {
     item->Refresh();
     if (m_hoveredItem)
@@ -169,14 +170,14 @@ void Wx::DropdownButton::onMouseUp(wxMouseEvent& event)
     if (!isPressed())
         return;
     m_timer.Stop();
-    capture().end();
+    freeMouse();
     const wxWeakRef<DropdownButton> self(this);
-    const wxWeakRef<Item> chosen(isOpen() ? choose(event) : nullptr);
+    const wxWeakRef<Button> chosen(isOpen() ? choose(event) : nullptr);
     // The callback of the chosen item may have destroyed the button.
     if (!self)
         return;
     closeDropdown();
-    m_state.set(OskaBorderState::HOVERED, false);
+    setHovered(false);
     Button::onMouseUp(event);
     if (self && chosen && swapsOnSelect())
         swapWithMain(*chosen);
@@ -184,37 +185,32 @@ void Wx::DropdownButton::onMouseUp(wxMouseEvent& event)
 
 // Calls the callback of the item under the mouse. Returns the item, or null if the mouse is over no item or
 // the callback has destroyed the item.
-Wx::DropdownButton::Item* Wx::DropdownButton::choose(wxMouseEvent& event)
+Wx::Button* Wx::DropdownButton::choose(wxMouseEvent& event)
 {
-    const auto found = std::find_if(m_items.begin(), m_items.end(), [&](const wxWeakRef<Item>& item) {
+    const auto found = std::find_if(m_items.begin(), m_items.end(), [&](const wxWeakRef<Button>& item) {
         return item && isOver(*item, event);
     });
     if (found == m_items.end())
         return nullptr;
-    const wxWeakRef<Item> item(*found);
-    callBack(*item);
+    const wxWeakRef<Button> item(*found);
+    callBackSafely(*item);
     if (item)
-        item->onMouseUp(event);
+        passMouseUp(*item, event);
     return item.get();
 }
 
-void Wx::DropdownButton::callBack(const Item& item)
+void Wx::DropdownButton::callBackSafely(const Button& item)
 {
     const wxWeakRef<DropdownButton> self(this);
     try {
-        item.click();
+        callBack(item);
     } catch (...) {
-        // What follows a choice does not happen then, but the press is over all the same.
-        if (self)
-            abandonPress();
+        if (self) {
+            cancelPress();
+            closeDropdown();
+        }
         throw;
     }
-}
-
-void Wx::DropdownButton::abandonPress()
-{
-    wxMouseCaptureLostEvent lost(GetId());
-    onCaptureLost(lost);
 }
 
 bool Wx::DropdownButton::swapsOnSelect() const
@@ -222,12 +218,12 @@ bool Wx::DropdownButton::swapsOnSelect() const
     return m_swapOnSelect && !isToggle();
 }
 
-void Wx::DropdownButton::swapWithMain(Item& item)
+void Wx::DropdownButton::swapWithMain(Button& item)
 {
     const wxString mainLabel = GetLabel();
     Button::SetLabel(item.GetLabel());
     item.SetLabel(mainLabel);
-    std::swap(m_clickCallback, item.clickCallback());
+    swapCallbacks(*this, item);
 }
 
 void Wx::DropdownButton::onCaptureLost(wxMouseCaptureLostEvent& event)
@@ -239,25 +235,30 @@ void Wx::DropdownButton::onCaptureLost(wxMouseCaptureLostEvent& event)
 void Wx::DropdownButton::onButtonPaint(wxPaintEvent& /*event*/)
 {
     wxPaintDC dc(this);
-    drawFace(dc);
-    for (const wxWeakRef<Item>& item : m_items) {
+    draw(dc, {{0, 0}, toPixel(dc.GetSize())}, face());
+    for (const wxWeakRef<Button>& item : m_items) {
         if (item)
             item->Update();
     }
 }
 
-void Wx::DropdownButton::drawFace(wxDC& dc) const
+Wx::DropdownButton::Face Wx::DropdownButton::face() const
 {
-    Button::drawFace(dc);
-    const wxSize size = dc.GetSize();
-    const wxPoint corner(size.x - CORNER_INSET, size.y - CORNER_INSET);
+    return {.button = Button::face(), .accent = skin().accent};
+}
+
+void Wx::DropdownButton::draw(wxDC& dc, const Bucket& rect, const Face& face)
+{
+    Button::draw(dc, rect, face.button);
+    const wxPoint corner(rect.max.x - CORNER_INSET, rect.max.y - CORNER_INSET);
     const int length = scaleByDpi(CORNER_LENGTH);
-    const bool enabled = m_state.has(OskaBorderState::ENABLED);
-    dc.SetBrush(wxBrush(toWxColour(enabled ? skin().accent : DISABLED_CORNER)));
+    const bool enabled = face.button.border.has(OskaBorderState::ENABLED);
+    const bool lit = enabled && face.button.border.has(OskaBorderState::HOVERED);
+    dc.SetBrush(wxBrush(toWxColour(enabled ? face.accent : DISABLED_CORNER)));
     CrispLines lines(dc);
-    lines.setPen(enabled && m_state.has(OskaBorderState::HOVERED) ? SELECTED() : INNER());
-    lines.drawPolygon(
-        std::array{corner, wxPoint(size.x - length, corner.y), wxPoint(corner.x, size.y - length), corner});
+    lines.setPen(lit ? SELECTED() : INNER());
+    lines.drawPolygon(std::array{corner, wxPoint(rect.max.x - length, corner.y),
+                                 wxPoint(corner.x, rect.max.y - length), corner});
 }
 
 } // namespace Nolvex

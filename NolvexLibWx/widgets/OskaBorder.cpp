@@ -36,7 +36,7 @@ OskaBorder::~OskaBorder() = default;
 void OskaBorder::addChild(wxWindow* child)
 {
     m_child = child;
-    // The old sizer goes first: a window stays in the sizer it was added to, and may be framed anew.
+    // The old sizer goes first: a window that stays in it could not be added to the new one.
     SetSizer(nullptr);
     m_sizer = new wxBoxSizer(wxHORIZONTAL);
     m_sizer->Add(child, 1, wxEXPAND | wxALL, CHILD_MARGIN);
@@ -51,6 +51,8 @@ bool OskaBorder::Enable(bool enable)
 
 void OskaBorder::setHovered(bool hovered)
 {
+    if (m_state.has(OskaBorderState::HOVERED) == hovered)
+        return;
     m_state.set(OskaBorderState::HOVERED, hovered);
     Refresh(true, nullptr);
 }
@@ -79,8 +81,8 @@ void OskaBorder::draw(wxDC& dc, const Bucket& rect, Flags<OskaBorderState> flags
     if (!framed)
         return;
 
-    // Starts are absolute, ends are width and height: the same only for a rectangle at the origin, where all
-    // borders are drawn. Controls in the field look the way these lines come out, so the formulas stay.
+    // The lines start at absolute coordinates and end at the width and height. Both agree for a rectangle at
+    // the origin, where every control draws its border. The formulas stay, as users know the controls so.
     lines.setPen(BOTTOM_OUTER());
     lines.drawLine({rect.min.x, rect.max.y - 1}, {rect.width(), rect.height() - 1});
     lines.setPen(BOTTOM_INNER());

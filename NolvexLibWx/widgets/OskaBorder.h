@@ -14,7 +14,7 @@ class WXDLLIMPEXP_FWD_CORE wxPen;
 
 namespace Nolvex {
 
-/// What a border shows.
+/// The states of a border that can be seen.
 enum class OskaBorderState : std::uint32_t
 {
     HOVERED = 2,  ///< the mouse is inside the window
@@ -42,6 +42,10 @@ public:
 
     Flags<OskaBorderState> borderState() const { return m_state; }
 
+    /// Lights the border up as if the mouse were inside, or ends that. Repaints the panel if that changes
+    /// anything.
+    void setHovered(bool hovered);
+
     /// Paints the border into `rect`, lines only, with the default skin's highlight. Exact for a `rect` that
     /// starts at (0, 0): the bottom edge is drawn from the rectangle's corner to its width and height.
     static void draw(wxDC& dc, const Bucket& rect, Flags<OskaBorderState> flags);
@@ -57,12 +61,8 @@ protected:
     void onPaint(wxPaintEvent& event);
 
 private:
-    void setHovered(bool hovered);
-
     wxBoxSizer* m_sizer = nullptr;
     wxWindow* m_child = nullptr;
-
-protected:
     Flags<OskaBorderState> m_state;
 };
 

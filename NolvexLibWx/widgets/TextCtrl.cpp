@@ -5,16 +5,18 @@
 #include "NolvexLibWx/platform/TextInput.h"
 #include "NolvexLibWx/platform/TextPositions.h"
 
+#include <wx/weakref.h>
+
 #include <algorithm>
 
 namespace Nolvex {
 
 namespace {
 
-// With any of them the toolkit makes a rich control on Windows.
+// With any of these styles wxWidgets makes a rich control on Windows.
 constexpr long RICH_STYLES = wxTE_RICH | wxTE_RICH2 | wxTE_AUTO_URL;
 
-// Inside the client area, the nearest point to one that may be outside.
+// The point of the client area that is nearest to a point which may be outside.
 wxPoint clampedTo(const wxSize& area, const wxPoint& point)
 {
     return {std::max(std::min(point.x, area.x - 1), 0), std::max(std::min(point.y, area.y - 1), 0)};
@@ -42,21 +44,17 @@ Wx::TextCtrl::TextCtrl(wxWindow* parent, int id, const wxString& value, const wx
                        const wxSize& size, long style)
     : wxTextCtrl(parent, id, value, pos, size, style & ~RICH_STYLES)
 {
-    Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent&) { releaseCapture(); });
+    Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent&) { m_capture.end(); });
 }
 
-Wx::TextCtrl::~TextCtrl()
-{
-    releaseCapture();
-}
+Wx::TextCtrl::~TextCtrl() = default;
 
 void Wx::TextCtrl::AppendText(const wxString& text)
 {
-    {
-        const ScopedWindowFreezer frozen(this);
-        appendFrozen(text);
-    }
-    // Not before the freezer's end, until which nothing is painted.
+    const ScopedWindowFreezer frozen(this);
+    appendFrozen(text);
+    // A frozen control leaves the painting to the next paint event: a paint for every line of a log would
+    // take many times as long as the append.
     Update();
 }
 
@@ -87,7 +85,7 @@ void Wx::TextCtrl::ShowPosition(long pos)
 
 void Wx::TextCtrl::SetInsertionPoint(long pos)
 {
-    // On GTK the toolkit would remember to scroll to the caret later.
+    // On GTK wxWidgets would remember to scroll to the caret later.
     if (IsFrozen()) {
         const long place = pos == -1 ? GetLastPosition() : pos;
         SetSelection(place, place);
@@ -98,13 +96,13 @@ void Wx::TextCtrl::SetInsertionPoint(long pos)
 
 void Wx::TextCtrl::Update()
 {
-    // Painted now, a frozen control would be a hole in its parent for a moment.
+    // A frozen control that is painted would be a hole in its parent for a moment.
     if (!IsFrozen())
         wxTextCtrl::Update();
 }
 
-// Not the text control's own: on GTK it takes the whole text from the view and gives it back, which loses the
-// place the view was scrolled to and takes longer the longer the text is.
+// These pass over the functions of wxTextCtrl, which on GTK takes the whole text from the view and gives it
+// back: that loses the place the view was scrolled to and takes longer the longer the text is.
 
 void Wx::TextCtrl::DoFreeze()
 {
@@ -116,19 +114,29 @@ void Wx::TextCtrl::DoThaw()
     wxControl::DoThaw(); // NOLINT(bugprone-parent-virtual-call)
 }
 
-// Nothing to erase: the text is painted with its background, and appending does not flicker.
+void Wx::TextCtrl::DoCaptureMouse()
+{
+    Platform::prepareCapture(*this);
+    wxTextCtrl::DoCaptureMouse();
+    Platform::directCapture(*this);
+}
+
+// The text is painted with its background, and appending does not flicker as long as nothing is erased.
 void Wx::TextCtrl::onEraseBackground(wxEraseEvent& /*event*/) {}
 
 void Wx::TextCtrl::onLeftDown(wxMouseEvent& event)
 {
     m_selectionAnchor = Platform::textIndexAt(*this, event.GetPosition());
     SetSelection(m_selectionAnchor, m_selectionAnchor);
+    const wxWeakRef<TextCtrl> self(this);
     SetFocus();
-    // A single line of GTK selects everything when it gets the focus.
+    // A handler of the focus may have destroyed, hidden or disabled the control.
+    if (!self || !IsShownOnScreen() || !IsEnabled())
+        return;
+    // GTK selects the whole text of a single line that gets the focus.
     SetSelection(m_selectionAnchor, m_selectionAnchor);
     m_selecting = true;
-    if (!HasCapture())
-        Platform::captureMouse(*this);
+    m_capture.begin();
 }
 
 void Wx::TextCtrl::onLeftDoubleClick(wxMouseEvent& event)
@@ -140,7 +148,7 @@ void Wx::TextCtrl::onLeftDoubleClick(wxMouseEvent& event)
 void Wx::TextCtrl::onLeftUp(wxMouseEvent& /*event*/)
 {
     m_selecting = false;
-    releaseCapture();
+    m_capture.end();
 }
 
 void Wx::TextCtrl::onMotion(wxMouseEvent& event)
@@ -163,12 +171,6 @@ void Wx::TextCtrl::onKeyDown(wxKeyEvent& event)
     const int key = event.GetKeyCode();
     if ((key == 'A' || key == 'a') && event.ControlDown())
         SetSelection(0, -1);
-}
-
-void Wx::TextCtrl::releaseCapture()
-{
-    if (HasCapture())
-        ReleaseMouse();
 }
 
 } // namespace Nolvex

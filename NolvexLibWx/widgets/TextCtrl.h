@@ -2,6 +2,7 @@
 #pragma once
 
 #include "NolvexLibWx/Export.h"
+#include "NolvexLibWx/MouseCapture.h"
 #include "NolvexLibWx/widgets/Focusable.h"
 
 #include <wx/textctrl.h>
@@ -15,26 +16,25 @@ namespace Nolvex::Wx {
 /// everything on Ctrl+A and consumes every other key-down. Text that is appended stays in view while the user
 /// leaves the end alone.
 ///
-/// On Windows the system tells the place under the mouse in 16 bits: beyond 65,535 characters or lines a
-/// click puts the caret, and a double click selects, at the wrong place, 65,536 or a multiple of it too
-/// early.
+/// Windows tells the place under the mouse in 16 bits: beyond 65,535 characters or lines a click puts the
+/// caret, and a double click selects, at the wrong place, 65,536 or a multiple of that too early.
 class NOLVEXLIBWX_EXPORT TextCtrl : public wxTextCtrl, public Focusable
 {
 public:
-    /// `size` in pixels. wxTE_RICH, wxTE_RICH2 and wxTE_AUTO_URL are taken out of the style.
+    /// `size` is in pixels. wxTE_RICH, wxTE_RICH2 and wxTE_AUTO_URL are taken out of the style.
     TextCtrl(wxWindow* parent, int id, const wxString& value = {}, const wxPoint& pos = wxDefaultPosition,
              const wxSize& size = wxDefaultSize, long style = 0);
     ~TextCtrl() override;
 
-    /// Follows the end, caret and view, if nothing is selected and the control has either no focus or its
-    /// caret at the end. Otherwise the selection and the view stay where they are. Painted when it returns,
-    /// unless the control is frozen.
+    /// Caret and view follow the end if nothing is selected and the control has either no focus or its caret
+    /// at the end. Otherwise the selection and the view stay where they are. The new text is painted with the
+    /// next paint event, so that many single appends cost one painting.
     void AppendText(const wxString& text) override;
 
-    /// While frozen too, and seen once thawed.
+    /// Works in a frozen control too; the effect is seen when the control is thawed.
     void ShowPosition(long pos) override;
 
-    /// While frozen, leaves the view where it is.
+    /// Leaves the view where it is while the control is frozen.
     void SetInsertionPoint(long pos) override;
 
     /// Paints nothing while frozen.
@@ -43,6 +43,7 @@ public:
 protected:
     void DoFreeze() override;
     void DoThaw() override;
+    void DoCaptureMouse() override;
 
 private:
     void appendFrozen(const wxString& text);
@@ -53,10 +54,10 @@ private:
     void onMotion(wxMouseEvent& event);
     void onEnter(wxMouseEvent& event);
     void onKeyDown(wxKeyEvent& event);
-    void releaseCapture();
 
     bool m_selecting = false;
     std::int32_t m_selectionAnchor = 0;
+    MouseCapture m_capture{this};
 
     wxDECLARE_EVENT_TABLE();
 };

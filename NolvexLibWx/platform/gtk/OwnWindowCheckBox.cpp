@@ -3,41 +3,36 @@
 
 #include "NolvexLibWx/CheckBoxExtent.h"
 #include "NolvexLibWx/platform/Accessibility.h"
+#include "NolvexLibWx/platform/gtk/Mnemonic.h"
 
 #include <wx/weakref.h>
 
 #include <gtk/gtk.h>
 
-#include <utility>
-
-// The calls of wxControl and wxWindow pass wxCheckBox over, whose functions are about the GtkCheckButton.
+// The calls of wxControl and wxWindow pass wxCheckBox over, whose functions use the GtkCheckButton.
 // NOLINTBEGIN(bugprone-parent-virtual-call)
 
 namespace Nolvex {
 
-Platform::OwnWindowCheckBox::~OwnWindowCheckBox()
-{
-    if (m_widget != nullptr)
-        g_signal_handlers_disconnect_by_func(m_widget, reinterpret_cast<gpointer>(&onStateChanged), this);
-    m_capture.end();
-}
+Platform::OwnWindowCheckBox::OwnWindowCheckBox() = default;
+
+Platform::OwnWindowCheckBox::~OwnWindowCheckBox() = default;
 
 bool Platform::OwnWindowCheckBox::Create(wxWindow* parent, wxWindowID id, const wxString& label,
                                          const wxPoint& pos, const wxSize& size, long style,
                                          const wxValidator& validator, const wxString& name)
 {
     WXValidateStyle(&style);
-    // The best size is asked for while the window is created.
+    // wxWidgets asks for the best size while it creates the window.
     m_labelOrig = label;
     const long windowStyle = style | wxBORDER_NONE | wxFULL_REPAINT_ON_RESIZE;
     if (!wxControl::Create(parent, id, pos, size, windowStyle, validator, name))
         return false;
-    // As on Windows, where the toolkit sets the font while it makes the window.
+    // On Windows wxWidgets does the same while it makes the window.
     SetFont(GetFont());
     SetInitialSize(size);
     bindEvents();
-    // Also told when a parent is disabled, which the toolkit says to nobody.
-    g_signal_connect(m_widget, "state-flags-changed", G_CALLBACK(onStateChanged), this);
+    updateMnemonic();
     describeControl(*this, AccessibleRole::CHECK_BOX);
     return true;
 }
@@ -71,9 +66,20 @@ void Platform::OwnWindowCheckBox::SetLabel(const wxString& label)
 {
     wxControlBase::SetLabel(label);
     m_labelOrig = label;
+    updateMnemonic();
     InvalidateBestSize();
     renameControl(*this);
     Refresh();
+}
+
+void Platform::OwnWindowCheckBox::updateMnemonic()
+{
+    // Few check boxes have a mnemonic.
+    const bool marked = FindAccelIndex(m_labelOrig) != wxNOT_FOUND;
+    if (marked && !m_mnemonic)
+        m_mnemonic = std::make_unique<Mnemonic>(m_widget, [this](bool works) { onMnemonic(works); });
+    if (m_mnemonic)
+        m_mnemonic->setLabel(m_labelOrig);
 }
 
 wxSize Platform::OwnWindowCheckBox::DoGetBestSize() const
@@ -113,58 +119,48 @@ GdkWindow* Platform::OwnWindowCheckBox::GTKGetWindow(wxArrayGdkWindows& windows)
 void Platform::OwnWindowCheckBox::onMouseDown(wxMouseEvent& event)
 {
     event.Skip();
-    m_mousePressed = true;
-    m_capture.begin();
+    m_press.begin(Wx::Press::Means::MOUSE);
     const wxWeakRef<wxWindow> self(this);
     SetFocus();
-    // Whoever saw the focus move may have destroyed it; then there is nobody to look for further handlers.
+    // A handler of the focus may have destroyed the check box; then no further handlers can be looked for.
     if (!self)
         event.Skip(false);
 }
 
 void Platform::OwnWindowCheckBox::onMouseUp(wxMouseEvent& event)
 {
-    m_capture.end();
-    if (!std::exchange(m_mousePressed, false) || !GetClientRect().Contains(event.GetPosition())) {
+    // The event is not skipped after a toggle, whose handlers may have destroyed the check box.
+    if (m_press.release(event.GetPosition()) == Wx::Press::Outcome::COMPLETED)
+        toggle();
+    else
         event.Skip();
-        return;
-    }
-    // Not skipped: after it the check box may be gone.
-    toggle();
 }
 
 void Platform::OwnWindowCheckBox::onCaptureLost(wxMouseCaptureLostEvent& /*event*/)
 {
-    m_capture.lost();
-    m_mousePressed = false;
-}
-
-void Platform::OwnWindowCheckBox::onStateChanged(GtkWidget* widget, unsigned int /*before*/,
-                                                 OwnWindowCheckBox* checkBox) noexcept
-{
-    if (gtk_widget_is_sensitive(widget))
-        return;
-    // No release comes to what is disabled: it would keep the mouse for ever.
-    checkBox->m_mousePressed = checkBox->m_spacePressed = false;
-    checkBox->m_capture.end();
+    m_press.cancel();
 }
 
 void Platform::OwnWindowCheckBox::onFocusChanged(wxFocusEvent& event)
 {
     event.Skip();
-    m_spacePressed = false;
+    // The release of the key would go to another window.
+    m_press.releaseKey();
     Refresh();
 }
 
 void Platform::OwnWindowCheckBox::onKeyDown(wxKeyEvent& event)
 {
     event.Skip();
-    m_spacePressed = event.GetKeyCode() == WXK_SPACE;
+    if (event.GetKeyCode() != WXK_SPACE)
+        m_press.releaseKey();
+    else if (!m_press.isHeld())
+        m_press.begin(Wx::Press::Means::KEYBOARD);
 }
 
 void Platform::OwnWindowCheckBox::onKeyUp(wxKeyEvent& event)
 {
-    if (event.GetKeyCode() == WXK_SPACE && std::exchange(m_spacePressed, false))
+    if (event.GetKeyCode() == WXK_SPACE && m_press.releaseKey() == Wx::Press::Outcome::COMPLETED)
         toggle();
     else
         event.Skip();
@@ -172,9 +168,17 @@ void Platform::OwnWindowCheckBox::onKeyUp(wxKeyEvent& event)
 
 void Platform::OwnWindowCheckBox::onChar(wxKeyEvent& event)
 {
-    // The toolkit would move the focus when it is pressed.
+    // wxWidgets would move the focus when Tab is pressed.
     if (event.GetKeyCode() != WXK_TAB)
         event.Skip();
+}
+
+void Platform::OwnWindowCheckBox::onMnemonic(bool works)
+{
+    const wxWeakRef<OwnWindowCheckBox> self(this);
+    SetFocus();
+    if (self && works)
+        toggle();
 }
 
 void Platform::OwnWindowCheckBox::toggle()

@@ -2,23 +2,27 @@
 #pragma once
 
 #include "NolvexLibWx/Export.h"
-#include "NolvexLibWx/MouseCapture.h"
+#include "NolvexLibWx/widgets/Press.h"
 
 #include <wx/checkbox.h>
 
+#include <memory>
+
 namespace Nolvex::Platform {
 
-/// A check box with a window of its own. The toolkit's is a GtkCheckButton, which paints itself, is sent no
-/// wxEVT_PAINT and cannot be made small; this one holds its value and answers mouse and keyboard itself, like
-/// the system's: a press gives it the focus, a release inside or the Space key toggles it. Whoever derives
-/// from it paints it.
+class Mnemonic;
+
+/// A check box with a window of its own, painted by the class that derives from it. The check box of
+/// wxWidgets is a GtkCheckButton, which paints itself, is sent no wxEVT_PAINT and cannot be made small. This
+/// class holds its value and answers mouse and keyboard itself, as GtkCheckButton does: a press gives it the
+/// focus, and a release inside, the Space key and Alt with the letter of its mnemonic toggle it.
 class NOLVEXLIBWX_EXPORT OwnWindowCheckBox : public wxCheckBox
 {
 public:
-    OwnWindowCheckBox() = default;
+    OwnWindowCheckBox();
     ~OwnWindowCheckBox() override;
 
-    /// Once, as the toolkit's.
+    /// To be called once, as wxCheckBox::Create.
     bool Create(wxWindow* parent, wxWindowID id, const wxString& label,
                 const wxPoint& pos = wxDefaultPosition, const wxSize& size = wxDefaultSize, long style = 0,
                 const wxValidator& validator = wxDefaultValidator,
@@ -31,7 +35,7 @@ public:
     void SetLabel(const wxString& label) override;
 
 protected:
-    // All that would reach for the GtkCheckButton.
+    // All functions that would use the GtkCheckButton.
     void DoSet3StateValue(wxCheckBoxState value) override;
 
     wxCheckBoxState DoGet3StateValue() const override { return m_value; }
@@ -46,20 +50,20 @@ protected:
 
 private:
     void bindEvents();
+    void updateMnemonic();
     void onMouseDown(wxMouseEvent& event);
     void onMouseUp(wxMouseEvent& event);
     void onCaptureLost(wxMouseCaptureLostEvent& event);
     void onFocusChanged(wxFocusEvent& event);
-    static void onStateChanged(GtkWidget* widget, unsigned int before, OwnWindowCheckBox* checkBox) noexcept;
     void onKeyDown(wxKeyEvent& event);
     void onKeyUp(wxKeyEvent& event);
     void onChar(wxKeyEvent& event);
+    void onMnemonic(bool works);
     void toggle();
 
     wxCheckBoxState m_value = wxCHK_UNCHECKED;
-    bool m_mousePressed = false;
-    bool m_spacePressed = false;
-    Wx::MouseCapture m_capture{this};
+    Wx::Press m_press{this};
+    std::unique_ptr<Mnemonic> m_mnemonic;
 };
 
 } // namespace Nolvex::Platform

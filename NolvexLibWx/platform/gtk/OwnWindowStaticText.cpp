@@ -3,7 +3,7 @@
 
 #include "NolvexLibWx/LabelExtent.h"
 #include "NolvexLibWx/platform/Accessibility.h"
-#include "NolvexLibWx/platform/gtk/InsensitiveWatch.h"
+#include "NolvexLibWx/platform/gtk/HoverWatch.h"
 
 #include <utility>
 
@@ -44,8 +44,8 @@ bool Platform::OwnWindowStaticText::SetFont(const wxFont& font)
 
 bool Platform::OwnWindowStaticText::TryBefore(wxEvent& event)
 {
-    if (event.GetEventType() == wxEVT_ENTER_WINDOW && !std::exchange(m_isWatched, true))
-        watchSensitivity(*this);
+    if (event.GetEventType() == wxEVT_ENTER_WINDOW && !std::exchange(m_hoverWatched, true))
+        watchHover(*this);
     return wxStaticText::TryBefore(event);
 }
 

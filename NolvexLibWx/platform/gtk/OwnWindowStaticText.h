@@ -33,7 +33,7 @@ protected:
     void GTKWidgetDoSetMnemonic(GtkWidget* widget) override;
 
 private:
-    bool m_isWatched = false;
+    bool m_hoverWatched = false;
 };
 
 } // namespace Nolvex::Platform

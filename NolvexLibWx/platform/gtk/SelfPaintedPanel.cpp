@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/platform/SelfPaintedPanel.h"
 
-#include "NolvexLibWx/platform/gtk/InsensitiveWatch.h"
+#include "NolvexLibWx/platform/gtk/HoverWatch.h"
 
 #include <wx/brush.h>
 #include <wx/dc.h>
 
 #include <utility>
 
-// wxWindow, which is passed over, is what writes the style sheets.
+// The calls pass wxWindow over, which writes the style sheets.
 // NOLINTBEGIN(bugprone-parent-virtual-call)
 
 namespace Nolvex {
@@ -41,33 +41,17 @@ bool Platform::SelfPaintedPanel::SetForegroundColour(const wxColour& colour)
     return true;
 }
 
-void Platform::SelfPaintedPanel::DoEnable(bool enable)
-{
-    m_isDisabledLater = !enable && HasCapture();
-    if (!m_isDisabledLater)
-        wxPanel::DoEnable(enable);
-}
-
-void Platform::SelfPaintedPanel::OnInternalIdle()
-{
-    wxPanel::OnInternalIdle();
-    if (m_isDisabledLater && !HasCapture())
-        DoEnable(false);
-}
-
 bool Platform::SelfPaintedPanel::TryBefore(wxEvent& event)
 {
-    const bool concernsMouse =
-        event.GetEventType() == wxEVT_ENTER_WINDOW || event.GetEventType() == wxEVT_LEFT_DOWN;
-    if (concernsMouse && !std::exchange(m_isWatched, true))
-        watchSensitivity(*this);
+    if (event.GetEventType() == wxEVT_ENTER_WINDOW && !std::exchange(m_hoverWatched, true))
+        watchHover(*this);
     return wxPanel::TryBefore(event);
 }
 
-// A handler would do as well, but binding one for each takes time.
+// A bound handler would do as well, but binding one for each panel takes time.
 bool Platform::SelfPaintedPanel::TryAfter(wxEvent& event)
 {
-    // Without a colour of its own it shows what lies behind it.
+    // A panel without a colour of its own lets the window behind it shine through.
     if (event.GetEventType() != wxEVT_ERASE_BACKGROUND || !UseBgCol())
         return wxPanel::TryAfter(event);
     wxDC& dc = *static_cast<wxEraseEvent&>(event).GetDC();

@@ -16,8 +16,8 @@ bool belongsTo(GdkWindow* window, GtkWidget* widget)
     return owner == widget;
 }
 
-// The capture going from one part of the widget to another is not lost. An entry has no outer window but its
-// parent's.
+// A capture that goes from one part of the widget to another is not lost. An entry has no outer window but
+// its parent's.
 gboolean onEvent(GtkWidget* widget, GdkEvent* event, gpointer /*data*/) noexcept
 {
     GdkWindow* const grabber = event->type == GDK_GRAB_BROKEN ? event->grab_broken.grab_window : nullptr;
@@ -26,14 +26,7 @@ gboolean onEvent(GtkWidget* widget, GdkEvent* event, gpointer /*data*/) noexcept
     return belongsTo(grabber, widget) || grabber == gtk_widget_get_window(widget) ? TRUE : FALSE;
 }
 
-void keepCaptureInside(GtkWidget* widget)
-{
-    void* const handler = reinterpret_cast<void*>(&onEvent);
-    if (g_signal_handler_find(widget, G_SIGNAL_MATCH_FUNC, 0, 0, nullptr, handler, nullptr) == 0)
-        g_signal_connect(widget, "event", G_CALLBACK(&onEvent), nullptr);
-}
-
-// The widest of the entry's windows; the others are of its icons. Null before it is realised.
+// The widest of the entry's windows; the others belong to its icons. Null before the entry is realised.
 GdkWindow* textWindowOf(GtkEntry* entry)
 {
     GtkWidget* const widget = GTK_WIDGET(entry);
@@ -57,17 +50,22 @@ GdkWindow* innerWindow(GtkWidget* widget)
 
 } // namespace
 
-// The toolkit captures for the widget's outer window, of an entry its parent's, but listens only to the inner
-// one, where the text is.
-void Platform::captureMouse(wxTextCtrl& text)
+void Platform::prepareCapture(wxTextCtrl& text)
 {
     GtkWidget* const widget = textWidget(text);
-    keepCaptureInside(widget);
-    text.CaptureMouse();
-    GdkWindow* const window = innerWindow(widget);
+    void* const handler = reinterpret_cast<void*>(&onEvent);
+    if (g_signal_handler_find(widget, G_SIGNAL_MATCH_FUNC, 0, 0, nullptr, handler, nullptr) == 0)
+        g_signal_connect(widget, "event", G_CALLBACK(&onEvent), nullptr);
+}
+
+// wxWidgets captures the mouse for the widget's outer window, which of an entry is its parent's, but listens
+// only to the inner window, where the text is.
+void Platform::directCapture(wxTextCtrl& text)
+{
+    GdkWindow* const window = innerWindow(textWidget(text));
     if (window == nullptr)
         return;
-    // Without an event, whose time is before that of the toolkit's capture: it would be refused.
+    // No event is given: its time would be before that of the capture by wxWidgets, and GTK would refuse it.
     GdkSeat* const seat = gdk_display_get_default_seat(gdk_window_get_display(window));
     gdk_seat_grab(seat, window, GDK_SEAT_CAPABILITY_ALL_POINTING, FALSE, nullptr, nullptr, nullptr, nullptr);
 }

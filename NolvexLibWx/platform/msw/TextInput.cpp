@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/platform/TextInput.h"
 
-#include <wx/textctrl.h>
-
 namespace Nolvex {
 
-void Platform::captureMouse(wxTextCtrl& text)
-{
-    text.CaptureMouse();
-}
+// The control is one window.
+
+void Platform::prepareCapture(wxTextCtrl& /*text*/) {}
+
+void Platform::directCapture(wxTextCtrl& /*text*/) {}
 
 } // namespace Nolvex

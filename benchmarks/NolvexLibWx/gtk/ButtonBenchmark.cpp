@@ -151,7 +151,7 @@ Contest paintFace()
             [stage, own, bitmap] {
                 wxMemoryDC dc(*bitmap);
                 for (int i = 0; i < PAINTS; ++i)
-                    own->drawFace(dc);
+                    Wx::Button::draw(dc, {{0, 0}, {FACE.x, FACE.y}}, own->face());
             }};
 }
 

@@ -105,7 +105,9 @@ struct ButtonPixelTest : testing::Test
     void expectFace(const Face& face, bool enabled, const wxBitmap& shownIcon, const RgbBytes& textColour)
     {
         Button* button = make(face, enabled);
-        const wxImage actual = painted(size, [&](wxDC& dc) { button->drawFace(dc); });
+        const wxImage actual = painted(size, [&](wxDC& dc) {
+            Button::draw(dc, {{0, 0}, Wx::toPixel(size)}, button->face());
+        });
         Flags<OskaBorderState> border = face.border;
         border.set(OskaBorderState::ENABLED, enabled);
         const wxImage expected = painted(size, [&](wxDC& dc) {
@@ -212,7 +214,9 @@ TEST_F(ButtonPixelTest, parentThatIsDisabled_greysTheLabelButKeepsTheIcon)
     auto* button = new Button(panel, Wx::GuiSkin::DEFAULT(), wxID_ANY, L"Label", enabledIcon, disabledIcon,
                               {}, Button::Behavior::PUSH, true, ENABLED);
     panel->Disable();
-    const wxImage actual = painted(size, [&](wxDC& dc) { button->drawFace(dc); });
+    const wxImage actual = painted(size, [&](wxDC& dc) {
+        Button::draw(dc, {{0, 0}, Wx::toPixel(size)}, button->face());
+    });
     const wxImage expected = painted(size, [&](wxDC& dc) {
         expectedFace(dc, {.label = L"Label"}, enabledIcon, {110, 110, 110}, ENABLED, button->GetFont());
     });

@@ -3,11 +3,9 @@
 
 #include "DropdownButtonFixture.h"
 #include "NolvexLib/StopException.h"
-#include "NolvexLibWx/ColourConversions.h"
 #include "NolvexLibWx/DpiScaling.h"
 #include "support/Screen.h"
 
-#include <wx/dcmemory.h>
 #include <wx/stopwatch.h>
 #include <wx/timer.h>
 
@@ -29,27 +27,6 @@ static_assert(std::is_base_of_v<Wx::Button, DropdownButton>);
 
 using DropdownButtonTest = Tests::DropdownButtonFixture;
 using DropdownButtonSizeTest = DropdownButtonTest;
-
-struct CornerColours
-{
-    RgbBytes line;
-    RgbBytes inside;
-};
-
-CornerColours cornerOf(const DropdownButton* button)
-{
-    const wxSize size(73, 24);
-    wxBitmap bitmap(size, 24);
-    {
-        wxMemoryDC dc(bitmap);
-        dc.SetBackground(*wxBLACK_BRUSH);
-        dc.Clear();
-        button->drawFace(dc);
-    }
-    const wxImage image = bitmap.ConvertToImage();
-    const int last = size.y - 2;
-    return {Tests::pixelAt(image, size.x - 5, last), Tests::pixelAt(image, size.x - 4, size.y - 4)};
-}
 
 } // namespace
 
@@ -333,18 +310,26 @@ TEST_F(DropdownButtonTest, captureLostBeforeItOpens_keepsItClosed)
     Tests::releaseMouse();
 }
 
-TEST_F(DropdownButtonTest, corner_showsTheAccentColourOrGreyWhenDisabled)
+TEST_F(DropdownButtonTest, face_isOfTheStateAndTheSkin)
 {
     make();
-    CornerColours corner = cornerOf(button);
-    EXPECT_EQ(corner.inside, Wx::GuiSkin::DEFAULT().accent);
-    EXPECT_EQ(corner.line, (RgbBytes{37, 37, 37}));
-    button->Enable(false);
-    corner = cornerOf(button);
-    EXPECT_EQ(corner.inside, (RgbBytes{135, 135, 135}));
-    EXPECT_EQ(corner.line, (RgbBytes{37, 37, 37}));
-    button->Enable(true);
+    EXPECT_EQ(button->face().accent, Wx::GuiSkin::DEFAULT().accent);
+    EXPECT_EQ(button->face().button.label, L"one");
+    EXPECT_EQ(button->face().button.border, Flags(OskaBorderState::ENABLED));
     wxMouseEvent entered(wxEVT_ENTER_WINDOW);
     button->GetEventHandler()->ProcessEvent(entered);
-    EXPECT_EQ(cornerOf(button).line, Wx::GuiSkin::DEFAULT().highlight);
+    EXPECT_TRUE(button->face().button.border.has(OskaBorderState::HOVERED));
+    button->Enable(false);
+    EXPECT_FALSE(button->face().button.border.has(OskaBorderState::ENABLED));
+}
+
+TEST_F(DropdownButtonTest, shown_paintsItsFace)
+{
+    make();
+    showFrame();
+    const wxPoint inTheCorner(button->GetSize().x - 4, button->GetSize().y - 4);
+    EXPECT_TRUE(Tests::pumpUntil([&] {
+        const wxImage image = Tests::captureClientArea(button);
+        return Tests::pixelAt(image, inTheCorner.x, inTheCorner.y) == Wx::GuiSkin::DEFAULT().accent;
+    }));
 }

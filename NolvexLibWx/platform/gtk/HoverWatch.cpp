@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/platform/gtk/HoverWatch.h"
+
+#include <wx/event.h>
+
+#include <gtk/gtk.h>
+
+namespace Nolvex {
+
+namespace {
+
+bool isUnderMouse(GtkWidget* widget)
+{
+    GdkDevice* const pointer =
+        gdk_seat_get_pointer(gdk_display_get_default_seat(gtk_widget_get_display(widget)));
+    GdkWindow* const window = gdk_device_get_window_at_position(pointer, nullptr, nullptr);
+    gpointer owner = nullptr;
+    if (window != nullptr)
+        gdk_window_get_user_data(window, &owner);
+    return owner == widget;
+}
+
+void onStateChanged(GtkWidget* widget, GtkStateFlags previous, gpointer data) noexcept
+{
+    const bool enabled = gtk_widget_is_sensitive(widget) != FALSE;
+    const bool wasEnabled = (previous & GTK_STATE_FLAG_INSENSITIVE) == 0;
+    if (enabled == wasEnabled || (enabled && !isUnderMouse(widget)))
+        return;
+    auto* const window = static_cast<wxWindow*>(data);
+    wxMouseEvent event(enabled ? wxEVT_ENTER_WINDOW : wxEVT_LEAVE_WINDOW);
+    event.SetId(window->GetId());
+    event.SetEventObject(window);
+    event.SetPosition(window->ScreenToClient(wxGetMousePosition()));
+    window->HandleWindowEvent(event);
+}
+
+} // namespace
+
+void Platform::watchHover(wxWindow& window)
+{
+    // wxWidgets removes the handlers whose data is the window together with the window.
+    g_signal_connect(window.GetHandle(), "state-flags-changed", G_CALLBACK(&onStateChanged), &window);
+}
+
+} // namespace Nolvex

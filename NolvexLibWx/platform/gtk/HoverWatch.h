@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <wx/window.h>
+
+namespace Nolvex::Platform {
+
+/// Sends a window the events wxEVT_LEAVE_WINDOW and wxEVT_ENTER_WINDOW when the window, or a parent, is
+/// disabled or enabled again under the mouse: wxWidgets drops the crossing events that GTK makes then. To be
+/// called once for each window, and not before the mouse is there, so that making windows costs nothing.
+void watchHover(wxWindow& window);
+
+} // namespace Nolvex::Platform
