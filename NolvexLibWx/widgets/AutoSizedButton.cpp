@@ -19,21 +19,24 @@ constexpr Pixel LABEL_PADDING{10, 10};
 constexpr int FRAME_ALLOWANCE = 4;
 constexpr int FRAME_ALLOWANCE_WITHOUT_FRAME = 2;
 
-constexpr int LARGEST_ICON = 4096;
-
-wxBitmap resized(const wxBitmap& icon, int size)
+wxBitmap resized(const wxBitmap& icon, int length)
 {
-    if (size < 1 || size > LARGEST_ICON)
+    if (length < 1)
         return {};
-    const int length = size * Wx::scaleByDpi(1);
     wxImage image = icon.ConvertToImage();
     image.Rescale(length, length, wxIMAGE_QUALITY_HIGH);
     return {image};
 }
 
-wxBitmap fitted(const wxBitmap& icon, Optional<int> size)
+// Returns nullopt if the icon cannot have that size.
+Optional<wxBitmap> fitted(const wxBitmap& icon, Optional<int> size)
 {
-    return icon.IsOk() && size ? resized(icon, *size) : Wx::scaleByDpi(icon);
+    const int factor = Wx::scaleByDpi(1);
+    if (!size)
+        return Wx::scaleByDpi(icon);
+    if (*size > Wx::AutoSizedButton::MAX_ICON_LENGTH / factor)
+        return {};
+    return icon.IsOk() ? resized(icon, std::max(*size, 0) * factor) : icon;
 }
 
 wxSize extent(const wxBitmap& bitmap)
@@ -73,16 +76,24 @@ void Wx::AutoSizedButton::setClickCallback(Function<void()> onClick)
     m_ownClickCallback = std::move(onClick);
 }
 
-void Wx::AutoSizedButton::setEnabledIcon(const wxBitmap& icon, Optional<int> size)
+bool Wx::AutoSizedButton::setEnabledIcon(const wxBitmap& icon, Optional<int> size)
 {
-    setBitmap(fitted(icon, size));
-    onIconChanged();
+    const Optional<wxBitmap> bitmap = fitted(icon, size);
+    if (bitmap) {
+        setBitmap(*bitmap);
+        onIconChanged();
+    }
+    return bitmap.has_value();
 }
 
-void Wx::AutoSizedButton::setDisabledIcon(const wxBitmap& icon, Optional<int> size)
+bool Wx::AutoSizedButton::setDisabledIcon(const wxBitmap& icon, Optional<int> size)
 {
-    setBitmapWhenDisabled(fitted(icon, size));
-    onIconChanged();
+    const Optional<wxBitmap> bitmap = fitted(icon, size);
+    if (bitmap) {
+        setBitmapWhenDisabled(*bitmap);
+        onIconChanged();
+    }
+    return bitmap.has_value();
 }
 
 void Wx::AutoSizedButton::onIconChanged()

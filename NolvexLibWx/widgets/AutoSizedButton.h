@@ -6,12 +6,12 @@
 
 namespace Nolvex::Wx {
 
-/// A push button in the default skin whose minimum size follows its label and its icons. The size it has now
-/// is the parent's sizer's business: lay the parent out after a change.
+/// A push button in the default skin whose minimum size follows its label and its icons. A change leaves the
+/// current size to the sizer of the parent, which applies the new minimum at its next layout.
 class NOLVEXLIBWX_EXPORT AutoSizedButton : public Button
 {
 public:
-    /// `minWidth` and `minHeight` in design units.
+    /// `minWidth` and `minHeight` are in design units.
     AutoSizedButton(wxWindow* parent, const wxString& label, int minWidth, int minHeight);
     ~AutoSizedButton() override;
 
@@ -20,13 +20,17 @@ public:
 
     void setClickCallback(Function<void()> onClick);
 
-    /// The icon of the enabled button: resized to a square of `size` pixels, times the whole factor of the
-    /// screen's scale, or else just enlarged by that factor. An invalid icon, or a size below 1 or above
-    /// 4,096, is none. The disabled button does not show it.
-    void setEnabledIcon(const wxBitmap& icon, Optional<int> size = {});
+    /// The longest side of a resized icon, in pixels of the screen. A square of that side takes 800 MB.
+    static constexpr int MAX_ICON_LENGTH = 16'384;
 
-    /// The icon of the disabled button, likewise.
-    void setDisabledIcon(const wxBitmap& icon, Optional<int> size = {});
+    /// Sets the icon of the enabled button, which the disabled button does not show. With a `size`, the icon
+    /// is resized to a square of `size` times the whole factor of the screen's scale, in pixels; without,
+    /// the icon is enlarged by that factor. An invalid icon, or a size below 1, removes the icon. Returns
+    /// false, and changes nothing, if the square would be longer than MAX_ICON_LENGTH.
+    bool setEnabledIcon(const wxBitmap& icon, Optional<int> size = {});
+
+    /// Sets the icon of the disabled button in the same way.
+    bool setDisabledIcon(const wxBitmap& icon, Optional<int> size = {});
 
 private:
     void onIconChanged();

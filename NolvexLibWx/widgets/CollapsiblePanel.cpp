@@ -38,7 +38,7 @@ Wx::CollapsiblePanel::CollapsiblePanel(wxWindow* parent, const GuiSkin& skin, co
 {
     SetForegroundColour(toWxColour(skin.text));
     m_content->Reparent(this);
-    if (m_extra != nullptr)
+    if (m_extra)
         m_extra->Reparent(this);
     m_tick = new Tick(this, skin);
     m_label = new StaticText(this, wxID_ANY, label, 0, TextFlag::BOLD, labelSize);
@@ -47,8 +47,8 @@ Wx::CollapsiblePanel::CollapsiblePanel(wxWindow* parent, const GuiSkin& skin, co
     m_label->Bind(wxEVT_LEFT_UP, &CollapsiblePanel::onHeaderClicked, this);
     Platform::describeControl(*this, Platform::AccessibleRole::GROUP);
     Platform::describeControl(*m_tick, Platform::AccessibleRole::DISCLOSURE);
-    Platform::switchControl(*m_tick, m_tick->isExpanded());
-    // All start collapsed: the content is shown now.
+    Platform::switchControl(*m_tick, tick()->isExpanded());
+    // The content is shown now, so every panel starts collapsed.
     toggleCollapsed();
 }
 
@@ -60,13 +60,13 @@ void Wx::CollapsiblePanel::layOut()
     auto* header = new wxBoxSizer(wxHORIZONTAL);
     header->Add(m_tick, 0, wxALIGN_CENTER_VERTICAL, 0);
     header->Add(m_label, 1, wxEXPAND | wxLEFT, border);
-    if (m_extra != nullptr)
+    if (m_extra)
         header->Add(m_extra, 0, wxLEFT, border);
 
     auto* main = new wxBoxSizer(wxVERTICAL);
     main->Add(header, 0, wxEXPAND | wxBOTTOM, border / 2);
     m_rule = new StaticLine(this, wxHORIZONTAL);
-    // It starts below the label, not below the tick.
+    // The line starts below the label, not below the tick.
     main->Add(m_rule, 0, wxEXPAND | wxLEFT, m_tick->GetSize().x + border);
     main->AddSpacer(border);
     main->Add(m_content, 0, wxEXPAND | wxALL, m_contentBorder);
@@ -75,19 +75,26 @@ void Wx::CollapsiblePanel::layOut()
 
 void Wx::CollapsiblePanel::SetLabel(const wxString& label)
 {
-    m_label->SetLabel(label);
+    if (m_label)
+        m_label->SetLabel(label);
     Platform::renameControl(*this);
-    Platform::renameControl(*m_tick);
+    if (m_tick)
+        Platform::renameControl(*m_tick);
 }
 
 wxString Wx::CollapsiblePanel::GetLabel() const
 {
-    return m_label->GetLabel();
+    return m_label ? m_label->GetLabel() : wxString();
+}
+
+Wx::CollapsiblePanel::Tick* Wx::CollapsiblePanel::tick() const
+{
+    return static_cast<Tick*>(m_tick.get());
 }
 
 bool Wx::CollapsiblePanel::isCollapsed() const
 {
-    return !m_content->IsShown();
+    return !m_content || !m_content->IsShown();
 }
 
 void Wx::CollapsiblePanel::setCollapsed(bool collapsed)
@@ -103,13 +110,15 @@ void Wx::CollapsiblePanel::setToggleCallback(Function<void(bool)> onToggle)
 
 void Wx::CollapsiblePanel::toggleCollapsed()
 {
+    if (!m_content)
+        return;
     const ScopedWindowFreezer freezer(GetParent());
     const wxWeakRef<CollapsiblePanel> self(this);
     const bool show = isCollapsed();
     showContent(show);
-    if (m_toggleCallback)
+    // A handler that hears of the showing or hiding may have destroyed the panel, and so may the callback.
+    if (self && m_toggleCallback)
         m_toggleCallback(!show);
-    // The callback may have destroyed the panel.
     if (!self)
         return;
     wxCollapsiblePaneEvent event(this, wxID_ANY, !show);
@@ -118,11 +127,16 @@ void Wx::CollapsiblePanel::toggleCollapsed()
 
 void Wx::CollapsiblePanel::showContent(bool show)
 {
-    m_tick->setExpanded(show);
+    if (m_tick)
+        tick()->setExpanded(show);
+    const wxWeakRef<CollapsiblePanel> self(this);
     m_content->Show(show);
-    SetSize(wxSize(GetSize().x, GetBestSize().y));
-    Layout();
-    GetParent()->Layout();
+    if (self)
+        SetSize(wxSize(GetSize().x, GetBestSize().y));
+    if (self)
+        Layout();
+    if (self)
+        GetParent()->Layout();
 }
 
 void Wx::CollapsiblePanel::onHeaderClicked(wxMouseEvent& /*event*/)
@@ -161,7 +175,7 @@ void Wx::CollapsiblePanel::Tick::setExpanded(bool expanded)
 
 void Wx::CollapsiblePanel::Tick::draw(wxDC& dc, wxSize size, bool expanded, const GuiSkin& skin)
 {
-    // All ticks look alike, whatever the skins of their panels: like the one painted first.
+    // All ticks look like the first that was painted, whatever the skins of their panels are.
     static const wxPen PEN(toWxColour(skin.darkBackground), 1, wxPENSTYLE_SOLID);
     static const wxBrush BRUSH(toWxColour(skin.accent), wxBRUSHSTYLE_SOLID);
     CrispLines lines(dc);

@@ -7,41 +7,40 @@
 #include "NolvexLibWx/widgets/GuiSkin.h"
 
 #include <wx/panel.h>
+#include <wx/weakref.h>
 
 namespace Nolvex::Wx {
 
-class StaticLine;
-class StaticText;
-
-/// A window that folds away under a header: a triangle, a label and, if wanted, one more window at the right.
-/// A click on the triangle or the label folds and unfolds.
+/// A window that folds away under a header, which consists of a triangle, a label and an optional further
+/// window at the right. A click on the triangle or the label folds or unfolds the content.
 ///
 /// Each change calls the callback and then sends a wxCollapsiblePaneEvent, which goes up to the parents;
-/// either may destroy the panel. A new panel is collapsed, and has sent that event already.
+/// either may destroy the panel. A new panel is collapsed, and has already sent that event. The child windows
+/// may be destroyed before the panel; without its content, the panel stays collapsed and changes no more.
 class NOLVEXLIBWX_EXPORT CollapsiblePanel : public wxPanel
 {
 public:
     class Tick;
 
-    /// `content`, which must be shown, and `extra` if it is not null, become children of the panel.
-    /// `contentBorder` is in pixels around the content; `labelSize`, in design units, is the size of the
-    /// label (wxDefaultSize: of its text).
+    /// `content`, which must be shown, and `extra`, which may be null, become children of the panel.
+    /// `contentBorder` is the width of the border around the content, in pixels. `labelSize` is the size of
+    /// the label, in design units; wxDefaultSize stands for the size of the text.
     CollapsiblePanel(wxWindow* parent, const GuiSkin& skin, const String& label, wxWindow* content,
                      wxWindow* extra = nullptr, int contentBorder = 0, wxSize labelSize = wxDefaultSize);
     ~CollapsiblePanel() override;
 
-    /// The header's label.
+    /// The label of the panel is the text of its header.
     void SetLabel(const wxString& label) override;
     wxString GetLabel() const override;
 
     bool isCollapsed() const;
 
-    /// Tells nobody when nothing changes.
+    /// Calls no callback and sends no event if the panel already is in that state.
     void setCollapsed(bool collapsed);
 
     void toggleCollapsed();
 
-    /// `onToggle` is called with true when the panel has been collapsed.
+    /// `onToggle` is called with the new state: true if the panel has been collapsed.
     void setToggleCallback(Function<void(bool)> onToggle);
 
 private:
@@ -49,31 +48,35 @@ private:
     void showContent(bool show);
     void onHeaderClicked(wxMouseEvent& event);
 
-    wxWindow* m_content = nullptr;
-    wxWindow* m_extra = nullptr;
-    Tick* m_tick = nullptr;
-    StaticText* m_label = nullptr;
+    Tick* tick() const;
+
+    // Weak, as the caller can destroy child windows of the panel.
+    wxWeakRef<wxWindow> m_content;
+    wxWeakRef<wxWindow> m_extra;
+    wxWeakRef<wxWindow> m_tick;
+    wxWeakRef<wxWindow> m_label;
     Function<void(bool)> m_toggleCallback;
     int m_contentBorder;
-    StaticLine* m_rule = nullptr;
+    wxWeakRef<wxWindow> m_rule;
 };
 
-/// The triangle: it points down over what is shown and right when that is folded away.
+/// The triangle in the header, which points down while the content is shown and right while it is folded
+/// away.
 class NOLVEXLIBWX_EXPORT CollapsiblePanel::Tick : public wxPanel
 {
 public:
     Tick(wxWindow* parent, const GuiSkin& skin);
     ~Tick() override;
 
-    /// The panel's.
+    /// Returns the label of the panel.
     wxString GetLabel() const override;
 
     bool isExpanded() const { return m_expanded; }
 
     void setExpanded(bool expanded);
 
-    /// Paints the triangle over the given size from the DC's origin, in the colours of the skin that was the
-    /// first to be painted in this process.
+    /// Paints the triangle over the given size from the DC's origin. All triangles of a process have the
+    /// colours of the skin that was painted first.
     static void draw(wxDC& dc, wxSize size, bool expanded, const GuiSkin& skin);
 
 private:

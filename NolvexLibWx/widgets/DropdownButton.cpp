@@ -11,10 +11,11 @@
 
 #include <wx/brush.h>
 #include <wx/dcclient.h>
-#include <wx/frame.h>
 #include <wx/sizer.h>
 #include <wx/weakref.h>
 
+#include <algorithm>
+#include <array>
 #include <utility>
 
 namespace Nolvex {
@@ -23,8 +24,6 @@ namespace {
 
 constexpr const char* SOURCE = "widgets/DropdownButton";
 constexpr int HOLD_TIME = 150; // milliseconds
-// Some window managers insist on a place of their own.
-constexpr int MOST_MOVES = 3;
 constexpr int CORNER_LENGTH = 10;
 constexpr int CORNER_INSET = 2;
 constexpr RgbBytes DISABLED_CORNER{135, 135, 135};
@@ -34,7 +33,7 @@ wxSize itemSize()
     return Wx::scaleByDpi(wxSize(73, 24));
 }
 
-// Looked at before the first entry is.
+// Returns the ids, for the caller to read the first entries of the arrays only after this check.
 const Array<int>& checked(const Array<int>& ids, const Array<wxString>& labels,
                           const Array<Function<void()>>& callbacks)
 {
@@ -54,7 +53,7 @@ Wx::DropdownButton::DropdownButton(wxWindow* parent, const GuiSkin& skin, const 
                                    const Array<wxString>& labels, const wxBitmap& bitmap,
                                    const wxBitmap& disabledBitmap, const Array<Function<void()>>& callbacks,
                                    Behavior behavior, bool enabled)
-    // Braces, within which the arrays are looked at from left to right.
+    // Braces evaluate the arguments from left to right, so the arrays are checked before they are read.
     : Button{parent,
              skin,
              checked(ids, labels, callbacks).front(),
@@ -67,7 +66,7 @@ Wx::DropdownButton::DropdownButton(wxWindow* parent, const GuiSkin& skin, const 
              OskaBorderState::ENABLED},
       m_swapOnSelect(behavior == Behavior::SWAP)
 {
-    createPopup(ids, labels, callbacks);
+    createItems(ids, labels, callbacks);
     m_timer.SetOwner(this);
     Bind(wxEVT_TIMER, &DropdownButton::onHeld, this);
     Bind(wxEVT_MOTION, &DropdownButton::onMouseMoved, this);
@@ -75,17 +74,12 @@ Wx::DropdownButton::DropdownButton(wxWindow* parent, const GuiSkin& skin, const 
     Platform::describeControl(*this, Platform::AccessibleRole::DROPDOWN_BUTTON);
 }
 
-Wx::DropdownButton::~DropdownButton()
-{
-    // It goes after the members have gone.
-    m_popup->Unbind(wxEVT_MOVE, &DropdownButton::onPopupMoved, this);
-}
+Wx::DropdownButton::~DropdownButton() = default;
 
-void Wx::DropdownButton::createPopup(const Array<int>& ids, const Array<wxString>& labels,
+void Wx::DropdownButton::createItems(const Array<int>& ids, const Array<wxString>& labels,
                                      const Array<Function<void()>>& callbacks)
 {
-    m_popup = new wxFrame(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
-                          wxBORDER_NONE | wxSTAY_ON_TOP | wxFRAME_NO_TASKBAR);
+    m_popup = new DropdownFrame(this);
     auto* sizer = new wxBoxSizer(wxVERTICAL);
     for (std::size_t i = 1; i < ids.size(); ++i) {
         auto* item = new Button(m_popup, skin(), ids[i], labels[i], wxBitmap(), wxBitmap(), callbacks[i],
@@ -95,9 +89,6 @@ void Wx::DropdownButton::createPopup(const Array<int>& ids, const Array<wxString
         sizer->Add(item, 0, 0, 0);
         m_items.emplace_back(item);
     }
-    // Whoever closes it with the keyboard must not destroy what the button goes on using.
-    m_popup->Bind(wxEVT_CLOSE_WINDOW, [popup = m_popup](wxCloseEvent&) { popup->Hide(); });
-    m_popup->Bind(wxEVT_MOVE, &DropdownButton::onPopupMoved, this);
     m_popup->SetSizerAndFit(sizer);
     m_popup->Hide();
 }
@@ -123,31 +114,28 @@ void Wx::DropdownButton::onMouseDown(wxMouseEvent& /*event*/)
 
 void Wx::DropdownButton::onHeld(wxTimerEvent& /*event*/)
 {
-    if (!isPressed())
+    if (!isPressed() || !m_popup)
         return;
-    m_popup->Show(true);
-    m_movesLeft = MOST_MOVES;
-    movePopup();
-    Refresh();
+    for (const wxWeakRef<Button>& item : m_items) {
+        if (item)
+            item->setHovered(false);
+    }
+    m_popup->open();
 }
 
-void Wx::DropdownButton::movePopup()
+bool Wx::DropdownButton::isOpen() const
 {
-    const wxPoint below = GetScreenPosition() + wxPoint(0, GetSize().y);
-    if (m_popup->GetPosition() == below || m_movesLeft == 0)
-        return;
-    --m_movesLeft;
-    m_popup->Move(below);
+    return m_popup && m_popup->IsShown();
 }
 
-// A window manager may place what is new to it, after we did.
-void Wx::DropdownButton::onPopupMoved(wxMoveEvent& event)
+void Wx::DropdownButton::closeDropdown()
 {
-    event.Skip();
-    if (m_popup->IsShown())
-        movePopup();
+    if (m_popup)
+        m_popup->Hide();
 }
 
+// The mouse position relative to an item comes from the screen positions, as the frame with the items is no
+// part of the button.
 bool Wx::DropdownButton::isOver(const Button& item, const wxMouseEvent& event) const
 {
     const wxPoint offset = event.GetPosition() + GetScreenPosition() - item.GetScreenPosition();
@@ -156,7 +144,7 @@ bool Wx::DropdownButton::isOver(const Button& item, const wxMouseEvent& event) c
 
 void Wx::DropdownButton::onMouseMoved(wxMouseEvent& event)
 {
-    if (!m_popup->IsShown())
+    if (!isOpen())
         return;
     for (const wxWeakRef<Button>& item : m_items) {
         if (!item)
@@ -184,25 +172,45 @@ void Wx::DropdownButton::onMouseUp(wxMouseEvent& event)
     m_timer.Stop();
     freeMouse();
     const wxWeakRef<DropdownButton> self(this);
-    wxWeakRef<Button> chosen;
-    if (m_popup->IsShown()) {
-        for (const wxWeakRef<Button>& item : m_items) {
-            if (!item || !isOver(*item, event))
-                continue;
-            chosen = item;
-            callBack(*item);
-            // It may have destroyed the button, and the items with it, or the item alone.
-            if (!self)
-                return;
-            if (item)
-                passMouseUp(*item, event);
-        }
-    }
-    m_popup->Hide();
+    const wxWeakRef<Button> chosen(isOpen() ? choose(event) : nullptr);
+    // The callback of the chosen item may have destroyed the button.
+    if (!self)
+        return;
+    closeDropdown();
     setHovered(false);
     Button::onMouseUp(event);
     if (self && chosen && swapsOnSelect())
         swapWithMain(*chosen);
+}
+
+// Calls the callback of the item under the mouse. Returns the item, or null if the mouse is over no item or
+// the callback has destroyed the item.
+Wx::Button* Wx::DropdownButton::choose(wxMouseEvent& event)
+{
+    const auto found = std::find_if(m_items.begin(), m_items.end(), [&](const wxWeakRef<Button>& item) {
+        return item && isOver(*item, event);
+    });
+    if (found == m_items.end())
+        return nullptr;
+    const wxWeakRef<Button> item(*found);
+    callBackSafely(*item);
+    if (item)
+        passMouseUp(*item, event);
+    return item.get();
+}
+
+void Wx::DropdownButton::callBackSafely(const Button& item)
+{
+    const wxWeakRef<DropdownButton> self(this);
+    try {
+        callBack(item);
+    } catch (...) {
+        if (self) {
+            cancelPress();
+            closeDropdown();
+        }
+        throw;
+    }
 }
 
 bool Wx::DropdownButton::swapsOnSelect() const
@@ -221,31 +229,36 @@ void Wx::DropdownButton::swapWithMain(Button& item)
 void Wx::DropdownButton::onCaptureLost(wxMouseCaptureLostEvent& event)
 {
     Button::onCaptureLost(event);
-    m_popup->Hide();
+    closeDropdown();
 }
 
 void Wx::DropdownButton::onButtonPaint(wxPaintEvent& /*event*/)
 {
     wxPaintDC dc(this);
-    drawFace(dc);
+    draw(dc, {{0, 0}, toPixel(dc.GetSize())}, face());
     for (const wxWeakRef<Button>& item : m_items) {
         if (item)
             item->Update();
     }
 }
 
-void Wx::DropdownButton::drawFace(wxDC& dc) const
+Wx::DropdownButton::Face Wx::DropdownButton::face() const
 {
-    draw(dc, {{0, 0}, toPixel(dc.GetSize())}, face());
-    const wxSize size = dc.GetSize();
-    const wxPoint corner(size.x - CORNER_INSET, size.y - CORNER_INSET);
+    return {.button = Button::face(), .accent = skin().accent};
+}
+
+void Wx::DropdownButton::draw(wxDC& dc, const Bucket& rect, const Face& face)
+{
+    Button::draw(dc, rect, face.button);
+    const wxPoint corner(rect.max.x - CORNER_INSET, rect.max.y - CORNER_INSET);
     const int length = scaleByDpi(CORNER_LENGTH);
-    const bool enabled = borderState().has(OskaBorderState::ENABLED);
-    dc.SetBrush(wxBrush(toWxColour(enabled ? skin().accent : DISABLED_CORNER)));
+    const bool enabled = face.button.border.has(OskaBorderState::ENABLED);
+    const bool lit = enabled && face.button.border.has(OskaBorderState::HOVERED);
+    dc.SetBrush(wxBrush(toWxColour(enabled ? face.accent : DISABLED_CORNER)));
     CrispLines lines(dc);
-    lines.setPen(enabled && borderState().has(OskaBorderState::HOVERED) ? SELECTED() : INNER());
-    lines.drawPolygon(
-        std::array{corner, wxPoint(size.x - length, corner.y), wxPoint(corner.x, size.y - length), corner});
+    lines.setPen(lit ? SELECTED() : INNER());
+    lines.drawPolygon(std::array{corner, wxPoint(rect.max.x - length, corner.y),
+                                 wxPoint(corner.x, rect.max.y - length), corner});
 }
 
 } // namespace Nolvex

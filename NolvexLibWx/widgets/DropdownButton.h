@@ -4,20 +4,19 @@
 #include "NolvexLib/Array.h"
 #include "NolvexLib/String.h"
 #include "NolvexLibWx/widgets/Button.h"
+#include "NolvexLibWx/widgets/DropdownFrame.h"
 
 #include <wx/timer.h>
 #include <wx/weakref.h>
 
-class WXDLLIMPEXP_FWD_CORE wxFrame;
-
 namespace Nolvex::Wx {
 
-/// A button with further choices. A short click makes the main choice; held down for 150 ms, the button opens
-/// the others in a popup below, and the one that the mouse is released over is chosen. A triangle in the
-/// corner marks it.
+/// A button with further choices. A short click makes the main choice. Holding the button for 150 ms opens a
+/// frame below with the other choices, and releasing the mouse over one of them makes that choice. A triangle
+/// in the corner marks the button.
 ///
-/// A choice of the popup calls its callback only; the main one is a click as of any Button. Every callback
-/// may destroy the button.
+/// The main choice is a click as of any Button; the other choices only call their callbacks. Every callback
+/// may destroy the button. When a callback of the frame throws, the press is over and the frame closed.
 class NOLVEXLIBWX_EXPORT DropdownButton : public Button
 {
 public:
@@ -25,22 +24,33 @@ public:
     {
         PUSH = 0,
         TOGGLE = 1, ///< the main choice is a toggle
-        SWAP = 2,   ///< push; what is chosen in the popup changes places with the main choice
+        SWAP = 2,   ///< push; a choice made in the frame changes places with the main choice
     };
 
-    /// One id, one label and one callback, which may be empty, for each choice, the main one first. Arrays of
-    /// different lengths, and no choice at all, are programming errors (StopException).
+    /// All that is seen of a drop-down button but its background.
+    struct Face
+    {
+        Button::Face button;
+        RgbBytes accent; ///< the colour of the triangle while the button is enabled
+    };
+
+    /// Each choice has an id, a label and a callback, which may be empty; the main choice comes first. Arrays
+    /// of different lengths, and no choice at all, are programming errors (StopException).
     DropdownButton(wxWindow* parent, const GuiSkin& skin, const Array<int>& ids,
                    const Array<wxString>& labels, const wxBitmap& bitmap, const wxBitmap& disabledBitmap,
                    const Array<Function<void()>>& callbacks, Behavior behavior, bool enabled);
     ~DropdownButton() override;
 
-    /// The label at a place: 0 is the button's own, the popup's follow from 1. Another index is a programming
-    /// error (StopException).
+    /// Sets the label of a choice: index 0 is the main choice, and the choices of the frame follow from 1.
+    /// Any other index is a programming error (StopException).
     void setText(int index, const String& text);
 
-    /// Paints what the button shows, but for its background, over the size of the DC from its origin.
-    void drawFace(wxDC& dc) const;
+    /// What the button shows now.
+    Face face() const;
+
+    /// Paints the face of a button that fills `rect`. The border is exact for a `rect` that starts at (0, 0),
+    /// as OskaBorder::draw says.
+    static void draw(wxDC& dc, const Bucket& rect, const Face& face);
 
 protected:
     void onMouseDown(wxMouseEvent& event) override;
@@ -49,22 +59,23 @@ protected:
     void onButtonPaint(wxPaintEvent& event) override;
 
 private:
-    void createPopup(const Array<int>& ids, const Array<wxString>& labels,
+    void createItems(const Array<int>& ids, const Array<wxString>& labels,
                      const Array<Function<void()>>& callbacks);
     void onHeld(wxTimerEvent& event);
-    void movePopup();
-    void onPopupMoved(wxMoveEvent& event);
+    bool isOpen() const;
+    void closeDropdown();
     void onMouseMoved(wxMouseEvent& event);
     void markHovered(Button* item);
     bool isOver(const Button& item, const wxMouseEvent& event) const;
+    Button* choose(wxMouseEvent& event);
+    void callBackSafely(const Button& item);
     bool swapsOnSelect() const;
     void swapWithMain(Button& item);
 
-    // Weak, as the ids by which they can be found and destroyed are the caller's.
+    // Weak, as the caller can find the frame and the items among the child windows and destroy them.
     Array<wxWeakRef<Button>> m_items;
-    wxFrame* m_popup = nullptr;
+    wxWeakRef<DropdownFrame> m_popup;
     wxTimer m_timer;
-    int m_movesLeft = 0;
     bool m_swapOnSelect;
     wxWeakRef<wxWindow> m_hoveredItem;
 };

@@ -5,12 +5,16 @@
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/Monitors.h"
+#include "NolvexLibWx/ScopedWindowFreezer.h"
 #include "NolvexLibWx/StringConversions.h"
+#include "NolvexLibWx/platform/MouseTransparency.h"
+#include "NolvexLibWx/widgets/TooltipDismissal.h"
 
 #include <wx/brush.h>
 #include <wx/dcclient.h>
 #include <wx/pen.h>
 #include <wx/settings.h>
+#include <wx/utils.h>
 
 #include <algorithm>
 #include <limits>
@@ -25,13 +29,13 @@ constexpr int MARGIN = 3;
 constexpr std::int64_t WATCH_INTERVAL = 200; // milliseconds
 constexpr Pixel MOUSE_DISTANCE{10, 5};
 
-// A space gives an empty line its height.
+// An empty line is as high as a space.
 wxString visibleLine(const String& line)
 {
     return line.isEmpty() ? wxString(L" ") : Wx::toWxString(line);
 }
 
-// GTK themes have tooltips that let the windows below shine through, which a popup cannot.
+// The tooltip colours of GTK themes may be translucent, which a popup cannot be.
 wxColour opaqueSystemColour(wxSystemColour index)
 {
     return Wx::toWxColour(Wx::toRgbBytes(wxSystemSettings::GetColour(index)));
@@ -42,12 +46,12 @@ bool isWithin(int offset, int length)
     return static_cast<unsigned>(offset) < static_cast<unsigned>(length);
 }
 
-// Wraps one paragraph, a text without line-feeds.
+// Wraps one paragraph, which is a text without line-feeds.
 void splitParagraph(StringView text, int limit, const Function<int(StringView)>& measure,
                     Array<String>& lines)
 {
     std::size_t start = 0;
-    std::size_t breakPoint = 0; // none while at or before the start
+    std::size_t breakPoint = 0; // there is none while this is not beyond `start`
     for (std::size_t i = text.find(L" "); i != StringView::NPOS; i = text.find(L" ", i + 1)) {
         if (i == start || text[i - 1] == L' ')
             continue;
@@ -76,32 +80,33 @@ Array<String> Wx::Detail::splitTooltipLines(StringView text, int limit,
 
 Wx::Tooltip::Tooltip(wxWindow* owner, const String& text) : m_owner(owner)
 {
-    // Created here and not by the base: becoming its child, it is asked by the owner whether it takes the
-    // focus.
+    // Two-step creation: Create makes the tooltip a child of the owner, which at once asks AcceptsFocus of
+    // this class.
     Create(owner, POPUP_STYLE);
+    // At the edge of the screen, the tooltip can come to lie under the mouse. The owner keeps the mouse, and
+    // a click there is the owner's.
+    Platform::letMouseThrough(*this);
     Bind(wxEVT_PAINT, &Tooltip::onPaint, this);
     Show(false);
     m_timer.SetOwner(this);
     Bind(wxEVT_TIMER, &Tooltip::onTimer, this);
-    // At the edge of the screen it can come to lie under the mouse.
-    Bind(wxEVT_LEAVE_WINDOW, [this](wxMouseEvent&) { hide(); });
-    Bind(wxEVT_LEFT_UP, [this](wxMouseEvent&) { hide(); });
-
-    owner->Bind(wxEVT_LEAVE_WINDOW, &Tooltip::onOwnerLeft, this);
+    owner->Bind(wxEVT_LEAVE_WINDOW, &Tooltip::onOwnerLeftOrClicked, this);
     owner->Bind(wxEVT_ENTER_WINDOW, &Tooltip::onOwnerMoved, this);
-    owner->Bind(wxEVT_LEFT_UP, &Tooltip::onOwnerClicked, this);
+    owner->Bind(wxEVT_LEFT_UP, &Tooltip::onOwnerLeftOrClicked, this);
     owner->Bind(wxEVT_MOTION, &Tooltip::onOwnerMoved, this);
+    TooltipDismissal::instance().add(this);
     setText(text);
 }
 
 Wx::Tooltip::~Tooltip()
 {
-    // The toolkit would do it too, but not before the members are gone.
+    TooltipDismissal::instance().remove(this);
+    // wxWidgets would unbind the handlers too, but not before the members of the tooltip are gone.
     if (!m_owner)
         return;
-    m_owner->Unbind(wxEVT_LEAVE_WINDOW, &Tooltip::onOwnerLeft, this);
+    m_owner->Unbind(wxEVT_LEAVE_WINDOW, &Tooltip::onOwnerLeftOrClicked, this);
     m_owner->Unbind(wxEVT_ENTER_WINDOW, &Tooltip::onOwnerMoved, this);
-    m_owner->Unbind(wxEVT_LEFT_UP, &Tooltip::onOwnerClicked, this);
+    m_owner->Unbind(wxEVT_LEFT_UP, &Tooltip::onOwnerLeftOrClicked, this);
     m_owner->Unbind(wxEVT_MOTION, &Tooltip::onOwnerMoved, this);
 }
 
@@ -123,9 +128,9 @@ void Wx::Tooltip::setText(const String& text)
 
 void Wx::Tooltip::arm()
 {
-    constexpr std::int64_t LONGEST = std::numeric_limits<int>::max();
+    constexpr std::int64_t MAX_WAIT = std::numeric_limits<int>::max();
     const std::int64_t wait = IsShown() ? WATCH_INTERVAL : m_delay;
-    m_timer.StartOnce(static_cast<int>(std::clamp<std::int64_t>(wait, 1, LONGEST)));
+    m_timer.StartOnce(static_cast<int>(std::clamp<std::int64_t>(wait, 1, MAX_WAIT)));
 }
 
 void Wx::Tooltip::hide()
@@ -134,31 +139,31 @@ void Wx::Tooltip::hide()
     m_timer.Stop();
 }
 
-void Wx::Tooltip::onOwnerLeft(wxMouseEvent& event)
+void Wx::Tooltip::onOwnerLeftOrClicked(wxMouseEvent& event)
 {
     event.Skip();
-    // Popping up under the mouse takes the mouse from the owner: to hide then would be to flicker.
-    if (!IsShown() || !GetScreenRect().Contains(wxGetMousePosition()))
-        hide();
+    hide();
 }
 
 void Wx::Tooltip::onOwnerMoved(wxMouseEvent& event)
 {
     event.Skip();
+    // Where the mouse has been moved onto the tooltip, the user wants to see what lies below. Systems also
+    // report a movement to the same place when the tooltip appears.
+    const wxPoint mouse = wxGetMousePosition();
+    if (IsShown() && mouse != m_mouseWhenShown && GetScreenRect().Contains(mouse))
+        hide();
     arm();
-}
-
-void Wx::Tooltip::onOwnerClicked(wxMouseEvent& event)
-{
-    event.Skip();
-    hide();
 }
 
 bool Wx::Tooltip::hasReason() const
 {
     if (m_lines.empty() || !m_owner || !m_owner->IsShownOnScreen())
         return false;
-    const wxPoint offset = wxGetMousePosition() - m_owner->GetScreenPosition();
+    const wxMouseState mouse = wxGetMouseState();
+    if (mouse.LeftIsDown() || mouse.MiddleIsDown() || mouse.RightIsDown())
+        return false;
+    const wxPoint offset = mouse.GetPosition() - m_owner->GetScreenPosition();
     const wxSize size = m_owner->GetSize();
     return isWithin(offset.x, size.x) && isWithin(offset.y, size.y);
 }
@@ -169,20 +174,21 @@ void Wx::Tooltip::onTimer(wxTimerEvent& /*event*/)
         hide();
         return;
     }
-    // Once shown it stays where it is.
+    // A shown tooltip stays where it is.
     if (!IsShown())
         popUp();
-    // Not every system tells a window that it is hidden or minimised under the mouse: watched while shown.
+    // While the tooltip is shown, the timer keeps asking for the reason: neither GTK nor Windows tells the
+    // owner when it is hidden or minimised under the mouse.
     arm();
 }
 
 void Wx::Tooltip::popUp()
 {
-    Freeze();
+    const ScopedWindowFreezer freezer(this);
     Show(true);
     fitToText();
-    smartPositionWindow(this, toPixel(wxGetMousePosition()) + MOUSE_DISTANCE);
-    Thaw();
+    m_mouseWhenShown = wxGetMousePosition();
+    smartPositionWindow(this, toPixel(m_mouseWhenShown) + MOUSE_DISTANCE);
 }
 
 void Wx::Tooltip::fitToText()

@@ -17,40 +17,47 @@ class WXDLLIMPEXP_FWD_CORE wxDC;
 
 namespace Nolvex::Wx {
 
-/// A text that pops up beside the mouse when it has rested on the owner for a while, in the system's tooltip
-/// colours. It goes when the mouse leaves the owner, when the left button is released on it, or when it is
-/// hidden; it never takes the focus. A child window of its owner, which destroys it.
+/// A text that pops up beside the mouse when the mouse has rested on the owner for a while, in the system's
+/// tooltip colours. A child window of the owner, which destroys the tooltip.
 ///
-/// The owner's mouse events are only listened to, its own handlers run as before.
+/// The tooltip hides when the mouse leaves the owner or is moved onto the tooltip, when the left button is
+/// released on the owner, when the owner is hidden, and when the user turns to something else: presses a key
+/// or a mouse button in any window of the program, or opens a menu or a modal dialog. It does not pop up
+/// while a mouse button is down.
+///
+/// The tooltip takes neither the focus nor the mouse; clicks go to the window below. The owner's own handlers
+/// of mouse events run as before.
 class NOLVEXLIBWX_EXPORT Tooltip : public wxPopupWindow, private Noncopyable
 {
 public:
-    /// The toolkit makes the owner the parent of the tooltip.
+    /// The owner becomes the parent of the tooltip.
     Tooltip(wxWindow* owner, const String& text);
     ~Tooltip() override;
 
-    /// Wraps the text to 250 design units. Without text nothing pops up. While shown, the tooltip takes its
-    /// new size at its place, moved just so far that it stays inside the work area; without text it hides.
+    /// Wraps the text to 250 design units. A tooltip with an empty text never pops up, and hides if it is
+    /// shown. A shown tooltip is resized at its place, and moved only as far as it takes to stay inside the
+    /// work area.
     void setText(const String& text);
 
-    /// How long the mouse must rest, 600 milliseconds at first. Counts from the next movement of the mouse
-    /// on.
+    /// Sets how long the mouse must rest, initially 600 milliseconds. Counts from the next movement of the
+    /// mouse.
     void setDelay(std::int64_t milliseconds) { m_delay = milliseconds; }
 
     std::int64_t delay() const { return m_delay; }
 
-    /// Never. An owner that is a panel would give the focus to a child that takes it.
+    /// Returns false, as an owner that is a panel would pass its focus on to a child that accepts it.
     bool AcceptsFocus() const override { return false; }
 
-    /// The text as it is wrapped, one entry a line.
+    /// The wrapped text, one entry for each line.
     const Array<String>& lines() const { return m_lines; }
+
+    /// Hides the tooltip. It pops up again when the mouse has moved and rested on the owner.
+    void hide();
 
 private:
     void arm();
-    void hide();
-    void onOwnerLeft(wxMouseEvent& event);
+    void onOwnerLeftOrClicked(wxMouseEvent& event);
     void onOwnerMoved(wxMouseEvent& event);
-    void onOwnerClicked(wxMouseEvent& event);
     void onTimer(wxTimerEvent& event);
     void onPaint(wxPaintEvent& event);
     bool hasReason() const;
@@ -61,19 +68,21 @@ private:
     wxWeakRef<wxWindow> m_owner;
     Array<String> m_lines;
     wxTimer m_timer;
-    std::int64_t m_delay = 600;
+    std::int64_t m_delay = 600; // milliseconds
+    wxPoint m_mouseWhenShown;
 };
 
 namespace Detail {
 
 /// Splits a text into lines: at every line-feed, which is dropped, and where a line gets wider than `limit`.
-/// The width of a text is what `measure` says.
+/// `measure` returns the width of a text.
 ///
-/// At each space the line up to there is measured; when it is too wide and has an earlier space between two
-/// words, it ends at the last of those. So a word is never broken, and the last word before a line-feed or
-/// the end, which no space follows, stays on the line it began on. Spaces in a row count as one, the spaces
-/// at which a line is broken are dropped, all others stay, those at the start of a line included. A final
-/// line-feed begins no further line; an empty text has no lines.
+/// At each space, the line up to that space is measured. If the line is too wide and contains an earlier
+/// space between two words, the line ends at the last such space. A word is therefore never broken, and the
+/// last word before a line-feed or the end of the text, which no space follows, stays on the line that it
+/// began on. Spaces in a row count as one. The spaces at which a line is broken are dropped; all others stay,
+/// including those at the start of a line. A final line-feed begins no further line; an empty text has no
+/// lines.
 NOLVEXLIBWX_EXPORT Array<String> splitTooltipLines(StringView text, int limit,
                                                    const Function<int(StringView)>& measure);
 

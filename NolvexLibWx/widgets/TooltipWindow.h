@@ -10,8 +10,8 @@
 
 namespace Nolvex::Wx {
 
-/// Second base of controls that can have a tooltip. The tooltip is made when it is first given a text; it
-/// belongs to the control as its child window.
+/// Second base class of controls that can have a tooltip. The first call of setTooltip creates the tooltip, a
+/// child window of the control, which destroys it.
 class NOLVEXLIBWX_EXPORT TooltipWindow : public Object
 {
 public:
@@ -21,7 +21,7 @@ public:
 
     void setTooltip(const String& text);
 
-    /// Null before the first `setTooltip`.
+    /// Returns null before the first setTooltip, and when the tooltip has been destroyed.
     Tooltip* tooltip() const { return m_tooltip.get(); }
 
 private:

@@ -2,40 +2,21 @@
 #pragma once
 
 #include "NolvexLibWx/widgets/Tooltip.h"
-#include "support/Events.h"
+#include "support/FrameFixture.h"
 
-#include <wx/frame.h>
-#include <wx/panel.h>
 #include <wx/uiaction.h>
-
-#include <gtest/gtest.h>
 
 namespace Nolvex::Tests {
 
 /// A frame with an owner of 200 x 100 in it and the mouse away from both.
-struct TooltipFixture : testing::Test
+struct TooltipFixture : FrameFixture
 {
-    static constexpr int SHORT_DELAY = 60;
+    static constexpr int SHORT_DELAY = 60; // milliseconds
 
-    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "tooltip", wxPoint(200, 200), wxSize(400, 300));
-    wxPanel* panel = new wxPanel(frame);
     wxWindow* owner = new wxPanel(panel, wxID_ANY, wxPoint(50, 50), wxSize(200, 100));
     wxUIActionSimulator mouse;
 
-    TooltipFixture()
-    {
-        frame->Show();
-        frame->Raise();
-        pumpEvents(100);
-        mouse.MouseMove(5, 5);
-        pumpEvents(50);
-    }
-
-    ~TooltipFixture() override
-    {
-        if (frame)
-            destroyNow(frame);
-    }
+    TooltipFixture() { showFrame(); }
 
     Wx::Tooltip* make(const String& text, int delay = SHORT_DELAY) const
     {
@@ -55,7 +36,7 @@ struct TooltipFixture : testing::Test
         moveTo(x - 2, y);
         moveTo(x, y);
         ASSERT_TRUE(pumpUntil([&] { return tooltip->IsShown(); }));
-        pumpEvents(100);
+        pumpEvents(); // until the screen shows it
     }
 
     void leave()

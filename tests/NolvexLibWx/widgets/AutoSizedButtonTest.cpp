@@ -2,17 +2,19 @@
 #include "NolvexLibWx/widgets/AutoSizedButton.h"
 
 #include "NolvexLibWx/DpiScaling.h"
-#include "support/Gestures.h"
+#include "support/FrameFixture.h"
 #include "support/Screen.h"
 
 #include <wx/dcclient.h>
-#include <wx/frame.h>
 #include <wx/image.h>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <limits>
+#include <string>
+#include <vector>
 
 using namespace Nolvex;
 using Wx::AutoSizedButton;
@@ -29,7 +31,7 @@ wxBitmap icon(int width, int height)
     return {image};
 }
 
-// The size in which a button of the default skin shows a text, written down once more.
+// The size that a label takes in a button of the default skin.
 wxSize withPadding(const AutoSizedButton* button, const wxString& text)
 {
     wxSize size = button->GetTextExtent(text);
@@ -37,14 +39,9 @@ wxSize withPadding(const AutoSizedButton* button, const wxString& text)
     return size;
 }
 
-struct AutoSizedButtonSizeTest : testing::Test
+struct AutoSizedButtonSizeTest : Tests::FrameFixture
 {
-    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "auto", wxPoint(100, 100), wxSize(400, 300));
-    wxPanel* panel = new wxPanel(frame);
-
-    ~AutoSizedButtonSizeTest() override { Tests::destroyNow(frame); }
-
-    AutoSizedButton* make(const wxString& label, int minWidth = 0, int minHeight = 0)
+    AutoSizedButton* make(const wxString& label, int minWidth = 0, int minHeight = 0) const
     {
         return new AutoSizedButton(panel, label, minWidth, minHeight);
     }
@@ -128,7 +125,7 @@ TEST_F(AutoSizedButtonTest, invalidIconAndNoSize_areNoIcon)
     EXPECT_EQ(button->GetMinSize(), wxSize(4, 4));
     button->setEnabledIcon(wxBitmap(), {});
     button->setDisabledIcon(icon(50, 50), 0);
-    button->setEnabledIcon(icon(50, 50), -3);
+    button->setEnabledIcon(icon(50, 50), std::numeric_limits<int>::min());
     EXPECT_EQ(button->GetMinSize(), wxSize(4, 4));
 }
 
@@ -137,16 +134,15 @@ TEST_F(AutoSizedButtonTest, icons_areShownInTheirStates)
     AutoSizedButton* button = make(wxString());
     button->SetSize(20, 20, 60, 60);
     button->setEnabledIcon(icon(20, 20), {});
-    frame->Show();
-    frame->Raise();
-    Tests::pumpEvents(150);
-    EXPECT_EQ(Tests::pixelAt(Tests::captureClientArea(button), 3, 3), ICON);
+    showFrame();
+    const auto showsIcon = [button] {
+        return Tests::pixelAt(Tests::captureClientArea(button), 3, 3) == ICON;
+    };
+    EXPECT_TRUE(Tests::pumpUntil(showsIcon));
     button->Enable(false);
-    Tests::pumpEvents(100);
-    EXPECT_NE(Tests::pixelAt(Tests::captureClientArea(button), 3, 3), ICON) << "it has no icon when disabled";
+    EXPECT_TRUE(Tests::pumpUntil([&] { return !showsIcon(); })) << "there is no icon for a disabled button";
     button->setDisabledIcon(icon(10, 10), {});
-    Tests::pumpEvents(100);
-    EXPECT_EQ(Tests::pixelAt(Tests::captureClientArea(button), 3, 3), ICON);
+    EXPECT_TRUE(Tests::pumpUntil(showsIcon));
 }
 
 TEST_F(AutoSizedButtonTest, isAPushButtonInTheDefaultSkin)
@@ -191,14 +187,13 @@ TEST_F(AutoSizedButtonTest, changesAndClicks_arePaintedAtOnce)
 {
     AutoSizedButton* button = make(L"OK");
     button->SetSize(20, 20, 60, 30);
-    frame->Show();
-    Tests::pumpEvents(150);
+    showFrame();
     int paints = 0;
     button->Bind(wxEVT_PAINT, [&](wxPaintEvent& event) {
         ++paints;
         event.Skip();
     });
-    // No event is let run in between.
+    // No events run in between.
     const auto paintsAtOnce = [&](const std::function<void()>& act) {
         paints = 0;
         act();
@@ -211,12 +206,23 @@ TEST_F(AutoSizedButtonTest, changesAndClicks_arePaintedAtOnce)
     EXPECT_TRUE(paintsAtOnce([&] { button->doClick({}); }));
 }
 
-TEST_F(AutoSizedButtonTest, hugeIconSize_isNoIcon)
+TEST_F(AutoSizedButtonTest, largeIcon_isResizedToAnySizeUpToTheLimit)
 {
     AutoSizedButton* button = make(wxString());
-    button->setEnabledIcon(icon(8, 8), 100'000);
-    button->setDisabledIcon(icon(8, 8), std::numeric_limits<int>::max());
-    EXPECT_EQ(button->GetMinSize(), wxSize(4, 4));
+    EXPECT_TRUE(button->setEnabledIcon(icon(8, 8), 4097));
+    const int length = 4097 * scaleByDpi(1);
+    EXPECT_EQ(button->GetMinSize(), wxSize(length + 4, length + 4));
+}
+
+TEST_F(AutoSizedButtonTest, iconBeyondTheLimit_isRefusedAndChangesNothing)
+{
+    AutoSizedButton* button = make(wxString());
+    EXPECT_TRUE(button->setEnabledIcon(icon(20, 20), {}));
+    EXPECT_TRUE(button->setDisabledIcon(icon(30, 30), {}));
+    const wxSize before = button->GetMinSize();
+    EXPECT_FALSE(button->setEnabledIcon(icon(8, 8), AutoSizedButton::MAX_ICON_LENGTH + 1));
+    EXPECT_FALSE(button->setDisabledIcon(icon(8, 8), std::numeric_limits<int>::max()));
+    EXPECT_EQ(button->GetMinSize(), before);
 }
 
 TEST_F(AutoSizedButtonTest, callbackThatReplacesItself_isSafe)

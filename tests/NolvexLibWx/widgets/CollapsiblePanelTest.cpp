@@ -5,13 +5,12 @@
 #include "NolvexLibWx/FontSetup.h"
 #include "NolvexLibWx/widgets/StaticLine.h"
 #include "NolvexLibWx/widgets/StaticText.h"
+#include "support/FrameFixture.h"
 #include "support/Gestures.h"
 #include "support/Screen.h"
 #include "support/TickSkin.h"
 
 #include <wx/collpane.h>
-#include <wx/frame.h>
-#include <wx/panel.h>
 #include <wx/sizer.h>
 
 #include <gtest/gtest.h>
@@ -39,10 +38,9 @@ constexpr int WIDTH = 260;
 const wxSize CONTENT(80, 50);
 const wxSize EXTRA(30, 40);
 
-struct CollapsiblePanelTest : testing::Test
+struct CollapsiblePanelTest : Tests::FrameFixture
 {
-    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "collapsible", wxPoint(100, 100), wxSize(400, 300));
-    wxPanel* parent = new wxPanel(frame);
+    wxPanel* parent = panel;
     Entries reports;
     wxWindow* content = nullptr;
     wxWindow* extra = nullptr;
@@ -58,8 +56,6 @@ struct CollapsiblePanelTest : testing::Test
         });
     }
 
-    ~CollapsiblePanelTest() override { Tests::destroyNow(frame); }
-
     wxWindow* filler(const wxSize& size) const
     {
         auto* window = new wxPanel(parent);
@@ -67,39 +63,35 @@ struct CollapsiblePanelTest : testing::Test
         return window;
     }
 
-    /// New, and with its width.
+    /// Makes a collapsed pane of the width.
     CollapsiblePanel* make(bool withExtra = false, wxSize labelSize = wxDefaultSize)
     {
         content = filler(CONTENT);
         extra = withExtra ? filler(EXTRA) : nullptr;
-        auto* panel = new CollapsiblePanel(parent, Tests::tickSkin(), L"Some label", content, extra,
-                                           CONTENT_BORDER, labelSize);
-        panel->SetSize(20, 20, WIDTH, panel->GetBestSize().y);
-        return panel;
+        auto* made = new CollapsiblePanel(parent, Tests::tickSkin(), L"Some label", content, extra,
+                                          CONTENT_BORDER, labelSize);
+        made->SetSize(20, 20, WIDTH, made->GetBestSize().y);
+        return made;
     }
 
-    /// With a callback, and nothing reported yet.
+    /// Makes a pane with a callback; nothing has been reported yet.
     CollapsiblePanel* listened(bool withExtra = false)
     {
-        CollapsiblePanel* panel = make(withExtra);
-        panel->setToggleCallback([this, panel](bool collapsed) {
+        CollapsiblePanel* made = make(withExtra);
+        made->setToggleCallback([this, made](bool collapsed) {
             reports.push_back(collapsed ? "callback 1" : "callback 0");
-            EXPECT_EQ(panel->isCollapsed(), collapsed);
-            EXPECT_EQ(panel->GetSize(), wxSize(WIDTH, panel->GetBestSize().y)) << "laid out already";
+            EXPECT_EQ(made->isCollapsed(), collapsed);
+            EXPECT_EQ(made->GetSize(), wxSize(WIDTH, made->GetBestSize().y)) << "laid out already";
             EXPECT_TRUE(parent->IsFrozen());
         });
         reports.clear();
-        return panel;
+        return made;
     }
 
-    CollapsiblePanel* shown(CollapsiblePanel* panel) const
+    CollapsiblePanel* shown(CollapsiblePanel* made) const
     {
-        frame->Show();
-        frame->Raise();
-        wxUIActionSimulator().MouseMove(5, 5);
-        Tests::pumpUntil([this] { return frame->IsActive(); }, 1000);
-        Tests::pumpEvents(150);
-        return panel;
+        showFrame();
+        return made;
     }
 
     Entries taken() { return std::exchange(reports, {}); }
@@ -117,9 +109,9 @@ Window* child(const wxWindow* parent)
     return nullptr;
 }
 
-CollapsiblePanel::Tick* tickOf(const CollapsiblePanel* panel)
+CollapsiblePanel::Tick* tickOf(const CollapsiblePanel* pane)
 {
-    return child<CollapsiblePanel::Tick>(panel);
+    return child<CollapsiblePanel::Tick>(pane);
 }
 
 const Entries COLLAPSED{"callback 1", "event 1"};
@@ -129,121 +121,174 @@ const Entries EXPANDED{"callback 0", "event 0"};
 
 TEST_F(CollapsiblePanelTest, construction_collapsesItAndTellsSo)
 {
-    const CollapsiblePanel* panel = make();
+    const CollapsiblePanel* pane = make();
     EXPECT_EQ(reports, (Entries{"event 1"}));
-    EXPECT_TRUE(panel->isCollapsed());
+    EXPECT_TRUE(pane->isCollapsed());
     EXPECT_FALSE(content->IsShown());
-    EXPECT_FALSE(tickOf(panel)->isExpanded());
+    EXPECT_FALSE(tickOf(pane)->isExpanded());
     EXPECT_FALSE(parent->IsFrozen());
 }
 
 TEST_F(CollapsiblePanelTest, construction_takesContentAndExtraForChildren)
 {
-    CollapsiblePanel* panel = make(true);
-    EXPECT_EQ(content->GetParent(), panel);
-    EXPECT_EQ(extra->GetParent(), panel);
+    CollapsiblePanel* pane = make(true);
+    EXPECT_EQ(content->GetParent(), pane);
+    EXPECT_EQ(extra->GetParent(), pane);
     EXPECT_TRUE(extra->IsShown());
-    EXPECT_EQ(panel->GetChildren().size(), 5u);
+    EXPECT_EQ(pane->GetChildren().size(), 5u);
     EXPECT_EQ(make()->GetChildren().size(), 4u);
 }
 
 TEST_F(CollapsiblePanelTest, construction_setsStyleColourAndFont)
 {
-    const CollapsiblePanel* panel = make();
-    EXPECT_TRUE(panel->HasFlag(wxTAB_TRAVERSAL));
-    EXPECT_TRUE(panel->HasFlag(wxNO_BORDER));
-    EXPECT_EQ(panel->GetForegroundColour(), wxColour(210, 220, 230));
-    const auto* label = child<StaticText>(panel);
+    const CollapsiblePanel* pane = make();
+    EXPECT_TRUE(pane->HasFlag(wxTAB_TRAVERSAL));
+    EXPECT_TRUE(pane->HasFlag(wxNO_BORDER));
+    EXPECT_EQ(pane->GetForegroundColour(), wxColour(210, 220, 230));
+    const auto* label = child<StaticText>(pane);
     EXPECT_EQ(label->GetForegroundColour(), wxColour(210, 220, 230));
     EXPECT_EQ(label->GetFont(), Wx::setupStaticTextFont(label->GetFont(), Wx::TextFlag::BOLD));
-    EXPECT_EQ(child<StaticLine>(panel)->orientation(), wxHORIZONTAL);
+    EXPECT_EQ(child<StaticLine>(pane)->orientation(), wxHORIZONTAL);
 }
 
 TEST_F(CollapsiblePanelTest, label_isTheHeaders)
 {
-    CollapsiblePanel* panel = make();
-    EXPECT_EQ(panel->GetLabel(), "Some label");
-    panel->SetLabel("Another & more");
-    EXPECT_EQ(panel->GetLabel(), "Another & more");
-    EXPECT_EQ(child<StaticText>(panel)->GetLabel(), "Another & more");
-    EXPECT_EQ(tickOf(panel)->GetLabel(), "Another & more");
+    CollapsiblePanel* pane = make();
+    EXPECT_EQ(pane->GetLabel(), "Some label");
+    pane->SetLabel("Another & more");
+    EXPECT_EQ(pane->GetLabel(), "Another & more");
+    EXPECT_EQ(child<StaticText>(pane)->GetLabel(), "Another & more");
+    EXPECT_EQ(tickOf(pane)->GetLabel(), "Another & more");
 }
 
 TEST_F(CollapsiblePanelTest, toggleCollapsed_callsBackAndThenTellsTheParents)
 {
-    CollapsiblePanel* panel = listened();
-    panel->toggleCollapsed();
+    CollapsiblePanel* pane = listened();
+    pane->toggleCollapsed();
     EXPECT_EQ(taken(), EXPANDED);
-    EXPECT_FALSE(panel->isCollapsed());
+    EXPECT_FALSE(pane->isCollapsed());
     EXPECT_TRUE(content->IsShown());
-    EXPECT_TRUE(tickOf(panel)->isExpanded());
+    EXPECT_TRUE(tickOf(pane)->isExpanded());
     EXPECT_FALSE(parent->IsFrozen());
-    panel->toggleCollapsed();
+    pane->toggleCollapsed();
     EXPECT_EQ(taken(), COLLAPSED);
-    EXPECT_TRUE(panel->isCollapsed());
-    EXPECT_FALSE(tickOf(panel)->isExpanded());
+    EXPECT_TRUE(pane->isCollapsed());
+    EXPECT_FALSE(tickOf(pane)->isExpanded());
 }
 
 TEST_F(CollapsiblePanelTest, setCollapsed_tellsOnlyOfChanges)
 {
-    CollapsiblePanel* panel = listened();
-    panel->setCollapsed(true);
+    CollapsiblePanel* pane = listened();
+    pane->setCollapsed(true);
     EXPECT_EQ(taken(), Entries());
-    panel->setCollapsed(false);
+    pane->setCollapsed(false);
     EXPECT_EQ(taken(), EXPANDED);
-    panel->setCollapsed(false);
+    pane->setCollapsed(false);
     EXPECT_EQ(taken(), Entries());
-    panel->setCollapsed(true);
+    pane->setCollapsed(true);
     EXPECT_EQ(taken(), COLLAPSED);
 }
 
 TEST_F(CollapsiblePanelTest, withoutCallback_tellsTheParents)
 {
-    CollapsiblePanel* panel = listened();
-    panel->setToggleCallback({});
-    panel->toggleCollapsed();
+    CollapsiblePanel* pane = listened();
+    pane->setToggleCallback({});
+    pane->toggleCollapsed();
     EXPECT_EQ(taken(), (Entries{"event 0"}));
 }
 
 TEST_F(CollapsiblePanelTest, contentShownByTheProgram_isWhatCounts)
 {
-    CollapsiblePanel* panel = listened();
+    CollapsiblePanel* pane = listened();
     content->Show();
-    EXPECT_FALSE(panel->isCollapsed());
-    panel->toggleCollapsed();
+    EXPECT_FALSE(pane->isCollapsed());
+    pane->toggleCollapsed();
     EXPECT_EQ(taken(), COLLAPSED);
-    EXPECT_FALSE(tickOf(panel)->isExpanded());
+    EXPECT_FALSE(tickOf(pane)->isExpanded());
 }
 
 TEST_F(CollapsiblePanelTest, callback_mayToggleOnceMore)
 {
-    CollapsiblePanel* panel = listened();
-    panel->setToggleCallback([panel](bool collapsed) {
+    CollapsiblePanel* pane = listened();
+    pane->setToggleCallback([pane](bool collapsed) {
         if (!collapsed)
-            panel->setCollapsed(true);
+            pane->setCollapsed(true);
     });
-    panel->toggleCollapsed();
-    EXPECT_TRUE(panel->isCollapsed());
+    pane->toggleCollapsed();
+    EXPECT_TRUE(pane->isCollapsed());
+    EXPECT_FALSE(parent->IsFrozen());
+}
+
+TEST_F(CollapsiblePanelTest, contentDestroyed_staysCollapsedAndTellsNothing)
+{
+    for (const bool destroysAll : {false, true}) {
+        CollapsiblePanel* pane = shown(listened(true));
+        pane->setCollapsed(false);
+        reports.clear();
+        if (destroysAll)
+            pane->DestroyChildren();
+        else
+            content->Destroy();
+        EXPECT_TRUE(pane->isCollapsed());
+        pane->setCollapsed(false);
+        pane->toggleCollapsed();
+        EXPECT_EQ(taken(), Entries());
+        pane->Destroy();
+    }
+}
+
+TEST_F(CollapsiblePanelTest, contentDestroyed_clicksDoNothing)
+{
+    CollapsiblePanel* pane = shown(listened());
+    content->Destroy();
+    Tests::clickAt(tickOf(pane), {4, 4});
+    Tests::clickAt(child<StaticText>(pane), {10, 5});
+    EXPECT_EQ(taken(), Entries());
+}
+
+TEST_F(CollapsiblePanelTest, headerDestroyed_theContentStillFolds)
+{
+    CollapsiblePanel* pane = listened(true);
+    EXPECT_TRUE(tickOf(pane)->Destroy());
+    EXPECT_TRUE(child<StaticText>(pane)->Destroy());
+    EXPECT_TRUE(child<StaticLine>(pane)->Destroy());
+    EXPECT_TRUE(extra->Destroy());
+    EXPECT_EQ(pane->GetLabel(), wxString());
+    pane->SetLabel("Another");
+    EXPECT_EQ(pane->GetLabel(), wxString());
+    pane->toggleCollapsed();
+    EXPECT_TRUE(content->IsShown());
+    EXPECT_EQ(taken(), EXPANDED);
+}
+
+TEST_F(CollapsiblePanelTest, handlerOfTheShowing_mayDestroyThePanel)
+{
+    CollapsiblePanel* pane = shown(listened());
+    const wxWeakRef<CollapsiblePanel> watched(pane);
+    content->Bind(wxEVT_SHOW, [pane](wxShowEvent&) { pane->Destroy(); });
+    pane->toggleCollapsed();
+    EXPECT_FALSE(watched);
+    EXPECT_EQ(taken(), Entries());
     EXPECT_FALSE(parent->IsFrozen());
 }
 
 TEST_F(CollapsiblePanelTest, clickOnTickOrLabel_toggles)
 {
-    CollapsiblePanel* panel = shown(listened());
-    Tests::pressMouseAt(tickOf(panel), {4, 4});
+    CollapsiblePanel* pane = shown(listened());
+    Tests::pressMouseAt(tickOf(pane), {4, 4});
     EXPECT_EQ(taken(), Entries()) << "not before it is released";
     Tests::releaseMouse();
     EXPECT_EQ(taken(), EXPANDED);
-    Tests::clickAt(child<StaticText>(panel), {10, 5});
+    Tests::clickAt(child<StaticText>(pane), {10, 5});
     EXPECT_EQ(taken(), COLLAPSED);
-    Tests::clickAt(child<StaticText>(panel), {WIDTH - 40, 5});
+    Tests::clickAt(child<StaticText>(pane), {WIDTH - 40, 5});
     EXPECT_EQ(taken(), EXPANDED) << "right of the text too";
 }
 
 TEST_F(CollapsiblePanelTest, doubleClick_togglesTwice)
 {
-    CollapsiblePanel* panel = shown(listened());
-    Tests::moveMouse(tickOf(panel), {4, 4});
+    CollapsiblePanel* pane = shown(listened());
+    Tests::moveMouse(tickOf(pane), {4, 4});
     wxUIActionSimulator().MouseDblClick();
     Tests::pumpUntil([this] { return reports.size() == 4; });
     EXPECT_EQ(taken(), (Entries{"callback 0", "event 0", "callback 1", "event 1"}));
@@ -251,61 +296,61 @@ TEST_F(CollapsiblePanelTest, doubleClick_togglesTwice)
 
 TEST_F(CollapsiblePanelTest, clickElsewhere_doesNothing)
 {
-    CollapsiblePanel* panel = listened(true);
-    panel->setCollapsed(false);
-    shown(panel);
+    CollapsiblePanel* pane = listened(true);
+    pane->setCollapsed(false);
+    shown(pane);
     reports.clear();
     Tests::clickAt(extra, {10, 10});
     Tests::clickAt(content, {10, 10});
-    Tests::clickAt(child<StaticLine>(panel), {10, 1});
+    Tests::clickAt(child<StaticLine>(pane), {10, 1});
     EXPECT_EQ(taken(), Entries());
 }
 
 TEST_F(CollapsiblePanelTest, disabled_doesNothing)
 {
-    CollapsiblePanel* panel = shown(listened());
-    panel->Disable();
-    Tests::clickAt(tickOf(panel), {4, 4});
-    Tests::clickAt(child<StaticText>(panel), {10, 5});
+    CollapsiblePanel* pane = shown(listened());
+    pane->Disable();
+    Tests::clickAt(tickOf(pane), {4, 4});
+    Tests::clickAt(child<StaticText>(pane), {10, 5});
     EXPECT_EQ(taken(), Entries());
 }
 
 TEST_F(CollapsiblePanelTest, toggling_keepsTheWidthAndTakesTheBestHeight)
 {
-    CollapsiblePanel* panel = make();
-    const int low = panel->GetSize().y;
-    panel->toggleCollapsed();
-    EXPECT_EQ(panel->GetSize(), wxSize(WIDTH, low + CONTENT.y + 2 * CONTENT_BORDER));
-    EXPECT_EQ(panel->GetSize().y, panel->GetBestSize().y);
-    panel->SetSize(WIDTH + 30, 400);
-    panel->toggleCollapsed();
-    EXPECT_EQ(panel->GetSize(), wxSize(WIDTH + 30, low));
+    CollapsiblePanel* pane = make();
+    const int low = pane->GetSize().y;
+    pane->toggleCollapsed();
+    EXPECT_EQ(pane->GetSize(), wxSize(WIDTH, low + CONTENT.y + 2 * CONTENT_BORDER));
+    EXPECT_EQ(pane->GetSize().y, pane->GetBestSize().y);
+    pane->SetSize(WIDTH + 30, 400);
+    pane->toggleCollapsed();
+    EXPECT_EQ(pane->GetSize(), wxSize(WIDTH + 30, low));
 }
 
 TEST_F(CollapsiblePanelTest, toggling_laysTheParentOut)
 {
-    CollapsiblePanel* panel = make();
+    CollapsiblePanel* pane = make();
     wxWindow* below = filler({10, 10});
     auto* sizer = new wxBoxSizer(wxVERTICAL);
-    sizer->Add(panel, wxSizerFlags().Expand());
+    sizer->Add(pane, wxSizerFlags().Expand());
     sizer->Add(below);
     parent->SetSizer(sizer);
     parent->SetSize(300, 250);
     parent->Layout();
     const int before = below->GetPosition().y;
-    panel->toggleCollapsed();
+    pane->toggleCollapsed();
     EXPECT_EQ(below->GetPosition().y, before + CONTENT.y + 2 * CONTENT_BORDER);
-    panel->toggleCollapsed();
+    pane->toggleCollapsed();
     EXPECT_EQ(below->GetPosition().y, before);
 }
 
 TEST_F(CollapsiblePanelTest, rule_isShownUnderTheLabelAndNotUnderTheTick)
 {
-    CollapsiblePanel* panel = make();
-    panel->SetBackgroundColour(*wxWHITE);
-    shown(panel);
-    const wxImage image = Tests::captureClientArea(panel);
-    const wxRect rule = child<StaticLine>(panel)->GetRect();
+    CollapsiblePanel* pane = make();
+    pane->SetBackgroundColour(*wxWHITE);
+    shown(pane);
+    const wxImage image = Tests::captureClientArea(pane);
+    const wxRect rule = child<StaticLine>(pane)->GetRect();
     EXPECT_EQ(Tests::pixelAt(image, rule.x - 1, rule.y), (RgbBytes{255, 255, 255}));
     for (const int x : {rule.x, WIDTH - 1}) {
         EXPECT_EQ(Tests::pixelAt(image, x, rule.y), (RgbBytes{37, 37, 37}));
@@ -316,25 +361,26 @@ TEST_F(CollapsiblePanelTest, rule_isShownUnderTheLabelAndNotUnderTheTick)
 
 TEST_F(CollapsiblePanelTest, tick_showsTheState)
 {
-    CollapsiblePanel* panel = make();
-    panel->SetBackgroundColour(*wxWHITE);
-    shown(panel);
-    const wxSize size = tickOf(panel)->GetClientSize();
+    CollapsiblePanel* pane = make();
+    pane->SetBackgroundColour(*wxWHITE);
+    shown(pane);
+    const wxSize size = tickOf(pane)->GetClientSize();
     const wxPoint topRight(size.x - 2, 0);
     const wxPoint middle(size.x / 2, size.y / 2);
-    wxImage image = Tests::captureClientArea(tickOf(panel));
+    wxImage image = Tests::captureClientArea(tickOf(pane));
     EXPECT_EQ(Tests::pixelAt(image, middle.x, middle.y), Tests::TICK_FILL);
     EXPECT_EQ(Tests::pixelAt(image, topRight.x, topRight.y), (RgbBytes{255, 255, 255}));
-    panel->toggleCollapsed();
-    Tests::pumpEvents(150);
-    image = Tests::captureClientArea(tickOf(panel));
+    pane->toggleCollapsed();
+    EXPECT_TRUE(Tests::pumpUntil([&] {
+        image = Tests::captureClientArea(tickOf(pane));
+        return Tests::pixelAt(image, topRight.x, topRight.y) == Tests::TICK_OUTLINE;
+    }));
     EXPECT_EQ(Tests::pixelAt(image, middle.x, middle.y), Tests::TICK_FILL);
-    EXPECT_EQ(Tests::pixelAt(image, topRight.x, topRight.y), Tests::TICK_OUTLINE);
 }
 
 namespace {
 
-// Where everything is to be, from the toolkit's default border.
+// The expected places, which follow from the default border of wxWidgets' sizers.
 struct ExpectedLayout
 {
     int border = wxSizerFlags::GetDefaultBorder();
@@ -350,39 +396,39 @@ struct ExpectedLayout
 
 TEST_F(CollapsiblePanelSizeTest, parts_areWhereTheyBelong)
 {
-    CollapsiblePanel* panel = make();
-    panel->setCollapsed(false);
+    CollapsiblePanel* pane = make();
+    pane->setCollapsed(false);
     ExpectedLayout expected;
-    expected.header = std::max(expected.tick, child<StaticText>(panel)->GetBestSize().y);
+    expected.header = std::max(expected.tick, child<StaticText>(pane)->GetBestSize().y);
     const int indent = expected.tick + expected.border;
-    EXPECT_EQ(tickOf(panel)->GetRect(),
+    EXPECT_EQ(tickOf(pane)->GetRect(),
               wxRect(0, (expected.header - expected.tick) / 2, expected.tick, expected.tick));
-    EXPECT_EQ(child<StaticText>(panel)->GetRect(), wxRect(indent, 0, WIDTH - indent, expected.header));
-    EXPECT_EQ(child<StaticLine>(panel)->GetRect(), wxRect(indent, expected.ruleTop(), WIDTH - indent, 2));
+    EXPECT_EQ(child<StaticText>(pane)->GetRect(), wxRect(indent, 0, WIDTH - indent, expected.header));
+    EXPECT_EQ(child<StaticLine>(pane)->GetRect(), wxRect(indent, expected.ruleTop(), WIDTH - indent, 2));
     EXPECT_EQ(content->GetRect(), wxRect(CONTENT_BORDER, expected.collapsedHeight() + CONTENT_BORDER,
                                          WIDTH - 2 * CONTENT_BORDER, CONTENT.y));
-    panel->setCollapsed(true);
-    EXPECT_EQ(panel->GetSize(), wxSize(WIDTH, expected.collapsedHeight()));
+    pane->setCollapsed(true);
+    EXPECT_EQ(pane->GetSize(), wxSize(WIDTH, expected.collapsedHeight()));
 }
 
 TEST_F(CollapsiblePanelSizeTest, extraWindow_isAtTheRightOfTheHeader)
 {
-    const CollapsiblePanel* panel = make(true);
+    const CollapsiblePanel* pane = make(true);
     ExpectedLayout expected;
-    expected.header = std::max(EXTRA.y, child<StaticText>(panel)->GetBestSize().y);
+    expected.header = std::max(EXTRA.y, child<StaticText>(pane)->GetBestSize().y);
     const int indent = expected.tick + expected.border;
     EXPECT_EQ(extra->GetRect(), wxRect(WIDTH - EXTRA.x, 0, EXTRA.x, EXTRA.y));
-    EXPECT_EQ(child<StaticText>(panel)->GetRect(),
+    EXPECT_EQ(child<StaticText>(pane)->GetRect(),
               wxRect(indent, 0, WIDTH - indent - EXTRA.x - expected.border, expected.header));
-    EXPECT_EQ(tickOf(panel)->GetPosition(), wxPoint(0, (expected.header - expected.tick) / 2));
-    EXPECT_EQ(panel->GetSize().y, expected.collapsedHeight());
+    EXPECT_EQ(tickOf(pane)->GetPosition(), wxPoint(0, (expected.header - expected.tick) / 2));
+    EXPECT_EQ(pane->GetSize().y, expected.collapsedHeight());
 }
 
 TEST_F(CollapsiblePanelSizeTest, labelSize_isInDesignUnits)
 {
-    const CollapsiblePanel* panel = make(false, {90, 30});
+    const CollapsiblePanel* pane = make(false, {90, 30});
     ExpectedLayout expected;
     expected.header = scaleByDpi(30);
-    EXPECT_EQ(panel->GetSize().y, expected.collapsedHeight());
-    EXPECT_EQ(panel->GetBestSize().x, expected.tick + expected.border + scaleByDpi(90));
+    EXPECT_EQ(pane->GetSize().y, expected.collapsedHeight());
+    EXPECT_EQ(pane->GetBestSize().x, expected.tick + expected.border + scaleByDpi(90));
 }

@@ -1,55 +1,62 @@
 // SPDX-License-Identifier: MIT
-// What a drop-down button's face is made of, at whatever scale the screen has.
+// The pixels of a drop-down button's face, at the scale of the screen.
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/widgets/DropdownButton.h"
-#include "support/Events.h"
 #include "support/Screen.h"
 
 #include <wx/dcmemory.h>
-#include <wx/frame.h>
 
 #include <gtest/gtest.h>
 
-#include <functional>
-
 using namespace Nolvex;
+using enum OskaBorderState;
 using Wx::DropdownButton;
 
 namespace {
 
-const RgbBytes INNER{37, 37, 37};
-const RgbBytes DISABLED_CORNER{135, 135, 135};
+constexpr RgbBytes PAPER{0, 0, 0};
+constexpr RgbBytes OUTER{54, 54, 54};
+constexpr RgbBytes INNER{37, 37, 37};
+constexpr RgbBytes BOTTOM_OUTER{70, 70, 70};
+constexpr RgbBytes BOTTOM_INNER{85, 85, 85};
+constexpr RgbBytes HIGHLIGHT{0, 114, 188};
+constexpr RgbBytes ACCENT{11, 22, 33};
+constexpr RgbBytes DISABLED_CORNER{135, 135, 135};
 
 struct DropdownButtonPixelTest : testing::Test
 {
-    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "pixels");
-    DropdownButton* button =
-        new DropdownButton(frame, Wx::GuiSkin::DEFAULT(), {1, 2}, {L"one", L"two"}, {}, {},
-                           {Function<void()>(), Function<void()>()}, DropdownButton::Behavior::PUSH, true);
     wxSize size = Wx::scaleByDpi(wxSize(90, 30));
 
-    ~DropdownButtonPixelTest() override { Tests::destroyNow(frame); }
-
-    wxImage painted(const std::function<void(wxDC&)>& paint) const
+    wxImage painted(Flags<OskaBorderState> state) const
     {
         wxBitmap bitmap(size, 24);
         {
             wxMemoryDC dc(bitmap);
             dc.SetBackground(*wxBLACK_BRUSH);
             dc.Clear();
-            paint(dc);
+            const Wx::Button::Face plain{
+                .border = state, .bitmap = {}, .label = {}, .font = {}, .textColour = {}};
+            DropdownButton::draw(dc, {{0, 0}, Wx::toPixel(size)}, {.button = plain, .accent = ACCENT});
         }
         return bitmap.ConvertToImage();
     }
 
-    // A plain button's face, with the triangle put on it pixel by pixel.
-    void expectCorner(const RgbBytes& inside, const RgbBytes& line) const
+    RgbBytes borderAt(int x, int y, const RgbBytes& inner) const
     {
-        const wxImage actual = painted([this](wxDC& dc) { button->drawFace(dc); });
-        const wxImage plain = painted([this](wxDC& dc) {
-            Wx::Button::draw(dc, {{0, 0}, Wx::toPixel(size)}, button->face());
-        });
+        const int right = size.x - 1;
+        const int bottom = size.y - 1;
+        if (y == bottom)
+            return x == 0 || x == right ? BOTTOM_OUTER : BOTTOM_INNER;
+        if (x == 0 || y == 0 || x == right)
+            return OUTER;
+        return x == 1 || y == 1 || x == right - 1 || y == bottom - 1 ? inner : PAPER;
+    }
+
+    /// Expects the border with a line of that colour, and the triangle of the other colour in the corner.
+    void expectPainted(Flags<OskaBorderState> state, const RgbBytes& line, const RgbBytes& inside) const
+    {
+        const wxImage actual = painted(state);
         const wxPoint corner(size.x - 2, size.y - 2);
         const wxPoint left(size.x - Wx::scaleByDpi(10), corner.y);
         for (int y = 0; y < size.y; ++y) {
@@ -57,11 +64,11 @@ struct DropdownButtonPixelTest : testing::Test
                 const int beyondTheSlope = x + y - left.x - left.y;
                 RgbBytes expected = inside;
                 if (x > corner.x || y > corner.y || beyondTheSlope < 0)
-                    expected = Tests::pixelAt(plain, x, y);
+                    expected = borderAt(x, y, line);
                 else if (x == corner.x || y == corner.y || beyondTheSlope == 0)
                     expected = line;
                 else if (beyondTheSlope == 1)
-                    continue; // how wide a slanting line is, is up to the system
+                    continue; // the systems draw slanting lines of different widths
                 ASSERT_EQ(Tests::pixelAt(actual, x, y), expected) << "at " << x << ", " << y;
             }
         }
@@ -70,20 +77,22 @@ struct DropdownButtonPixelTest : testing::Test
 
 } // namespace
 
-TEST_F(DropdownButtonPixelTest, corner_isOfTheAccentColour)
+TEST_F(DropdownButtonPixelTest, enabled_hasATriangleOfTheAccentColour)
 {
-    expectCorner(Wx::GuiSkin::DEFAULT().accent, INNER);
+    expectPainted(ENABLED, INNER, ACCENT);
 }
 
-TEST_F(DropdownButtonPixelTest, corner_hovered_isLinedInTheHighlightColour)
+TEST_F(DropdownButtonPixelTest, hovered_isLinedInTheHighlightColour)
 {
-    wxMouseEvent entered(wxEVT_ENTER_WINDOW);
-    button->GetEventHandler()->ProcessEvent(entered);
-    expectCorner(Wx::GuiSkin::DEFAULT().accent, Wx::GuiSkin::DEFAULT().highlight);
+    expectPainted(Flags(ENABLED) | HOVERED, HIGHLIGHT, ACCENT);
 }
 
-TEST_F(DropdownButtonPixelTest, corner_disabled_isGrey)
+TEST_F(DropdownButtonPixelTest, disabled_hasAGreyTriangle)
 {
-    button->Enable(false);
-    expectCorner(DISABLED_CORNER, INNER);
+    expectPainted({}, INNER, DISABLED_CORNER);
+}
+
+TEST_F(DropdownButtonPixelTest, disabledAndHovered_looksDisabled)
+{
+    expectPainted(HOVERED, INNER, DISABLED_CORNER);
 }

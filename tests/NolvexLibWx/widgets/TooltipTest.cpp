@@ -325,8 +325,7 @@ TEST_F(TooltipTest, frameDestroyedWhileShown_takesItAlong)
 {
     const wxWeakRef<Tooltip> tooltip(make(L"text"));
     rest(tooltip);
-    Tests::destroyNow(frame);
-    frame = nullptr;
+    destroyFrame();
     EXPECT_FALSE(tooltip);
 }
 

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/platform/PopupFrame.h"
+
+#include <gtk/gtk.h>
+
+namespace Nolvex {
+
+namespace {
+
+void disconnect(GtkWidget* widget, const char* signal, gpointer data)
+{
+    constexpr auto BY_SIGNAL_AND_DATA =
+        static_cast<GSignalMatchType>(G_SIGNAL_MATCH_ID | G_SIGNAL_MATCH_DATA);
+    g_signal_handlers_disconnect_matched(widget, BY_SIGNAL_AND_DATA, g_signal_lookup(signal, GTK_TYPE_WIDGET),
+                                         0, nullptr, nullptr, data);
+}
+
+} // namespace
+
+Platform::PopupFrame::PopupFrame(wxWindow* parent, long style, const wxString& name)
+{
+    // wxWidgets keeps a widget that exists before Create, and makes a top level otherwise.
+    m_widget = gtk_window_new(GTK_WINDOW_POPUP);
+    g_object_ref(m_widget);
+    gtk_window_set_type_hint(GTK_WINDOW(m_widget), GDK_WINDOW_TYPE_HINT_COMBO);
+    Create(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, style, name);
+    stopWaitingForTheServer();
+}
+
+Platform::PopupFrame::~PopupFrame() = default;
+
+void Platform::PopupFrame::stopWaitingForTheServer()
+{
+    // The answer to an earlier Show can arrive after Hide, and wxFrame would count the hidden frame as shown
+    // from then on.
+    disconnect(m_widget, "map-event", this);
+    // wxFrame would delay the first Show until a window manager has told the size of the decorations, which a
+    // popup does not have.
+    disconnect(m_widget, "property-notify-event", this);
+}
+
+void Platform::PopupFrame::Raise()
+{
+    if (GdkWindow* const window = gtk_widget_get_window(m_widget))
+        gdk_window_raise(window);
+}
+
+bool Platform::PopupFrame::Show(bool show)
+{
+    if (show)
+        followTopLevelOfParent();
+    return wxFrame::Show(show);
+}
+
+// Wayland places a popup relative to another window. The parent may have been moved to another frame since
+// the popup was last shown.
+void Platform::PopupFrame::followTopLevelOfParent()
+{
+    const wxWindow* const parent = GetParent();
+    GtkWidget* const topLevel = parent == nullptr ? nullptr : gtk_widget_get_toplevel(parent->m_widget);
+    gtk_window_set_transient_for(GTK_WINDOW(m_widget),
+                                 GTK_IS_WINDOW(topLevel) ? GTK_WINDOW(topLevel) : nullptr);
+}
+
+} // namespace Nolvex

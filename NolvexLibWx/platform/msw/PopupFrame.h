@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "NolvexLibWx/Export.h"
+
+#include <wx/frame.h>
+
+namespace Nolvex::Platform {
+
+/// A frame that Windows does not activate, neither when the frame is shown nor when the user clicks into it:
+/// the keyboard focus stays where it was.
+class NOLVEXLIBWX_EXPORT PopupFrame : public wxFrame
+{
+public:
+    PopupFrame(wxWindow* parent, long style, const wxString& name);
+    ~PopupFrame() override;
+
+    /// Brings the frame in front of other windows; unlike wxFrame's, does not activate it.
+    void Raise() override;
+
+    bool Show(bool show = true) override;
+
+    WXDWORD MSWGetStyle(long flags, WXDWORD* extendedStyle = nullptr) const override;
+
+protected:
+    WXLRESULT MSWWindowProc(WXUINT message, WXWPARAM wParam, WXLPARAM lParam) override;
+};
+
+} // namespace Nolvex::Platform

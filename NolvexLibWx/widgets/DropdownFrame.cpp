@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/widgets/DropdownFrame.h"
+
+#include "NolvexLibWx/widgets/ModalDialogWatch.h"
+
+#include <wx/event.h>
+
+namespace Nolvex {
+
+Wx::DropdownFrame::DropdownFrame(wxWindow* owner, wxBorder border, const wxString& name)
+    : Platform::PopupFrame(owner, border | wxSTAY_ON_TOP | wxFRAME_NO_TASKBAR, name),
+      m_owner(owner),
+      m_modalDialogs(std::make_unique<ModalDialogWatch>([this] { Hide(); }))
+{
+    // By default wxFrame would destroy itself, and its owner counts on opening the frame again.
+    Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent&) { Hide(); });
+}
+
+Wx::DropdownFrame::~DropdownFrame() = default;
+
+void Wx::DropdownFrame::open()
+{
+    if (!isOwnerUsable())
+        return;
+    moveBelowOwner();
+    Raise();
+    Show();
+}
+
+bool Wx::DropdownFrame::Show(bool show)
+{
+    const bool changed = PopupFrame::Show(show);
+    if (changed && m_owner)
+        m_owner->Refresh();
+    return changed;
+}
+
+// Neither wxWidgets nor the systems tell a window that a parent is hidden or disabled, so an open frame asks
+// after each round of events.
+void Wx::DropdownFrame::OnInternalIdle()
+{
+    PopupFrame::OnInternalIdle();
+    if (!IsShown())
+        return;
+    if (isOwnerUsable())
+        moveBelowOwner();
+    else
+        Hide();
+}
+
+bool Wx::DropdownFrame::isOwnerUsable() const
+{
+    if (!m_owner || m_owner->IsBeingDeleted() || !m_owner->IsShownOnScreen())
+        return false;
+    const wxWindow* const parent = m_owner->GetParent();
+    const auto* const topLevel = wxDynamicCast(wxGetTopLevelParent(m_owner), wxTopLevelWindow);
+    return (parent == nullptr || parent->IsEnabled()) && (topLevel == nullptr || !topLevel->IsIconized());
+}
+
+void Wx::DropdownFrame::moveBelowOwner()
+{
+    // A coordinate of -1 lies on the monitor to the left or above.
+    Move(m_owner->GetScreenPosition() + wxPoint(0, m_owner->GetSize().y), wxSIZE_ALLOW_MINUS_ONE);
+}
+
+} // namespace Nolvex
