@@ -2,6 +2,8 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <string_view>
 
 namespace Nolvex::Detail {
@@ -18,6 +20,19 @@ constexpr bool isPlainNameUnit(Unit unit)
 {
     return isPlainNameStart(unit) || (unit >= Unit('0') && unit <= Unit('9')) || unit == Unit('.') ||
            unit == Unit('-');
+}
+
+/// isPlainNameUnit from a table, for the scanning of long texts.
+inline constexpr std::array<bool, 256> PLAIN_NAME_BYTES = [] {
+    std::array<bool, 256> table{};
+    for (std::size_t i = 0; i < table.size(); ++i)
+        table[i] = isPlainNameUnit(static_cast<char>(i));
+    return table;
+}();
+
+inline bool isPlainNameByte(char byte)
+{
+    return PLAIN_NAME_BYTES[static_cast<unsigned char>(byte)];
 }
 
 /// True for [A-Za-z_][A-Za-z0-9_.-]*, the names both text forms use: the same units in every encoding.

@@ -4,6 +4,8 @@
 #include "NolvexLib/Optional.h"
 #include "NolvexLib/String.h"
 
+#include <pugixml.hpp>
+
 #include <cstddef>
 #include <string_view>
 
@@ -11,15 +13,15 @@ namespace Nolvex::Detail {
 
 inline constexpr char XML_ROOT_NAME[] = "root";
 
-/// The deepest an element may lie; the root lies at level 1.
-inline constexpr std::size_t XML_DEEPEST_LEVEL = 64;
+/// How many levels of elements a document may have. The root is level 1.
+inline constexpr int MAX_XML_LEVELS = 64;
 
-/// What first keeps UTF-8 bytes from being a text of XmlString's form: an English sentence that ends in the
-/// position, counted in bytes from 0. None when the text has the form. Takes time in proportion to the
-/// length.
-[[nodiscard]] Optional<String> findXmlFlaw(std::string_view bytes);
+/// Reads a document of XmlString's form from UTF-8 into `document`, which must be empty. Returns nullopt, or
+/// the sentence that says why the document is refused; `document` must then not be used. Elements hold
+/// elements, or a text as their own value (pugi::parse_embed_pcdata), or nothing.
+[[nodiscard]] Optional<String> readXmlForm(std::string_view bytes, pugi::xml_document& document);
 
-/// The sentence that reports a flaw.
+/// The sentence that reports a refusal. It ends in the position, counted in bytes from 0.
 [[nodiscard]] String describeXmlFlaw(std::string_view what, std::size_t byte);
 
 } // namespace Nolvex::Detail

@@ -67,18 +67,19 @@ std::string carriableBytes(const String& value)
     return StringView(text).toUtf8();
 }
 
+// The text is the element's own value after parsing, and a child after addChild.
 bool hasText(pugi::xml_node element)
 {
-    return element.first_child().type() == pugi::node_pcdata;
+    return *element.child_value() != '\0';
 }
 
-// How many levels of elements lie below; no more than Detail::XML_DEEPEST_LEVEL, so that recursion is no
+// How many levels of elements lie below; no more than Detail::MAX_XML_LEVELS, so that recursion is no
 // risk.
-std::size_t levelsBelow(pugi::xml_node element)
+int levelsBelow(pugi::xml_node element)
 {
     if (!element.first_child() || hasText(element))
         return 0;
-    std::size_t deepest = 0;
+    int deepest = 0;
     for (const pugi::xml_node child : element.children())
         deepest = std::max(deepest, levelsBelow(child));
     return deepest + 1;
@@ -96,13 +97,14 @@ void appendCopies(pugi::xml_node target, pugi::xml_node first, pugi::xml_node la
 
 bool areEqual(pugi::xml_node a, pugi::xml_node b)
 {
-    const auto haveEqualContent = [](pugi::xml_node x, pugi::xml_node y) {
-        return std::string_view(x.name()) == y.name() && std::string_view(x.value()) == y.value() &&
-               areEqual(x, y);
+    if (hasText(a) || hasText(b))
+        return std::string_view(a.child_value()) == b.child_value();
+    const auto areEqualElements = [](pugi::xml_node x, pugi::xml_node y) {
+        return std::string_view(x.name()) == y.name() && areEqual(x, y);
     };
     const auto left = a.children();
     const auto right = b.children();
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(), haveEqualContent);
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(), areEqualElements);
 }
 
 // Where the UTF-8 form of the text stops being the text: its first unit that is no character.
@@ -145,20 +147,10 @@ Expected<XmlString, String> XmlString::fromString(StringView xml)
 
 Expected<XmlString, String> XmlString::fromUtf8(std::string_view xml)
 {
-    if (Optional<String> flaw = Detail::findXmlFlaw(xml))
-        return Unexpected{*std::move(flaw)};
-    // White space is kept where it is all an element holds, and line ends stay as they are.
-    constexpr unsigned int OPTIONS = pugi::parse_minimal | pugi::parse_escapes | pugi::parse_ws_pcdata_single;
     XmlString tree;
     tree.m_content = std::make_unique<Content>();
-    const auto result =
-        tree.m_content->document.load_buffer(xml.data(), xml.size(), OPTIONS, pugi::encoding_utf8);
-    if (!result)
-        return Unexpected{
-            Detail::describeXmlFlaw(result.description(), static_cast<std::size_t>(result.offset))};
-    pugi::xml_node root = tree.m_content->root();
-    if (hasText(root)) // white space only, which means nothing there
-        root.remove_children();
+    if (Optional<String> refusal = Detail::readXmlForm(xml, tree.m_content->document))
+        return Unexpected{*std::move(refusal)};
     return tree;
 }
 
@@ -182,7 +174,7 @@ void XmlString::addChild(StringView key, const XmlString& tree)
 {
     const std::string name = keyBytes(key);
     const pugi::xml_node source = tree.m_content ? tree.m_content->root() : pugi::xml_node();
-    if (levelsBelow(source) + 2 > Detail::XML_DEEPEST_LEVEL)
+    if (levelsBelow(source) + 2 > Detail::MAX_XML_LEVELS)
         Detail::throwStopException("XmlString", __LINE__);
     const pugi::xml_node first = source.first_child();
     const pugi::xml_node last = source.last_child();

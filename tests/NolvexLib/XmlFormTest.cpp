@@ -253,6 +253,73 @@ TEST(XmlFormTest, fromUtf8_malformed_saysWhatAndWhere)
     EXPECT_EQ(errorOf("\n<rood/>"), L"The root element must be named root (byte 1).");
 }
 
+TEST(XmlFormTest, fromUtf8_markupBeyondTheForm_isNamedAtItsFirstByte)
+{
+    EXPECT_EQ(errorOf("<root><a/><!-- <x> --></root>"), L"A comment is not allowed (byte 10).");
+    EXPECT_EQ(errorOf("<root><a><!-- y</a></root>"), L"A comment is not allowed (byte 9).");
+    EXPECT_EQ(errorOf("<root><a>x<![CDATA[y</a></root>"), L"A CDATA section is not allowed (byte 10).");
+    EXPECT_EQ(errorOf("<!DOCTYPE root><root/>"), L"A document type definition is not allowed (byte 0).");
+    EXPECT_EQ(errorOf("<root><?x y?></root>"),
+              L"A processing instruction or a second declaration is not allowed (byte 6).");
+    EXPECT_EQ(errorOf("<root><1/></root>"),
+              L"A name must begin with an English letter or an underscore (byte 6).");
+}
+
+TEST(XmlFormTest, fromUtf8_elementBeyondTheForm_isNamedWithItsPosition)
+{
+    EXPECT_EQ(errorOf("<root><a:b/></root>"), L"The name is invalid or its tag is not closed (byte 8).");
+    EXPECT_EQ(errorOf("<root><a  b=\"c\"/></root>"), L"An attribute is not allowed (byte 10).");
+    EXPECT_EQ(errorOf("<root><a>x<b/></a></root>"),
+              L"An element may hold text or elements, not both (byte 10).");
+    EXPECT_EQ(errorOf("<root><a><b/>x</a></root>"),
+              L"An element may hold text or elements, not both (byte 13).");
+    EXPECT_EQ(errorOf("<root>x</root>"), L"The root element must not hold text (byte 6).");
+    EXPECT_EQ(errorOf("<root><a/>x</root>"), L"The root element must not hold text (byte 10).");
+    EXPECT_EQ(errorOf("<root/><a/>"), L"Nothing may follow the root element (byte 7).");
+    EXPECT_EQ(errorOf("<root/>x"), L"Nothing may follow the root element (byte 7).");
+    EXPECT_EQ(errorOf(nested(65)), L"The elements are nested too deeply (byte 195).");
+}
+
+TEST(XmlFormTest, fromUtf8_behindADeclaration_countsPositionsFromTheFirstByte)
+{
+    const std::string declaration = "<?xml version=\"1.0\"?>";
+    ASSERT_EQ(declaration.size(), 21U);
+    EXPECT_EQ(errorOf(declaration + "<root><!-- --></root>"), L"A comment is not allowed (byte 27).");
+    EXPECT_EQ(errorOf(declaration + "<root><a b='c'/></root>"), L"An attribute is not allowed (byte 30).");
+    EXPECT_EQ(errorOf(declaration + "<root><a></b></root>"),
+              L"The end tag does not match the start tag (byte 30).");
+    EXPECT_EQ(errorOf(declaration + "x<root/>"), L"No text may stand before the root element (byte 21).");
+    EXPECT_EQ(errorOf(declaration + "\xEF\xBB\xBF<root/>"),
+              L"No text may stand before the root element (byte 21).");
+    EXPECT_EQ(errorOf(declaration), L"There is no root element (byte 21).");
+}
+
+// The declaration is parsed as an element is, and none of the ways to end an element early may end the
+// declaration.
+TEST(XmlFormTest, fromUtf8_declarationEndedLikeAnElement_isRefused)
+{
+    for (const char* document :
+         {"<?xml version=\"1.0\"/><root/>", "<?xml version=\"1.0\"/>x?><root/>",
+          "<?xml version=\"1.0\"/?><root/>", "<?xml version=\"1.0\">?></xml><root/>",
+          "<?xml version=\"1.0\"></xml?><root/>", "<?xml version=\"1.0\"></xml>?><root/>",
+          "<?xml version=\"1.0\"></xml><?x?><root/>", "<?xml version=\"1.0\"><a/></xml ?><root/>",
+          "<?xml version=\"1.0\"></xml><root><a>?></a></root>", "<?xml version=\"1.0?>\"?><root/>",
+          "<?xml ?><root/>", "<?xml version=\"1.0\" version=\"1.0\"?><root/>"})
+        EXPECT_FALSE(XmlString::fromUtf8(document).hasValue()) << document;
+}
+
+TEST(XmlFormTest, fromUtf8_flawAtEachPlaceOfALongText_isFoundThere)
+{
+    const std::string start = "<root><a>";
+    for (const std::string flaw : {"&x;", "]]>", "\x01", "\xC3", "\xEF\xBF\xBF"}) {
+        for (std::size_t before = 0; before < 70; ++before) {
+            const String error = errorOf(start + std::string(before, 'x') + flaw + "xyz</a></root>");
+            const String position = L"(byte " + String(std::to_wstring(start.size() + before)) + L").";
+            EXPECT_NE(error.find(position), String::NPOS) << before << error.toUtf8();
+        }
+    }
+}
+
 TEST(XmlFormTest, fromUtf8_largeMalformedDocuments_areRefusedWithWhatIsWrongAtTheirEnd)
 {
     constexpr std::size_t COUNT = 1'000'000;
