@@ -61,11 +61,11 @@ void installApplication()
     wxAppConsoleBase::SetInstance(app);
 }
 
-// Remembers which handlers wxImage took, as it deletes the second one of a name.
+// Remembers which handlers wxImage took, as it deletes the second one of a type.
 void addImageHandler(wxImageHandler* handler, std::vector<wxString>& added)
 {
     const wxString name = handler->GetName();
-    const bool isNew = wxImage::FindHandler(name) == nullptr;
+    const bool isNew = wxImage::FindHandler(handler->GetType()) == nullptr;
     // wxImage owns it. NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
     wxImage::AddHandler(handler);
     if (isNew)
