@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// The legacy TCP and UDP protocol, all of it.
-#include "NolvexLibWx/net/DataCompression.h"
-#include "NolvexLibWx/net/DataType.h"
+/// The whole legacy TCP and UDP protocol.
 #include "NolvexLibWx/net/ReadDataContext.h"
 #include "NolvexLibWx/net/ReceivedData.h"
-#include "NolvexLibWx/net/ReceivedFile.h"
-#include "NolvexLibWx/net/ReceivedRawData.h"
 #include "NolvexLibWx/net/SocketAddress.h"
 #include "NolvexLibWx/net/SocketInputStream.h"
 #include "NolvexLibWx/net/SocketOutputStream.h"

@@ -3,7 +3,7 @@
 
 #include "NolvexLib/SimpleTextDeserializer.h"
 #include "NolvexLibWx/StringConversions.h"
-#include "NolvexLibWx/net/ToolkitAddress.h"
+#include "NolvexLibWx/net/detail/WxAddress.h"
 
 #include <wx/socket.h>
 #include <wx/utils.h>
@@ -16,9 +16,10 @@ namespace Nolvex::Wx::Legacy {
 
 namespace {
 
+constexpr wchar_t ANY_TEXT[] = L"0.0.0.0";
 constexpr wchar_t BROADCAST_TEXT[] = L"255.255.255.255";
 
-// The toolkit asserts on an empty name, which changes nothing anyway.
+// An empty name changes nothing; wxWidgets would raise an assertion.
 void setHost(wxIPV4address& address, const String& host)
 {
     if (!host.isEmpty())
@@ -72,14 +73,14 @@ SocketAddress SocketAddress::anyAddress(unsigned short port)
     wxIPV4address address;
     address.AnyAddress();
     address.Service(port);
-    return Detail::ToolkitAddress::copied(address);
+    return Detail::WxAddress::copied(address);
 }
 
 SocketAddress SocketAddress::broadcast()
 {
     wxIPV4address address;
     address.BroadcastAddress();
-    return Detail::ToolkitAddress::copied(address);
+    return Detail::WxAddress::copied(address);
 }
 
 SocketAddress SocketAddress::broadcast(unsigned short port)
@@ -93,7 +94,7 @@ SocketAddress SocketAddress::localhost()
 {
     wxIPV4address address;
     address.LocalHost();
-    return Detail::ToolkitAddress::copied(address);
+    return Detail::WxAddress::copied(address);
 }
 
 SocketAddress SocketAddress::localhost(unsigned short port)
@@ -139,12 +140,22 @@ bool SocketAddress::isBroadcast() const
     return toString() == BROADCAST_TEXT;
 }
 
-const wxIPV4address& Detail::ToolkitAddress::of(const SocketAddress& address)
+bool SocketAddress::hasHost() const
+{
+    const String text = toString();
+    if (text != BROADCAST_TEXT)
+        return text != ANY_TEXT;
+    // On Windows wxWidgets also turns a name that cannot be resolved into this text.
+    const wxString name = m_address->OrigHostname();
+    return name.empty() || Wx::toString(name) == BROADCAST_TEXT;
+}
+
+const wxIPV4address& Detail::WxAddress::of(const SocketAddress& address)
 {
     return *address.m_address;
 }
 
-SocketAddress Detail::ToolkitAddress::copied(const wxIPV4address& address)
+SocketAddress Detail::WxAddress::copied(const wxIPV4address& address)
 {
     return SocketAddress(std::make_unique<wxIPV4address>(address));
 }

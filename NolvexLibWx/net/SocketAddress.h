@@ -14,15 +14,15 @@ namespace Nolvex::Wx::Legacy {
 
 namespace Detail {
 
-struct ToolkitAddress;
+struct WxAddress;
 
 } // namespace Detail
 
-/// An IPv4 address with a port, 0 when none was given.
+/// An IPv4 address with a port, which is 0 when none was given.
 ///
-/// Names are resolved by the constructor, which may take a while and does not tell of failure: what cannot be
-/// resolved becomes what the toolkit makes of it ("0.0.0.0" on Linux, "255.255.255.255" on Windows). Check
-/// dotted addresses by isValid before. An address that was moved from may only be destroyed or assigned to.
+/// The constructor resolves names, which may take a while, and does not tell of failure: `hasHost` does. The
+/// text of a name that cannot be resolved is "0.0.0.0" on Linux and "255.255.255.255" on Windows, as
+/// wxWidgets has it. An address that was moved from may only be destroyed or assigned to.
 class NOLVEXLIBWX_EXPORT SocketAddress
 {
 public:
@@ -38,7 +38,7 @@ public:
     SocketAddress& operator=(const SocketAddress& other);
     SocketAddress& operator=(SocketAddress&& other) noexcept;
 
-    /// Every interface of this computer, for listening and binding.
+    /// Every interface of this computer, for listening and binding. It is no host to connect or send to.
     static SocketAddress anyAddress(unsigned short port);
 
     /// Every computer of the local network, for datagrams.
@@ -48,17 +48,18 @@ public:
     static SocketAddress localhost();
     static SocketAddress localhost(unsigned short port);
 
-    /// True for four decimal numbers of 0 to 255 joined by dots, and nothing around them. Leading zeros are
-    /// taken here for what they are in decimal, but the system's resolver takes such a number for octal.
+    /// True for four decimal numbers of 0 to 255 that are joined by dots, with nothing around them. A number
+    /// with leading zeros is decimal here, but octal to the system's resolver.
     static bool isValid(StringView text);
 
-    /// The same host; ports are not compared.
+    /// True for the same host; ports are not compared.
     bool operator==(const SocketAddress& other) const;
 
     /// The dotted address without the port: "127.0.0.1".
     String toString() const;
 
-    /// The name that the system's resolver has for the address, which may take a while; empty for none.
+    /// The name that the system's resolver finds for the address, which may take a while. Empty if there is
+    /// none.
     String getHostName() const;
 
     unsigned short getPort() const;
@@ -66,16 +67,20 @@ public:
 
     bool isBroadcast() const;
 
+    /// True if something can be connected or sent to the address. False for the any-address, and if the host
+    /// was empty or could not be resolved: nothing ever goes to such an address.
+    bool hasHost() const;
+
 private:
-    friend struct Detail::ToolkitAddress;
+    friend struct Detail::WxAddress;
 
     explicit SocketAddress(AutoPtr<wxIPV4address> address);
 
     AutoPtr<wxIPV4address> m_address; // null when moved from
 };
 
-/// The dotted address that this computer's full name resolves to. No interfaces are looked at: the answer may
-/// be 127.0.1.1, or what the toolkit makes of a name that cannot be resolved.
+/// The dotted address that this computer's full name resolves to. Its network interfaces are not asked, so
+/// the answer may be 127.0.1.1, or the text of a name that cannot be resolved.
 NOLVEXLIBWX_EXPORT String getLocalIpAddress();
 
 } // namespace Nolvex::Wx::Legacy

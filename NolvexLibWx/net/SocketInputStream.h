@@ -12,12 +12,12 @@ class WXDLLIMPEXP_FWD_NET wxSocketBase;
 
 namespace Nolvex::Wx {
 
-/// What comes over a toolkit socket, as a stream. The socket's time-out bounds each wait for the peer; no
-/// events are dispatched.
+/// The bytes that arrive at a wxSocketBase, as a stream. The socket's time-out bounds each wait for the peer;
+/// no events are dispatched.
 ///
-/// Made for callers that know how much is to come. Seen as a BinaryInputStream it cannot tell counts or ends:
-/// readImpl reports the socket's last write count, and eof tells whether the last read was complete. One read
-/// may take several of the toolkit's: the socket's LastReadCount is that of the last one only.
+/// Made for callers that know how much is to come. As a BinaryInputStream it cannot tell counts or ends:
+/// readImpl reports the socket's last write count, and eof tells whether the last read was complete. A read
+/// may take several reads of the socket, whose LastReadCount is then that of the last of them.
 class NOLVEXLIBWX_EXPORT SocketInputStream : public Io::BinaryInputStream
 {
 public:
@@ -25,8 +25,8 @@ public:
     explicit SocketInputStream(wxSocketBase* socket);
     ~SocketInputStream() override;
 
-    /// Reads `count` bytes, those put back first, and returns how many there are in `buffer`: fewer when the
-    /// peer went away or fell silent.
+    /// Reads `count` bytes, beginning with those that were put back, and returns how many are in `buffer`:
+    /// fewer if the peer went away or was silent for too long.
     std::int64_t read(void* buffer, std::int64_t count);
 
     /// How many bytes the last read took from the socket.

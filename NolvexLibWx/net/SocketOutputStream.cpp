@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/net/SocketOutputStream.h"
 
-#include "NolvexLibWx/net/SocketTransfer.h"
+#include "NolvexLibWx/net/detail/HostSocket.h"
 
 namespace Nolvex::Wx {
 
@@ -13,7 +13,7 @@ void SocketOutputStream::flush() {}
 
 void SocketOutputStream::writeImpl(const void* buffer, std::int64_t count)
 {
-    m_lastWriteCount = m_socket->IsOk() ? Detail::SocketTransfer(*m_socket).send(buffer, count) : 0;
+    m_lastWriteCount = m_socket->IsOk() ? Detail::HostSocket(*m_socket).send(buffer, count) : 0;
 }
 
 } // namespace Nolvex::Wx

@@ -12,9 +12,9 @@ class WXDLLIMPEXP_FWD_NET wxSocketBase;
 
 namespace Nolvex::Wx {
 
-/// Bytes over a toolkit socket, as a stream. The socket's time-out bounds each wait for the peer; no events
-/// are dispatched. Raises nothing: a write that fails leaves bytes out. One write may take several of the
-/// toolkit's: the socket's LastWriteCount is that of the last one only, lastWriteCount that of them all.
+/// Sends what is written over a wxSocketBase. The socket's time-out bounds each wait for the peer; no events
+/// are dispatched. Throws nothing: a write that fails leaves bytes out. A write may take several writes of
+/// the socket; LastWriteCount of the socket is that of the last of them, `lastWriteCount` that of all.
 class NOLVEXLIBWX_EXPORT SocketOutputStream : public Io::BinaryOutputStream
 {
 public:
@@ -22,7 +22,7 @@ public:
     explicit SocketOutputStream(wxSocketBase* socket);
     ~SocketOutputStream() override;
 
-    /// Does nothing: nothing is held back.
+    /// Does nothing, because nothing is held back.
     void flush() override;
 
     /// How many bytes of the last write were sent.

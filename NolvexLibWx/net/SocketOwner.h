@@ -10,8 +10,8 @@ class WXDLLIMPEXP_FWD_NET wxSocketBase;
 
 namespace Nolvex::Wx::Legacy::Detail {
 
-/// Gives a toolkit socket back the way the toolkit wants it: the connection ends at once. On the main thread
-/// the object's memory is freed when the application is next idle.
+/// Destroys a socket by wxSocketBase::Destroy: the connection ends at once. On the main thread wxWidgets
+/// frees the object's memory when the application is next idle.
 struct DestroySocket
 {
     NOLVEXLIBWX_EXPORT void operator()(wxSocketBase* socket) const;

@@ -1,86 +1,75 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/net/TcpClient.h"
 
-#include "NolvexLibWx/net/LockedSocket.h"
-#include "NolvexLibWx/net/ToolkitAddress.h"
-#include "NolvexLibWx/platform/ConnectLimit.h"
+#include "NolvexLibWx/net/detail/WxAddress.h"
+#include "NolvexLibWx/net/detail/WxTimeout.h"
+#include "NolvexLibWx/platform/SocketConnecting.h"
 #include "NolvexLibWx/platform/SocketDescriptor.h"
 
 #include <wx/socket.h>
 
 #include <algorithm>
 #include <chrono>
-#include <cstdint>
-#include <system_error>
 #include <utility>
 
 namespace Nolvex::Wx::Legacy {
 
 namespace {
 
-// With wxSOCKET_BLOCK the toolkit leaves the socket alone while we do not call it: no event loop looks after
-// it, and no wait dispatches events.
+// A socket with wxSOCKET_BLOCK is left alone by wxWidgets as long as it is not called: no event loop looks
+// after the socket, and no wait dispatches events.
 constexpr wxSocketFlags CLIENT_FLAGS = wxSOCKET_WAITALL | wxSOCKET_BLOCK;
 
-// Whether it succeeds or not, child processes do not inherit the socket afterwards.
-bool connectWithin(wxSocketClient& client, const SocketAddress& address, std::chrono::seconds time)
-{
-    bool isConnected = false;
-    {
-        Platform::ConnectLimit limit(client, time);
-        isConnected = client.Connect(Detail::ToolkitAddress::of(address), true);
-        if (limit.hasStruck())
-            isConnected = false;
-    }
-    if (!client.IsOk() || !Platform::isDescriptorUsable(client.GetSocket()))
-        return false;
-    Platform::prepareStreamSocket(client.GetSocket());
-    return isConnected;
-}
+// What a connection inside this computer takes on a busy day. Less time than that would reach no peer at all.
+constexpr std::chrono::milliseconds MIN_CONNECT_TIME(100);
 
 struct Attempt
 {
     Detail::SocketOwner socket;
-    bool isConnected;
+    bool isConnected = false;
 };
 
-// With a socket of its own each time: while one that was connected before is connected again, nobody else may
-// look at its descriptor, not even to end the attempt.
-Attempt attempt(const SocketAddress& address, unsigned int timeoutSeconds)
+// Each attempt has a socket of its own: a socket that was connected before would get another descriptor while
+// the attempt may have to be cut.
+Attempt attempt(const SocketAddress& address, long timeoutSeconds)
 {
     auto* const client = new wxSocketClient(CLIENT_FLAGS);
-    Detail::SocketOwner owner(client);
-    const auto seconds = std::clamp<std::int64_t>(timeoutSeconds, 1, Detail::LONGEST_TOOLKIT_TIMEOUT);
-    client->SetTimeout(static_cast<long>(seconds));
-    try {
-        const bool isConnected = connectWithin(*client, address, std::chrono::seconds(seconds));
-        return {std::move(owner), isConnected};
-    } catch (const std::system_error&) {
-        // The system has no more threads.
-        return {std::move(owner), false};
-    }
+    Attempt result = {Detail::SocketOwner(client)};
+    client->SetTimeout(timeoutSeconds);
+    if (!address.hasHost())
+        return result;
+    const auto time =
+        std::max<std::chrono::milliseconds>(std::chrono::seconds(timeoutSeconds), MIN_CONNECT_TIME);
+    result.isConnected = Platform::connectWithin(*client, Detail::WxAddress::of(address), time);
+    const bool isUsable = client->IsOk() && Platform::isDescriptorUsable(client->GetSocket());
+    // Child processes do not inherit the socket, whether it is connected or not.
+    if (isUsable)
+        Platform::prepareStreamSocket(client->GetSocket());
+    result.isConnected = result.isConnected && isUsable;
+    return result;
 }
 
 Detail::SocketOwner connectedSocket(const SocketAddress& address, unsigned int timeoutSeconds)
 {
-    Attempt result = attempt(address, timeoutSeconds);
+    Attempt result = attempt(address, Detail::wxTimeoutOf(timeoutSeconds));
     return result.isConnected ? std::move(result.socket) : Detail::SocketOwner();
 }
 
 } // namespace
 
 TcpClient::TcpClient(const SocketAddress& address, unsigned int timeoutSeconds)
-    : TcpSocket(connectedSocket(address, timeoutSeconds)), m_timeoutSeconds(timeoutSeconds)
+    : TcpSocket(connectedSocket(address, timeoutSeconds))
 {}
 
 bool TcpClient::connect(const SocketAddress& address)
 {
-    // Not the case when the connection was moved here from a socket that was accepted.
-    auto* const client = dynamic_cast<wxSocketClient*>(toolkitSocket());
+    // A connection that was moved here from an accepted socket is no wxSocketClient.
+    auto* const client = dynamic_cast<wxSocketClient*>(wxSocket());
     if (!isOpen() || client == nullptr)
         return false;
+    const long timeoutSeconds = client->GetTimeout();
     client->Close();
-    Attempt result = attempt(address, m_timeoutSeconds);
+    Attempt result = attempt(address, timeoutSeconds);
     if (result.socket->IsOk())
         replaceSocket(std::move(result.socket));
     return result.isConnected;

@@ -10,15 +10,17 @@ namespace Nolvex::Wx::Legacy {
 class NOLVEXLIBWX_EXPORT TcpClient : public TcpSocket
 {
 public:
-    /// Connects, waiting at most that many seconds, one at least; isOpen tells whether it succeeded.
+    /// Connects within that many seconds; isOpen tells whether this succeeded. With 0 seconds only a peer
+    /// that answers within 100 ms is reached. An address without a host (SocketAddress::hasHost) is never
+    /// connected to.
     TcpClient(const SocketAddress& address, unsigned int timeoutSeconds);
 
-    /// Drops the connection and makes another one, within the seconds given to the constructor. Only an open
-    /// client can; one whose constructor failed stays as it is. Not while another thread uses the object.
+    /// Drops the connection and makes another one. That may take as long as the constructor's time or, after
+    /// the first message, as long as its last step waited for a silent peer: 1 second after a text or a
+    /// received file, 5 after received raw data, the seconds of the time limit (or 120 and 3600) after a
+    /// body that was sent. Only an open client can connect again; a client whose constructor failed stays as
+    /// it is. No other thread may use the object meanwhile.
     [[nodiscard]] bool connect(const SocketAddress& address);
-
-private:
-    unsigned int m_timeoutSeconds;
 };
 
 } // namespace Nolvex::Wx::Legacy

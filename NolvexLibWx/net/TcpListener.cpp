@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/net/TcpListener.h"
 
-#include "NolvexLibWx/net/LockedSocket.h"
-#include "NolvexLibWx/net/ToolkitAddress.h"
+#include "NolvexLibWx/net/detail/Deadline.h"
+#include "NolvexLibWx/net/detail/WxAddress.h"
+#include "NolvexLibWx/net/detail/WxTimeout.h"
 #include "NolvexLibWx/platform/SocketDescriptor.h"
 
 #include <wx/socket.h>
@@ -18,11 +19,11 @@ namespace {
 
 using std::chrono::milliseconds;
 
-// How long a wait lasts at most before it looks whether the listener was closed on another thread.
+// A wait is cut into waits of this length, between which a `close` of another thread is noticed.
 constexpr milliseconds CLOSE_CHECK_PERIOD(50);
 
-// With wxSOCKET_BLOCK, which those accepted inherit, no event loop looks after the sockets, whose other users
-// are threads that it knows nothing of; and no wait dispatches events.
+// A socket with wxSOCKET_BLOCK, which accepted sockets inherit, has no event loop looking after it, which
+// would know nothing of the threads that use the socket; and no wait dispatches events.
 constexpr wxSocketFlags LISTENER_FLAGS = wxSOCKET_WAITALL | wxSOCKET_BLOCK;
 
 wxSocketServer& serverOf(const Detail::SocketOwner& socket)
@@ -32,11 +33,10 @@ wxSocketServer& serverOf(const Detail::SocketOwner& socket)
 
 Detail::SocketOwner listeningSocket(const SocketAddress& address, unsigned int timeoutSeconds)
 {
-    Detail::SocketOwner server(new wxSocketServer(Detail::ToolkitAddress::of(address), LISTENER_FLAGS));
+    Detail::SocketOwner server(new wxSocketServer(Detail::WxAddress::of(address), LISTENER_FLAGS));
     if (!server->IsOk() || !Platform::isDescriptorUsable(server->GetSocket()))
         return {};
-    server->SetTimeout(
-        static_cast<long>(std::min<std::int64_t>(timeoutSeconds, Detail::LONGEST_TOOLKIT_TIMEOUT)));
+    server->SetTimeout(Detail::wxTimeoutOf(timeoutSeconds));
     Platform::prepareListeningSocket(server->GetSocket());
     return server;
 }
@@ -89,7 +89,7 @@ Optional<SocketAddress> TcpListener::getLocalAddress() const
     wxIPV4address address;
     if (m_server == nullptr || !m_server->GetLocal(address))
         return {};
-    return Detail::ToolkitAddress::copied(address);
+    return Detail::WxAddress::copied(address);
 }
 
 TcpSocket TcpListener::acceptConnection(bool wait)
@@ -102,10 +102,10 @@ TcpSocket TcpListener::acceptConnection(bool wait)
 
 bool TcpListener::waitForConnection(bool wait) const
 {
-    using Clock = std::chrono::steady_clock;
-    const Clock::time_point end = Clock::now() + std::chrono::seconds(wait ? m_server->GetTimeout() : 0);
+    const auto time = std::chrono::seconds(wait ? m_server->GetTimeout() : 0);
+    const auto end = Wx::Detail::Deadline::afterSilence(time);
     while (!m_closed) {
-        const auto left = std::max(std::chrono::ceil<milliseconds>(end - Clock::now()), milliseconds(0));
+        const milliseconds left = end.left();
         if (isWaiting(m_server, std::min(left, CLOSE_CHECK_PERIOD)))
             return true;
         if (left <= CLOSE_CHECK_PERIOD)
@@ -126,7 +126,7 @@ Detail::SocketOwner TcpListener::accept()
 void TcpListener::killPendingConnections()
 {
     const std::lock_guard lock(m_mutex);
-    // One that came while the others were dropped is dropped as well, as long as there is no gap.
+    // Connections that come meanwhile are dropped as well, as long as there is no gap between them.
     while (m_server != nullptr && !m_closed && isWaiting(m_server, milliseconds(0))) {
         if (Detail::SocketOwner(serverOf(m_server).Accept(false)) == nullptr)
             return;

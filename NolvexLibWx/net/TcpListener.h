@@ -13,19 +13,19 @@
 
 namespace Nolvex::Wx::Legacy {
 
-/// Waits for connections on an address of this computer, from its construction until `close`.
+/// Listens on an address of this computer, from its construction until `close`.
 ///
 /// What TcpSocket says about initialisation and event loops holds here too. Any thread may call any function
 /// but the moves.
 class NOLVEXLIBWX_EXPORT TcpListener : private NoncopyableMovable
 {
 public:
-    /// With port 0 the system chooses one, see getLocalAddress. isOpen tells whether it succeeded.
+    /// With port 0 the system chooses a port, see getLocalAddress. isOpen tells whether listening began.
     TcpListener(const SocketAddress& address, unsigned int timeoutSeconds);
 
     TcpListener(TcpListener&& other) noexcept;
 
-    /// Swaps: what this listened on is closed with the source.
+    /// Swaps: the address that this object listened on is given up with the source.
     TcpListener& operator=(TcpListener&& other) noexcept;
 
     ~TcpListener();
@@ -33,17 +33,18 @@ public:
     /// Never waits for a running accept.
     bool isOpen() const;
 
-    /// Where it listens, with the port the system chose; none when it does not.
+    /// The address with the port that the system chose; nullopt if this object does not listen.
     Optional<SocketAddress> getLocalAddress() const;
 
-    /// The next connection, in the order they came. Without one the result is not open: at once, or with
-    /// `wait` when the seconds given to the constructor are over or another thread calls `close`.
+    /// Returns the next connection, in the order in which they came. If there is none, the result is not open
+    /// and returned at once, or with `wait` after the constructor's seconds or when another thread calls
+    /// `close`.
     [[nodiscard]] TcpSocket acceptConnection(bool wait);
 
     /// Accepts and drops the connections that are waiting.
     void killPendingConnections();
 
-    /// Final. Ends an accept on another thread within 200 ms and waits for that.
+    /// Final. Ends an accept on another thread within 200 ms and waits for its end.
     void close();
 
 private:
@@ -53,8 +54,8 @@ private:
 
     // Held for whole operations.
     Mutex m_mutex;
-    // Held for moments only, and the last one to be locked: m_server is changed under both, read under
-    // either.
+    // Held for moments only, and always locked last: m_server is changed under both locks and read under
+    // either of them.
     mutable Mutex m_serverMutex;
     Detail::SocketOwner m_server;
     std::atomic<bool> m_closed = false;

@@ -2,10 +2,10 @@
 #include "NolvexLibWx/net/TcpSocket.h"
 
 #include "NolvexLib/TraceElapsedTime.h"
-#include "NolvexLibWx/net/LockedSocket.h"
-#include "NolvexLibWx/net/MessageReceiver.h"
-#include "NolvexLibWx/net/MessageSender.h"
-#include "NolvexLibWx/net/ToolkitAddress.h"
+#include "NolvexLibWx/net/detail/Connection.h"
+#include "NolvexLibWx/net/detail/MessageReceiver.h"
+#include "NolvexLibWx/net/detail/MessageSender.h"
+#include "NolvexLibWx/net/detail/WxAddress.h"
 
 #include <wx/socket.h>
 
@@ -18,20 +18,27 @@ namespace Nolvex::Wx::Legacy {
 
 namespace {
 
-// What goes wrong outside the program is an Error like any other.
+// A failure outside of the program is an Error like any other.
 template<class Send>
-SocketResult sendOrFail(Send send)
+SocketResult sendOver(const AutoPtr<Detail::Connection>& connection, Send send)
 {
+    if (connection == nullptr || !connection->isOpen())
+        return SocketResult::Error;
     try {
-        return send();
+        return send(*connection);
     } catch (const std::exception&) {
         return SocketResult::Error;
     }
 }
 
+AutoPtr<Detail::Connection> connectionOver(Detail::SocketOwner socket)
+{
+    return socket == nullptr ? nullptr : std::make_unique<Detail::Connection>(std::move(socket));
+}
+
 } // namespace
 
-TcpSocket::TcpSocket(Detail::SocketOwner socket) : m_socket(std::move(socket)) {}
+TcpSocket::TcpSocket(Detail::SocketOwner socket) : m_connection(connectionOver(std::move(socket))) {}
 
 TcpSocket::TcpSocket(TcpSocket&& other) noexcept : Polymorphic(), NoncopyableMovable()
 {
@@ -47,63 +54,83 @@ TcpSocket& TcpSocket::operator=(TcpSocket&& other) noexcept
 
 TcpSocket::~TcpSocket()
 {
-    m_closed = true;
-    release();
+    close();
 }
 
 void TcpSocket::swapConnection(TcpSocket& other)
 {
     const std::lock_guard lock(m_mutex);
-    const std::lock_guard socketLock(m_socketMutex);
-    std::swap(m_socket, other.m_socket);
-    m_closed = other.m_closed.exchange(m_closed);
-    m_lost = other.m_lost.exchange(m_lost);
-    m_headerSizeLimit = other.m_headerSizeLimit.exchange(m_headerSizeLimit);
+    const std::lock_guard stateLock(m_stateMutex);
+    std::swap(m_connection, other.m_connection);
+    std::swap(m_limits, other.m_limits);
 }
 
-void TcpSocket::release()
+wxSocketBase* TcpSocket::wxSocket() const
 {
-    const std::lock_guard lock(m_mutex);
-    Detail::SocketOwner socket;
-    {
-        const std::lock_guard socketLock(m_socketMutex);
-        socket = std::move(m_socket);
-    }
+    return m_connection == nullptr ? nullptr : &m_connection->socket();
 }
 
 void TcpSocket::replaceSocket(Detail::SocketOwner socket)
 {
+    AutoPtr<Detail::Connection> connection = connectionOver(std::move(socket));
     const std::lock_guard lock(m_mutex);
-    {
-        const std::lock_guard socketLock(m_socketMutex);
-        std::swap(m_socket, socket);
-    }
+    const std::lock_guard stateLock(m_stateMutex);
+    std::swap(m_connection, connection);
 }
 
 bool TcpSocket::isOpen() const
 {
-    const std::lock_guard lock(m_socketMutex);
-    return m_socket != nullptr && m_socket->IsOk() && !m_socket->IsClosed() && !m_closed && !m_lost;
+    const std::lock_guard lock(m_stateMutex);
+    return m_connection != nullptr && m_connection->isOpen();
 }
 
 void TcpSocket::close()
 {
-    m_closed = true;
-    release();
+    {
+        const std::lock_guard lock(m_stateMutex);
+        if (m_connection != nullptr)
+            m_connection->end();
+    }
+    // A transfer on another thread is over as soon as this lock is free.
+    const std::lock_guard lock(m_mutex);
+    AutoPtr<Detail::Connection> connection;
+    {
+        const std::lock_guard stateLock(m_stateMutex);
+        connection = std::move(m_connection);
+    }
 }
 
 Optional<SocketAddress> TcpSocket::getPeerAddress()
 {
     const std::lock_guard lock(m_mutex);
     wxIPV4address address;
-    if (m_socket == nullptr || !m_socket->IsOk() || !m_socket->GetPeer(address))
+    if (m_connection == nullptr || !m_connection->socket().IsOk() || !m_connection->socket().GetPeer(address))
         return {};
-    return Detail::ToolkitAddress::copied(address);
+    return Detail::WxAddress::copied(address);
 }
 
 void TcpSocket::setHeaderSizeLimit(std::size_t bytes)
 {
-    m_headerSizeLimit = bytes;
+    const std::lock_guard lock(m_stateMutex);
+    m_limits.headerSize = bytes;
+}
+
+void TcpSocket::setHeaderTimeLimit(std::chrono::milliseconds time)
+{
+    const std::lock_guard lock(m_stateMutex);
+    m_limits.headerTime = time;
+}
+
+void TcpSocket::setFilePatience(std::chrono::milliseconds silence)
+{
+    const std::lock_guard lock(m_stateMutex);
+    m_limits.filePatience = silence;
+}
+
+Detail::ReceiveLimits TcpSocket::limits() const
+{
+    const std::lock_guard lock(m_stateMutex);
+    return m_limits;
 }
 
 SocketResult TcpSocket::readString(XmlString& out)
@@ -120,11 +147,10 @@ SocketResult TcpSocket::readString(XmlString& out)
 SocketResult TcpSocket::readData(ReceivedData& out, const ReadDataContext& context)
 {
     const std::lock_guard lock(m_mutex);
-    Detail::LockedSocket socket(m_socket.get(), m_closed, m_lost);
-    if (!socket.isOpen())
+    if (m_connection == nullptr || !m_connection->isOpen())
         return SocketResult::Error;
     try {
-        return Detail::MessageReceiver(socket, context, m_headerSizeLimit).receive(out);
+        return Detail::MessageReceiver(*m_connection, context, limits()).receive(out);
     } catch (const std::bad_alloc&) {
         return SocketResult::Error;
     }
@@ -133,9 +159,9 @@ SocketResult TcpSocket::readData(ReceivedData& out, const ReadDataContext& conte
 SocketResult TcpSocket::writeString(const XmlString& message, const Optional<std::int64_t>& timeoutMs)
 {
     const std::lock_guard lock(m_mutex);
-    Detail::LockedSocket socket(m_socket.get(), m_closed, m_lost);
-    return sendOrFail(
-        [&] { return Detail::MessageSender(socket, timeoutMs).sendHeader(message, DataType::XmlString); });
+    return sendOver(m_connection, [&](Detail::Connection& connection) {
+        return Detail::MessageSender(connection, timeoutMs).sendHeader(message, DataType::XmlString);
+    });
 }
 
 SocketResult TcpSocket::writeData(const ReceivedData& data, DataCompression compression, DataType type)
@@ -155,9 +181,9 @@ SocketResult TcpSocket::writeFile(const Io::Path& path, const XmlString& header,
     if (!isOpen())
         return SocketResult::Error;
     const std::lock_guard lock(m_mutex);
-    Detail::LockedSocket socket(m_socket.get(), m_closed, m_lost);
-    return sendOrFail(
-        [&] { return Detail::MessageSender(socket, timeoutMs).sendFile(path, header, compression, type); });
+    return sendOver(m_connection, [&](Detail::Connection& connection) {
+        return Detail::MessageSender(connection, timeoutMs).sendFile(path, header, compression, type);
+    });
 }
 
 SocketResult TcpSocket::writeRawMemory(ArrayView<const std::byte> data, const XmlString& header,
@@ -169,9 +195,8 @@ SocketResult TcpSocket::writeRawMemory(ArrayView<const std::byte> data, const Xm
     if (!isOpen())
         return SocketResult::Error;
     const std::lock_guard lock(m_mutex);
-    Detail::LockedSocket socket(m_socket.get(), m_closed, m_lost);
-    return sendOrFail([&] {
-        return Detail::MessageSender(socket, timeoutMs).sendRawMemory(data, header, compression, type);
+    return sendOver(m_connection, [&](Detail::Connection& connection) {
+        return Detail::MessageSender(connection, timeoutMs).sendRawMemory(data, header, compression, type);
     });
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "NolvexLib/ArrayView.h"
+#include "NolvexLib/AutoPtr.h"
 #include "NolvexLib/Io/Path.h"
 #include "NolvexLib/Mutex.h"
 #include "NolvexLib/NoncopyableMovable.h"
@@ -9,52 +10,57 @@
 #include "NolvexLib/Polymorphic.h"
 #include "NolvexLib/XmlString.h"
 #include "NolvexLibWx/Export.h"
-#include "NolvexLibWx/net/DataCompression.h"
-#include "NolvexLibWx/net/DataType.h"
 #include "NolvexLibWx/net/ReadDataContext.h"
+#include "NolvexLibWx/net/ReceiveLimits.h"
 #include "NolvexLibWx/net/ReceivedData.h"
 #include "NolvexLibWx/net/SocketAddress.h"
 #include "NolvexLibWx/net/SocketOwner.h"
 #include "NolvexLibWx/net/SocketResult.h"
 
-#include <atomic>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 
 namespace Nolvex::Wx::Legacy {
 
-/// The longest header that is read, terminator not counted, unless the host sets another limit. While it is
-/// parsed, a header may take 20 times its length of memory: one of that length 1.3 GB.
-inline constexpr std::size_t DEFAULT_HEADER_SIZE_LIMIT = std::size_t{64} << 20;
+namespace Detail {
+
+class Connection;
+
+} // namespace Detail
 
 /// One end of a connection, over which tagged messages travel: texts (an XML tree), files and raw memory.
 ///
 /// Open from the successful connect or accept until `close`, destruction, or until a transfer finds that the
-/// peer has gone; there is no reopening. All calls are synchronous and need neither a window nor an event
-/// loop, and dispatch no events. Only the toolkit's sockets must have been initialised, on the main thread:
-/// by `LibWx::startup`, or by a host without a display that makes a `wxAppConsole`, hands it to
+/// peer has gone; there is no reopening. All calls are synchronous, need neither a window nor an event loop,
+/// and dispatch no events. Only the sockets of wxWidgets must have been initialised on the main thread: by
+/// `LibWx::startup`, or by a host without a display that makes a `wxAppConsole`, hands it to
 /// `wxAppConsole::SetInstance` and calls `wxInitialize` and `wxSocketBase::Initialize`.
 ///
 /// Any thread may call any function but the moves; whole messages never interleave. `close` ends a transfer
-/// that runs on another thread. Time limits are in milliseconds. A silent peer is waited for for the seconds
-/// that the step of the protocol gives him: 1 for a header or a file, 5 for raw memory, and when sending a
-/// body 120 for a file and 3600 for memory. Without a time limit, sending a header or a piece of a
-/// body is tried again, as long as the socket is open, until the peer takes the first byte.
+/// that runs on another thread.
 ///
-/// What a socket closed on the main thread leaves of memory is freed when the application is next idle; a
-/// host whose loop the toolkit does not see calls `wxAppConsole::ProcessIdle`, as `LibWx` does by a timer.
+/// Each step of the protocol waits for a silent peer for a fixed time: 1 second for a header, 5 for raw
+/// memory, the file patience for a file, and on sending a body 120 seconds for a file and 3600 for memory.
+/// Without a time limit of the caller, a header or a piece of a body of which the peer takes no byte at all
+/// is sent again and again, as long as the socket is open. A time limit is in milliseconds and begins when
+/// the transfers of other threads are over, so it does not bound the wait for them.
 ///
-/// On Linux a socket whose descriptor is 1,024 or more is refused, as the toolkit cannot wait for it.
+/// When a socket is closed on the main thread, wxWidgets frees its memory when the application is next idle.
+/// A host whose event loop is not that of wxWidgets calls `wxAppConsole::ProcessIdle`, as a timer of `LibWx`
+/// does.
 ///
-/// Child processes do not inherit the connection, but for those started by another thread in the moment
-/// between the making of the socket and the end of the connect or accept.
+/// On Linux a socket whose descriptor is 1,024 or more is refused, because wxWidgets cannot wait for it.
+///
+/// Child processes do not inherit the connection, except for those that another thread starts between the
+/// making of the socket and the end of the connect or accept.
 class NOLVEXLIBWX_EXPORT TcpSocket : public Polymorphic, private NoncopyableMovable
 {
 public:
     /// The source is closed afterwards.
     TcpSocket(TcpSocket&& other) noexcept;
 
-    /// Swaps: what this was connected to is closed with the source.
+    /// Swaps: the connection that this object had is closed with the source.
     TcpSocket& operator=(TcpSocket&& other) noexcept;
 
     ~TcpSocket() override;
@@ -62,17 +68,24 @@ public:
     /// Never waits for a running transfer.
     bool isOpen() const;
 
-    /// Final. Ends transfers on other threads within 200 ms and waits for that.
+    /// Final. Ends transfers on other threads within 200 ms and waits for their end.
     void close();
 
-    /// None without a connection.
+    /// Returns nullopt without a connection.
     Optional<SocketAddress> getPeerAddress();
 
-    /// The header of a message that is longer is an error; the rest of it stays unread.
+    /// A message with a longer header is an error; the rest of the header stays unread.
     void setHeaderSizeLimit(std::size_t bytes);
 
-    /// Receives one message. Only a text is a success and changes `out`; raw memory is read and discarded,
-    /// and a file is a programming error (StopException), as nobody says where to write it.
+    /// A header that takes longer to arrive is an error, however steadily its bytes come.
+    void setHeaderTimeLimit(std::chrono::milliseconds time);
+
+    /// Receiving a file, compressed or not, goes on through pauses of the sender that are shorter than this;
+    /// a longer silence is an error. The silence is looked at once a second.
+    void setFilePatience(std::chrono::milliseconds silence);
+
+    /// Receives one message. Only a text is a success and changes `out`. Raw memory is read and discarded; a
+    /// file is a programming error (StopException), because there is no place to write it to.
     [[nodiscard]] SocketResult readString(XmlString& out);
 
     /// Sends a text. The child "DataType" is put in front of the tree's children.
@@ -90,9 +103,9 @@ public:
     [[nodiscard]] SocketResult writeData(const ReceivedData& data, DataCompression compression,
                                          DataType type);
 
-    /// Sends a file; `type`, which the receiver goes by, should be DataType::File. Deflated files are
-    /// compressed in memory first. A file that cannot be read, or is shorter in the end than it was in the
-    /// beginning, is an error.
+    /// Sends a file; `type`, by which the receiver tells the kind, should be DataType::File. A file to
+    /// deflate is compressed in memory before its header is sent; the time limit counts that time, but does
+    /// not cut it short. A file that cannot be read, or that becomes shorter meanwhile, is an error.
     [[nodiscard]] SocketResult writeFile(const Io::Path& path, const XmlString& header,
                                          DataCompression compression, DataType type,
                                          const Optional<std::int64_t>& timeoutMs = {});
@@ -104,31 +117,28 @@ public:
                                               const Optional<std::int64_t>& timeoutMs = {});
 
 protected:
-    /// Takes the socket, which may be null; it must be connected otherwise.
+    /// Takes the socket, which is connected or null.
     explicit TcpSocket(Detail::SocketOwner socket);
 
-    /// For connecting once more; null when there is none. Belongs to this object.
-    wxSocketBase* toolkitSocket() const { return m_socket.get(); }
+    /// The socket to connect once more, or null. It belongs to this object.
+    wxSocketBase* wxSocket() const;
 
-    /// Takes another socket in place of that one.
+    /// Takes another connected socket in place of that one.
     void replaceSocket(Detail::SocketOwner socket);
 
 private:
     friend class TcpListener;
 
-    void release();
     void swapConnection(TcpSocket& other);
+    Detail::ReceiveLimits limits() const;
 
     // Held for whole messages.
     Mutex m_mutex;
-    // Held for moments only, and the last one to be locked: m_socket is changed under both, read under
-    // either.
-    mutable Mutex m_socketMutex;
-    Detail::SocketOwner m_socket;
-    std::atomic<bool> m_closed = false;
-    // A transfer failed for good, though the toolkit may not know that the connection ended.
-    std::atomic<bool> m_lost = false;
-    std::atomic<std::size_t> m_headerSizeLimit = DEFAULT_HEADER_SIZE_LIMIT;
+    // Held for moments only, and always locked last. m_connection is changed under both locks and read under
+    // either of them; m_limits is guarded by this lock alone.
+    mutable Mutex m_stateMutex;
+    AutoPtr<Detail::Connection> m_connection;
+    Detail::ReceiveLimits m_limits;
 };
 
 } // namespace Nolvex::Wx::Legacy

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/net/UdpSocket.h"
 
-#include "NolvexLibWx/net/ToolkitAddress.h"
+#include "NolvexLibWx/net/detail/WxAddress.h"
 #include "NolvexLibWx/platform/SocketDescriptor.h"
 
 #include <wx/socket.h>
@@ -17,11 +17,11 @@ namespace Nolvex::Wx::Legacy {
 
 namespace {
 
-// The most that a datagram can carry, by the width of its length.
-constexpr std::size_t LARGEST_DATAGRAM = 65535;
+// The most that a datagram of IPv4 can carry, by the width of its length.
+constexpr std::size_t MAX_IP_DATAGRAM_SIZE = 65535;
 
-// With wxSOCKET_BLOCK no event loop looks after the socket, whose other users may be on threads that it knows
-// nothing of. That nothing waits, which wxSOCKET_NOWAIT would say, is seen to here: the time-out is 0.
+// A socket with wxSOCKET_BLOCK has no event loop looking after it, which would know nothing of the threads
+// that use the socket. A time-out of 0 keeps operations from waiting, as wxSOCKET_NOWAIT would.
 wxSocketFlags toolkitFlags(Flags<UdpSocket::ConstructFlag> flags)
 {
     wxSocketFlags result = wxSOCKET_BLOCK;
@@ -34,8 +34,7 @@ wxSocketFlags toolkitFlags(Flags<UdpSocket::ConstructFlag> flags)
 
 Detail::SocketOwner datagramSocket(const SocketAddress& address, Flags<UdpSocket::ConstructFlag> flags)
 {
-    Detail::SocketOwner socket(
-        new wxDatagramSocket(Detail::ToolkitAddress::of(address), toolkitFlags(flags)));
+    Detail::SocketOwner socket(new wxDatagramSocket(Detail::WxAddress::of(address), toolkitFlags(flags)));
     if (!socket->IsOk() || !Platform::isDescriptorUsable(socket->GetSocket()))
         return {};
     socket->SetTimeout(0);
@@ -48,24 +47,17 @@ wxDatagramSocket& datagramsOf(const Detail::SocketOwner& socket)
     return static_cast<wxDatagramSocket&>(*socket);
 }
 
-bool canReadAtOnce(wxSOCKET_T descriptor)
+// Takes an empty datagram out of the socket. wxWidgets must never read one: it would take the datagram for
+// the end of a connection.
+bool takeEmptyDatagram(wxSOCKET_T descriptor)
 {
-    return Platform::waitForSocket(descriptor, Platform::SocketReadiness::READABLE,
-                                   std::chrono::milliseconds(0));
-}
-
-// The toolkit takes an empty datagram for the end of a connection, so it never sees one.
-bool isDatagramWaiting(wxSOCKET_T descriptor)
-{
-    // A flood of them does not hold the caller for ever.
-    constexpr int MOST_DROPPED = 64;
-    for (int dropped = 0; dropped < MOST_DROPPED && canReadAtOnce(descriptor); ++dropped) {
-        std::byte first{};
-        if (Platform::peekSocket(descriptor, &first, 1) != 0)
-            return true;
-        Platform::dropDatagram(descriptor);
-    }
-    return false;
+    std::byte first{};
+    const bool isWaiting = Platform::waitForSocket(descriptor, Platform::SocketReadiness::READABLE,
+                                                   std::chrono::milliseconds(0));
+    if (!isWaiting || Platform::peekSocket(descriptor, &first, 1) != 0)
+        return false;
+    Platform::dropDatagram(descriptor);
+    return true;
 }
 
 } // namespace
@@ -98,19 +90,19 @@ SocketResult UdpSocket::readByteData(const ArrayView<std::byte>& buffer, SocketA
 {
     received = 0;
     const std::lock_guard lock(m_mutex);
-    if (!isOpen() || buffer.size() != DATAGRAM_SIZE_LIMIT || !isDatagramWaiting(m_socket->GetSocket()))
+    if (!isOpen() || buffer.size() != MAX_DATAGRAM_SIZE || takeEmptyDatagram(m_socket->GetSocket()))
         return SocketResult::Error;
     wxIPV4address address;
     address.AnyAddress();
-    // Taken whole and cut here: some systems call a datagram that does not fit an error.
-    std::array<std::byte, LARGEST_DATAGRAM> whole;
-    datagramsOf(m_socket).RecvFrom(address, whole.data(), LARGEST_DATAGRAM);
-    const std::size_t count = std::min<std::size_t>(m_socket->LastReadCount(), DATAGRAM_SIZE_LIMIT);
+    // The datagram is read whole and cut here, because Windows reports one that does not fit as an error.
+    std::array<std::byte, MAX_IP_DATAGRAM_SIZE> whole;
+    datagramsOf(m_socket).RecvFrom(address, whole.data(), MAX_IP_DATAGRAM_SIZE);
+    const std::size_t count = std::min<std::size_t>(m_socket->LastReadCount(), MAX_DATAGRAM_SIZE);
     if (count == 0)
         return SocketResult::Error;
     std::copy_n(whole.begin(), count, buffer.begin());
     received = count;
-    sender = Detail::ToolkitAddress::copied(address);
+    sender = Detail::WxAddress::copied(address);
     return SocketResult::Success;
 }
 
@@ -118,33 +110,29 @@ SocketResult UdpSocket::writeByteData(const ArrayView<const std::byte>& data,
                                       Optional<SocketAddress> target) const
 {
     const std::lock_guard lock(m_mutex);
-    if (!isOpen() || data.size() > DATAGRAM_SIZE_LIMIT)
+    const SocketAddress& address = target ? *target : m_address;
+    if (!isOpen() || data.size() > MAX_DATAGRAM_SIZE || !address.hasHost())
         return SocketResult::Error;
-    // The toolkit sends no empty datagram either.
-    if (data.empty())
-        return SocketResult::Success;
-    const wxIPV4address& address = Detail::ToolkitAddress::of(target ? *target : m_address);
-    // An address that nobody set anything of is none to the toolkit before it is asked for its text: it would
-    // send to the last sender instead.
-    address.IPAddress();
-    datagramsOf(m_socket).SendTo(address, data.data(), static_cast<wxUint32>(data.size()));
-    return m_socket->LastWriteCount() == data.size() ? SocketResult::Success : SocketResult::Error;
+    // Not by wxWidgets, which sends no datagram without a byte.
+    const wxIPV4address& wxAddress = Detail::WxAddress::of(address);
+    const bool isSent = Platform::sendDatagram(m_socket->GetSocket(), *wxAddress.GetAddressData(),
+                                               static_cast<std::size_t>(wxAddress.GetAddressDataLen()), data);
+    return isSent ? SocketResult::Success : SocketResult::Error;
 }
 
 SocketResult UdpSocket::readXmlString(XmlString& out, SocketAddress& sender)
 {
     const std::lock_guard lock(m_mutex);
-    std::array<std::byte, DATAGRAM_SIZE_LIMIT> buffer;
+    std::array<std::byte, MAX_DATAGRAM_SIZE> buffer;
     std::uint64_t received = 0;
     if (readByteData(buffer, sender, received) != SocketResult::Success)
         return SocketResult::Error;
     const auto* const text = reinterpret_cast<const char*>(buffer.data());
-    const char* const last = text + std::min<std::uint64_t>(received, DATAGRAM_SIZE_LIMIT - 1);
+    const char* const last = text + std::min<std::uint64_t>(received, MAX_DATAGRAM_SIZE - 1);
     const std::string bytes(text, std::find(text, last, '\0'));
     auto tree = XmlString::fromString(String::fromUtf8(bytes));
-    if (!tree)
-        return SocketResult::Error;
-    out = std::move(*tree);
+    // The datagram was received, whatever it holds.
+    out = tree ? std::move(*tree) : XmlString();
     return SocketResult::Success;
 }
 
@@ -152,7 +140,7 @@ SocketResult UdpSocket::writeXmlString(const XmlString& message, Optional<Socket
 {
     const std::lock_guard lock(m_mutex);
     const std::string text = message.toUtf8();
-    if (!isOpen() || text.size() >= DATAGRAM_SIZE_LIMIT)
+    if (!isOpen() || text.size() >= MAX_DATAGRAM_SIZE)
         return SocketResult::Error;
     const auto* const bytes = reinterpret_cast<const std::byte*>(text.c_str());
     return writeByteData({bytes, text.size() + 1}, std::move(target));

@@ -18,10 +18,10 @@
 namespace Nolvex::Wx::Legacy {
 
 /// The most bytes of one datagram, in both directions.
-inline constexpr std::size_t DATAGRAM_SIZE_LIMIT = 512;
+inline constexpr std::size_t MAX_DATAGRAM_SIZE = 512;
 
 /// Sends and receives single datagrams, as bytes or as an XML tree (UTF-8 text and a zero byte). Never waits,
-/// so no result is ever Timeout.
+/// so no result is Timeout.
 ///
 /// What TcpSocket says about initialisation, event loops and descriptors holds here too. Any thread may call
 /// any function.
@@ -30,14 +30,14 @@ class NOLVEXLIBWX_EXPORT UdpSocket : private Noncopyable
 public:
     enum class ConstructFlag
     {
-        /// It may send to the broadcast address.
+        /// The socket may send to the broadcast address.
         Broadcast = 1,
-        /// It is not bound to its address, which then only says where it sends to.
+        /// The socket is not bound to its address, which is then only the default target.
         NoBind = 2,
     };
 
-    /// `address` is where it receives, and where it sends to unless a target is given. isOpen tells whether
-    /// it could be bound.
+    /// `address` is where the socket receives, and its default target. isOpen tells whether the socket could
+    /// be bound.
     explicit UdpSocket(const SocketAddress& address, Flags<ConstructFlag> flags = {});
     ~UdpSocket();
 
@@ -46,25 +46,25 @@ public:
     /// Final.
     void close();
 
-    /// The constructor's address, not the one that the system chose.
+    /// Returns the constructor's address, not the address that the system chose.
     SocketAddress getLocalAddress() const;
 
-    /// Takes a datagram that waits; with none it is an Error at once. `buffer` must be 512 bytes long, or
-    /// nothing is read. `received` is the length of the datagram, and 0 on Error; what it holds beyond 512
-    /// bytes is lost. Empty datagrams are dropped, of very many only some at a time: with nothing but those
-    /// it is an Error too.
+    /// Takes one waiting datagram; without one the result is an Error at once. `buffer` must be 512 bytes
+    /// long, or nothing is read. `received` is the length of the datagram, and 0 on Error; bytes beyond the
+    /// 512th are lost. An empty datagram is taken and gives an Error.
     [[nodiscard]] SocketResult readByteData(const ArrayView<std::byte>& buffer, SocketAddress& sender,
                                             std::uint64_t& received);
 
-    /// At most 512 bytes.
+    /// Sends at most 512 bytes, to the default target if none is given. An address without a host
+    /// (SocketAddress::hasHost) is an Error.
     [[nodiscard]] SocketResult writeByteData(const ArrayView<const std::byte>& data,
                                              Optional<SocketAddress> target = {}) const;
 
-    /// As readByteData; the text ends at the first zero byte, at the latest with the 511th byte. What is no
-    /// XML tree is an Error as well, and is gone; only `sender` tells whom it came from.
+    /// Takes a datagram as readByteData does. The text ends at the first zero byte, at the latest with the
+    /// 511th byte. A datagram that is no XML tree is a Success as well and leaves `out` empty.
     [[nodiscard]] SocketResult readXmlString(XmlString& out, SocketAddress& sender);
 
-    /// The text must be shorter than 512 bytes.
+    /// Sends a tree whose text is shorter than 512 bytes, as writeByteData does.
     [[nodiscard]] SocketResult writeXmlString(const XmlString& message,
                                               Optional<SocketAddress> target = {}) const;
 

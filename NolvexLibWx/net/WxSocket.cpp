@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/net/WxSocket.h"
 
-#include "NolvexLibWx/net/SocketTransfer.h"
-#include "NolvexLibWx/net/TcpSocket.h"
+#include "NolvexLibWx/net/ReceiveLimits.h"
+#include "NolvexLibWx/net/detail/HostSocket.h"
 
 #include <new>
 #include <string>
@@ -11,7 +11,7 @@ namespace Nolvex::Wx::Legacy {
 
 namespace {
 
-// False for a socket that is of no use.
+// Returns false if nothing can be transferred.
 bool prepareTransfer(wxSocketBase& socket, int timeoutSeconds)
 {
     if (!socket.IsOk() || socket.IsClosed())
@@ -41,7 +41,7 @@ try {
         return SocketResult::Error;
     const std::string bytes = text.toUtf8();
     const auto size = static_cast<std::int64_t>(bytes.size() + 1);
-    const std::int64_t sent = Wx::Detail::SocketTransfer(*socket).send(bytes.c_str(), size);
+    const std::int64_t sent = Wx::Detail::HostSocket(*socket).send(bytes.c_str(), size);
     return socket->IsOk() && sent == size ? SocketResult::Success : SocketResult::Error;
 
 } catch (const std::bad_alloc&) {
@@ -53,7 +53,7 @@ try {
     if (!prepareTransfer(*socket, timeoutSeconds))
         return SocketResult::Error;
     std::string bytes;
-    if (!Wx::Detail::SocketTransfer(*socket).receiveText(bytes, DEFAULT_HEADER_SIZE_LIMIT))
+    if (!Wx::Detail::HostSocket(*socket).receiveText(bytes, DEFAULT_HEADER_SIZE_LIMIT))
         return SocketResult::Error;
     out = String::fromUtf8(bytes);
     return SocketResult::Success;

@@ -11,8 +11,8 @@ class WXDLLIMPEXP_FWD_NET wxSocketBase;
 
 namespace Nolvex::Wx::Legacy {
 
-/// Texts over a toolkit socket that somebody else owns. On the wire a text is UTF-8 followed by a zero byte,
-/// so it must hold no zero character.
+/// Texts over a wxSocketBase that the host owns. On the wire a text is UTF-8 followed by a zero byte, so it
+/// must hold no zero character.
 class NOLVEXLIBWX_EXPORT WxSocket
 {
 public:
@@ -22,14 +22,14 @@ public:
     /// Destroys the socket.
     void close();
 
-    /// The socket's time-out is changed to that many seconds and stays so. It bounds each wait for the peer,
-    /// also on a socket with wxSOCKET_BLOCK. Dispatches no events.
+    /// Sets the socket's time-out to that many seconds and leaves it so. The time-out bounds each wait for
+    /// the peer, even if the socket has wxSOCKET_BLOCK. Dispatches no events.
     [[nodiscard]] static SocketResult writeString(wxSocketBase* socket, const String& text,
                                                   int timeoutSeconds);
 
-    /// As writeString. Takes nothing from the socket beyond the zero byte; nothing may be in its push-back
-    /// buffer. `out` changes on success only. A text of more than DEFAULT_HEADER_SIZE_LIMIT bytes is an
-    /// error.
+    /// Waits as writeString does. Takes nothing from the socket beyond the zero byte; the socket's push-back
+    /// buffer must be empty. `out` changes on success only. A text of more than DEFAULT_HEADER_SIZE_LIMIT
+    /// bytes is an error.
     [[nodiscard]] static SocketResult readString(wxSocketBase* socket, String& out, int timeoutSeconds);
 
 private:

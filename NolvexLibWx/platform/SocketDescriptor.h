@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "NolvexLib/ArrayView.h"
 #include "NolvexLib/Noncopyable.h"
 
 #include <wx/socket.h>
@@ -11,7 +12,7 @@
 
 namespace Nolvex::Platform {
 
-// The system's side of the toolkit's sockets. All functions take descriptors of open sockets.
+// The system's side of the sockets of wxWidgets. All functions take descriptors of open sockets.
 
 enum class SocketReadiness
 {
@@ -19,42 +20,51 @@ enum class SocketReadiness
     WRITABLE,
 };
 
-/// Waits until the socket can be read from (or accepted from) or written to, also when all there is to learn
-/// is that the connection ended. False when the time, 0 for a mere look, is over. Signals are no reason to
-/// return.
+/// Waits until the socket can be read from (or accepted from) or written to, or its connection has ended.
+/// Returns false if the time, 0 for a mere look, is over before that. Signals do not end the wait.
 bool waitForSocket(wxSOCKET_T descriptor, SocketReadiness readiness, std::chrono::milliseconds time);
 
-/// Copies the bytes that wait, at most `size`, and leaves them in the socket; returns how many. 0 when the
-/// connection ended or an empty datagram waits, -1 on failure and when there is nothing.
+/// Copies the waiting bytes, at most `size`, and leaves them in the socket. Returns how many were copied; 0
+/// if the connection has ended or an empty datagram waits, -1 on failure and if nothing waits.
 std::int64_t peekSocket(wxSOCKET_T descriptor, void* buffer, std::size_t size);
 
-/// Sends what the system takes at once and returns how much that was, 0 when it takes nothing now; -1 when
-/// the connection has ended. For sockets that were prepared.
+/// Takes the waiting bytes, at most `size`. Returns how many were taken; 0 if none wait, -1 if the connection
+/// has ended. For sockets that were prepared.
+std::int64_t receiveAtOnce(wxSOCKET_T descriptor, void* buffer, std::size_t size);
+
+/// Sends what the system takes at once. Returns how many bytes that was; 0 if the system takes none now, -1
+/// if the connection has ended. For sockets that were prepared.
 std::int64_t sendAtOnce(wxSOCKET_T descriptor, const void* buffer, std::size_t size);
+
+/// Sends one datagram, which may be empty. Returns false if the system does not take the whole of it at once.
+bool sendDatagram(wxSOCKET_T descriptor, const sockaddr& address, std::size_t addressSize,
+                  ArrayView<const std::byte> data);
 
 /// Takes one datagram out of the socket.
 void dropDatagram(wxSOCKET_T descriptor);
 
-/// True when the toolkit can wait for a socket of that number.
+/// Returns true if wxWidgets can wait for a socket with that number.
 bool isDescriptorUsable(wxSOCKET_T descriptor);
 
-/// Keeps child processes from inheriting the socket, and operations on it from waiting.
+/// Keeps child processes from inheriting the socket, and operations on the socket from waiting.
 void prepareSocket(wxSOCKET_T descriptor);
 
-/// The same for datagrams; in addition, that nobody listened to one that was sent does not disturb receiving.
+/// Prepares a socket for datagrams: in addition, a datagram that nothing listened to does not disturb
+/// receiving.
 void prepareDatagramSocket(wxSOCKET_T descriptor);
 
-/// The same for connections; in addition, what is written goes out at once.
+/// Prepares a connected socket: in addition, what is written goes out at once.
 void prepareStreamSocket(wxSOCKET_T descriptor);
 
-/// The same for listening sockets; in addition, as many connections as the system allows may wait.
+/// Prepares a listening socket: in addition, as many connections as the system allows may wait.
 void prepareListeningSocket(wxSOCKET_T descriptor);
 
-/// While it lives, operations on the toolkit's socket do not wait, whatever the toolkit told the system.
+/// While an object of this class lives, operations on the socket do not wait, whatever wxWidgets told the
+/// system.
 class NonWaitingSocket : private Noncopyable
 {
 public:
-    /// The socket may have been closed already, and may be meanwhile.
+    /// The socket may have been closed already, and may be closed meanwhile.
     explicit NonWaitingSocket(const wxSocketBase& socket);
     ~NonWaitingSocket();
 

@@ -5,8 +5,8 @@
 #include "NolvexLib/Array.h"
 #include "NolvexLib/Exception.h"
 #include "NolvexLib/Io/MemoryOutputStream.h"
-#include "NolvexLibWx/net/MessageHeader.h"
-#include "NolvexLibWx/net/PieceInflation.h"
+#include "NolvexLibWx/net/detail/MessageHeader.h"
+#include "NolvexLibWx/net/detail/PieceInflation.h"
 
 #include <algorithm>
 #include <limits>
@@ -23,7 +23,7 @@ namespace {
 void checkMetadata(const XmlString& tree, const BodyMetadata& metadata)
 {
     require(metadata.size >= 0);
-    require(tree.countChildren(L"FileSize") == 1 && tree.countChildren(L"Compressed") == 1);
+    require(tree.countChildren(L"FileSize") >= 1 && tree.countChildren(L"Compressed") >= 1);
     const auto again = parseBodyMetadata(withBodyMetadata(XmlString(), metadata));
     require(again && again->size == metadata.size && again->compression == metadata.compression);
 }
@@ -37,7 +37,7 @@ void checkHeader(std::string_view bytes)
     if (const auto metadata = parseBodyMetadata(header->tree))
         checkMetadata(header->tree, *metadata);
     if (const auto size = parseCompressedSize(header->tree))
-        require(*size >= 0 && header->tree.countChildren(L"CompressedSize") == 1);
+        require(*size >= 0 && header->tree.countChildren(L"CompressedSize") >= 1);
 
     const auto again = parseMessageHeader(composeMessageHeader(header->tree, header->type));
     require(again && again->type == header->type);

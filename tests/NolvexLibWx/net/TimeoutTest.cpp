@@ -179,7 +179,7 @@ TEST(TimeoutTest, timeouts_areThoseOfTheLastStep)
     public:
         using TcpClient::TcpClient;
 
-        long timeout() const { return toolkitSocket()->GetTimeout(); }
+        long timeout() const { return wxSocket()->GetTimeout(); }
     };
 
     const Tests::TemporaryFolder folder;

@@ -20,12 +20,12 @@ using Clock = std::chrono::steady_clock;
 constexpr int NONE = -1;
 
 // Long enough for any wait, short enough for poll.
-constexpr std::chrono::milliseconds LONGEST_POLL = std::chrono::hours(24);
+constexpr std::chrono::milliseconds MAX_POLL_TIME = std::chrono::hours(24);
 
 int pollTime(Clock::time_point end)
 {
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now());
-    return static_cast<int>(std::clamp(left, std::chrono::milliseconds(0), LONGEST_POLL).count());
+    return static_cast<int>(std::clamp(left, std::chrono::milliseconds(0), MAX_POLL_TIME).count());
 }
 
 void setOption(int descriptor, int level, int option)
@@ -56,6 +56,18 @@ std::int64_t Platform::peekSocket(int descriptor, void* buffer, std::size_t size
     return recv(descriptor, buffer, size, MSG_PEEK | MSG_DONTWAIT);
 }
 
+std::int64_t Platform::receiveAtOnce(int descriptor, void* buffer, std::size_t size)
+{
+    ssize_t count = 0;
+    do
+        count = recv(descriptor, buffer, size, MSG_DONTWAIT);
+    while (count < 0 && errno == EINTR);
+    if (count < 0)
+        return errno == EAGAIN ? 0 : -1;
+    // The peer sends no more.
+    return count == 0 ? -1 : count;
+}
+
 std::int64_t Platform::sendAtOnce(int descriptor, const void* buffer, std::size_t size)
 {
     ssize_t count = 0;
@@ -66,10 +78,21 @@ std::int64_t Platform::sendAtOnce(int descriptor, const void* buffer, std::size_
     return isFull ? 0 : count;
 }
 
+bool Platform::sendDatagram(int descriptor, const sockaddr& address, std::size_t addressSize,
+                            ArrayView<const std::byte> data)
+{
+    ssize_t count = 0;
+    do
+        count = sendto(descriptor, data.data(), data.size(), MSG_NOSIGNAL | MSG_DONTWAIT, &address,
+                       static_cast<socklen_t>(addressSize));
+    while (count < 0 && errno == EINTR);
+    return count == static_cast<ssize_t>(data.size());
+}
+
 void Platform::dropDatagram(int descriptor)
 {
     char byte = 0;
-    // What the datagram held is not wanted. NOLINTNEXTLINE(bugprone-unused-return-value)
+    // The content of the datagram is not wanted. NOLINTNEXTLINE(bugprone-unused-return-value)
     static_cast<void>(recv(descriptor, &byte, 1, MSG_DONTWAIT));
 }
 
@@ -114,8 +137,7 @@ Platform::NonWaitingSocket::NonWaitingSocket(const wxSocketBase& socket)
 
 Platform::NonWaitingSocket::~NonWaitingSocket()
 {
-    // The toolkit closes the descriptor when the connection ends, and its number may be somebody else's by
-    // now.
+    // wxWidgets closes the descriptor when the connection ends, and another file may have its number by now.
     if (m_changedDescriptor != NONE && m_socket.GetSocket() == m_changedDescriptor)
         fcntl(m_changedDescriptor, F_SETFL, fcntl(m_changedDescriptor, F_GETFL) & ~O_NONBLOCK);
 }

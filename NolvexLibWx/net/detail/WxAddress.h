@@ -7,10 +7,10 @@
 
 namespace Nolvex::Wx::Legacy::Detail {
 
-/// The way from a SocketAddress to the toolkit's address and back, for the other socket classes.
-struct ToolkitAddress
+/// The way from a SocketAddress to the address of wxWidgets inside it and back, for the other socket classes.
+struct WxAddress
 {
-    /// Lives as long as `address`, which was not moved from.
+    /// Lives as long as `address`, which must not have been moved from.
     static const wxIPV4address& of(const SocketAddress& address);
 
     static SocketAddress copied(const wxIPV4address& address);

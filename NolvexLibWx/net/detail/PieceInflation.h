@@ -9,12 +9,12 @@
 
 namespace Nolvex::Wx::Legacy::Detail {
 
-/// The bytes of a body that are sent, and of a compressed one inflated, at once.
+/// How many bytes of a body are sent at once, and how many of a compressed body are inflated by themselves.
 inline constexpr std::int64_t PIECE_SIZE = 65536;
 
-/// Inflates the zlib data at the beginning of the piece, which must hold all of it, into `target`; returns
-/// how many bytes that made. Exception when the data is broken or cut off, when it makes more than `limit`
-/// bytes (no more than those, and less than a piece's worth more, are made), or when the target fails.
+/// Inflates the zlib data at the beginning of the piece into `target` and returns how many bytes that gave.
+/// Throws Exception if the data is broken or its end lies outside of the piece, if the data holds more than
+/// `limit` bytes (then at most `limit` bytes were written), or if the target fails.
 std::int64_t inflatePiece(ArrayView<const std::byte> piece, std::int64_t limit,
                           Io::BinaryOutputStream& target);
 

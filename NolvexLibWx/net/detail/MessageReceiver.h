@@ -4,23 +4,23 @@
 #include "NolvexLib/Io/BinaryOutputStream.h"
 #include "NolvexLib/Io/Path.h"
 #include "NolvexLib/Noncopyable.h"
-#include "NolvexLibWx/net/LockedSocket.h"
-#include "NolvexLibWx/net/MessageHeader.h"
 #include "NolvexLibWx/net/ReadDataContext.h"
+#include "NolvexLibWx/net/ReceiveLimits.h"
 #include "NolvexLibWx/net/ReceivedData.h"
 #include "NolvexLibWx/net/SocketResult.h"
+#include "NolvexLibWx/net/detail/Connection.h"
+#include "NolvexLibWx/net/detail/MessageHeader.h"
 
-#include <cstddef>
 #include <cstdint>
 
 namespace Nolvex::Wx::Legacy::Detail {
 
-/// Receives one message over a socket that is locked. Raises what the hooks raise, but for an Exception in
-/// the course of a file, and std::bad_alloc.
+/// Receives one message over a connection whose lock the caller holds. Throws what the hooks throw, except
+/// for an Exception in the course of a file, and std::bad_alloc.
 class MessageReceiver : private Noncopyable
 {
 public:
-    MessageReceiver(LockedSocket& socket, const ReadDataContext& context, std::size_t headerSizeLimit);
+    MessageReceiver(Connection& connection, const ReadDataContext& context, const ReceiveLimits& limits);
 
     /// As TcpSocket::readData.
     SocketResult receive(ReceivedData& out);
@@ -34,9 +34,9 @@ private:
     bool receiveDeflated(Io::BinaryOutputStream& target, std::int64_t size, std::int64_t inflatedSize);
     bool receiveRaw(ByteArray& data, std::int64_t size);
 
-    LockedSocket& m_socket;
+    Connection& m_connection;
     const ReadDataContext& m_context;
-    std::size_t m_headerSizeLimit;
+    ReceiveLimits m_limits;
 };
 
 } // namespace Nolvex::Wx::Legacy::Detail

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "NolvexLibWx/net/MessageReceiver.h"
+#include "NolvexLibWx/net/detail/MessageReceiver.h"
 
 #include "NolvexLib/Exception.h"
 #include "NolvexLib/Io/FileOutputStream.h"
 #include "NolvexLib/StopException.h"
-#include "NolvexLibWx/net/PieceInflation.h"
-#include "NolvexLibWx/net/SocketLog.h"
+#include "NolvexLibWx/net/detail/PieceInflation.h"
+#include "NolvexLibWx/net/detail/SocketLog.h"
 
 #include <algorithm>
 #include <array>
@@ -17,13 +17,16 @@ namespace Nolvex::Wx::Legacy::Detail {
 
 namespace {
 
-constexpr std::int64_t HEADER_TIMEOUT_SECONDS = 1;
-constexpr std::int64_t FILE_TIMEOUT_SECONDS = 1;
-constexpr std::int64_t RAW_DATA_TIMEOUT_SECONDS = 5;
+using std::chrono::seconds;
 
-constexpr std::int64_t RAW_DATA_SIZE_LIMIT = std::numeric_limits<std::int32_t>::max();
+// How long each step of the protocol waits for a silent peer.
+constexpr seconds HEADER_TIMEOUT(1);
+constexpr seconds FILE_TIMEOUT(1);
+constexpr seconds RAW_DATA_TIMEOUT(5);
 
-// What is allocated for raw data before the first byte of it is there.
+constexpr std::int64_t MAX_RAW_DATA_SIZE = std::numeric_limits<std::int32_t>::max();
+
+// How much memory is allocated for raw data before its first byte has come.
 constexpr std::int64_t FIRST_ALLOCATION = 4 << 20;
 
 constexpr char READ_DATA[] = "Nolvex::Wx::Legacy::TcpSocket::readData";
@@ -37,8 +40,8 @@ Optional<BodyMetadata> metadataOf(const XmlString& header)
     return metadata;
 }
 
-// Tells the context of the body's end, whatever the function that receives it does. A beginning that the
-// context itself refused by an exception has no end.
+// Tells the context when the body begins and when it ends, however it ends. A beginning that the context
+// itself refuses by an exception has no end.
 template<class Receive>
 bool betweenStartAndEnd(const ReadDataContext& context, const XmlString& header, Receive receive)
 {
@@ -56,9 +59,9 @@ bool betweenStartAndEnd(const ReadDataContext& context, const XmlString& header,
 
 } // namespace
 
-MessageReceiver::MessageReceiver(LockedSocket& socket, const ReadDataContext& context,
-                                 std::size_t headerSizeLimit)
-    : m_socket(socket), m_context(context), m_headerSizeLimit(headerSizeLimit)
+MessageReceiver::MessageReceiver(Connection& connection, const ReadDataContext& context,
+                                 const ReceiveLimits& limits)
+    : m_connection(connection), m_context(context), m_limits(limits)
 {}
 
 SocketResult MessageReceiver::receive(ReceivedData& out)
@@ -80,8 +83,10 @@ SocketResult MessageReceiver::receive(ReceivedData& out)
 Optional<MessageHeader> MessageReceiver::receiveHeader()
 {
     std::string text;
-    m_socket.setTimeout(HEADER_TIMEOUT_SECONDS);
-    if (!m_socket.receiveText(text, m_headerSizeLimit))
+    m_connection.setTimeout(HEADER_TIMEOUT.count());
+    const Deadline end = Deadline::ofLimit(m_limits.headerTime.count());
+    if (!m_connection.receiveText(text, m_limits.headerSize,
+                                  Deadline::afterSilence(HEADER_TIMEOUT).noLaterThan(end)))
         return {};
     logForDevelopers(__LINE__, "Nolvex::Wx::Legacy::TcpSocket::readHeader", "Received header:", text);
     return parseMessageHeader(text);
@@ -97,7 +102,7 @@ try {
     return SocketResult::Success;
 
 } catch (const Exception&) {
-    // Of the file or of a hook, alike.
+    // The file failed, or a hook.
     return SocketResult::Error;
 }
 
@@ -111,7 +116,7 @@ bool MessageReceiver::receiveFile(const XmlString& header, const Io::Path& path)
     if (!size)
         return false;
     Io::FileOutputStream target(path, Io::Open::TRUNCATE);
-    m_socket.setTimeout(FILE_TIMEOUT_SECONDS);
+    m_connection.setTimeout(FILE_TIMEOUT.count());
     const bool isComplete =
         isDeflated ? receiveDeflated(target, *size, metadata->size) : receivePlain(target, *size);
     target.close();
@@ -121,17 +126,23 @@ bool MessageReceiver::receiveFile(const XmlString& header, const Io::Path& path)
 bool MessageReceiver::receivePlain(Io::BinaryOutputStream& target, std::int64_t size)
 {
     std::array<std::byte, PIECE_SIZE> buffer;
+    Deadline patience = Deadline::afterSilence(m_limits.filePatience);
     while (size > 0) {
         const std::int64_t requested = std::min(size, PIECE_SIZE);
-        const std::int64_t count = m_socket.receive(buffer.data(), requested);
+        // What has come is written once a second, though the sender pauses.
+        const Deadline pause = Deadline::afterSilence(FILE_TIMEOUT).noLaterThan(patience);
+        const std::int64_t count = m_connection.receive(buffer.data(), requested, pause);
         if (count < requested)
             logForDevelopers(__LINE__, READ_DATA, "Received less data than I should: ", count, "/",
                              requested);
         target.write(buffer.data(), count);
         size -= count;
         logForDevelopers(__LINE__, READ_DATA, "Read piece, remaining", size);
-        // A peer that stays silent for the whole time-out is given up.
-        if (count == 0 || !m_socket.isOpen())
+        if (count > 0)
+            patience.restart();
+        else if (patience.hasPassed())
+            return false;
+        if (!m_connection.isOpen())
             return false;
     }
     return true;
@@ -141,10 +152,15 @@ bool MessageReceiver::receiveDeflated(Io::BinaryOutputStream& target, std::int64
                                       std::int64_t inflatedSize)
 {
     std::array<std::byte, PIECE_SIZE> buffer;
-    while (size > 0 && m_socket.isOpen()) {
-        const std::int64_t count = m_socket.receive(buffer.data(), std::min(size, PIECE_SIZE));
+    while (size > 0 && m_connection.isOpen()) {
+        const std::int64_t requested = std::min(size, PIECE_SIZE);
+        // A piece is inflated by itself, so a pause of the sender must not cut it.
+        const std::int64_t count =
+            m_connection.receive(buffer.data(), requested, Deadline::afterSilence(m_limits.filePatience));
         const ArrayView<const std::byte> piece(buffer.data(), static_cast<std::size_t>(count));
         inflatedSize -= inflatePiece(piece, inflatedSize, target);
+        if (count < requested)
+            return false;
         size -= count;
     }
     return size == 0;
@@ -165,21 +181,22 @@ SocketResult MessageReceiver::receiveBody(ReceivedRawData& out, XmlString header
 bool MessageReceiver::receiveRaw(ByteArray& data, std::int64_t size)
 {
     logForDevelopers(__LINE__, READ_DATA, "Receiving data of size", size);
-    if (size == 0 || size > RAW_DATA_SIZE_LIMIT) {
+    if (size == 0 || size > MAX_RAW_DATA_SIZE) {
         logForDevelopers(__LINE__, READ_DATA, "Received invalid XML header (couldn't read file size)");
         return false;
     }
-    m_socket.setTimeout(RAW_DATA_TIMEOUT_SECONDS);
-    // Grows with what comes: the size is only the peer's word.
+    m_connection.setTimeout(RAW_DATA_TIMEOUT.count());
+    // The memory grows with what comes, because the size is only a claim of the peer.
     std::int64_t done = 0;
     std::int64_t allocated = 0;
     while (done == allocated && done < size) {
         allocated = std::min(size, std::max(FIRST_ALLOCATION, allocated * 2));
         data.resize(static_cast<std::size_t>(allocated));
-        done += m_socket.receive(data.data() + done, allocated - done);
+        done += m_connection.receive(data.data() + done, allocated - done,
+                                     Deadline::afterSilence(RAW_DATA_TIMEOUT));
     }
     data.resize(static_cast<std::size_t>(done));
-    return done == size && m_socket.isOpen();
+    return done == size && m_connection.isOpen();
 }
 
 } // namespace Nolvex::Wx::Legacy::Detail

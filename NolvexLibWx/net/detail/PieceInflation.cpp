@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "NolvexLibWx/net/PieceInflation.h"
+#include "NolvexLibWx/net/detail/PieceInflation.h"
 
 #include "NolvexLib/Exception.h"
 #include "NolvexLib/Io/DeflateInputStream.h"

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "NolvexLibWx/net/MessageHeader.h"
+#include "NolvexLibWx/net/detail/MessageHeader.h"
 
+#include "NolvexLib/Array.h"
 #include "NolvexLib/SimpleTextDeserializer.h"
 #include "NolvexLib/SimpleTextSerializer.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace Nolvex::Wx::Legacy {
@@ -30,22 +32,52 @@ Optional<T> firstNumber(const XmlString& tree, StringView key)
     return text ? SimpleTextDeserializer::parse<T>(*text) : Optional<T>();
 }
 
-template<TextInteger T>
-Optional<T> onlyNumber(const XmlString& tree, StringView key)
+// The texts of all children of the root with that name. XmlString gives the first of them only, so its UTF-8
+// form is looked through, which has neither attributes nor anything between elements.
+Array<String> textsOf(const XmlString& tree, const String& key)
 {
-    return tree.countChildren(key) == 1 ? firstNumber<T>(tree, key) : Optional<T>();
+    const std::string text = tree.toUtf8();
+    std::string start = "<";
+    start.append(key.toUtf8()).append(">");
+    Array<String> texts;
+    int depth = 0;
+    for (std::size_t at = 0; at != std::string::npos; at = text.find('<', at + 1)) {
+        const bool isEnd = text[at + 1] == '/';
+        depth += isEnd ? -1 : 1;
+        if (isEnd || depth != 2 || text.compare(at, start.size(), start) != 0)
+            continue;
+        const std::size_t begin = at + start.size();
+        texts.push_back(
+            String::fromUtf8(std::string_view(text).substr(begin, text.find('<', begin) - begin)));
+    }
+    return texts;
 }
 
-Optional<std::int64_t> onlySize(const XmlString& tree, StringView key)
+// The number that all children with that name hold. A peer that passes on a header which it received may send
+// the metadata twice.
+template<TextInteger T>
+Optional<T> agreedNumber(const XmlString& tree, StringView key)
 {
-    const auto size = onlyNumber<std::int64_t>(tree, key);
+    const Optional<T> first = firstNumber<T>(tree, key);
+    if (!first || tree.countChildren(key) == 1)
+        return first;
+    const Array<String> texts = textsOf(tree, String(key));
+    const bool isAgreed = std::all_of(texts.begin(), texts.end(), [&](const String& text) {
+        return SimpleTextDeserializer::parse<T>(text) == first;
+    });
+    return isAgreed ? first : Optional<T>();
+}
+
+Optional<std::int64_t> agreedSize(const XmlString& tree, StringView key)
+{
+    const auto size = agreedNumber<std::int64_t>(tree, key);
     return size && *size >= 0 ? size : Optional<std::int64_t>();
 }
 
 Optional<XmlString> parseTree(std::string_view bytes)
 {
     auto tree = XmlString::fromUtf8(bytes);
-    // A header whose UTF-8 is broken may still be a tree, with replacement characters in its texts.
+    // A header whose UTF-8 is broken may still be a tree whose texts hold replacement characters.
     if (!tree)
         tree = XmlString::fromString(String::fromUtf8(bytes));
     return tree ? Optional<XmlString>(std::move(*tree)) : Optional<XmlString>();
@@ -66,8 +98,8 @@ Optional<Detail::MessageHeader> Detail::parseMessageHeader(std::string_view byte
 
 Optional<Detail::BodyMetadata> Detail::parseBodyMetadata(const XmlString& tree)
 {
-    const auto size = onlySize(tree, FILE_SIZE);
-    const auto compression = onlyNumber<std::int32_t>(tree, COMPRESSED);
+    const auto size = agreedSize(tree, FILE_SIZE);
+    const auto compression = agreedNumber<std::int32_t>(tree, COMPRESSED);
     if (!size || !compression)
         return {};
     return BodyMetadata{*size, *compression};
@@ -75,12 +107,13 @@ Optional<Detail::BodyMetadata> Detail::parseBodyMetadata(const XmlString& tree)
 
 Optional<std::int64_t> Detail::parseCompressedSize(const XmlString& tree)
 {
-    return onlySize(tree, COMPRESSED_SIZE);
+    return agreedSize(tree, COMPRESSED_SIZE);
 }
 
 std::string Detail::composeMessageHeader(const XmlString& header, std::int32_t type)
 {
-    // Every message pays for this: the tree, which may be large, is not copied to get another first child.
+    // The tree may be large, and every message pays for this: the text is changed rather than a copy of the
+    // tree.
     constexpr std::string_view ROOT_START = "<root>";
     std::string text = header.toUtf8();
     text.insert(ROOT_START.size(), "<DataType>" + textOf(type).toUtf8() + "</DataType>");
@@ -90,7 +123,7 @@ std::string Detail::composeMessageHeader(const XmlString& header, std::int32_t t
 XmlString Detail::withBodyMetadata(const XmlString& header, const BodyMetadata& metadata)
 {
     XmlString tree = header;
-    // Those of a message that is passed on are no longer true, and receivers refuse what is there twice.
+    // The metadata of a message that is passed on may not be true of this body.
     for (const wchar_t* key : {FILE_SIZE, COMPRESSED, COMPRESSED_SIZE})
         tree.removeChildren(key);
     tree.addChild(FILE_SIZE, textOf(metadata.size));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "NolvexLibWx/net/MessageHeader.h"
+#include "NolvexLibWx/net/detail/MessageHeader.h"
 
 #include "Connections.h"
 

@@ -22,7 +22,12 @@ fd_set setOf(SOCKET socket)
     return set;
 }
 
-// Not every system calls a connection writable that was cut, nor wakes anybody who waits for that.
+int lengthOf(std::size_t size)
+{
+    return static_cast<int>(std::min<std::size_t>(size, std::numeric_limits<int>::max()));
+}
+
+// Wine neither calls a connection that was cut writable nor wakes a thread that waits for room to write.
 bool hasFailed(SOCKET socket)
 {
     char byte = 0;
@@ -44,7 +49,7 @@ timeval timevalOf(std::chrono::milliseconds time)
 
 bool Platform::waitForSocket(wxSOCKET_T descriptor, SocketReadiness readiness, std::chrono::milliseconds time)
 {
-    // There is no third set: urgent data that nobody takes would make it ready for ever.
+    // There is no third set: urgent data that is never taken would make the socket ready for ever.
     fd_set wanted = setOf(descriptor);
     const bool reads = readiness == SocketReadiness::READABLE;
     timeval limit = timevalOf(time);
@@ -55,17 +60,35 @@ bool Platform::waitForSocket(wxSOCKET_T descriptor, SocketReadiness readiness, s
 
 std::int64_t Platform::peekSocket(wxSOCKET_T descriptor, void* buffer, std::size_t size)
 {
-    const auto length = static_cast<int>(std::min<std::size_t>(size, std::numeric_limits<int>::max()));
+    const int length = lengthOf(size);
     const int count = recv(descriptor, static_cast<char*>(buffer), length, MSG_PEEK);
     // A datagram longer than the buffer is reported as an error, but copied as far as it fits.
     return count == SOCKET_ERROR && WSAGetLastError() == WSAEMSGSIZE ? length : count;
 }
 
+std::int64_t Platform::receiveAtOnce(wxSOCKET_T descriptor, void* buffer, std::size_t size)
+{
+    const int count = recv(descriptor, static_cast<char*>(buffer), lengthOf(size), 0);
+    if (count == SOCKET_ERROR)
+        return WSAGetLastError() == WSAEWOULDBLOCK ? 0 : -1;
+    // The peer sends no more.
+    return count == 0 ? -1 : count;
+}
+
 std::int64_t Platform::sendAtOnce(wxSOCKET_T descriptor, const void* buffer, std::size_t size)
 {
-    const auto length = static_cast<int>(std::min<std::size_t>(size, std::numeric_limits<int>::max()));
-    const int count = send(descriptor, static_cast<const char*>(buffer), length, 0);
+    const int count = send(descriptor, static_cast<const char*>(buffer), lengthOf(size), 0);
     return count == SOCKET_ERROR && WSAGetLastError() == WSAEWOULDBLOCK ? 0 : count;
+}
+
+bool Platform::sendDatagram(wxSOCKET_T descriptor, const sockaddr& address, std::size_t addressSize,
+                            ArrayView<const std::byte> data)
+{
+    // Windows refuses a null pointer also where there is nothing to send.
+    const char none = 0;
+    const char* const bytes = data.empty() ? &none : reinterpret_cast<const char*>(data.data());
+    const int length = lengthOf(data.size());
+    return sendto(descriptor, bytes, length, 0, &address, lengthOf(addressSize)) == length;
 }
 
 void Platform::dropDatagram(wxSOCKET_T descriptor)
@@ -81,7 +104,7 @@ bool Platform::isDescriptorUsable(wxSOCKET_T descriptor)
 
 void Platform::prepareSocket(wxSOCKET_T descriptor)
 {
-    // The toolkit made it non-waiting already.
+    // wxWidgets has made the socket non-blocking already.
     SetHandleInformation(reinterpret_cast<HANDLE>(descriptor), HANDLE_FLAG_INHERIT, 0);
 }
 
@@ -109,7 +132,7 @@ void Platform::prepareListeningSocket(wxSOCKET_T descriptor)
 Platform::NonWaitingSocket::NonWaitingSocket(const wxSocketBase& socket)
     : m_socket(socket), m_changedDescriptor(INVALID_SOCKET)
 {
-    // The toolkit's sockets never wait by themselves here.
+    // On Windows the sockets of wxWidgets never block.
 }
 
 Platform::NonWaitingSocket::~NonWaitingSocket() = default;

@@ -6,7 +6,7 @@
 
 namespace Nolvex::Wx::Legacy::Detail {
 
-/// Logs the parts, one behind the other, where developers run the program; nowhere else.
+/// Logs the parts as one line. Does nothing outside of a development environment.
 template<class... Parts>
 void logForDevelopers(int line, const char* function, const Parts&... parts)
 {

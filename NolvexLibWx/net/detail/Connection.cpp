@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/net/detail/Connection.h"
+
+#include "NolvexLibWx/net/detail/WxTimeout.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace Nolvex::Wx::Legacy::Detail {
+
+namespace {
+
+using Platform::SocketReadiness;
+
+// A wait is cut into waits of this length, between which `end` of another thread is noticed.
+constexpr std::chrono::milliseconds END_CHECK_PERIOD(50);
+
+} // namespace
+
+// The array stays uninitialised: most connections never use most of it.
+// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init)
+Connection::Connection(SocketOwner socket) : m_socket(std::move(socket)), m_descriptor(m_socket->GetSocket())
+{}
+
+bool Connection::isOpen() const
+{
+    return m_socket->IsOk() && !m_isEnded && !m_isLost;
+}
+
+void Connection::setTimeout(std::int64_t seconds)
+{
+    m_socket->SetTimeout(wxTimeoutOf(seconds));
+}
+
+std::int64_t Connection::receive(void* buffer, std::int64_t count, Deadline deadline)
+{
+    auto* const bytes = static_cast<std::byte*>(buffer);
+    auto done = static_cast<std::int64_t>(takeAhead(bytes, static_cast<std::size_t>(count)));
+    while (done < count && !m_isEnded && !m_isLost) {
+        const std::int64_t piece =
+            note(Platform::receiveAtOnce(m_descriptor, bytes + done, static_cast<std::size_t>(count - done)));
+        done += piece;
+        if (piece > 0)
+            deadline.restart();
+        else if (!wait(SocketReadiness::READABLE, deadline))
+            break;
+    }
+    return done;
+}
+
+bool Connection::receiveText(std::string& text, std::size_t maxSize, Deadline deadline)
+{
+    for (std::size_t left = maxSize;;) {
+        const char* const begin = m_ahead.data() + m_aheadBegin;
+        const char* const end = m_ahead.data() + m_aheadEnd;
+        const char* const zero = std::find(begin, end, '\0');
+        const auto length = static_cast<std::size_t>(zero - begin);
+        if (length > left)
+            return false;
+        text.append(begin, length);
+        m_aheadBegin += length + (zero == end ? 0 : 1);
+        if (zero != end)
+            return true;
+        left -= length;
+        if (!fillAhead(deadline))
+            return false;
+        deadline.restart();
+    }
+}
+
+std::int64_t Connection::send(const void* buffer, std::int64_t count, Deadline deadline)
+{
+    const auto* const bytes = static_cast<const std::byte*>(buffer);
+    std::int64_t done = 0;
+    while (done < count && !m_isEnded && !m_isLost) {
+        const std::int64_t piece =
+            note(Platform::sendAtOnce(m_descriptor, bytes + done, static_cast<std::size_t>(count - done)));
+        done += piece;
+        if (piece > 0)
+            deadline.restart();
+        else if (!wait(SocketReadiness::WRITABLE, deadline))
+            break;
+    }
+    return done;
+}
+
+// A negative count stands for a connection that has ended.
+std::int64_t Connection::note(std::int64_t count)
+{
+    if (count < 0)
+        m_isLost = true;
+    return std::max<std::int64_t>(count, 0);
+}
+
+bool Connection::wait(SocketReadiness readiness, const Deadline& deadline) const
+{
+    while (!m_isEnded && !m_isLost) {
+        // A socket that is called ready but moves nothing gets no more time by that.
+        const auto left = deadline.left();
+        if (left == left.zero())
+            return false;
+        if (Platform::waitForSocket(m_descriptor, readiness, std::min(left, END_CHECK_PERIOD)))
+            return true;
+    }
+    return false;
+}
+
+// Called when nothing is ahead. Returns true when something is.
+bool Connection::fillAhead(const Deadline& deadline)
+{
+    m_aheadBegin = 0;
+    m_aheadEnd = 0;
+    while (wait(SocketReadiness::READABLE, deadline)) {
+        m_aheadEnd = static_cast<std::size_t>(
+            note(Platform::receiveAtOnce(m_descriptor, m_ahead.data(), m_ahead.size())));
+        if (m_aheadEnd > 0)
+            return true;
+    }
+    return false;
+}
+
+std::size_t Connection::takeAhead(void* buffer, std::size_t count)
+{
+    const std::size_t taken = std::min(count, ahead());
+    std::copy_n(m_ahead.data() + m_aheadBegin, taken, static_cast<char*>(buffer));
+    m_aheadBegin += taken;
+    return taken;
+}
+
+} // namespace Nolvex::Wx::Legacy::Detail

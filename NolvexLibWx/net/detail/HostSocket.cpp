@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/net/detail/HostSocket.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+namespace Nolvex::Wx::Detail {
+
+namespace {
+
+using Platform::SocketReadiness;
+
+// What one call of wxWidgets is given at most.
+constexpr std::int64_t MAX_CALL_SIZE = std::numeric_limits<std::int32_t>::max();
+
+} // namespace
+
+HostSocket::HostSocket(wxSocketBase& socket)
+    : m_socket(socket),
+      m_hostsFlags(socket.GetFlags()),
+      m_hostsTimeout(socket.GetTimeout()),
+      m_isLost(!Platform::isDescriptorUsable(socket.GetSocket()))
+{
+    // Each call then moves what can be moved at once.
+    m_socket.SetFlags(m_hostsFlags & ~(wxSOCKET_WAITALL | wxSOCKET_NOWAIT));
+    m_socket.SetTimeout(0);
+}
+
+HostSocket::~HostSocket()
+{
+    m_socket.SetFlags(m_hostsFlags);
+    m_socket.SetTimeout(m_hostsTimeout);
+}
+
+std::int64_t HostSocket::receive(void* buffer, std::int64_t count)
+{
+    const Platform::NonWaitingSocket nonWaiting(m_socket);
+    auto* const bytes = static_cast<std::byte*>(buffer);
+    Deadline end = deadline(wxSOCKET_NOWAIT_READ);
+    std::int64_t done = 0;
+    while (done < count && wait(SocketReadiness::READABLE, end)) {
+        const std::int64_t piece = receivePiece(bytes + done, count - done);
+        done += piece;
+        if (piece > 0)
+            end.restart();
+        else if (end.hasPassed())
+            break;
+    }
+    return done;
+}
+
+std::int64_t HostSocket::send(const void* buffer, std::int64_t count)
+{
+    const Platform::NonWaitingSocket nonWaiting(m_socket);
+    const auto* const bytes = static_cast<const std::byte*>(buffer);
+    Deadline end = deadline(wxSOCKET_NOWAIT_WRITE);
+    std::int64_t done = 0;
+    while (done < count && wait(SocketReadiness::WRITABLE, end)) {
+        const std::int64_t piece = sendPiece(bytes + done, count - done);
+        done += piece;
+        if (piece > 0)
+            end.restart();
+        else if (end.hasPassed())
+            break;
+    }
+    return done;
+}
+
+bool HostSocket::receiveText(std::string& text, std::size_t maxSize)
+{
+    std::array<char, 4096> piece;
+    std::size_t left = maxSize;
+    Deadline end = deadline(wxSOCKET_NOWAIT_READ);
+    for (;;) {
+        const std::int64_t count = receiveTextPiece(piece.data(), piece.size(), end);
+        if (m_isLost || (count == 0 && end.hasPassed()))
+            return false;
+        if (count == 0)
+            continue;
+        const bool isComplete = piece[static_cast<std::size_t>(count - 1)] == '\0';
+        const auto length = static_cast<std::size_t>(isComplete ? count - 1 : count);
+        if (length > left)
+            return false;
+        text.append(piece.data(), length);
+        if (isComplete)
+            return true;
+        left -= length;
+        end.restart();
+    }
+}
+
+// Looks at the waiting bytes first and takes them then, so that what follows the text stays in the socket.
+std::int64_t HostSocket::receiveTextPiece(char* buffer, std::size_t size, const Deadline& deadline)
+{
+    const std::int64_t waiting = waitingText(buffer, size);
+    if (waiting > 0)
+        return receivePiece(buffer, waiting);
+    if (!wait(SocketReadiness::READABLE, deadline))
+        return 0;
+    // A single byte does no harm, and when none comes wxWidgets learns that the connection has ended.
+    const Platform::NonWaitingSocket nonWaiting(m_socket);
+    return receivePiece(buffer, std::max<std::int64_t>(waitingText(buffer, size), 1));
+}
+
+// How many of the waiting bytes may be taken: those up to the first zero byte, or all of them.
+std::int64_t HostSocket::waitingText(char* buffer, std::size_t size) const
+{
+    const std::int64_t waiting = Platform::peekSocket(m_socket.GetSocket(), buffer, size);
+    const char* const end = buffer + std::max<std::int64_t>(waiting, 0);
+    const char* const zero = std::find(static_cast<const char*>(buffer), end, '\0');
+    return zero == end ? waiting : zero - buffer + 1;
+}
+
+Deadline HostSocket::deadline(wxSocketFlags flagAgainstWaiting) const
+{
+    const bool waits = (m_hostsFlags & flagAgainstWaiting) == 0;
+    return Deadline::afterSilence(std::chrono::seconds(waits ? std::max(m_hostsTimeout, 0L) : 0));
+}
+
+bool HostSocket::wait(SocketReadiness readiness, const Deadline& deadline) const
+{
+    return !m_isLost && Platform::waitForSocket(m_socket.GetSocket(), readiness, deadline.left());
+}
+
+std::int64_t HostSocket::receivePiece(void* buffer, std::int64_t count)
+{
+    m_socket.Read(buffer, static_cast<wxUint32>(std::min(count, MAX_CALL_SIZE)));
+    const std::int64_t done = m_socket.LastReadCount();
+    // A socket that is ready but gives nothing has reached the end of its connection.
+    m_isLost = done == 0 && (m_socket.IsClosed() || m_socket.LastError() == wxSOCKET_IOERR);
+    return done;
+}
+
+std::int64_t HostSocket::sendPiece(const void* buffer, std::int64_t count)
+{
+    m_socket.Write(buffer, static_cast<wxUint32>(std::min(count, MAX_CALL_SIZE)));
+    const std::int64_t done = m_socket.LastWriteCount();
+    m_isLost = done == 0 && m_socket.LastError() == wxSOCKET_IOERR;
+    return done;
+}
+
+} // namespace Nolvex::Wx::Detail
