@@ -16,6 +16,7 @@
 #include <wx/timer.h>
 
 #include <utility>
+#include <vector>
 
 namespace Nolvex {
 
@@ -27,8 +28,8 @@ public:
     ~NolvexApp() override = default;
 };
 
-// A host that pumps its window messages itself never becomes idle in the toolkit's eyes; pending deletions
-// and UI updates would wait for ever.
+// wxWidgets does its idle processing in its own event loop. In a host that pumps the window messages itself,
+// pending deletions and UI updates would wait for ever.
 class ProcessEventsTimer : public wxTimer
 {
 public:
@@ -39,12 +40,11 @@ constexpr int PROCESS_EVENTS_PERIOD_MS = 2000;
 
 std::int32_t g_startCount = 0;
 
-// For whoever looks at a process that died in between; volatile, or the compiler drops what nobody here
-// reads.
+// Read in a debugger, when a process died in between. Being volatile keeps the compiler from dropping it.
 volatile std::uint8_t g_inTransition = 0;
 
-// Owned, but by hand: a smart pointer would delete it at process exit, after the toolkit, when the host
-// forgot to stop.
+// Not a smart pointer: if the host forgets to stop the library, that would delete the timer when the process
+// ends, after wxWidgets is gone.
 ProcessEventsTimer* g_processEventsTimer = nullptr;
 
 void replaceProcessEventsTimer(ProcessEventsTimer* timer)
@@ -61,55 +61,85 @@ void installApplication()
     wxAppConsoleBase::SetInstance(app);
 }
 
-void addImageHandlers()
+// Remembers which handlers wxImage took, as it deletes the second one of a type.
+void addImageHandler(wxImageHandler* handler, std::vector<wxString>& added)
 {
-    wxImage::AddHandler(new wxPNGHandler);
-    wxImage::AddHandler(new wxJPEGHandler);
-    wxImage::AddHandler(new wxICOHandler);
-    wxImage::AddHandler(new wxBMPHandler);
-    wxImage::AddHandler(new wxGIFHandler);
-    wxImage::AddHandler(new wxTIFFHandler);
-    // The toolkit's list owns them. NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
-    wxImage::AddHandler(new wxTGAHandler);
+    const wxString name = handler->GetName();
+    const bool isNew = wxImage::FindHandler(handler->GetType()) == nullptr;
+    // wxImage owns it. NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
+    wxImage::AddHandler(handler);
+    if (isNew)
+        added.push_back(name);
 }
 
-// The toolkit counts a failed start too, drops the application object and leaves lists behind: take it all
-// back, so that a host that finds a display later can try again.
-[[noreturn]] void giveUpStart()
+// Returns the names of those that the host had not added before.
+std::vector<wxString> addImageHandlers()
+{
+    std::vector<wxString> added;
+    addImageHandler(new wxPNGHandler, added);
+    addImageHandler(new wxJPEGHandler, added);
+    addImageHandler(new wxICOHandler, added);
+    addImageHandler(new wxBMPHandler, added);
+    addImageHandler(new wxGIFHandler, added);
+    addImageHandler(new wxTIFFHandler, added);
+    addImageHandler(new wxTGAHandler, added);
+    return added;
+}
+
+// wxInitialize counts a failed start too, deletes the application object and leaves lists behind. All of
+// that is undone, so that a host that finds a display later can try again.
+[[noreturn]] void giveUpStart(const std::vector<wxString>& imageHandlers, bool wasLogging)
 {
     wxUninitialize();
     wxDeleteStockLists();
     wxDELETE(wxTheColourDatabase);
-    wxImage::CleanUpHandlers();
-    WindowDisabling::uninstall();
+    for (const wxString& name : imageHandlers)
+        wxImage::RemoveHandler(name);
+    wxLog::EnableLogging(wasLogging);
     Lib::shutdown();
     g_inTransition = 0;
     throw Exception("The graphical interface could not be started. Is a display available?");
 }
 
-void startFirst(LibWx::ApplicationType type)
+bool isApplicationType(LibWx::ApplicationType type)
 {
-    Lib::startup();
-    WindowDisabling::install();
-    wxLog::EnableLogging(false);
-    installApplication();
-    addImageHandlers();
-    Platform::announceToolkitModule();
-    if (!wxInitialize())
-        giveUpStart();
-    wxSocketBase::Initialize();
-
     switch (type) {
     case LibWx::ApplicationType::APPLICATION:
     case LibWx::ApplicationType::PLUGIN:
-        wxAppConsoleBase::GetInstance()->CallOnInit();
-        break;
     case LibWx::ApplicationType::HOST_INITIALISED:
-        break;
-    default:
-        // The number is part of the message that users report; it stays when lines move.
-        Detail::throwStopException("NolvexLibWx", 177);
+        return true;
     }
+    return false;
+}
+
+// Dialogs may be shown by OnInit already, and disable the other windows.
+void initialiseApplication(LibWx::ApplicationType type)
+{
+    WindowDisabling::install();
+    try {
+        if (type != LibWx::ApplicationType::HOST_INITIALISED)
+            wxAppConsoleBase::GetInstance()->CallOnInit();
+    } catch (...) {
+        WindowDisabling::uninstall();
+        throw;
+    }
+}
+
+void startFirst(LibWx::ApplicationType type)
+{
+    Lib::startup();
+    const bool wasLogging = wxLog::EnableLogging(false);
+    installApplication();
+    const std::vector<wxString> imageHandlers = addImageHandlers();
+    Platform::announceToolkitModule();
+    if (!wxInitialize())
+        giveUpStart(imageHandlers, wasLogging);
+    wxSocketBase::Initialize();
+
+    // The number is part of the message that users report; it stays when lines move.
+    if (!isApplicationType(type))
+        Detail::throwStopException("NolvexLibWx", 177);
+    initialiseApplication(type);
 
     replaceProcessEventsTimer(new ProcessEventsTimer);
     g_processEventsTimer->Start(PROCESS_EVENTS_PERIOD_MS, wxTIMER_CONTINUOUS);

@@ -7,52 +7,53 @@
 
 namespace Nolvex::LibWx {
 
-/// What `startup` does with the application object once the toolkit is up.
+/// What `startup` does with the application object when wxWidgets has been initialised.
 enum class ApplicationType : std::int32_t
 {
-    /// The library's programs: the application's `CallOnInit` is called, its result ignored.
+    /// A program made of the library: `startup` calls the application's `CallOnInit` and ignores the result.
     APPLICATION = 0,
-    /// A plug-in in a foreign process: initialised like an application.
+    /// A plug-in in a foreign process, which is initialised like an application.
     PLUGIN = 1,
-    /// The host initialises its application object itself.
+    /// The host initialises its application object itself; `startup` does not call `CallOnInit`.
     HOST_INITIALISED = 2,
 };
 
-// All functions are for the host's GUI thread; nothing here is synchronised.
+// The functions are called on the host's GUI thread. They take no locks.
 
-/// Counted start. The first call brings up the core library, the toolkit with its image handlers and sockets,
-/// and a timer that runs the toolkit's idle processing every two seconds; later calls only count.
+/// Counted start. The first call starts the core library and wxWidgets, with its image handlers and sockets,
+/// and a timer that runs wxWidgets' idle processing every two seconds. Later calls only count.
 ///
-/// Uses the host's application object when there is one and makes a "NolvexApp" when there is none. A host
-/// with an object of its own starts the toolkit, if it does that itself, by the counted `wxInitialize`, never
-/// by `wxEntry`.
+/// The host's application object is used if there is one; otherwise a "NolvexApp" is made. A host with an
+/// object of its own may have initialised wxWidgets by the counted `wxInitialize`, but not by `wxEntry`.
 ///
-/// Throws Exception, with everything undone and nothing counted, when the toolkit cannot start (no display).
-/// A `type` outside the enumeration is a StopException, raised when the toolkit is up already; nothing is
-/// counted then either.
+/// Throws Exception if wxWidgets cannot start, because there is no display. Nothing is counted then, and
+/// everything is undone, but wxWidgets deletes the application object, also the host's.
+/// A `type` outside the enumeration is a StopException, which is thrown when wxWidgets has already been
+/// initialised. Nothing is counted then, and a host that goes on has to uninitialise wxWidgets itself.
 NOLVEXLIBWX_EXPORT void startup(ApplicationType type);
 
-/// Counted stop. The call that brings the count to exactly 0 tears everything down in reverse; windows must
-/// be gone. Without a matching `startup` the count becomes negative, and the next `startup` only brings it
-/// back to 0.
+/// Counted stop. The call that brings the count to exactly 0 stops everything in reverse order; all windows
+/// must be gone. A call without a matching `startup` makes the count negative, and the next `startup` only
+/// brings it back to 0.
 NOLVEXLIBWX_EXPORT void shutdown() noexcept;
 
 /// True while the count is above 0.
 NOLVEXLIBWX_EXPORT bool isStarted();
 
-// Between startup and the last shutdown only: the functions below use the application object unasked.
+// The functions below use the application object without looking whether there is one. They may be called
+// between `startup` and the last `shutdown`.
 
-/// Runs the toolkit's main loop until `stopEventLoop`; returns its exit code.
+/// Runs wxWidgets' main loop until `stopEventLoop` is called, and returns its exit code.
 NOLVEXLIBWX_EXPORT int runEventLoop();
 
 /// Ends `runEventLoop`.
 NOLVEXLIBWX_EXPORT void stopEventLoop();
 
-/// Processes the toolkit's pending events: what CallAfter and QueueEvent left.
+/// Processes wxWidgets' pending events, which CallAfter and QueueEvent have queued.
 NOLVEXLIBWX_EXPORT void processWxWidgetsPendingEvents();
 
-/// Processes the toolkit's pending events, then the core library's (`Lib::postToMainThread`). A host with a
-/// loop of its own calls it regularly.
+/// Processes wxWidgets' pending events, then those of the core library (`Lib::postToMainThread`). A host with
+/// a loop of its own calls this function regularly.
 NOLVEXLIBWX_EXPORT void processAllPendingEvents();
 
 } // namespace Nolvex::LibWx

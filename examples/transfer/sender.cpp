@@ -111,7 +111,7 @@ protected:
 
         const String host = Wx::toString(arguments.GetParam(0));
         const SocketAddress address(host, static_cast<unsigned short>(port));
-        if (!isKnown(address))
+        if (!address.hasHost())
             return fail(L"The host \"" + host + L"\" is unknown.");
         TcpClient client(address, static_cast<unsigned>(seconds));
         if (!client.isOpen())
@@ -123,12 +123,6 @@ protected:
     }
 
 private:
-    // What a name that cannot be resolved becomes, which depends on the system; nobody can be reached there.
-    static bool isKnown(const SocketAddress& address)
-    {
-        return address != SocketAddress::anyAddress(0) && !address.isBroadcast();
-    }
-
     int sendFiles(TcpClient& client, const wxCmdLineParser& arguments) const
     {
         int exitCode = DONE;

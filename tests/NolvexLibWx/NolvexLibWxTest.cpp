@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
-// Each test runs in a process of its own: some leave the library counted wrongly or the toolkit half started.
+// Each test runs in a process of its own, since some leave the library counted wrongly or wxWidgets half
+// started.
 #include "NolvexLibWx/NolvexLibWx.h"
 
 #include "NolvexLib/Exception.h"
+#include "NolvexLib/GuiDisabler.h"
 #include "NolvexLib/Lib.h"
 #include "NolvexLib/StopException.h"
 #include "support/NativeTraits.h"
@@ -20,6 +22,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -48,9 +52,21 @@ void installHostApp(const char* className)
     wxApp::SetInstance(app);
 }
 
-// Writes down what the library calls when it stops.
+// Records what the library calls when it starts and stops, and when wxWidgets' sockets can be used.
 struct RecordingApp : wxApp
 {
+    bool Initialize(int& count, wxChar** arguments) override
+    {
+        order += "Initialize" + sockets();
+        return wxApp::Initialize(count, arguments);
+    }
+
+    bool OnInit() override
+    {
+        order += "OnInit" + sockets();
+        return true;
+    }
+
     bool ProcessIdle() override
     {
         order += "ProcessIdle ";
@@ -59,7 +75,7 @@ struct RecordingApp : wxApp
 
     int OnExit() override
     {
-        order += "OnExit ";
+        order += "OnExit" + sockets();
         return wxApp::OnExit();
     }
 
@@ -69,10 +85,55 @@ struct RecordingApp : wxApp
         wxApp::ExitMainLoop();
     }
 
-    ~RecordingApp() override { order += "deleted"; }
+    void CleanUp() override
+    {
+        order += "CleanUp" + sockets();
+        wxApp::CleanUp();
+    }
+
+    static std::string sockets() { return wxSocketBase::IsInitialized() ? "(sockets) " : " "; }
 
     static inline std::string order;
 };
+
+// Records when wxWidgets' idle processing begins. GTK adds calls of its own right behind each other, which
+// count as one.
+struct IdleRecordingApp : wxApp
+{
+    using Clock = std::chrono::steady_clock;
+
+    bool ProcessIdle() override
+    {
+        const Clock::time_point now = Clock::now();
+        if (now - last > std::chrono::milliseconds(500))
+            times.push_back(now);
+        last = now;
+        return wxApp::ProcessIdle();
+    }
+
+    static inline std::vector<Clock::time_point> times;
+    static inline Clock::time_point last;
+};
+
+// Of the same type as one of the library's, but not of the same name.
+struct HostHandler : wxPNGHandler
+{
+    HostHandler() { SetName("the host's"); }
+};
+
+// How many windows a GuiDisabler made now disables: none without the library's hook.
+bool disablesWindows()
+{
+    auto* frame = new wxFrame(nullptr, wxID_ANY, "disabled");
+    frame->Show();
+    bool isDisabled = false;
+    {
+        const Nolvex::GuiDisabler disabler;
+        isDisabled = !frame->IsEnabled();
+    }
+    delete frame;
+    return isDisabled;
+}
 
 std::vector<std::string> imageHandlerNames()
 {
@@ -206,8 +267,10 @@ TEST(NolvexLibWxTest, startup_ofAnInvalidType_raisesTheStopExceptionUncounted)
         EXPECT_EQ(stop.line(), 177);
     }
     EXPECT_FALSE(isStarted());
-    EXPECT_NE(wxAppConsoleBase::GetInstance(), nullptr) << "the toolkit was up before the type was looked at";
-    // What a host that survives this has to take down by itself.
+    EXPECT_NE(wxAppConsoleBase::GetInstance(), nullptr)
+        << "wxWidgets is initialised before the type is checked";
+    EXPECT_FALSE(disablesWindows());
+    // A host that goes on uninitialises wxWidgets itself.
     wxSocketBase::Shutdown();
     wxUninitialize();
     Nolvex::Lib::shutdown();
@@ -225,7 +288,35 @@ TEST(NolvexLibWxTest, startup_again_initialisesEverythingAnew)
     }
 }
 
-TEST(NolvexLibWxTest, lastShutdown_idlesExitsAndEndsTheLoopBeforeTheToolkitGoes)
+TEST(NolvexLibWxTest, applicationThatRaisesInOnInit_leavesNoWindowsDisabled)
+{
+    struct RaisingApp : wxApp
+    {
+        bool OnInit() override
+        {
+            EXPECT_TRUE(disablesWindows());
+            throw Nolvex::Exception("no");
+        }
+    };
+
+    wxApp::SetInstance(new RaisingApp);
+    EXPECT_THROW(startup(ApplicationType::APPLICATION), Nolvex::Exception);
+    EXPECT_FALSE(isStarted());
+    EXPECT_FALSE(disablesWindows());
+    wxSocketBase::Shutdown();
+    wxUninitialize();
+    Nolvex::Lib::shutdown();
+}
+
+TEST(NolvexLibWxTest, firstStartup_startsWxWidgetsThenItsSocketsThenTheApplication)
+{
+    wxApp::SetInstance(new RecordingApp);
+    startup(ApplicationType::APPLICATION);
+    EXPECT_EQ(RecordingApp::order, "Initialize OnInit(sockets) ");
+    shutdown();
+}
+
+TEST(NolvexLibWxTest, lastShutdown_idlesExitsEndsTheLoopAndStopsTheSocketsBeforeWxWidgets)
 {
     wxApp::SetInstance(new RecordingApp);
     startup(ApplicationType::APPLICATION);
@@ -234,7 +325,7 @@ TEST(NolvexLibWxTest, lastShutdown_idlesExitsAndEndsTheLoopBeforeTheToolkitGoes)
     shutdown();
     EXPECT_EQ(RecordingApp::order, "");
     shutdown();
-    EXPECT_EQ(RecordingApp::order, "ProcessIdle OnExit ExitMainLoop deleted");
+    EXPECT_EQ(RecordingApp::order, "ProcessIdle OnExit(sockets) ExitMainLoop CleanUp ");
 }
 
 TEST(NolvexLibWxTest, startup_tellsTheToolkitItsModule)
@@ -301,8 +392,8 @@ TEST(NolvexLibWxTest, hostLoopWithoutIdleProcessing_getsItFromTheTimer)
 {
     startup(ApplicationType::APPLICATION);
 
-    // A top-level window waits for idle processing to be deleted; nothing below processes idle events but the
-    // timer.
+    // A top-level window waits for idle processing to be deleted. Under Windows nothing below processes idle
+    // events but the timer.
     struct Watched : wxFrame
     {
         explicit Watched(bool& gone) : wxFrame(nullptr, wxID_ANY, "watched"), m_gone(gone) {}
@@ -329,6 +420,30 @@ TEST(NolvexLibWxTest, hostLoopWithoutIdleProcessing_getsItFromTheTimer)
     shutdown();
 }
 
+TEST(NolvexLibWxTest, hostLoopWithoutIdleProcessing_getsItEveryTwoSeconds)
+{
+    using std::chrono::milliseconds;
+    wxApp::SetInstance(new IdleRecordingApp);
+    startup(ApplicationType::APPLICATION);
+    wxTimer alarm;
+    bool isLate = false;
+    alarm.Bind(wxEVT_TIMER, [&](wxTimerEvent&) { isLate = true; });
+    alarm.StartOnce(20000);
+    wxEventLoop loop;
+    const wxEventLoopActivator active(&loop);
+    // The first may be GTK's own, in the beginning.
+    const auto& times = IdleRecordingApp::times;
+    while (times.size() < 4 && !isLate)
+        loop.Dispatch();
+    ASSERT_GE(times.size(), 4u);
+    const auto first = times[2] - times[1];
+    const auto second = times[3] - times[2];
+    // A loaded computer may be late once, and the next period is shorter then.
+    EXPECT_GT(first + second, milliseconds(3800));
+    EXPECT_LT(std::min(first, second), milliseconds(2200));
+    shutdown();
+}
+
 TEST(NolvexLibWxTest, startup_withoutADisplay_raisesAMessageAndCanBeTriedAgain)
 {
     if (!Nolvex::Tests::displayMayBeMissing())
@@ -337,6 +452,9 @@ TEST(NolvexLibWxTest, startup_withoutADisplay_raisesAMessageAndCanBeTriedAgain)
     wxGetEnv("DISPLAY", &display);
     wxUnsetEnv("DISPLAY");
     wxUnsetEnv("WAYLAND_DISPLAY");
+    auto* hostJpeg = new wxJPEGHandler;
+    wxImage::AddHandler(hostJpeg);
+    wxImage::AddHandler(new HostHandler);
     for (int i = 0; i < 2; ++i) {
         try {
             startup(ApplicationType::APPLICATION);
@@ -346,9 +464,13 @@ TEST(NolvexLibWxTest, startup_withoutADisplay_raisesAMessageAndCanBeTriedAgain)
         }
         EXPECT_FALSE(isStarted());
         EXPECT_EQ(wxAppConsoleBase::GetInstance(), nullptr);
+        EXPECT_EQ(imageHandlerNames(), (std::vector<std::string>{"JPEG file", "the host's"}));
+        EXPECT_EQ(wxImage::FindHandler("JPEG file"), hostJpeg);
+        EXPECT_TRUE(wxLog::IsEnabled());
     }
     wxSetEnv("DISPLAY", display);
     startup(ApplicationType::APPLICATION);
     EXPECT_TRUE(isStarted());
+    EXPECT_EQ(imageHandlerNames().size(), 7u) << "the host's handlers stand for those of their types";
     shutdown();
 }

@@ -1,15 +1,17 @@
 # SPDX-License-Identifier: MIT
-# Shared by the scripts at the root: installing packages, a display of their own, running tests and counting them.
-# Sourced by bash scripts that have set -euo pipefail and changed to the root of the project.
+# Shared by the scripts: installing packages, a display of their own, running tests and counting them. Sourced by bash
+# scripts that have set -euo pipefail and changed to the root of the project.
 
-# Some services start programs without it.
+. tools/package-lock.sh
+
+# Some services start programs without HOME.
 HOME=${HOME:-$(getent passwd "$(id -u)" | cut -d: -f6)}
 export HOME
 
 export CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
-# Timestamps of a fresh clone are new; what the compiler reads is not.
+# A compiler that was installed anew is the same compiler.
 export CCACHE_COMPILERCHECK=content
-# What one clone compiled serves the next, wherever that lies.
+# A clone uses what another one compiled, wherever the two lie.
 export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
 
 BUILD_PACKAGES=(build-essential cmake ninja-build ccache pkg-config git
@@ -23,7 +25,7 @@ say() {
   printf '== %s\n' "$*"
 }
 
-# need_packages PACKAGE...: installs those that are missing; asks for rights only then.
+# need_packages PACKAGE...: installs those that are missing, and asks for rights only then.
 need_packages() {
   local missing=() package
   for package in "$@"; do
@@ -41,34 +43,50 @@ need_packages() {
     root=(sudo)
   fi
   say "installing ${missing[*]}"
-  "${root[@]}" apt-get update -qq
-  "${root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+  with_package_manager "${root[@]}" apt-get update -qq
+  with_package_manager "${root[@]}" env DEBIAN_FRONTEND=noninteractive \
+    apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
 
 display_processes=()
 
-# start_display [WIDTHxHEIGHT]: an X server and a window manager for this script alone; sets DISPLAY.
-start_display() {
-  local size=${1:-1280x1024} number_file
-  need_packages "${DISPLAY_PACKAGES[@]}"
+# use_display NUMBER: from now on programs show their windows there, also on a Wayland desktop, which GTK prefers.
+use_display() {
+  DISPLAY=":$1"
+  GDK_BACKEND=x11
+  export DISPLAY GDK_BACKEND
+  unset WAYLAND_DISPLAY
+}
+
+# start_server COMMAND...: starts an X server, which picks a free number itself and says which, and shows windows there.
+start_server() {
+  local number_file
   number_file=$(mktemp)
-  # The server picks a free number itself and says which.
-  Xvfb -displayfd 3 -screen 0 "${size}x24" -nolisten tcp 3>"$number_file" >/dev/null 2>&1 &
+  "$@" -displayfd 3 -nolisten tcp 3>"$number_file" >/dev/null 2>&1 &
   display_processes+=($!)
   for _ in $(seq 200); do
     [ -s "$number_file" ] && break
     sleep 0.05
   done
   if [ ! -s "$number_file" ]; then
-    echo "The display for the programs could not be started (Xvfb)." >&2
+    echo "The display for the programs could not be started ($1)." >&2
     exit 1
   fi
-  DISPLAY=":$(cat "$number_file")"
+  use_display "$(cat "$number_file")"
   rm -f "$number_file"
-  export DISPLAY
+}
+
+start_window_manager() {
   openbox >/dev/null 2>&1 &
   display_processes+=($!)
   sleep 0.3
+}
+
+# start_display [WIDTHxHEIGHT]: an X server and a window manager for this script alone.
+start_display() {
+  need_packages "${DISPLAY_PACKAGES[@]}"
+  start_server Xvfb -screen 0 "${1:-1280x1024}x24"
+  start_window_manager
 }
 
 stop_display() {
@@ -101,9 +119,8 @@ count_tests() {
   skipped=$((skipped + $(grep -cE '\[  SKIPPED \] .*ms\)' "$1" || true)))
 }
 
-# run_tests NAME BUILD-FOLDER: all test programs, one after the other, since they share screen, mouse and focus. Adds to
-# passed, failed and skipped; a program that crashed, hung or ran nothing counts as failed.
-# tests_run is how many GoogleTest reported.
+# run_tests NAME BUILD-FOLDER: all test programs. Adds to passed, failed and skipped; a program that crashed, hung or ran
+# nothing counts as failed. Sets tests_run to the number of tests that GoogleTest reported.
 run_tests() {
   local name=$1 folder=$2 log="build/$1-tests.log" passed_before=$passed failed_before=$failed status=0
   local before=$((passed + failed + skipped))
@@ -131,7 +148,7 @@ run_test_program() {
   fi
 }
 
-# summary NAME: the closing line; its status is that of the run.
+# summary NAME: prints the closing line; its status is that of the run.
 summary() {
   echo "$1: $passed passed, $failed failed, $skipped skipped"
   [ "$failed" -eq 0 ] && [ "$passed" -gt 0 ]

@@ -9,6 +9,7 @@ passed=0 failed=0 skipped=0
 
 need_packages "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}"
 check "style" tools/testing/style.sh
+check "scripts" tools/testing/scripts.sh
 configure_and_build linux-release
 start_display
 trap stop_display EXIT

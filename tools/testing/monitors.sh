@@ -10,35 +10,19 @@ cd "$(dirname "$0")/../.."
 need_packages tigervnc-standalone-server xvfb openbox python3
 folder=$1
 work=$(mktemp -d)
-processes=()
 
 stop() {
-  local process
-  for process in "${processes[@]}"; do
-    kill "$process" 2>/dev/null || true
-    wait "$process" 2>/dev/null || true
-  done
+  stop_display
   rm -rf "$work"
 }
 trap stop EXIT
 
-Xtigervnc -displayfd 3 -SecurityTypes None -rfbport -1 -rfbunixpath "$work/viewers" -nolisten tcp -noreset -depth 24 \
-  3>"$work/display" >"$work/server.log" 2>&1 &
-processes+=($!)
+start_server Xtigervnc -SecurityTypes None -rfbport -1 -rfbunixpath "$work/viewers" -noreset -depth 24
 for _ in $(seq 200); do
-  [ -s "$work/display" ] && [ -S "$work/viewers" ] && break
+  [ -S "$work/viewers" ] && break
   sleep 0.05
 done
-if [ ! -s "$work/display" ]; then
-  echo "monitors: the display could not be started"
-  tail -n 5 "$work/server.log"
-  exit 1
-fi
-DISPLAY=":$(cat "$work/display")"
-export DISPLAY
-openbox >/dev/null 2>&1 &
-processes+=($!)
-sleep 0.3
+start_window_manager
 
 # run PROGRAM FILTER: prints what failed.
 run() {
@@ -69,14 +53,8 @@ done
 other_screen() {
   local name=$1
   shift
-  rm -f "$work/display"
-  Xvfb -displayfd 3 "$@" -nolisten tcp 3>"$work/display" >"$work/server.log" 2>&1 &
-  processes+=($!)
-  for _ in $(seq 200); do
-    [ -s "$work/display" ] && break
-    sleep 0.05
-  done
-  DISPLAY=":$(cat "$work/display")" run NolvexLibWxTests "$captures" || { echo "monitors: failed $name"; exit 1; }
+  start_server Xvfb "$@"
+  run NolvexLibWxTests "$captures" || { echo "monitors: failed $name"; exit 1; }
 }
 
 GDK_SCALE=2 other_screen 'on a scaled desktop' -screen 0 1280x1024x24

@@ -1,10 +1,13 @@
 # shellcheck shell=bash
 # SPDX-License-Identifier: MIT
-# The Debian packages the cross-build needs.
+# The Debian packages that the cross-build needs.
 
-# Those whose contents end up in the prefix, so that their versions name it too. zlib, GoogleTest
-# and utfcpp need no source package: zlib is there for MinGW, GoogleTest is packaged as source and
-# utfcpp is nothing but headers.
+# shellcheck source=/dev/null
+source "$HERE/../package-lock.sh"
+
+# Those whose contents end up in the prefix, so that their versions are part of its name. zlib,
+# GoogleTest and utfcpp need no source package: zlib is there for MinGW, GoogleTest is packaged as
+# source and utfcpp is nothing but headers.
 readonly BUILD_PACKAGES=(
     g++-mingw-w64-x86-64-posix
     mingw-w64-x86-64-dev
@@ -40,10 +43,10 @@ install_packages() {
         as_root=(sudo)
     fi
     say "installing Debian packages: ${missing[*]}"
-    # Outdated lists may still do, so a failed update is no reason to give up.
-    run_attached "${as_root[@]}" apt-get -q update ||
+    # Outdated lists may be good enough, so a failed update is no reason to give up.
+    with_package_manager run_attached "${as_root[@]}" apt-get -q update ||
         say "apt-get update failed, going on with the lists there are"
-    run_attached "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
-        apt-get -q -y --no-install-recommends -o DPkg::Lock::Timeout=600 install "${missing[@]}" ||
+    with_package_manager run_attached "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get -q -y --no-install-recommends install "${missing[@]}" ||
         die_with_log "the Debian packages could not be installed"
 }

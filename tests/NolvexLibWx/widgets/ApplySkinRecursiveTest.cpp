@@ -3,9 +3,8 @@
 
 #include "NolvexLibWx/widgets/SkinnableMixin.h"
 #include "NolvexLibWx/widgets/TextButton.h"
-#include "support/Events.h"
+#include "support/FrameFixture.h"
 
-#include <wx/frame.h>
 #include <wx/panel.h>
 #include <wx/textctrl.h>
 
@@ -27,18 +26,18 @@ GuiSkin someSkin()
     return skin;
 }
 
-struct ApplySkinRecursiveTest : testing::Test
-{
-    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "skin");
-
-    ~ApplySkinRecursiveTest() override { Tests::destroyNow(frame); }
-};
+struct ApplySkinRecursiveTest : Tests::FrameFixture
+{};
 
 } // namespace
 
+TEST_F(ApplySkinRecursiveTest, withoutAWindow_doesNothing)
+{
+    applySkinRecursive(nullptr, someSkin());
+}
+
 TEST_F(ApplySkinRecursiveTest, everyWindowOfTheTree_getsBothColours)
 {
-    auto* panel = new wxPanel(frame);
     auto* inner = new wxPanel(panel);
     auto* control = new wxTextCtrl(inner, wxID_ANY);
     applySkinRecursive(frame, someSkin());
@@ -51,7 +50,6 @@ TEST_F(ApplySkinRecursiveTest, everyWindowOfTheTree_getsBothColours)
 
 TEST_F(ApplySkinRecursiveTest, windowWithoutChildren_isTheOnlyOneTouched)
 {
-    auto* panel = new wxPanel(frame);
     auto* sibling = new wxPanel(frame);
     const wxColour before = sibling->GetBackgroundColour();
     const wxColour frameBefore = frame->GetBackgroundColour();
