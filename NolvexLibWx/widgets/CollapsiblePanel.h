@@ -14,7 +14,8 @@ class StaticLine;
 class StaticText;
 
 /// A window that folds away under a header: a triangle, a label and, if wanted, one more window at the right.
-/// A click on the triangle or the label folds and unfolds.
+/// A click on the triangle or the label folds and unfolds, and so do Space and Enter while the triangle has the
+/// focus.
 ///
 /// Each change calls the callback and then sends a wxCollapsiblePaneEvent, which goes up to the parents;
 /// either may destroy the panel. A new panel is collapsed, and has sent that event already.
@@ -48,6 +49,7 @@ private:
     void layOut();
     void showContent(bool show);
     void onHeaderClicked(wxMouseEvent& event);
+    void onTickKey(wxKeyEvent& event);
 
     wxWindow* m_content = nullptr;
     wxWindow* m_extra = nullptr;
@@ -58,7 +60,8 @@ private:
     StaticLine* m_rule = nullptr;
 };
 
-/// The triangle: it points down over what is shown and right when that is folded away.
+/// The triangle: it points down over content that is shown and right when the content is folded away. Dots
+/// around it, in the skin's text colour, show that it has the focus.
 class NOLVEXLIBWX_EXPORT CollapsiblePanel::Tick : public wxPanel
 {
 public:
@@ -77,6 +80,8 @@ public:
     static void draw(wxDC& dc, wxSize size, bool expanded, const GuiSkin& skin);
 
 private:
+    void onFocusChanged(wxFocusEvent& event);
+
     bool m_expanded = true;
 };
 

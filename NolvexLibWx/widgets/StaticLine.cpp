@@ -2,8 +2,10 @@
 #include "NolvexLibWx/widgets/StaticLine.h"
 
 #include "NolvexLib/StopException.h"
+#include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/ColourConversions.h"
 #include "NolvexLibWx/CrispLines.h"
+#include "NolvexLibWx/LabelledAccount.h"
 
 #include <wx/dcclient.h>
 #include <wx/pen.h>
@@ -55,6 +57,7 @@ Wx::StaticLine::StaticLine(wxWindow* parent, wxOrientation orientation, ArrayVie
         m_colours.push_back(toWxColour(colour));
     fixThickness();
     setLengthScale(lengthScale);
+    describeAs<LabelledAccount, AccessibleRole::SEPARATOR>(*this);
 }
 
 Wx::StaticLine::~StaticLine() = default;

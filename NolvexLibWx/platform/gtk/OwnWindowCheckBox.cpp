@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/platform/OwnWindowCheckBox.h"
 
+#include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/CheckBoxExtent.h"
-#include "NolvexLibWx/platform/Accessibility.h"
 
 #include <wx/weakref.h>
 
@@ -38,7 +38,6 @@ bool Platform::OwnWindowCheckBox::Create(wxWindow* parent, wxWindowID id, const 
     bindEvents();
     // Also told when a parent is disabled, which the toolkit says to nobody.
     g_signal_connect(m_widget, "state-flags-changed", G_CALLBACK(onStateChanged), this);
-    describeControl(*this, AccessibleRole::CHECK_BOX);
     return true;
 }
 
@@ -63,7 +62,7 @@ void Platform::OwnWindowCheckBox::SetValue(bool value)
 void Platform::OwnWindowCheckBox::DoSet3StateValue(wxCheckBoxState value)
 {
     m_value = value;
-    switchControl(*this, GetValue());
+    Wx::updateAccessible(*this);
     Refresh();
 }
 
@@ -72,7 +71,7 @@ void Platform::OwnWindowCheckBox::SetLabel(const wxString& label)
     wxControlBase::SetLabel(label);
     m_labelOrig = label;
     InvalidateBestSize();
-    renameControl(*this);
+    Wx::updateAccessible(*this);
     Refresh();
 }
 
