@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/MoveFocus.h"
 
-#include "NolvexLibWx/widgets/Focusable.h"
+#include "NolvexLib/Array.h"
+#include "NolvexLibWx/Focusable.h"
 
+#include <wx/event.h>
 #include <wx/window.h>
+
+#include <algorithm>
 
 namespace Nolvex {
 
@@ -18,9 +22,51 @@ Node neighbour(const wxWindowList& siblings, const Node& node, Wx::MoveFocusDire
     return node->GetPrevious() ? node->GetPrevious() : siblings.GetLast();
 }
 
-bool takesFocus(const wxWindow& window)
+bool isFocusableControl(const wxWindow& window)
 {
-    return window.IsFocusable() && dynamic_cast<const Wx::Focusable*>(&window) != nullptr;
+    return dynamic_cast<const Wx::Focusable*>(&window) != nullptr;
+}
+
+bool canHoldTabStops(const wxWindow& window)
+{
+    return !window.IsTopLevel() && window.CanBeFocused();
+}
+
+// Appends the Tab stops within the window in the order of the Tab key, and the window itself if it has none.
+void collectTabStops(wxWindow& window, Array<wxWindow*>& stops)
+{
+    const std::size_t before = stops.size();
+    for (wxWindow* child : window.GetChildren()) {
+        if (canHoldTabStops(*child))
+            collectTabStops(*child, stops);
+    }
+    if (stops.size() == before && window.AcceptsFocus() && window.AcceptsFocusFromKeyboard())
+        stops.push_back(&window);
+}
+
+wxWindow& topLevelParent(wxWindow& window)
+{
+    wxWindow* top = &window;
+    while (!top->IsTopLevel() && top->GetParent() != nullptr)
+        top = top->GetParent();
+    return *top;
+}
+
+bool isWithin(const wxWindow* window, const wxWindow& ancestor)
+{
+    while (window != nullptr && window != &ancestor)
+        window = window->GetParent();
+    return window != nullptr;
+}
+
+// A Focusable may be made of several windows, as a text field with two arrows: its parts belong to the group.
+bool isInGroupOf(const wxWindow& member, const wxWindow* stop)
+{
+    if (isWithin(stop, member))
+        return true;
+    while (stop != nullptr && stop->GetParent() != member.GetParent())
+        stop = stop->GetParent();
+    return stop != nullptr && isFocusableControl(*stop);
 }
 
 } // namespace
@@ -35,11 +81,52 @@ void Wx::moveFocus(wxWindow* window, MoveFocusDirection direction)
         return;
     for (Node node = neighbour(siblings, start, direction); node != start;
          node = neighbour(siblings, node, direction)) {
-        if (takesFocus(*node->GetData())) {
-            node->GetData()->SetFocus();
+        wxWindow& sibling = *node->GetData();
+        if (sibling.IsFocusable() && isFocusableControl(sibling)) {
+            sibling.SetFocus();
             return;
         }
     }
+}
+
+void Wx::leaveFocusGroup(wxWindow* window, MoveFocusDirection direction)
+{
+    if (window == nullptr || window->GetParent() == nullptr)
+        return;
+    Array<wxWindow*> stops;
+    collectTabStops(topLevelParent(*window), stops);
+    if (direction != MoveFocusDirection::FORWARD)
+        std::reverse(stops.begin(), stops.end());
+    const auto start = std::find_if(stops.begin(), stops.end(),
+                                    [window](const wxWindow* stop) { return isWithin(stop, *window); });
+    std::rotate(stops.begin(), start, stops.end());
+    const auto next = std::find_if(stops.begin(), stops.end(),
+                                   [window](const wxWindow* stop) { return !isInGroupOf(*window, stop); });
+    if (next != stops.end())
+        (*next)->SetFocusFromKbd();
+}
+
+void Wx::bindGroupExit(wxWindow& window)
+{
+    // This event comes before wxWidgets and GTK look for keys that move the focus.
+    window.Bind(wxEVT_CHAR_HOOK, [&window](wxKeyEvent& event) {
+        if (event.GetKeyCode() != WXK_TAB || !event.ControlDown() || event.AltDown()) {
+            event.Skip();
+            return;
+        }
+        leaveFocusGroup(&window,
+                        event.ShiftDown() ? MoveFocusDirection::BACKWARD : MoveFocusDirection::FORWARD);
+    });
+}
+
+bool Wx::isTabStop(const wxWindow& window)
+{
+    if (!window.IsFocusable() || !window.AcceptsFocusFromKeyboard())
+        return false;
+    const wxWindowList& children = window.GetChildren();
+    return std::none_of(children.begin(), children.end(), [](const wxWindow* child) {
+        return canHoldTabStops(*child) && child->AcceptsFocusFromKeyboard();
+    });
 }
 
 } // namespace Nolvex

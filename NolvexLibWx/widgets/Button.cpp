@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/widgets/Button.h"
 
+#include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/ColourConversions.h"
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/FontSetup.h"
 #include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/paint/PerScale.h"
-#include "NolvexLibWx/platform/Accessibility.h"
+#include "NolvexLibWx/widgets/ButtonAccount.h"
 
 #include <wx/dcclient.h>
 #include <wx/weakref.h>
@@ -60,8 +61,10 @@ Wx::Button::Button(wxWindow* parent, const GuiSkin& skin, int id, const wxString
     SetMinSize(wxSize(-1, scaleByDpi(MINIMUM_HEIGHT)));
     OskaBorder::Enable(enabled);
     Refresh(false, nullptr);
-    using enum Platform::AccessibleRole;
-    Platform::describeControl(*this, m_toggleBehaviour ? TOGGLE_BUTTON : PUSH_BUTTON);
+    if (m_toggleBehaviour)
+        describeAs<ButtonAccount, AccessibleRole::TOGGLE_BUTTON>(*this);
+    else
+        describeAs<ButtonAccount, AccessibleRole::PUSH_BUTTON>(*this);
 }
 
 Wx::Button::~Button() = default;
@@ -69,7 +72,7 @@ Wx::Button::~Button() = default;
 void Wx::Button::SetLabel(const wxString& label)
 {
     m_label = label;
-    Platform::renameControl(*this);
+    updateAccessible(*this);
     Refresh(true, nullptr);
 }
 
@@ -107,7 +110,7 @@ void Wx::Button::setToggled(bool on)
 {
     m_toggled = on;
     updateColours();
-    Platform::switchControl(*this, on);
+    updateAccessible(*this);
 }
 
 void Wx::Button::updateColours()

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/widgets/CheckBox.h"
 
-#include "NolvexLibWx/paint/CheckBoxExtent.h"
+#include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/ColourConversions.h"
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/FontSetup.h"
 #include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/MoveFocus.h"
-#include "NolvexLibWx/paint/PerScale.h"
 #include "NolvexLibWx/StringConversions.h"
+#include "NolvexLibWx/paint/CheckBoxExtent.h"
+#include "NolvexLibWx/paint/PerScale.h"
 #include "NolvexLibWx/platform/OutlineFont.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"
 #include "NolvexLibWx/widgets/OskaBorder.h"
@@ -70,6 +71,30 @@ void drawFocusMark(wxGraphicsContext& context, wxDC& dc, const wxString& label)
                           text.y - Wx::scaleByDpi(1));
 }
 
+class CheckBoxAccount : public Wx::AccessibleControl
+{
+public:
+    explicit CheckBoxAccount(Wx::CheckBox& checkBox) : m_checkBox(checkBox) {}
+
+    Wx::AccessibleRole role() const override { return Wx::AccessibleRole::CHECK_BOX; }
+
+    String name() const override { return Wx::toString(m_checkBox.GetLabelText()); }
+
+    Flags<Wx::AccessibleState> states() const override
+    {
+        Flags<Wx::AccessibleState> states = Wx::AccessibleState::CHECKABLE;
+        states.set(Wx::AccessibleState::CHECKED, m_checkBox.GetValue());
+        return states;
+    }
+
+    Array<String> actions() const override { return {L"click"}; }
+
+    void doAction(int /*index*/) override { m_checkBox.setValue(!m_checkBox.GetValue(), true); }
+
+private:
+    Wx::CheckBox& m_checkBox;
+};
+
 } // namespace
 
 Wx::CheckBox::CheckBox(wxWindow* parent, int id, const String& label, const wxPoint& pos, const wxSize& size,
@@ -83,6 +108,8 @@ Wx::CheckBox::CheckBox(wxWindow* parent, int id, const String& label, const wxPo
     Bind(wxEVT_KEY_DOWN, &CheckBox::onKeyDown, this);
     Bind(wxEVT_KEY_UP, &CheckBox::onKeyUp, this);
     wxWindowBase::Enable(enabled);
+    bindGroupExit(*this);
+    describeAs<CheckBoxAccount>(*this);
 }
 
 Wx::CheckBox::~CheckBox() = default;

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/widgets/CollapsiblePanel.h"
 
+#include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/ColourConversions.h"
-#include "NolvexLibWx/paint/CrispLines.h"
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/FontSetup.h"
+#include "NolvexLibWx/LabelledAccount.h"
 #include "NolvexLibWx/ScopedWindowFreezer.h"
-#include "NolvexLibWx/platform/Accessibility.h"
+#include "NolvexLibWx/StringConversions.h"
+#include "NolvexLibWx/paint/CrispLines.h"
 #include "NolvexLibWx/widgets/StaticLine.h"
 #include "NolvexLibWx/widgets/StaticText.h"
 
@@ -25,6 +27,48 @@ namespace {
 
 constexpr long PANEL_STYLE = wxTAB_TRAVERSAL | wxNO_BORDER;
 constexpr int TICK_LENGTH = 9;
+
+// The triangle speaks for its panel: it has the label, and it folds and unfolds.
+class TickAccount : public Wx::AccessibleControl
+{
+public:
+    explicit TickAccount(Wx::CollapsiblePanel::Tick& tick) : m_tick(tick) {}
+
+    Wx::AccessibleRole role() const override { return Wx::AccessibleRole::DISCLOSURE; }
+
+    String name() const override { return Wx::toString(m_tick.GetLabel()); }
+
+    Flags<Wx::AccessibleState> states() const override
+    {
+        Flags<Wx::AccessibleState> states = Wx::AccessibleState::EXPANDABLE;
+        states.set(Wx::AccessibleState::EXPANDED, m_tick.isExpanded());
+        return states;
+    }
+
+    Array<String> actions() const override { return {L"click"}; }
+
+    void doAction(int /*index*/) override
+    {
+        if (auto* const panel = dynamic_cast<Wx::CollapsiblePanel*>(m_tick.GetParent()))
+            panel->toggleCollapsed();
+    }
+
+private:
+    Wx::CollapsiblePanel::Tick& m_tick;
+};
+
+// The pixels of the outline, every second one of which is painted.
+void drawFocusMark(wxDC& dc, wxSize size, const wxColour& colour)
+{
+    dc.SetPen(wxPen(colour));
+    for (int y = 0; y < size.y; ++y) {
+        const bool isEdge = y == 0 || y == size.y - 1;
+        for (int x = y % 2; x < size.x; x += 2) {
+            if (isEdge || x == 0 || x == size.x - 1)
+                dc.DrawPoint(x, y);
+        }
+    }
+}
 
 } // namespace
 
@@ -45,10 +89,10 @@ Wx::CollapsiblePanel::CollapsiblePanel(wxWindow* parent, const GuiSkin& skin, co
     layOut();
     m_tick->Bind(wxEVT_LEFT_UP, &CollapsiblePanel::onHeaderClicked, this);
     m_label->Bind(wxEVT_LEFT_UP, &CollapsiblePanel::onHeaderClicked, this);
-    Platform::describeControl(*this, Platform::AccessibleRole::GROUP);
-    Platform::describeControl(*m_tick, Platform::AccessibleRole::DISCLOSURE);
-    Platform::switchControl(*m_tick, tick()->isExpanded());
-    // The content is shown now, so every panel starts collapsed.
+    m_tick->Bind(wxEVT_CHAR_HOOK, &CollapsiblePanel::onTickKey, this);
+    describeAs<LabelledAccount, AccessibleRole::GROUP>(*this);
+    describeAs<TickAccount>(*tick());
+    // All start collapsed: the content is shown now.
     toggleCollapsed();
 }
 
@@ -77,9 +121,9 @@ void Wx::CollapsiblePanel::SetLabel(const wxString& label)
 {
     if (m_label)
         m_label->SetLabel(label);
-    Platform::renameControl(*this);
+    updateAccessible(*this);
     if (m_tick)
-        Platform::renameControl(*m_tick);
+        updateAccessible(*m_tick);
 }
 
 wxString Wx::CollapsiblePanel::GetLabel() const
@@ -144,13 +188,27 @@ void Wx::CollapsiblePanel::onHeaderClicked(wxMouseEvent& /*event*/)
     toggleCollapsed();
 }
 
+void Wx::CollapsiblePanel::onTickKey(wxKeyEvent& event)
+{
+    const int key = event.GetKeyCode();
+    const bool isToggle = key == WXK_SPACE || key == WXK_RETURN || key == WXK_NUMPAD_ENTER;
+    if (isToggle && !event.HasAnyModifiers())
+        toggleCollapsed();
+    else
+        event.Skip();
+}
+
 Wx::CollapsiblePanel::Tick::Tick(wxWindow* parent, const GuiSkin& skin)
     : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, PANEL_STYLE)
 {
     Bind(wxEVT_PAINT, [this, skin](wxPaintEvent&) {
         wxPaintDC dc(this);
         draw(dc, GetClientSize(), m_expanded, skin);
+        if (HasFocus())
+            drawFocusMark(dc, GetClientSize(), toWxColour(skin.text));
     });
+    Bind(wxEVT_SET_FOCUS, &Tick::onFocusChanged, this);
+    Bind(wxEVT_KILL_FOCUS, &Tick::onFocusChanged, this);
     const wxSize size = scaleByDpi(wxSize(TICK_LENGTH, TICK_LENGTH));
     SetMinClientSize(size);
     SetMaxClientSize(size);
@@ -164,12 +222,18 @@ wxString Wx::CollapsiblePanel::Tick::GetLabel() const
     return GetParent()->GetLabel();
 }
 
+void Wx::CollapsiblePanel::Tick::onFocusChanged(wxFocusEvent& event)
+{
+    event.Skip();
+    Refresh();
+}
+
 void Wx::CollapsiblePanel::Tick::setExpanded(bool expanded)
 {
     if (expanded == m_expanded)
         return;
     m_expanded = expanded;
-    Platform::switchControl(*this, expanded);
+    updateAccessible(*this);
     Refresh(true, nullptr);
 }
 

@@ -12,7 +12,8 @@
 namespace Nolvex::Wx {
 
 /// A window that folds away under a header, which consists of a triangle, a label and an optional further
-/// window at the right. A click on the triangle or the label folds or unfolds the content.
+/// window at the right. A click on the triangle or the label folds or unfolds the content, and so do Space
+/// and Enter while the triangle has the focus.
 ///
 /// Each change calls the callback and then sends a wxCollapsiblePaneEvent, which goes up to the parents;
 /// either may destroy the panel. A new panel is collapsed, and has already sent that event. The child windows
@@ -47,6 +48,7 @@ private:
     void layOut();
     void showContent(bool show);
     void onHeaderClicked(wxMouseEvent& event);
+    void onTickKey(wxKeyEvent& event);
 
     Tick* tick() const;
 
@@ -61,7 +63,7 @@ private:
 };
 
 /// The triangle in the header, which points down while the content is shown and right while it is folded
-/// away.
+/// away. Dots around it, in the skin's text colour, show that it has the focus.
 class NOLVEXLIBWX_EXPORT CollapsiblePanel::Tick : public wxPanel
 {
 public:
@@ -80,6 +82,8 @@ public:
     static void draw(wxDC& dc, wxSize size, bool expanded, const GuiSkin& skin);
 
 private:
+    void onFocusChanged(wxFocusEvent& event);
+
     bool m_expanded = true;
 };
 

@@ -2,12 +2,13 @@
 #include "NolvexLibWx/widgets/DropdownButton.h"
 
 #include "NolvexLib/StopException.h"
+#include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/ColourConversions.h"
-#include "NolvexLibWx/paint/CrispLines.h"
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/StringConversions.h"
-#include "NolvexLibWx/platform/Accessibility.h"
+#include "NolvexLibWx/paint/CrispLines.h"
+#include "NolvexLibWx/widgets/ButtonAccount.h"
 
 #include <wx/brush.h>
 #include <wx/dcclient.h>
@@ -71,7 +72,7 @@ Wx::DropdownButton::DropdownButton(wxWindow* parent, const GuiSkin& skin, const 
     Bind(wxEVT_TIMER, &DropdownButton::onHeld, this);
     Bind(wxEVT_MOTION, &DropdownButton::onMouseMoved, this);
     SetMinSize(itemSize());
-    Platform::describeControl(*this, Platform::AccessibleRole::DROPDOWN_BUTTON);
+    describeAs<ButtonAccount, AccessibleRole::DROPDOWN_BUTTON>(*this);
 }
 
 Wx::DropdownButton::~DropdownButton() = default;

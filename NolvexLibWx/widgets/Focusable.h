@@ -1,16 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "NolvexLibWx/Export.h"
-
-namespace Nolvex::Wx {
-
-/// Marks the controls that moveFocus may land on: a second base beside the toolkit's class.
-class NOLVEXLIBWX_EXPORT Focusable
-{
-protected:
-    Focusable() = default;
-    ~Focusable() = default;
-};
-
-} // namespace Nolvex::Wx
+/// Controls find their marker beside the other widgets. The class itself lies a folder higher, where
+/// moveFocus, which knows no control, can include it.
+#include "NolvexLibWx/Focusable.h"

@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/widgets/OskaBorder.h"
 
+#include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/ColourConversions.h"
-#include "NolvexLibWx/paint/CrispLines.h"
 #include "NolvexLibWx/GeometryConversions.h"
+#include "NolvexLibWx/LabelledAccount.h"
+#include "NolvexLibWx/paint/CrispLines.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"
 
 #include <wx/dcclient.h>
 #include <wx/sizer.h>
+
+#include <algorithm>
 
 namespace Nolvex {
 
@@ -29,6 +33,7 @@ OskaBorder::OskaBorder(wxWindow* parent, Flags<OskaBorderState> state, wxWindowI
     Bind(wxEVT_PAINT, &OskaBorder::onPaint, this);
     Bind(wxEVT_LEAVE_WINDOW, [this](wxMouseEvent&) { setHovered(false); });
     Bind(wxEVT_ENTER_WINDOW, [this](wxMouseEvent&) { setHovered(true); });
+    Wx::describeAs<Wx::LabelledAccount, Wx::AccessibleRole::BORDER>(*this);
 }
 
 OskaBorder::~OskaBorder() = default;
@@ -47,6 +52,13 @@ bool OskaBorder::Enable(bool enable)
 {
     m_state.set(OskaBorderState::ENABLED, enable);
     return wxWindowBase::Enable(enable);
+}
+
+bool OskaBorder::AcceptsFocusFromKeyboard() const
+{
+    const wxWindowList& children = GetChildren();
+    return std::any_of(children.begin(), children.end(),
+                       [](const wxWindow* child) { return child->AcceptsFocusFromKeyboard(); });
 }
 
 void OskaBorder::setHovered(bool hovered)

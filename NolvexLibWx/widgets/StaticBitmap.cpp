@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/widgets/StaticBitmap.h"
 
+#include "NolvexLibWx/Accessibility.h"
+#include "NolvexLibWx/LabelledAccount.h"
+
 #include <wx/dcclient.h>
 
 namespace Nolvex {
@@ -10,6 +13,7 @@ Wx::StaticBitmap::StaticBitmap(wxWindow* parent, int id, const wxBitmap& bitmap)
 {
     SetInitialSize(m_bitmap.IsOk() ? m_bitmap.GetSize() : wxSize(0, 0));
     Bind(wxEVT_PAINT, &StaticBitmap::onPaint, this);
+    describeAs<LabelledAccount, AccessibleRole::IMAGE>(*this);
 }
 
 Wx::StaticBitmap::~StaticBitmap() = default;

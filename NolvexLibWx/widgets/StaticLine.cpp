@@ -2,7 +2,9 @@
 #include "NolvexLibWx/widgets/StaticLine.h"
 
 #include "NolvexLib/StopException.h"
+#include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/ColourConversions.h"
+#include "NolvexLibWx/LabelledAccount.h"
 #include "NolvexLibWx/paint/CrispLines.h"
 
 #include <wx/dcclient.h>
@@ -55,6 +57,7 @@ Wx::StaticLine::StaticLine(wxWindow* parent, wxOrientation orientation, ArrayVie
         m_colours.push_back(toWxColour(colour));
     fixThickness();
     setLengthScale(lengthScale);
+    describeAs<LabelledAccount, AccessibleRole::SEPARATOR>(*this);
 }
 
 Wx::StaticLine::~StaticLine() = default;

@@ -37,6 +37,11 @@ public:
 
     wxOrientation orientation() const { return m_orientation; }
 
+    /// A separator takes no focus, neither by a click nor by the Tab key.
+    bool AcceptsFocus() const override { return false; }
+
+    bool AcceptsFocusFromKeyboard() const override { return false; }
+
     /// Paints the stripes over the size of the DC, from its origin.
     static void draw(wxDC& dc, wxOrientation orientation, ArrayView<const wxColour> colours,
                      float lengthScale);

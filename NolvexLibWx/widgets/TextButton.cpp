@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/widgets/TextButton.h"
 
+#include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/StringConversions.h"
-#include "NolvexLibWx/platform/Accessibility.h"
 
 #include <wx/cursor.h>
 #include <wx/utils.h>
@@ -28,6 +28,29 @@ Function<void()> browserOpener(const String& url)
     return [url] { wxLaunchDefaultBrowser(Wx::toWxString(url), 0); };
 }
 
+class LinkAccount : public Wx::AccessibleControl
+{
+public:
+    explicit LinkAccount(Wx::TextButton& link) : m_link(link) {}
+
+    Wx::AccessibleRole role() const override { return Wx::AccessibleRole::LINK; }
+
+    String name() const override { return Wx::toString(m_link.GetLabel()); }
+
+    Array<String> actions() const override { return {L"click"}; }
+
+    void doAction(int /*index*/) override
+    {
+        wxMouseEvent release(wxEVT_LEFT_UP);
+        release.SetId(m_link.GetId());
+        release.SetEventObject(&m_link);
+        m_link.HandleWindowEvent(release);
+    }
+
+private:
+    Wx::TextButton& m_link;
+};
+
 } // namespace
 
 Wx::TextButton::TextButton(wxWindow* parent, int id, const String& label, const Function<void()>& onClick,
@@ -39,7 +62,7 @@ Wx::TextButton::TextButton(wxWindow* parent, int id, const String& label, const 
       m_visitedColour(m_normalColour)
 {
     SetPosition(pos);
-    Platform::describeControl(*this, Platform::AccessibleRole::LINK);
+    describeAs<LinkAccount>(*this);
 }
 
 Wx::TextButton::TextButton(wxWindow* parent, int id, const String& label, const String& url)

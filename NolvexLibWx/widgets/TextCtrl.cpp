@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/widgets/TextCtrl.h"
 
+#include "NolvexLibWx/MoveFocus.h"
 #include "NolvexLibWx/ScopedWindowFreezer.h"
 #include "NolvexLibWx/platform/TextInput.h"
 #include "NolvexLibWx/platform/TextLook.h"
@@ -21,6 +22,11 @@ constexpr long RICH_STYLES = wxTE_RICH | wxTE_RICH2 | wxTE_AUTO_URL;
 wxPoint clampedTo(const wxSize& area, const wxPoint& point)
 {
     return {std::max(std::min(point.x, area.x - 1), 0), std::max(std::min(point.y, area.y - 1), 0)};
+}
+
+bool isCopyKey(const wxKeyEvent& event)
+{
+    return (event.GetKeyCode() == 'C' || event.GetKeyCode() == 'c') && event.GetModifiers() == wxMOD_CONTROL;
 }
 
 } // namespace
@@ -47,6 +53,8 @@ Wx::TextCtrl::TextCtrl(wxWindow* parent, int id, const wxString& value, const wx
 {
     Platform::adaptTextLook(*this);
     Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent&) { m_capture.end(); });
+    Bind(wxEVT_CHAR_HOOK, &TextCtrl::onCharHook, this);
+    bindGroupExit(*this);
 }
 
 Wx::TextCtrl::~TextCtrl() = default;
@@ -173,6 +181,20 @@ void Wx::TextCtrl::onKeyDown(wxKeyEvent& event)
     const int key = event.GetKeyCode();
     if ((key == 'A' || key == 'a') && event.ControlDown())
         SetSelection(0, -1);
+    else if (isCopyKey(event))
+        Copy();
+}
+
+// The accelerators of a menu come before the key-down on Windows, and so does the Tab of wxWidgets, which
+// knows nothing of Focusable. This event comes before both.
+void Wx::TextCtrl::onCharHook(wxKeyEvent& event)
+{
+    if (event.GetKeyCode() == WXK_TAB && !event.ControlDown() && !event.AltDown())
+        moveFocus(this, event.ShiftDown() ? MoveFocusDirection::BACKWARD : MoveFocusDirection::FORWARD);
+    else if (isCopyKey(event) && HasSelection())
+        Copy();
+    else
+        event.Skip();
 }
 
 } // namespace Nolvex

@@ -13,7 +13,9 @@ namespace Nolvex::Wx {
 
 /// A plain text area for logs and read-only texts, never a rich one. It has its own selection by the mouse
 /// (a click places the caret, dragging extends, a double click takes what is shown as one line), selects
-/// everything on Ctrl+A and consumes every other key-down. Text that is appended stays in view while the user
+/// everything on Ctrl+A and copies the selection on Ctrl+C. Tab and Shift+Tab move the focus to the next or
+/// previous Focusable, Ctrl+Tab and Ctrl+Shift+Tab to a control outside the group. Every other key-down is
+/// consumed. Text that is appended stays in view while the user
 /// leaves the end alone.
 ///
 /// Windows tells the place under the mouse in 16 bits: beyond 65,535 characters or lines a click puts the
@@ -54,6 +56,7 @@ private:
     void onMotion(wxMouseEvent& event);
     void onEnter(wxMouseEvent& event);
     void onKeyDown(wxKeyEvent& event);
+    void onCharHook(wxKeyEvent& event);
 
     bool m_selecting = false;
     std::int32_t m_selectionAnchor = 0;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/widgets/Tooltip.h"
 
+#include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/ColourConversions.h"
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/GeometryConversions.h"
@@ -115,6 +116,8 @@ void Wx::Tooltip::setText(const String& text)
     m_lines = Detail::splitTooltipLines(text, scaleByDpi(WRAP_WIDTH), [this](StringView line) {
         return GetTextExtent(toWxString(line)).GetWidth();
     });
+    if (m_owner)
+        setAccessibleDescription(*m_owner, text);
     if (!IsShown())
         return;
     if (m_lines.empty()) {

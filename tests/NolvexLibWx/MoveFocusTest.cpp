@@ -1,15 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/MoveFocus.h"
 
-#include "NolvexLib/Array.h"
 #include "NolvexLibWx/widgets/Focusable.h"
-#include "support/Events.h"
+#include "support/FrameFixture.h"
 
-#include <wx/frame.h>
-#include <wx/panel.h>
 #include <wx/textctrl.h>
-
-#include <gtest/gtest.h>
 
 #include <type_traits>
 
@@ -23,7 +18,7 @@ namespace {
 
 wxWindow* s_focused = nullptr;
 
-/// Notes who was asked to take the focus, which does not depend on what the window manager grants.
+/// Notes the window that was asked to take the focus, which does not depend on the window manager.
 class PlainWindow : public wxWindow
 {
 public:
@@ -48,36 +43,20 @@ public:
     explicit FocusableText(wxWindow* parent) : wxTextCtrl(parent, wxID_ANY) {}
 };
 
-class MoveFocusTest : public testing::Test
+struct MoveFocusTest : Tests::FrameFixture
 {
-protected:
-    void SetUp() override
-    {
-        s_focused = nullptr;
-        m_frame = new wxFrame(nullptr, wxID_ANY, "focus");
-        m_panel = new wxPanel(m_frame);
-    }
-
-    void TearDown() override { Tests::destroyNow(m_frame); }
-
     template<class Window>
-    Window* add()
+    Window* add() const
     {
-        auto* window = new Window(m_panel);
-        m_added.push_back(window);
-        return window;
+        return new Window(panel);
     }
 
-    wxWindow* focusedBy(wxWindow* window, MoveFocusDirection direction)
+    static wxWindow* focusedBy(wxWindow* window, MoveFocusDirection direction)
     {
         s_focused = nullptr;
         moveFocus(window, direction);
         return s_focused;
     }
-
-    wxFrame* m_frame = nullptr;
-    wxPanel* m_panel = nullptr;
-    Array<wxWindow*> m_added;
 };
 
 } // namespace
@@ -161,7 +140,7 @@ TEST_F(MoveFocusTest, noSiblingFit_leavesTheFocus)
 TEST_F(MoveFocusTest, childrenOfSiblings_areNotConsidered)
 {
     auto* start = add<FocusableWindow>();
-    auto* sibling = new wxPanel(m_panel);
+    auto* sibling = new wxPanel(panel);
     new FocusableWindow(sibling);
     EXPECT_EQ(focusedBy(start, MoveFocusDirection::FORWARD), nullptr);
 }
@@ -169,7 +148,7 @@ TEST_F(MoveFocusTest, childrenOfSiblings_areNotConsidered)
 TEST_F(MoveFocusTest, windowWithoutParentOrNone_doesNothing)
 {
     add<FocusableWindow>();
-    EXPECT_EQ(focusedBy(m_frame, MoveFocusDirection::FORWARD), nullptr);
+    EXPECT_EQ(focusedBy(frame, MoveFocusDirection::FORWARD), nullptr);
     EXPECT_EQ(focusedBy(nullptr, MoveFocusDirection::FORWARD), nullptr);
 }
 
@@ -177,8 +156,7 @@ TEST_F(MoveFocusTest, nativeControls_reallyGetTheFocus)
 {
     auto* first = add<FocusableText>();
     auto* second = add<FocusableText>();
-    m_frame->Show();
-    m_frame->Raise();
+    showFrame();
     first->SetFocus();
     ASSERT_TRUE(Tests::pumpUntil([&] { return wxWindow::FindFocus() == first; }));
     moveFocus(first, MoveFocusDirection::FORWARD);

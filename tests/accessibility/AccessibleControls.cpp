@@ -1,14 +1,21 @@
 // SPDX-License-Identifier: MIT
-// A window with one of each control, for programs that look at it the way a screen reader does. It is theirs
-// to click: the controls change labels, come and go, and "Close" ends the program.
+// A window with one control of each kind, for programs that read and operate it the way a screen reader does.
+// The controls change labels, come and go, and "Close" ends the program. A spinner and a combo box, which
+// exist only here, show what a control of any kind can tell.
+#include "FakeControls.h"
 #include "NolvexLib/Exception.h"
+#include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/NolvexLibWx.h"
+#include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/widgets/Button.h"
 #include "NolvexLibWx/widgets/CheckBox.h"
 #include "NolvexLibWx/widgets/CollapsiblePanel.h"
 #include "NolvexLibWx/widgets/DropdownButton.h"
+#include "NolvexLibWx/widgets/StaticBitmap.h"
+#include "NolvexLibWx/widgets/StaticLine.h"
 #include "NolvexLibWx/widgets/StaticText.h"
 #include "NolvexLibWx/widgets/TextButton.h"
+#include "NolvexLibWx/widgets/TextCtrl.h"
 
 #include <wx/frame.h>
 #include <wx/sizer.h>
@@ -19,6 +26,8 @@
 namespace {
 
 using namespace Nolvex;
+using Tests::FakeComboBox;
+using Tests::FakeSpinner;
 
 constexpr auto PUSH = Wx::Button::Behavior::PUSH;
 
@@ -35,6 +44,8 @@ public:
         addButtons();
         addSwitches();
         addPanel();
+        addUnlabelled();
+        addChoices();
         addButton(L"Close", [this] { m_frame->Close(); });
         const wxSize size = m_page->GetBestSize();
         m_frame->SetClientSize(size.x, 2 * size.y); // for what is added and unfolded
@@ -100,6 +111,33 @@ private:
         add(panel);
     }
 
+    void addUnlabelled()
+    {
+        auto* icon = addButton(L"", [this] { m_status->SetLabel(L"Printed"); });
+        Wx::setAccessibleName(*icon, L"Print");
+        icon->setTooltip(L"Prints the page");
+        auto* picture = new Wx::StaticBitmap(m_page, wxID_ANY, wxBitmap(20, 10));
+        Wx::setAccessibleName(*picture, L"Red square");
+        add(picture);
+        add(new Wx::StaticLine(m_page, wxHORIZONTAL));
+        auto* log = new Wx::TextCtrl(m_page, wxID_ANY, {}, wxDefaultPosition, {80, 20},
+                                     wxTE_MULTILINE | wxTE_READONLY);
+        Wx::setAccessibleName(*log, L"Messages");
+        add(log);
+    }
+
+    void addChoices()
+    {
+        add(new FakeSpinner(
+            m_page, [this](double value) { m_status->SetLabel(wxString::Format("Amount %g", value)); }));
+        m_colours = new FakeComboBox(m_page, {L"Red", L"Green", L"Blue"}, [this](const String& colour) {
+            m_status->SetLabel(L"Painted " + Wx::toWxString(colour));
+        });
+        add(m_colours);
+        addButton(L"Mix", [this] { m_colours->setItems({L"Violet", L"Green"}); });
+        addButton(L"Name", [this] { Wx::setAccessibleName(*m_colours, L"Paint"); });
+    }
+
     wxFrame* m_frame;
     wxWindow* m_page;
     wxSizer* m_sizer;
@@ -107,6 +145,7 @@ private:
     Wx::Button* m_save = nullptr;
     Wx::Button* m_added = nullptr;
     Wx::CheckBox* m_wrap = nullptr;
+    FakeComboBox* m_colours = nullptr;
 };
 
 } // namespace

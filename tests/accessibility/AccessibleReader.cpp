@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
-// Looks at the window of AccessibleControls as a screen reader does, through the interfaces for assistive
-// technology, and clicks there what it is told to. Standard input has a line for each control that must be
-// there, or come to be there, with role, name, states and action; and between them:
+// Reads the window of AccessibleControls as a screen reader does, through the interfaces for assistive
+// technology, and operates its controls. Standard input has a line for each control that must be there, or
+// come to be there, with role, name, description, states, value and action. Between these lines there are
+// commands:
 //
-//     click NAME     does what a click on that control does
+//     click NAME     does the default action of the control
+//     set N NAME     changes the value of the control to N
+//     select N NAME  selects item N of the control, counted from 0
 //     says REPORT    the program has told of that change
 //     gone LINE      there is no such control any more
 //     ended          the program has ended
@@ -31,14 +34,22 @@ const Names ROLES = {{ROLE_SYSTEM_PUSHBUTTON, "push button"},
                      {ROLE_SYSTEM_STATICTEXT, "label"},
                      {ROLE_SYSTEM_LINK, "link"},
                      {ROLE_SYSTEM_GROUPING, "grouping"},
+                     {ROLE_SYSTEM_GRAPHIC, "image"},
+                     {ROLE_SYSTEM_SEPARATOR, "separator"},
+                     {ROLE_SYSTEM_BORDER, "border"},
+                     {ROLE_SYSTEM_TEXT, "text"},
+                     {ROLE_SYSTEM_SPINBUTTON, "spin button"},
+                     {ROLE_SYSTEM_COMBOBOX, "combo box"},
+                     {ROLE_SYSTEM_LISTITEM, "list item"},
                      {ROLE_SYSTEM_CLIENT, "window"},
                      {ROLE_SYSTEM_WINDOW, "window"}};
 
-const Names STATES = {{STATE_SYSTEM_PRESSED, "pressed"},     {STATE_SYSTEM_CHECKED, "checked"},
-                      {STATE_SYSTEM_MIXED, "mixed"},         {STATE_SYSTEM_EXPANDED, "expanded"},
-                      {STATE_SYSTEM_COLLAPSED, "collapsed"}, {STATE_SYSTEM_FOCUSABLE, "focusable"},
-                      {STATE_SYSTEM_FOCUSED, "focused"},     {STATE_SYSTEM_UNAVAILABLE, "disabled"},
-                      {STATE_SYSTEM_INVISIBLE, "hidden"}};
+const Names STATES = {{STATE_SYSTEM_SELECTABLE, "selectable"}, {STATE_SYSTEM_SELECTED, "selected"},
+                      {STATE_SYSTEM_PRESSED, "pressed"},       {STATE_SYSTEM_CHECKED, "checked"},
+                      {STATE_SYSTEM_MIXED, "mixed"},           {STATE_SYSTEM_EXPANDED, "expanded"},
+                      {STATE_SYSTEM_COLLAPSED, "collapsed"},   {STATE_SYSTEM_FOCUSABLE, "focusable"},
+                      {STATE_SYSTEM_FOCUSED, "focused"},       {STATE_SYSTEM_READONLY, "read-only"},
+                      {STATE_SYSTEM_UNAVAILABLE, "disabled"},  {STATE_SYSTEM_INVISIBLE, "hidden"}};
 
 std::string toUtf8(const wchar_t* text, int length)
 {
@@ -57,12 +68,15 @@ std::string takeText(BSTR text)
     return result;
 }
 
-// What a window says of itself. What cannot be asked is left out.
+// A window, or an item of one. Questions that get no answer are left out of the line.
 class Control
 {
 public:
-    explicit Control(HWND window)
+    explicit Control(HWND window, LONG item = CHILDID_SELF)
     {
+        VariantInit(&m_id);
+        m_id.vt = VT_I4;
+        m_id.lVal = item;
         void* object = nullptr;
         if (SUCCEEDED(AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT),
                                                  __uuidof(IAccessible), &object)))
@@ -78,31 +92,51 @@ public:
             m_accessible->Release();
     }
 
-    std::string name() const
+    std::string name() const { return text(&IAccessible::get_accName); }
+
+    std::string action() const { return text(&IAccessible::get_accDefaultAction); }
+
+    std::string value() const { return text(&IAccessible::get_accValue); }
+
+    // What is disabled refuses.
+    void click() const { m_accessible->accDoDefaultAction(m_id); }
+
+    void setValue(const std::string& number) const
     {
-        BSTR text = nullptr;
-        return m_accessible != nullptr && m_accessible->get_accName(SELF, &text) == S_OK ? takeText(text)
-                                                                                         : "";
+        BSTR const text = SysAllocString(std::wstring(number.begin(), number.end()).c_str());
+        m_accessible->put_accValue(m_id, text);
+        SysFreeString(text);
     }
 
-    std::string action() const
-    {
-        BSTR text = nullptr;
-        return m_accessible != nullptr && m_accessible->get_accDefaultAction(SELF, &text) == S_OK
-                   ? takeText(text)
-                   : "";
-    }
+    void select() const { m_accessible->accSelect(SELFLAG_TAKESELECTION, m_id); }
 
-    void click() const { m_accessible->accDoDefaultAction(SELF); }
+    // Only items that have no object of their own are counted.
+    LONG itemCount() const
+    {
+        LONG count = 0;
+        if (m_accessible == nullptr || m_accessible->get_accChildCount(&count) != S_OK || count == 0)
+            return 0;
+        IDispatch* child = nullptr;
+        VARIANT first = m_id;
+        first.lVal = 1;
+        const bool isObject = m_accessible->get_accChild(first, &child) == S_OK && child != nullptr;
+        if (child != nullptr)
+            child->Release();
+        return isObject ? 0 : count;
+    }
 
     std::string described() const
     {
         std::string line = roleName() + " \"" + name() + '"';
+        if (const std::string more = text(&IAccessible::get_accDescription); !more.empty())
+            line += " (" + more + ')';
         const LONG states = number(&IAccessible::get_accState);
         for (const auto& [state, name] : STATES) {
             if ((states & state) != 0)
                 line += std::string(" ") + name;
         }
+        if (!value().empty())
+            line += " value \"" + value() + '"';
         const std::string click = action();
         return click.empty() ? line : line + " [" + click + ']';
     }
@@ -110,20 +144,20 @@ public:
 private:
     using Question = HRESULT (STDMETHODCALLTYPE IAccessible::*)(VARIANT, VARIANT*);
 
-    static VARIANT self()
+    using TextQuestion = HRESULT (STDMETHODCALLTYPE IAccessible::*)(VARIANT, BSTR*);
+
+    std::string text(TextQuestion question) const
     {
-        VARIANT id;
-        VariantInit(&id);
-        id.vt = VT_I4;
-        id.lVal = CHILDID_SELF;
-        return id;
+        BSTR answer = nullptr;
+        return m_accessible != nullptr && (m_accessible->*question)(m_id, &answer) == S_OK ? takeText(answer)
+                                                                                           : "";
     }
 
     LONG number(Question question) const
     {
         VARIANT answer;
         VariantInit(&answer);
-        const bool answered = m_accessible != nullptr && (m_accessible->*question)(SELF, &answer) == S_OK;
+        const bool answered = m_accessible != nullptr && (m_accessible->*question)(m_id, &answer) == S_OK;
         return answered && answer.vt == VT_I4 ? answer.lVal : 0;
     }
 
@@ -135,7 +169,7 @@ private:
         return found != ROLES.end() ? found->second : "role " + std::to_string(role);
     }
 
-    inline static const VARIANT SELF = self();
+    VARIANT m_id;
     IAccessible* m_accessible = nullptr;
 };
 
@@ -158,8 +192,12 @@ HWND findWindow()
 std::vector<std::string> lines()
 {
     std::vector<std::string> result;
-    for (HWND window : windowsWithin(findWindow()))
-        result.push_back(Control(window).described());
+    for (HWND window : windowsWithin(findWindow())) {
+        const Control control(window);
+        result.push_back(control.described());
+        for (LONG item = 1; item <= control.itemCount(); ++item)
+            result.push_back(Control(window, item).described());
+    }
     return result;
 }
 
@@ -168,29 +206,63 @@ bool contains(const std::vector<std::string>& list, const std::string& line)
     return std::find(list.begin(), list.end(), line) != list.end();
 }
 
-// What the program has told of its own accord since the last click.
+// The changes that the program has told of its own accord since the last command.
 std::vector<std::string> reports;
 
-void CALLBACK takeReport(HWINEVENTHOOK, DWORD event, HWND window, LONG object, LONG, DWORD, DWORD)
+const Names EVENTS = {{EVENT_OBJECT_NAMECHANGE, "name"},
+                      {EVENT_OBJECT_STATECHANGE, "state"},
+                      {EVENT_OBJECT_VALUECHANGE, "value"},
+                      {EVENT_OBJECT_SELECTION, "selection"},
+                      {EVENT_OBJECT_REORDER, "items"}};
+
+void CALLBACK takeReport(HWINEVENTHOOK, DWORD event, HWND window, LONG object, LONG item, DWORD, DWORD)
 {
     if (object != OBJID_CLIENT)
         return;
-    const std::string kind = event == EVENT_OBJECT_NAMECHANGE ? "name " : "state ";
-    reports.push_back(kind + Control(window).described());
+    for (const auto& [code, name] : EVENTS) {
+        if (code == static_cast<LONG>(event))
+            reports.push_back(std::string(name) + ' ' + Control(window, item).described());
+    }
 }
 
-// Controls of that name that cannot be clicked are labels.
-bool click(const std::string& name)
+// Operates the first control of that name that fits. Another control, such as a label, may have the same
+// name.
+template<typename Fits, typename Operation>
+bool operate(const std::string& name, Fits&& fits, Operation&& operation)
 {
     for (HWND window : windowsWithin(findWindow())) {
-        const Control control(window);
-        if (control.name() != name || control.action().empty())
-            continue;
-        reports.clear();
-        control.click(); // what is disabled refuses
-        return true;
+        const LONG items = Control(window).itemCount();
+        for (LONG item = CHILDID_SELF; item <= items; ++item) {
+            const Control control(window, item);
+            if (control.name() != name || !fits(control))
+                continue;
+            reports.clear();
+            operation(control, window);
+            return true;
+        }
     }
     return false;
+}
+
+bool click(const std::string& name)
+{
+    return operate(
+        name, [](const Control& control) { return !control.action().empty(); },
+        [](const Control& control, HWND) { control.click(); });
+}
+
+bool setValue(const std::string& number, const std::string& name)
+{
+    return operate(
+        name, [](const Control& control) { return !control.value().empty(); },
+        [&number](const Control& control, HWND) { control.setValue(number); });
+}
+
+bool select(const std::string& number, const std::string& name)
+{
+    return operate(
+        name, [](const Control& control) { return control.itemCount() > 0; },
+        [&number](const Control&, HWND window) { Control(window, std::stoi(number) + 1).select(); });
 }
 
 bool holds(const std::string& expectation)
@@ -200,6 +272,12 @@ bool holds(const std::string& expectation)
     const std::string rest = expectation.substr(space + 1);
     if (word == "click")
         return click(rest);
+    const std::size_t next = std::min(rest.find(' '), rest.size());
+    if (word == "set" || word == "select") {
+        const std::string number = rest.substr(0, next);
+        const std::string name = rest.substr(std::min(next + 1, rest.size()));
+        return word == "set" ? setValue(number, name) : select(number, name);
+    }
     if (word == "says")
         return contains(reports, rest);
     if (word == "gone")
@@ -269,8 +347,8 @@ int readControls()
 int main()
 {
     CoInitialize(nullptr);
-    HWINEVENTHOOK hook = SetWinEventHook(EVENT_OBJECT_STATECHANGE, EVENT_OBJECT_NAMECHANGE, nullptr,
-                                         takeReport, 0, 0, WINEVENT_OUTOFCONTEXT | WINEVENT_SKIPOWNPROCESS);
+    HWINEVENTHOOK hook = SetWinEventHook(EVENT_OBJECT_REORDER, EVENT_OBJECT_VALUECHANGE, nullptr, takeReport,
+                                         0, 0, WINEVENT_OUTOFCONTEXT | WINEVENT_SKIPOWNPROCESS);
     const int status = readControls();
     UnhookWinEvent(hook);
     CoUninitialize();

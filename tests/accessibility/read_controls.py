@@ -1,9 +1,11 @@
 # SPDX-License-Identifier: MIT
-"""read_controls.py <EXPECTED: looks at the window of AccessibleControls as a screen reader does, over the bus for
-assistive technology, and clicks there what it is told to. EXPECTED has a line for each control that must be there, or
-come to be there, with role, name, states and actions; and between them:
+"""read_controls.py <EXPECTED: reads the window of AccessibleControls as a screen reader does, over the bus for
+assistive technology, and operates its controls. EXPECTED has a line for each control that must be there, or come to be
+there, with role, name, description, states, value and actions. Between these lines there are commands:
 
-    click NAME     does what a click on that control does
+    click NAME     does the first action of the control
+    set N NAME     changes the value of the control to N
+    select N NAME  selects item N of the control
     says REPORT    the program has told of that change
     gone LINE      there is no such control any more
     ended          the program has ended
@@ -18,8 +20,15 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
 TITLE = "Accessible controls"
-STATES = ["checkable", "checked", "indeterminate", "expandable", "expanded", "has-popup", "focusable", "focused"]
-KINDS = ["object:property-change:accessible-name", "object:state-changed:checked", "object:state-changed:expanded"]
+STATES = ["selectable", "selected", "checkable", "checked", "indeterminate", "expandable", "expanded", "has-popup", "focusable", "focused"]
+KINDS = [
+    "object:property-change:accessible-name",
+    "object:property-change:accessible-value",
+    "object:state-changed:checked",
+    "object:state-changed:expanded",
+    "object:state-changed:selected",
+    "object:selection-changed",
+]
 LIMIT = 15  # seconds
 
 
@@ -48,8 +57,20 @@ def actions_of(control):
     return [f"[{control.get_action_name(index)}]" for index in range(control.get_n_actions())]
 
 
+def value_of(control):
+    if "Value" not in control.get_interfaces() or control.get_minimum_value() == control.get_maximum_value():
+        return []
+    numbers = control.get_current_value(), control.get_minimum_value(), control.get_maximum_value()
+    return ["value %g from %g to %g by %g" % (*numbers, control.get_minimum_increment())]
+
+
+def description_of(control):
+    return [f"({control.get_description()})"] if control.get_description() else []
+
+
 def described(control):
-    return " ".join([control.get_role_name(), f'"{control.get_name()}"'] + states_of(control) + actions_of(control))
+    words = [control.get_role_name(), f'"{control.get_name()}"'] + description_of(control)
+    return " ".join(words + states_of(control) + value_of(control) + actions_of(control))
 
 
 class Reader:
@@ -61,8 +82,9 @@ class Reader:
             self.listener.register(kind)
 
     def take(self, event):
-        kind = event.type.split(":")[2]
-        value = "" if kind == "accessible-name" else f" {event.detail1}"
+        major, kind = event.type.split(":")[1:3]
+        value = f" {event.detail1}" if major == "state-changed" else ""
+        kind = kind or major
         self.reports.append(f'{kind}{value} {event.source.get_role_name()} "{event.source.get_name()}"')
 
     def find_window(self):
@@ -74,19 +96,25 @@ class Reader:
     def lines(self):
         return [described(control) for control in all_within(self.window)]
 
-    def click(self, name):
-        """Controls of that name that cannot be clicked are labels."""
+    def operate(self, name, fits, operation):
+        """Another control, such as a label, may have the same name."""
         for control in all_within(self.window):
-            if control.get_name() == name and actions_of(control):
+            if control.get_name() == name and fits(control):
                 self.reports.clear()
-                return control.do_action(0)
+                return operation(control)
         return False
 
     def holds(self, expectation):
         """Whether it does now."""
         word, _, rest = expectation.partition(" ")
         if word == "click":
-            return self.click(rest)
+            return self.operate(rest, actions_of, lambda control: control.do_action(0))
+        if word == "set":
+            number, _, name = rest.partition(" ")
+            return self.operate(name, value_of, lambda control: control.set_current_value(float(number)))
+        if word == "select":
+            number, _, name = rest.partition(" ")
+            return self.operate(name, children_of, lambda control: control.select_child(int(number)))
         if word == "says":
             return rest in self.reports
         if word == "ended":
@@ -103,7 +131,7 @@ def holds_in_time(condition):
             if condition():
                 return True
         except GLib.Error:
-            pass  # it went away while it was looked at
+            pass  # the control went away while it was being read
         # Reports come in here.
         while GLib.MainContext.default().iteration(False):
             pass

@@ -1,179 +1,76 @@
 // SPDX-License-Identifier: MIT
-#include "NolvexLibWx/platform/Accessibility.h"
+#include "NolvexLibWx/Accessibility.h"
 
-#include <wx/weakref.h>
+#include "NolvexLibWx/AccessibleRecord.h"
+#include "NolvexLibWx/MoveFocus.h"
+#include "NolvexLibWx/StringConversions.h"
+#include "NolvexLibWx/platform/gtk/AccessibleItem.h"
+#include "NolvexLibWx/platform/gtk/TextWidget.h"
 
 #include <gtk/gtk-a11y.h>
-#include <gtk/gtk.h>
+
+#include <string>
 
 namespace Nolvex {
 
 namespace {
 
-using Platform::AccessibleRole;
+using Wx::AccessibleRole;
+using Wx::AccessibleState;
 
-constexpr const char* DESCRIBED = "nolvex-described-control";
-constexpr const char* SWITCHED_ON = "nolvex-switched-on";
-constexpr const char* CLICK = "click";
-
-// Kept with the accessible object, which others may hold on to for longer than the control lives.
+// Lives as long as the widget, which may be a little longer than the control.
 struct Described
 {
-    wxWeakRef<wxWindow> control;
-    AccessibleRole role;
+    Described(wxWindow& control, GtkWidget* widget) : record(control), items(widget, record) {}
+
+    Wx::AccessibleRecord record;
+    Platform::AccessibleItems items;
+    // ATK hands out pointers to these texts.
+    std::string name;
+    std::string description;
+    std::string actionName;
 };
 
-// What is accessible of a window of the toolkit, with the states and the action of a control.
-struct Accessible
-{
-    GtkContainerAccessible base;
-};
+AtkObjectClass* s_parentClass = nullptr;
 
-struct AccessibleClass
+GQuark describedKey()
 {
-    GtkContainerAccessibleClass base;
-};
-
-AtkObjectClass* parentClass = nullptr;
-
-const Described* describedBy(gpointer accessible)
-{
-    return static_cast<const Described*>(g_object_get_data(G_OBJECT(accessible), DESCRIBED));
+    static const GQuark KEY = g_quark_from_static_string("nolvex-described");
+    return KEY;
 }
 
-// Null when it is no control, or gone.
-wxWindow* controlOf(gpointer accessible)
+GQuark askedKey()
 {
-    const Described* described = describedBy(accessible);
-    return described != nullptr ? described->control.get() : nullptr;
+    static const GQuark KEY = g_quark_from_static_string("nolvex-asked-for");
+    return KEY;
 }
 
-AtkStateType switchedState(AccessibleRole role)
+// Null if the widget is gone or has not been described.
+Described* describedBy(gpointer accessible)
 {
-    return role == AccessibleRole::DISCLOSURE ? ATK_STATE_EXPANDED : ATK_STATE_CHECKED;
+    GtkWidget* const widget = gtk_accessible_get_widget(GTK_ACCESSIBLE(accessible));
+    return widget != nullptr ? static_cast<Described*>(g_object_get_qdata(G_OBJECT(widget), describedKey()))
+                             : nullptr;
 }
 
-// Roles that have none get one that changes nothing.
-AtkStateType switchableState(AccessibleRole role)
+Wx::AccessibleControl* accountOf(gpointer accessible)
 {
-    using enum AccessibleRole;
-    switch (role) {
-    case TOGGLE_BUTTON:
-    case CHECK_BOX:
-        return ATK_STATE_CHECKABLE;
-    case DISCLOSURE:
-        return ATK_STATE_EXPANDABLE;
-    case DROPDOWN_BUTTON:
-        return ATK_STATE_HAS_POPUP;
-    default:
-        return ATK_STATE_INVALID;
-    }
+    Described* const described = describedBy(accessible);
+    return described != nullptr ? described->record.account() : nullptr;
 }
 
-bool isSwitchedOn(GtkWidget* widget)
+std::string utf8(const String& text)
 {
-    return g_object_get_data(G_OBJECT(widget), SWITCHED_ON) != nullptr;
-}
-
-void addSwitchedState(AtkStateSet* states, wxWindow& control, AccessibleRole role)
-{
-    if (const auto* checkBox = dynamic_cast<const wxCheckBoxBase*>(&control)) {
-        if (checkBox->Get3StateValue() == wxCHK_CHECKED)
-            atk_state_set_add_state(states, ATK_STATE_CHECKED);
-        if (checkBox->Get3StateValue() == wxCHK_UNDETERMINED)
-            atk_state_set_add_state(states, ATK_STATE_INDETERMINATE);
-    } else if (isSwitchedOn(control.GetHandle())) {
-        atk_state_set_add_state(states, switchedState(role));
-    }
-}
-
-AtkStateSet* refStateSet(AtkObject* accessible) noexcept
-{
-    AtkStateSet* const states = parentClass->ref_state_set(accessible);
-    if (wxWindow* const control = controlOf(accessible)) {
-        const AccessibleRole role = describedBy(accessible)->role;
-        if (switchableState(role) != ATK_STATE_INVALID)
-            atk_state_set_add_state(states, switchableState(role));
-        addSwitchedState(states, *control, role);
-    }
-    return states;
-}
-
-// A press and a release in the middle, as by the mouse. Either may destroy the control.
-void click(const wxWeakRef<wxWindow>& control)
-{
-    for (const wxEventType type : {wxEventType(wxEVT_LEFT_DOWN), wxEventType(wxEVT_LEFT_UP)}) {
-        if (!control || !Platform::canBeClicked(*control))
-            return;
-        const wxSize size = control->GetClientSize();
-        wxMouseEvent event(type);
-        event.SetEventObject(control);
-        event.SetId(control->GetId());
-        event.SetPosition(wxPoint(size.x / 2, size.y / 2));
-        event.SetLeftDown(type == wxEVT_LEFT_DOWN);
-        control->HandleWindowEvent(event);
-    }
-}
-
-gint countActions(AtkAction* accessible) noexcept
-{
-    return controlOf(accessible) != nullptr && Platform::isClickable(describedBy(accessible)->role) ? 1 : 0;
-}
-
-const gchar* actionName(AtkAction* accessible, gint index) noexcept
-{
-    return index == 0 && countActions(accessible) == 1 ? CLICK : nullptr;
-}
-
-gboolean doAction(AtkAction* accessible, gint index) noexcept
-{
-    wxWindow* const control = controlOf(accessible);
-    if (index != 0 || countActions(accessible) == 0 || !Platform::canBeClicked(*control))
-        return FALSE;
-    // Who asked is waiting for an answer, and a click may open a dialog.
-    control->CallAfter([weak = wxWeakRef<wxWindow>(control)] { click(weak); });
-    return TRUE;
-}
-
-void initClass(gpointer classOfType, gpointer /*data*/) noexcept
-{
-    parentClass = ATK_OBJECT_CLASS(g_type_class_peek_parent(classOfType));
-    ATK_OBJECT_CLASS(classOfType)->ref_state_set = refStateSet;
-}
-
-void initAction(gpointer interface, gpointer /*data*/) noexcept
-{
-    auto* const action = static_cast<AtkActionIface*>(interface);
-    action->get_n_actions = countActions;
-    action->get_name = actionName;
-    action->do_action = doAction;
-}
-
-GType registerType()
-{
-    const GType type =
-        g_type_register_static_simple(GTK_TYPE_CONTAINER_ACCESSIBLE, "NolvexControlAccessible",
-                                      sizeof(AccessibleClass), initClass, sizeof(Accessible), nullptr, {});
-    const GInterfaceInfo action{initAction, nullptr, nullptr};
-    g_type_add_interface_static(type, ATK_TYPE_ACTION, &action);
-    return type;
-}
-
-GType accessibleType()
-{
-    static const GType TYPE = registerType();
-    return TYPE;
-}
-
-void setName(GtkWidget* widget, const wxWindow& control)
-{
-    atk_object_set_name(gtk_widget_get_accessible(widget), Platform::accessibleName(control).utf8_str());
+    return Wx::toWxString(text).utf8_string();
 }
 
 AtkRole systemRole(AccessibleRole role)
 {
     using enum AccessibleRole;
     switch (role) {
+    case PUSH_BUTTON:
+    case DROPDOWN_BUTTON:
+        return ATK_ROLE_PUSH_BUTTON;
     case TOGGLE_BUTTON:
     case DISCLOSURE:
         return ATK_ROLE_TOGGLE_BUTTON;
@@ -185,90 +82,353 @@ AtkRole systemRole(AccessibleRole role)
         return ATK_ROLE_LINK;
     case GROUP:
         return ATK_ROLE_GROUPING;
-    case PUSH_BUTTON:
-    case DROPDOWN_BUTTON:
+    case IMAGE:
+        return ATK_ROLE_IMAGE;
+    case SEPARATOR:
+        return ATK_ROLE_SEPARATOR;
+    case SPINNER:
+        return ATK_ROLE_SPIN_BUTTON;
+    case COMBO_BOX:
+        return ATK_ROLE_COMBO_BOX;
+    case BORDER:
         break;
     }
-    return ATK_ROLE_PUSH_BUTTON;
+    return ATK_ROLE_FILLER;
 }
 
-void describe(GtkWidget* widget, wxWindow& control, AccessibleRole role)
+struct StatePair
 {
-    AtkObject* const accessible = gtk_widget_get_accessible(widget);
-    atk_object_set_role(accessible, systemRole(role));
-    setName(widget, control);
-    g_object_set_data_full(G_OBJECT(accessible), DESCRIBED, new Described{&control, role},
-                           [](gpointer data) { delete static_cast<Described*>(data); });
+    AccessibleState told;
+    AtkStateType system;
+};
+
+constexpr StatePair STATES[] = {
+    {AccessibleState::CHECKABLE, ATK_STATE_CHECKABLE}, {AccessibleState::CHECKED, ATK_STATE_CHECKED},
+    {AccessibleState::MIXED, ATK_STATE_INDETERMINATE}, {AccessibleState::EXPANDABLE, ATK_STATE_EXPANDABLE},
+    {AccessibleState::EXPANDED, ATK_STATE_EXPANDED},   {AccessibleState::HAS_POPUP, ATK_STATE_HAS_POPUP},
+    {AccessibleState::READ_ONLY, ATK_STATE_READ_ONLY},
+};
+
+AtkRole roleOf(AtkObject* accessible) noexcept
+{
+    const Wx::AccessibleControl* const account = accountOf(accessible);
+    return account != nullptr ? systemRole(account->role()) : s_parentClass->get_role(accessible);
 }
 
-template<AccessibleRole ROLE>
-void onRealized(GtkWidget* widget, gpointer control) noexcept
+const gchar* nameOf(AtkObject* accessible) noexcept
 {
-    describe(widget, *static_cast<wxWindow*>(control), ROLE);
+    Described* const described = describedBy(accessible);
+    if (described == nullptr)
+        return s_parentClass->get_name(accessible);
+    described->name = utf8(described->record.name());
+    return described->name.c_str();
 }
 
-using Handler = void (*)(GtkWidget*, gpointer) noexcept;
-
-// One a role: there is no room for it beside the control.
-Handler handlerFor(AccessibleRole role)
+const gchar* descriptionOf(AtkObject* accessible) noexcept
 {
-    using enum AccessibleRole;
-    switch (role) {
-    case TOGGLE_BUTTON:
-        return onRealized<TOGGLE_BUTTON>;
-    case DROPDOWN_BUTTON:
-        return onRealized<DROPDOWN_BUTTON>;
-    case CHECK_BOX:
-        return onRealized<CHECK_BOX>;
-    case LABEL:
-        return onRealized<LABEL>;
-    case LINK:
-        return onRealized<LINK>;
-    case DISCLOSURE:
-        return onRealized<DISCLOSURE>;
-    case GROUP:
-        return onRealized<GROUP>;
-    case PUSH_BUTTON:
-        break;
+    Described* const described = describedBy(accessible);
+    const String text = described != nullptr ? described->record.description() : String();
+    if (text.isEmpty())
+        return s_parentClass->get_description(accessible);
+    described->description = utf8(text);
+    return described->description.c_str();
+}
+
+AtkStateSet* refStateSet(AtkObject* accessible) noexcept
+{
+    AtkStateSet* const states = s_parentClass->ref_state_set(accessible);
+    const Wx::AccessibleControl* const account = accountOf(accessible);
+    if (account == nullptr)
+        return states;
+    const Flags<AccessibleState> told = account->states();
+    for (const StatePair& pair : STATES) {
+        if (told.has(pair.told))
+            atk_state_set_add_state(states, pair.system);
     }
-    return onRealized<PUSH_BUTTON>;
+    // A widget of GTK can have the focus even if the control leaves it to the mouse or to a child.
+    if (!Wx::isTabStop(*describedBy(accessible)->record.control()))
+        atk_state_set_remove_state(states, ATK_STATE_FOCUSABLE);
+    return states;
+}
+
+gint countChildren(AtkObject* accessible) noexcept
+{
+    const Wx::AccessibleControl* const account = accountOf(accessible);
+    const int items = account != nullptr ? account->itemCount() : 0;
+    return items > 0 ? items : s_parentClass->get_n_children(accessible);
+}
+
+AtkObject* refChild(AtkObject* accessible, gint index) noexcept
+{
+    const Wx::AccessibleControl* const account = accountOf(accessible);
+    const int items = account != nullptr ? account->itemCount() : 0;
+    if (items == 0)
+        return s_parentClass->ref_child(accessible, index);
+    if (index < 0 || index >= items)
+        return nullptr;
+    return ATK_OBJECT(g_object_ref(describedBy(accessible)->items.item(index)));
+}
+
+// GTK makes the object when it is first asked for, which may be before the control has been described.
+void initialize(AtkObject* accessible, gpointer widget) noexcept
+{
+    s_parentClass->initialize(accessible, widget);
+    g_object_set_qdata(G_OBJECT(widget), askedKey(), widget);
+    if (Described* const described = describedBy(accessible))
+        described->record.markAnnounced();
+}
+
+gint countActions(AtkAction* accessible) noexcept
+{
+    const Wx::AccessibleControl* const account = accountOf(accessible);
+    return account != nullptr ? static_cast<gint>(account->actions().size()) : 0;
+}
+
+const gchar* actionName(AtkAction* accessible, gint index) noexcept
+{
+    if (index < 0 || index >= countActions(accessible))
+        return nullptr;
+    Described* const described = describedBy(accessible);
+    described->actionName = utf8(described->record.account()->actions()[static_cast<std::size_t>(index)]);
+    return described->actionName.c_str();
+}
+
+gboolean doAction(AtkAction* accessible, gint index) noexcept
+{
+    Described* const described = describedBy(accessible);
+    return described != nullptr && described->record.doAction(index) ? TRUE : FALSE;
+}
+
+Optional<Wx::AccessibleValue> valueOf(gpointer accessible)
+{
+    const Wx::AccessibleControl* const account = accountOf(accessible);
+    return account != nullptr ? account->value() : Optional<Wx::AccessibleValue>();
+}
+
+void getValueAndText(AtkValue* accessible, gdouble* value, gchar** text) noexcept
+{
+    const Optional<Wx::AccessibleValue> told = valueOf(accessible);
+    if (value != nullptr)
+        *value = told ? told->current : 0;
+    if (text != nullptr)
+        *text = told && !told->text.isEmpty() ? g_strdup(utf8(told->text).c_str()) : nullptr;
+}
+
+AtkRange* getRange(AtkValue* accessible) noexcept
+{
+    const Optional<Wx::AccessibleValue> told = valueOf(accessible);
+    return told ? atk_range_new(told->minimum, told->maximum, nullptr) : nullptr;
+}
+
+gdouble getIncrement(AtkValue* accessible) noexcept
+{
+    const Optional<Wx::AccessibleValue> told = valueOf(accessible);
+    return told ? told->step : 0;
+}
+
+void setValue(AtkValue* accessible, const gdouble value) noexcept
+{
+    if (Described* const described = describedBy(accessible))
+        described->record.setValue(value);
+}
+
+Optional<int> selectedItemOf(gpointer accessible)
+{
+    const Wx::AccessibleControl* const account = accountOf(accessible);
+    return account != nullptr ? account->selectedItem() : Optional<int>();
+}
+
+gboolean addSelection(AtkSelection* accessible, gint index) noexcept
+{
+    Described* const described = describedBy(accessible);
+    return described != nullptr && described->record.selectItem(index) ? TRUE : FALSE;
+}
+
+gint countSelected(AtkSelection* accessible) noexcept
+{
+    return selectedItemOf(accessible) ? 1 : 0;
+}
+
+AtkObject* refSelected(AtkSelection* accessible, gint index) noexcept
+{
+    const Optional<int> selected = selectedItemOf(accessible);
+    return selected && index == 0 ? refChild(ATK_OBJECT(accessible), *selected) : nullptr;
+}
+
+gboolean isChildSelected(AtkSelection* accessible, gint index) noexcept
+{
+    return selectedItemOf(accessible) == Optional<int>(index) ? TRUE : FALSE;
+}
+
+void initClass(gpointer accessibleClass, gpointer /*data*/) noexcept
+{
+    s_parentClass = ATK_OBJECT_CLASS(g_type_class_peek_parent(accessibleClass));
+    AtkObjectClass* const accessible = ATK_OBJECT_CLASS(accessibleClass);
+    accessible->initialize = initialize;
+    accessible->get_role = roleOf;
+    accessible->get_name = nameOf;
+    accessible->get_description = descriptionOf;
+    accessible->ref_state_set = refStateSet;
+    accessible->get_n_children = countChildren;
+    accessible->ref_child = refChild;
+}
+
+void initAction(gpointer interface, gpointer /*data*/) noexcept
+{
+    auto* const action = static_cast<AtkActionIface*>(interface);
+    action->get_n_actions = countActions;
+    action->get_name = actionName;
+    action->do_action = doAction;
+}
+
+void initValue(gpointer interface, gpointer /*data*/) noexcept
+{
+    auto* const value = static_cast<AtkValueIface*>(interface);
+    value->get_value_and_text = getValueAndText;
+    value->get_range = getRange;
+    value->get_increment = getIncrement;
+    value->set_value = setValue;
+}
+
+void initSelection(gpointer interface, gpointer /*data*/) noexcept
+{
+    auto* const selection = static_cast<AtkSelectionIface*>(interface);
+    selection->add_selection = addSelection;
+    selection->get_selection_count = countSelected;
+    selection->ref_selection = refSelected;
+    selection->is_child_selected = isChildSelected;
+}
+
+// GTK chooses the type by the class of the widget, and all windows of wxWidgets are of one class. So the type
+// has every interface that any control needs, and answers for other windows as its parent does.
+GType registerType()
+{
+    const GType type = g_type_register_static_simple(GTK_TYPE_CONTAINER_ACCESSIBLE, "NolvexControlAccessible",
+                                                     sizeof(GtkContainerAccessibleClass), initClass,
+                                                     sizeof(GtkContainerAccessible), nullptr, {});
+    const GInterfaceInfo action{initAction, nullptr, nullptr};
+    g_type_add_interface_static(type, ATK_TYPE_ACTION, &action);
+    const GInterfaceInfo value{initValue, nullptr, nullptr};
+    g_type_add_interface_static(type, ATK_TYPE_VALUE, &value);
+    const GInterfaceInfo selection{initSelection, nullptr, nullptr};
+    g_type_add_interface_static(type, ATK_TYPE_SELECTION, &selection);
+    return type;
+}
+
+// The native widget that gets the focus: of a window with scroll bars, the part that scrolls.
+GtkWidget* widgetOf(const wxWindow& window)
+{
+    return window.m_wxwindow != nullptr ? window.m_wxwindow : Platform::textWidget(window);
+}
+
+// Native widgets, such as GtkEntry, have accessible objects of their own.
+bool isOwnKind(GtkWidget* widget)
+{
+    static GtkWidgetClass* s_prepared = nullptr;
+    if (GTK_WIDGET_GET_CLASS(widget) == s_prepared)
+        return true;
+    if (!GTK_IS_FIXED(widget))
+        return false;
+    s_prepared = GTK_WIDGET_GET_CLASS(widget);
+    gtk_widget_class_set_accessible_type(s_prepared, registerType());
+    return true;
+}
+
+Described& describe(wxWindow& control, GtkWidget* widget)
+{
+    auto* described = static_cast<Described*>(g_object_get_qdata(G_OBJECT(widget), describedKey()));
+    if (described == nullptr) {
+        described = new Described(control, widget);
+        g_object_set_qdata_full(G_OBJECT(widget), describedKey(), described,
+                                [](gpointer data) { delete static_cast<Described*>(data); });
+    }
+    return *described;
+}
+
+// While nobody has asked for the accessible object, nobody can have an outdated picture of the control.
+AtkObject* askedAccessible(GtkWidget* widget)
+{
+    return g_object_get_qdata(G_OBJECT(widget), askedKey()) != nullptr ? gtk_widget_get_accessible(widget)
+                                                                       : nullptr;
+}
+
+void announceItems(AtkObject* accessible, Described& described, const Wx::AccessibleRecord::Changes& changes)
+{
+    for (int i = changes.itemsBefore - 1; i >= changes.items; --i)
+        g_signal_emit_by_name(accessible, "children-changed::remove", i, described.items.item(i), nullptr);
+    described.items.update(changes.items);
+    for (int i = changes.itemsBefore; i < changes.items; ++i)
+        g_signal_emit_by_name(accessible, "children-changed::add", i, described.items.item(i), nullptr);
+    if (changes.selection) {
+        described.items.updateSelection();
+        g_signal_emit_by_name(accessible, "selection-changed");
+    }
+}
+
+void announce(AtkObject* accessible, Described& described)
+{
+    const Wx::AccessibleRecord::Changes changes = described.record.takeChanges();
+    if (changes.name)
+        g_object_notify(G_OBJECT(accessible), "accessible-name");
+    if (changes.description)
+        g_object_notify(G_OBJECT(accessible), "accessible-description");
+    if (changes.value)
+        g_object_notify(G_OBJECT(accessible), "accessible-value");
+    const Wx::AccessibleControl* const account = described.record.account();
+    const Flags<AccessibleState> states = account != nullptr ? account->states() : Flags<AccessibleState>();
+    for (const StatePair& pair : STATES) {
+        if (changes.states.has(pair.told))
+            atk_object_notify_state_change(accessible, pair.system, states.has(pair.told) ? TRUE : FALSE);
+    }
+    announceItems(accessible, described, changes);
 }
 
 } // namespace
 
-void Platform::describeControl(wxWindow& control, AccessibleRole role)
+void Wx::describeControl(wxWindow& control, AccessibleMaker maker)
 {
-    GtkWidget* const widget = control.GetHandle();
-    // The kind of accessible object is common to all windows of the toolkit; those that are no control of
-    // ours see no difference. What is wrapped in bars to scroll with has another kind.
-    if (GTK_IS_FIXED(widget))
-        gtk_widget_class_set_accessible_type(GTK_WIDGET_GET_CLASS(widget), accessibleType());
-    const Handler handler = handlerFor(role);
-    // Making the accessible object takes time, and nobody can ask for what is not there to see. The toolkit
-    // takes the handlers that have the window for their data away with the window.
-    if (gtk_widget_get_realized(widget))
-        handler(widget, &control);
-    else
-        g_signal_connect(widget, "realize", G_CALLBACK(handler), &control);
+    GtkWidget* const widget = widgetOf(control);
+    if (!isOwnKind(widget))
+        return;
+    Described& described = describe(control, widget);
+    described.record.setMaker(maker);
+    if (AtkObject* const accessible = askedAccessible(widget)) {
+        described.record.markAnnounced();
+        g_object_notify(G_OBJECT(accessible), "accessible-role");
+        g_object_notify(G_OBJECT(accessible), "accessible-name");
+    }
 }
 
-void Platform::renameControl(wxWindow& control)
+void Wx::updateAccessible(wxWindow& control)
 {
-    if (gtk_widget_get_realized(control.GetHandle()))
-        setName(control.GetHandle(), control);
+    GtkWidget* const widget = widgetOf(control);
+    AtkObject* const accessible = askedAccessible(widget);
+    if (accessible == nullptr)
+        return;
+    if (Described* const described = describedBy(accessible))
+        announce(accessible, *described);
 }
 
-void Platform::switchControl(wxWindow& control, bool on)
+void Wx::setAccessibleName(wxWindow& window, const String& name)
 {
-    GtkWidget* const widget = control.GetHandle();
-    if (on == isSwitchedOn(widget))
+    GtkWidget* const widget = widgetOf(window);
+    if (!isOwnKind(widget)) {
+        atk_object_set_name(gtk_widget_get_accessible(widget), utf8(name).c_str());
         return;
-    g_object_set_data(G_OBJECT(widget), SWITCHED_ON, GINT_TO_POINTER(on));
-    if (!gtk_widget_get_realized(widget))
+    }
+    describe(window, widget).record.setName(name);
+    updateAccessible(window);
+}
+
+void Wx::setAccessibleDescription(wxWindow& window, const String& description)
+{
+    GtkWidget* const widget = widgetOf(window);
+    if (!isOwnKind(widget)) {
+        atk_object_set_description(gtk_widget_get_accessible(widget), utf8(description).c_str());
         return;
-    AtkObject* const accessible = gtk_widget_get_accessible(widget);
-    if (const Described* described = describedBy(accessible))
-        atk_object_notify_state_change(accessible, switchedState(described->role), on);
+    }
+    describe(window, widget).record.setDescription(description);
+    updateAccessible(window);
 }
 
 } // namespace Nolvex

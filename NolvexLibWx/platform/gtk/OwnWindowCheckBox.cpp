@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/platform/OwnWindowCheckBox.h"
 
+#include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/paint/CheckBoxExtent.h"
-#include "NolvexLibWx/platform/Accessibility.h"
 #include "NolvexLibWx/platform/gtk/Mnemonic.h"
 
 #include <wx/weakref.h>
@@ -33,7 +33,6 @@ bool Platform::OwnWindowCheckBox::Create(wxWindow* parent, wxWindowID id, const 
     SetInitialSize(size);
     bindEvents();
     updateMnemonic();
-    describeControl(*this, AccessibleRole::CHECK_BOX);
     return true;
 }
 
@@ -58,7 +57,7 @@ void Platform::OwnWindowCheckBox::SetValue(bool value)
 void Platform::OwnWindowCheckBox::DoSet3StateValue(wxCheckBoxState value)
 {
     m_value = value;
-    switchControl(*this, GetValue());
+    Wx::updateAccessible(*this);
     Refresh();
 }
 
@@ -68,7 +67,7 @@ void Platform::OwnWindowCheckBox::SetLabel(const wxString& label)
     m_labelOrig = label;
     updateMnemonic();
     InvalidateBestSize();
-    renameControl(*this);
+    Wx::updateAccessible(*this);
     Refresh();
 }
 

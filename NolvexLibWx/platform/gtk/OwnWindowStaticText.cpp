@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/platform/OwnWindowStaticText.h"
 
+#include "NolvexLibWx/Accessibility.h"
+#include "NolvexLibWx/LabelledAccount.h"
 #include "NolvexLibWx/paint/LabelExtent.h"
-#include "NolvexLibWx/platform/Accessibility.h"
 #include "NolvexLibWx/platform/gtk/HoverWatch.h"
 
 #include <utility>
@@ -20,7 +21,7 @@ Platform::OwnWindowStaticText::OwnWindowStaticText(wxWindow* parent, wxWindowID 
     m_labelOrig = label;
     wxControl::Create(parent, id, pos, size, style | wxFULL_REPAINT_ON_RESIZE, wxDefaultValidator, name);
     SetInitialSize(size);
-    describeControl(*this, AccessibleRole::LABEL);
+    Wx::describeAs<Wx::LabelledAccount, Wx::AccessibleRole::LABEL>(*this);
 }
 
 Platform::OwnWindowStaticText::~OwnWindowStaticText() = default;
@@ -31,7 +32,7 @@ void Platform::OwnWindowStaticText::SetLabel(const wxString& label)
         return;
     wxStaticTextBase::SetLabel(label);
     AutoResizeIfNecessary();
-    renameControl(*this);
+    Wx::updateAccessible(*this);
     Refresh();
 }
 

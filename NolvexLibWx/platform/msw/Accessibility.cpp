@@ -1,160 +1,137 @@
 // SPDX-License-Identifier: MIT
-#include "NolvexLibWx/platform/Accessibility.h"
+#include "NolvexLibWx/Accessibility.h"
 
-#include <wx/access.h>
+#include "NolvexLibWx/platform/msw/DescribedAccessible.h"
+
 #include <wx/msw/private.h>
 
-#include <utility>
+#include <commctrl.h>
+
+#include <memory>
 
 namespace Nolvex {
 
 namespace {
 
-using Platform::AccessibleRole;
+using Changes = Wx::AccessibleRecord::Changes;
 
-wxAccRole systemRole(AccessibleRole role)
+constexpr UINT_PTR SUBCLASS_ID = 1;
+
+// Belongs to the native window and goes with it.
+struct Described
 {
-    using enum AccessibleRole;
-    switch (role) {
-    case DROPDOWN_BUTTON:
-        return wxROLE_SYSTEM_BUTTONDROPDOWN;
-    case CHECK_BOX:
-        return wxROLE_SYSTEM_CHECKBUTTON;
-    case LABEL:
-        return wxROLE_SYSTEM_STATICTEXT;
-    case LINK:
-        return wxROLE_SYSTEM_LINK;
-    case GROUP:
-        return wxROLE_SYSTEM_GROUPING;
-    case PUSH_BUTTON:
-    case TOGGLE_BUTTON:
-    case DISCLOSURE:
-        break;
-    }
-    return wxROLE_SYSTEM_PUSHBUTTON;
-}
+    explicit Described(wxWindow& control) : record(control) {}
 
-// As every window has them.
-long windowStates(const wxWindow& control)
-{
-    long states = 0;
-    if (!control.IsEnabled())
-        states |= wxACC_STATE_SYSTEM_UNAVAILABLE;
-    if (!control.IsShownOnScreen())
-        states |= wxACC_STATE_SYSTEM_INVISIBLE;
-    if (control.IsFocusable())
-        states |= wxACC_STATE_SYSTEM_FOCUSABLE;
-    if (control.HasFocus())
-        states |= wxACC_STATE_SYSTEM_FOCUSED;
-    return states;
-}
-
-long checkBoxState(const wxCheckBoxBase& checkBox)
-{
-    switch (checkBox.Get3StateValue()) {
-    case wxCHK_CHECKED:
-        return wxACC_STATE_SYSTEM_CHECKED;
-    case wxCHK_UNDETERMINED:
-        return wxACC_STATE_SYSTEM_MIXED;
-    case wxCHK_UNCHECKED:
-        break;
-    }
-    return 0;
-}
-
-class Description : public wxAccessible
-{
-public:
-    Description(wxWindow& control, AccessibleRole role) : wxAccessible(&control), m_role(role) {}
-
-    // Whether that is a change.
-    bool switchOn(bool on) { return std::exchange(m_on, on) != on; }
-
-    wxAccStatus GetRole(int childId, wxAccRole* role) override
+    ~Described()
     {
-        if (childId != wxACC_SELF)
-            return wxACC_NOT_IMPLEMENTED;
-        *role = systemRole(m_role);
-        return wxACC_OK;
+        if (accessible != nullptr) {
+            accessible->disconnect();
+            accessible->Release();
+        }
     }
 
-    wxAccStatus GetName(int childId, wxString* name) override
-    {
-        if (childId != wxACC_SELF)
-            return wxACC_NOT_IMPLEMENTED;
-        *name = Platform::accessibleName(*GetWindow());
-        return wxACC_OK;
-    }
+    Described(const Described&) = delete;
+    Described& operator=(const Described&) = delete;
 
-    wxAccStatus GetState(int childId, long* state) override
-    {
-        if (childId != wxACC_SELF)
-            return wxACC_NOT_IMPLEMENTED;
-        *state = windowStates(*GetWindow()) | switchedState();
-        return wxACC_OK;
-    }
-
-    wxAccStatus GetDefaultAction(int childId, wxString* action) override
-    {
-        if (childId != wxACC_SELF || !Platform::isClickable(m_role))
-            return wxACC_NOT_IMPLEMENTED;
-        *action = wxS("click");
-        return wxACC_OK;
-    }
-
-    wxAccStatus DoDefaultAction(int childId) override
-    {
-        if (childId != wxACC_SELF || !Platform::isClickable(m_role))
-            return wxACC_NOT_IMPLEMENTED;
-        if (!Platform::canBeClicked(*GetWindow()))
-            return wxACC_FAIL;
-        click();
-        return wxACC_OK;
-    }
-
-private:
-    long switchedState()
-    {
-        if (const auto* checkBox = dynamic_cast<const wxCheckBoxBase*>(GetWindow()))
-            return checkBoxState(*checkBox);
-        if (m_role == AccessibleRole::DISCLOSURE)
-            return m_on ? wxACC_STATE_SYSTEM_EXPANDED : wxACC_STATE_SYSTEM_COLLAPSED;
-        return m_on ? wxACC_STATE_SYSTEM_PRESSED : 0;
-    }
-
-    // A press and a release in the middle, as by the mouse. Who asked is waiting for an answer, and a click
-    // may open a dialog: hence later.
-    void click()
-    {
-        const HWND window = GetHwndOf(GetWindow());
-        const wxSize size = GetWindow()->GetClientSize();
-        const LPARAM middle = MAKELPARAM(size.x / 2, size.y / 2);
-        ::PostMessage(window, WM_LBUTTONDOWN, MK_LBUTTON, middle);
-        ::PostMessage(window, WM_LBUTTONUP, 0, middle);
-    }
-
-    AccessibleRole m_role;
-    bool m_on = false;
+    Wx::AccessibleRecord record;
+    Platform::DescribedAccessible* accessible = nullptr; // made when first asked for
 };
+
+LRESULT answerGetObject(HWND window, WPARAM wParam, Described& described)
+{
+    if (described.accessible == nullptr) {
+        described.accessible = new Platform::DescribedAccessible(window, described.record);
+        described.record.markAnnounced();
+    }
+    return ::LresultFromObject(IID_IAccessible, wParam, described.accessible);
+}
+
+LRESULT CALLBACK onMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR /*id*/,
+                           DWORD_PTR data) noexcept
+{
+    auto* const described = reinterpret_cast<Described*>(data);
+    // 64-bit programs may or may not extend the sign of this identifier.
+    if (message == WM_GETOBJECT && static_cast<LONG>(lParam) == static_cast<LONG>(OBJID_CLIENT) &&
+        described->record.control() != nullptr)
+        return answerGetObject(window, wParam, *described);
+    const LRESULT result = ::DefSubclassProc(window, message, wParam, lParam);
+    if (message == WM_NCDESTROY) {
+        ::RemoveWindowSubclass(window, onMessage, SUBCLASS_ID);
+        delete described;
+    }
+    return result;
+}
+
+Described* findDescribed(HWND window)
+{
+    DWORD_PTR data = 0;
+    return ::GetWindowSubclass(window, onMessage, SUBCLASS_ID, &data) != FALSE
+               ? reinterpret_cast<Described*>(data)
+               : nullptr;
+}
+
+Described* describe(wxWindow& control)
+{
+    const HWND window = GetHwndOf(&control);
+    if (Described* const described = findDescribed(window))
+        return described;
+    auto described = std::make_unique<Described>(control);
+    const auto data = reinterpret_cast<DWORD_PTR>(described.get());
+    return ::SetWindowSubclass(window, onMessage, SUBCLASS_ID, data) != FALSE ? described.release() : nullptr;
+}
+
+void announce(HWND window, const Changes& changes, Optional<int> selected)
+{
+    const auto notify = [window](DWORD event, bool isWanted, LONG child = CHILDID_SELF) {
+        if (isWanted)
+            ::NotifyWinEvent(event, window, static_cast<LONG>(OBJID_CLIENT), child);
+    };
+    notify(EVENT_OBJECT_NAMECHANGE, changes.name);
+    notify(EVENT_OBJECT_DESCRIPTIONCHANGE, changes.description);
+    notify(EVENT_OBJECT_STATECHANGE, !changes.states.isEmpty());
+    notify(EVENT_OBJECT_REORDER, changes.items != changes.itemsBefore);
+    // The value of a list of choices is the one that is selected.
+    notify(EVENT_OBJECT_VALUECHANGE, changes.value || changes.selection);
+    if (selected)
+        notify(EVENT_OBJECT_SELECTION, changes.selection, *selected + 1);
+}
 
 } // namespace
 
-void Platform::describeControl(wxWindow& control, AccessibleRole role)
+void Wx::describeControl(wxWindow& control, AccessibleMaker maker)
 {
-    // The window owns it, in the place of an earlier one.
-    control.SetAccessible(new Description(control, role));
+    Described* const described = describe(control);
+    if (described == nullptr)
+        return;
+    described->record.setMaker(maker);
+    if (described->accessible != nullptr)
+        described->record.markAnnounced();
 }
 
-void Platform::renameControl(wxWindow& control)
+void Wx::updateAccessible(wxWindow& control)
 {
-    wxAccessible::NotifyEvent(wxACC_EVENT_OBJECT_NAMECHANGE, &control, wxOBJID_CLIENT, wxACC_SELF);
+    const HWND window = GetHwndOf(&control);
+    Described* const described = findDescribed(window);
+    // While nobody has asked for the accessible object, nobody can have an outdated picture of the control.
+    if (described == nullptr || described->accessible == nullptr)
+        return;
+    const Changes changes = described->record.takeChanges();
+    const AccessibleControl* const account = described->record.account();
+    announce(window, changes, account != nullptr ? account->selectedItem() : Optional<int>());
 }
 
-void Platform::switchControl(wxWindow& control, bool on)
+void Wx::setAccessibleName(wxWindow& window, const String& name)
 {
-    auto* description = dynamic_cast<Description*>(control.GetAccessible());
-    if (description != nullptr && description->switchOn(on))
-        wxAccessible::NotifyEvent(wxACC_EVENT_OBJECT_STATECHANGE, &control, wxOBJID_CLIENT, wxACC_SELF);
+    if (Described* const described = describe(window))
+        described->record.setName(name);
+    updateAccessible(window);
+}
+
+void Wx::setAccessibleDescription(wxWindow& window, const String& description)
+{
+    if (Described* const described = describe(window))
+        described->record.setDescription(description);
+    updateAccessible(window);
 }
 
 } // namespace Nolvex

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/platform/OwnWindowCheckBox.h"
 
+#include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/paint/CheckBoxExtent.h"
-#include "NolvexLibWx/platform/Accessibility.h"
 
 #include <wx/msw/private.h>
 
@@ -17,7 +17,6 @@ bool Platform::OwnWindowCheckBox::Create(wxWindow* parent, wxWindowID id, const 
     if (!wxCheckBox::Create(parent, id, label, pos, size, style, validator, name))
         return false;
     OwnWindowCheckBox::SetForegroundColour(GetForegroundColour());
-    describeControl(*this, AccessibleRole::CHECK_BOX);
     return true;
 }
 
@@ -30,7 +29,7 @@ bool Platform::OwnWindowCheckBox::SetForegroundColour(const wxColour& colour)
 void Platform::OwnWindowCheckBox::SetLabel(const wxString& label)
 {
     wxCheckBox::SetLabel(label);
-    renameControl(*this);
+    Wx::updateAccessible(*this);
     Refresh();
 }
 
@@ -50,7 +49,7 @@ WXLRESULT Platform::OwnWindowCheckBox::MSWWindowProc(WXUINT message, WXWPARAM wP
 void Platform::OwnWindowCheckBox::DoSet3StateValue(wxCheckBoxState value)
 {
     wxCheckBox::DoSet3StateValue(value);
-    switchControl(*this, GetValue());
+    Wx::updateAccessible(*this);
 }
 
 wxSize Platform::OwnWindowCheckBox::DoGetBestClientSize() const

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/platform/msw/OwnWindowStaticText.h"
 
+#include "NolvexLibWx/Accessibility.h"
+#include "NolvexLibWx/LabelledAccount.h"
 #include "NolvexLibWx/paint/LabelExtent.h"
-#include "NolvexLibWx/platform/Accessibility.h"
 
 namespace Nolvex {
 
@@ -11,7 +12,7 @@ Platform::OwnWindowStaticText::OwnWindowStaticText(wxWindow* parent, wxWindowID 
                                                    const wxString& name)
     : wxStaticText(parent, id, label, pos, size, style, name)
 {
-    describeControl(*this, AccessibleRole::LABEL);
+    Wx::describeAs<Wx::LabelledAccount, Wx::AccessibleRole::LABEL>(*this);
 }
 
 Platform::OwnWindowStaticText::~OwnWindowStaticText() = default;
@@ -19,7 +20,7 @@ Platform::OwnWindowStaticText::~OwnWindowStaticText() = default;
 void Platform::OwnWindowStaticText::SetLabel(const wxString& label)
 {
     wxStaticText::SetLabel(label);
-    renameControl(*this);
+    Wx::updateAccessible(*this);
 }
 
 wxSize Platform::OwnWindowStaticText::DoGetBestClientSize() const

@@ -4,14 +4,10 @@
 #include "NolvexLibWx/ColourConversions.h"
 #include "NolvexLibWx/DpiScaling.h"
 #include "support/AddressOpener.h"
+#include "support/FrameFixture.h"
 #include "support/Gestures.h"
 #include "support/HandCursor.h"
 #include "support/Screen.h"
-
-#include <wx/frame.h>
-#include <wx/panel.h>
-
-#include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <type_traits>
@@ -30,10 +26,8 @@ const wxColour VISITED(0, 0, 210);
 const wxPoint INSIDE(20, 20);
 const wxPoint OUTSIDE(20, 150);
 
-struct TextButtonTest : testing::Test
+struct TextButtonTest : Tests::FrameFixture
 {
-    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "text button", wxPoint(100, 100), wxSize(400, 300));
-    wxPanel* panel = new wxPanel(frame);
     int clicks = 0;
     int commands = 0;
 
@@ -42,8 +36,6 @@ struct TextButtonTest : testing::Test
         panel->SetBackgroundColour(*wxWHITE);
         frame->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { ++commands; });
     }
-
-    ~TextButtonTest() override { Tests::destroyNow(frame); }
 
     TextButton* plain() const { return new TextButton(panel, 17, L"Text", Function<void()>(), {20, 20}); }
 
