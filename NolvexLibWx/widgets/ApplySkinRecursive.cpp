@@ -11,6 +11,8 @@ namespace Nolvex {
 
 void Wx::applySkinRecursive(wxWindow* window, const GuiSkin& skin)
 {
+    if (window == nullptr)
+        return;
     window->SetBackgroundColour(toWxColour(skin.background));
     window->SetForegroundColour(toWxColour(skin.text));
     if (auto* textButton = dynamic_cast<TextButton*>(window)) {

@@ -2,8 +2,8 @@
 #include "NolvexLibWx/widgets/OskaBorder.h"
 
 #include "NolvexLibWx/ColourConversions.h"
-#include "NolvexLibWx/paint/CrispLines.h"
 #include "NolvexLibWx/GeometryConversions.h"
+#include "NolvexLibWx/paint/CrispLines.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"
 
 #include <wx/dcclient.h>
@@ -36,7 +36,7 @@ OskaBorder::~OskaBorder() = default;
 void OskaBorder::addChild(wxWindow* child)
 {
     m_child = child;
-    // The old sizer goes first: a window stays in the sizer it was added to, and may be framed anew.
+    // The old sizer is deleted first, because a window that is framed again would still belong to it.
     SetSizer(nullptr);
     m_sizer = new wxBoxSizer(wxHORIZONTAL);
     m_sizer->Add(child, 1, wxEXPAND | wxALL, CHILD_MARGIN);
@@ -79,8 +79,9 @@ void OskaBorder::draw(wxDC& dc, const Bucket& rect, Flags<OskaBorderState> flags
     if (!framed)
         return;
 
-    // Starts are absolute, ends are width and height: the same only for a rectangle at the origin, where all
-    // borders are drawn. Controls in the field look the way these lines come out, so the formulas stay.
+    // These lines start at absolute coordinates and end at the width and height, so that they follow the
+    // bottom edge only of a rectangle at the origin. Existing programs depend on the pixels; the formulas
+    // must stay.
     lines.setPen(BOTTOM_OUTER());
     lines.drawLine({rect.min.x, rect.max.y - 1}, {rect.width(), rect.height() - 1});
     lines.setPen(BOTTOM_INNER());

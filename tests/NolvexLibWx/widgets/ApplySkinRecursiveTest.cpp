@@ -3,9 +3,8 @@
 
 #include "NolvexLibWx/widgets/SkinnableMixin.h"
 #include "NolvexLibWx/widgets/TextButton.h"
-#include "support/Events.h"
+#include "support/FrameFixture.h"
 
-#include <wx/frame.h>
 #include <wx/panel.h>
 #include <wx/textctrl.h>
 
@@ -27,18 +26,13 @@ GuiSkin someSkin()
     return skin;
 }
 
-struct ApplySkinRecursiveTest : testing::Test
-{
-    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "skin");
-
-    ~ApplySkinRecursiveTest() override { Tests::destroyNow(frame); }
-};
+struct ApplySkinRecursiveTest : Tests::FrameFixture
+{};
 
 } // namespace
 
 TEST_F(ApplySkinRecursiveTest, everyWindowOfTheTree_getsBothColours)
 {
-    auto* panel = new wxPanel(frame);
     auto* inner = new wxPanel(panel);
     auto* control = new wxTextCtrl(inner, wxID_ANY);
     applySkinRecursive(frame, someSkin());
@@ -49,9 +43,14 @@ TEST_F(ApplySkinRecursiveTest, everyWindowOfTheTree_getsBothColours)
     }
 }
 
+TEST_F(ApplySkinRecursiveTest, noWindow_isIgnored)
+{
+    applySkinRecursive(nullptr, someSkin());
+    EXPECT_NE(panel->GetBackgroundColour(), wxColour(4, 5, 6));
+}
+
 TEST_F(ApplySkinRecursiveTest, windowWithoutChildren_isTheOnlyOneTouched)
 {
-    auto* panel = new wxPanel(frame);
     auto* sibling = new wxPanel(frame);
     const wxColour before = sibling->GetBackgroundColour();
     const wxColour frameBefore = frame->GetBackgroundColour();
