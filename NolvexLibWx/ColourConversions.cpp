@@ -9,7 +9,7 @@ namespace {
 
 std::uint8_t toByte(float channel)
 {
-    // The comparisons send NaN to 0.
+    // Comparisons with NaN are false, so that NaN becomes 0.
     const float clamped = channel > 0.0f ? (channel < 1.0f ? channel : 1.0f) : 0.0f;
     return static_cast<std::uint8_t>(std::nearbyint(clamped * 255.0f));
 }

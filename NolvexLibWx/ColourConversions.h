@@ -9,17 +9,17 @@
 
 namespace Nolvex::Wx {
 
-/// Bytes times 1/255; alpha is always 1, whatever the colour's own.
+/// Returns the channels as fractions of 255. The alpha of the colour is ignored: the result is opaque.
 NOLVEXLIBWX_EXPORT Rgb toRgb(const wxColour& colour);
 
-/// The three bytes; alpha is dropped.
+/// Returns the three bytes without the alpha.
 NOLVEXLIBWX_EXPORT RgbBytes toRgbBytes(const wxColour& colour);
 
-/// Opaque.
+/// Returns an opaque colour.
 NOLVEXLIBWX_EXPORT wxColour toWxColour(const RgbBytes& colour);
 
-/// Opaque, whatever the colour's alpha. Channels are clamped to 0 to 1 and rounded to bytes, ties to even;
-/// NaN gives 0.
+/// Returns an opaque colour, whatever the alpha. Channels are clamped to the range from 0 to 1 and rounded to
+/// bytes, ties to even. NaN becomes 0.
 NOLVEXLIBWX_EXPORT wxColour toWxColour(const Rgb& colour);
 
 } // namespace Nolvex::Wx

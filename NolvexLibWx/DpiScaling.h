@@ -9,20 +9,20 @@
 
 namespace Nolvex::Wx {
 
-// From design units (96 DPI) to pixels of the screen by the system's DPI, rounded as the toolkit rounds. One
-// factor for everything: neither windows nor monitors have their own. On GTK a pixel is a design unit
-// already.
+// Sizes are designed for 96 DPI. These functions scale such design units to pixels by the DPI of the system
+// and round as wxWidgets does. Windows and monitors have no scale of their own. On GTK, which scales by
+// itself, a pixel is a design unit.
 
 NOLVEXLIBWX_EXPORT int scaleByDpi(int value);
 
-/// Both coordinates by the horizontal DPI.
+/// Scales both coordinates by the horizontal DPI.
 NOLVEXLIBWX_EXPORT Pixel scaleByDpi(Pixel value);
 
-/// Both dimensions by the horizontal DPI; -1, the toolkit's default, stays -1.
+/// Scales both dimensions by the horizontal DPI. A dimension of -1 (wxDefaultCoord) stays -1.
 NOLVEXLIBWX_EXPORT wxSize scaleByDpi(wxSize value);
 
-/// Enlarged by a whole factor, what one unit scales to: unchanged at 125 %, doubled at 150 %, so that icons
-/// stay sharp. An invalid bitmap comes back as it is.
+/// Enlarges the bitmap by a whole factor, so that icons stay sharp: not at all at 125 %, to twice its size at
+/// 150 %. An invalid bitmap is returned as it is.
 NOLVEXLIBWX_EXPORT wxBitmap scaleByDpi(const wxBitmap& bitmap);
 
 } // namespace Nolvex::Wx

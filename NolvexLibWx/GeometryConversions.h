@@ -17,7 +17,8 @@ namespace Nolvex::Wx {
 
 namespace Detail {
 
-// Wraps instead of overflowing, so that a rectangle of any corners survives the way to the toolkit and back.
+// Sums that are too large wrap around, so that a rectangle with any corners survives the way to wxRect and
+// back.
 constexpr std::int32_t wrappingAdd(std::int32_t a, std::int32_t b)
 {
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(a) + static_cast<std::uint32_t>(b));
@@ -28,7 +29,7 @@ constexpr std::int32_t wrappingSubtract(std::int32_t a, std::int32_t b)
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(a) - static_cast<std::uint32_t>(b));
 }
 
-/// Towards zero; beyond the integers to the nearest of them, NaN to 0.
+/// Cuts off the fraction. Values beyond the range of integers become the nearest integer, NaN becomes 0.
 constexpr std::int32_t truncate(float value)
 {
     constexpr float LIMIT = 2147483648.0f;
@@ -61,7 +62,7 @@ inline wxSize toWxSize(const Pixel& pixel)
     return {pixel.x, pixel.y};
 }
 
-/// Half open: `max` is one past the rectangle's last pixel.
+/// Returns a half-open rectangle: `max` lies one pixel beyond the last pixel.
 inline Bucket toBucket(const wxRect& rect)
 {
     return {{rect.x, rect.y},
@@ -75,8 +76,8 @@ inline wxRect toWxRect(const Bucket& bucket)
             Detail::wrappingSubtract(bucket.max.y, bucket.min.y)};
 }
 
-/// The box through the centres of the corner pixels: 10 pixels from x = 0 on span 0 to 9. Corners in the
-/// wrong order (no width, a negative one) are put in order.
+/// Returns the box whose corners are the first and the last pixel: 10 pixels from x = 0 on span 0 to 9. If
+/// the width or the height is 0 or negative, the corners are swapped.
 inline BoundingBox<Vector2> toBoundingBox2(const wxRect& rect)
 {
     const auto last = [](int start, int length) {
@@ -86,14 +87,14 @@ inline BoundingBox<Vector2> toBoundingBox2(const wxRect& rect)
             Vector2{last(rect.x, rect.width), last(rect.y, rect.height)}};
 }
 
-/// x + width / 2, y + height / 2, the halves truncated toward zero.
+/// Returns (x + width / 2, y + height / 2), with halves truncated toward zero.
 inline Pixel getRectCenter(const wxRect& rect)
 {
     return {Detail::wrappingAdd(rect.x, rect.width / 2), Detail::wrappingAdd(rect.y, rect.height / 2)};
 }
 
-// The window belongs to the signatures but is not asked: the conversions are the same for all, and none
-// scales by DPI.
+// The window is part of the signatures but is ignored, and may be null: the conversions are the same for
+// every window. None of them scales by DPI.
 
 inline Vector2 pixelToPoint(int x, int y, const wxWindow* /*window*/)
 {
@@ -105,7 +106,7 @@ inline Vector2 pixelToPoint(const Pixel& pixel, const wxWindow* window)
     return pixelToPoint(pixel.x, pixel.y, window);
 }
 
-/// Truncated toward zero.
+/// Truncates toward zero.
 inline Pixel pointToPixel(float x, float y, const wxWindow* /*window*/)
 {
     return {Detail::truncate(x), Detail::truncate(y)};
@@ -116,7 +117,7 @@ inline Pixel pointToPixel(const Vector2& point, const wxWindow* window)
     return pointToPixel(point.x, point.y, window);
 }
 
-/// By way of float, which holds whole numbers exactly up to 2^24 only.
+/// Converts by way of float, which is exact for numbers up to 2^24 only.
 inline Pixel pointToPixel(int x, int y, const wxWindow* window)
 {
     return pointToPixel(static_cast<float>(x), static_cast<float>(y), window);

@@ -11,9 +11,9 @@ namespace Nolvex::Wx {
 
 struct GuiSkin;
 
-/// Gives the window and all its descendants, parents first, the skin's background and text colours, and every
-/// TextButton among them the link colour, also for hovering. The skins that controls have copied stay as they
-/// are: a button takes its colours from its own copy when its state changes next. A null window is ignored.
+/// Sets the background and text colours of the window and of all its descendants, parents first. A TextButton
+/// gets the link colour as normal and as hover colour. The skins that controls have copied do not change, so
+/// that a button returns to the colours of its own skin when its state changes. A null window is ignored.
 NOLVEXLIBWX_EXPORT void applySkinRecursive(wxWindow* window, const GuiSkin& skin);
 
 } // namespace Nolvex::Wx

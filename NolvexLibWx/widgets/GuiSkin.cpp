@@ -7,7 +7,7 @@ namespace Nolvex {
 
 namespace {
 
-// Constant data: hosts read the default from their own static constructors.
+// Constant initialisation lets hosts read the default skin in their static constructors.
 constinit Wx::GuiSkin g_default{
     .text = {200, 200, 200},
     .disabledText = {110, 110, 110},

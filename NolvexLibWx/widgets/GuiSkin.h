@@ -6,8 +6,8 @@
 
 namespace Nolvex::Wx {
 
-/// The nine colours of the controls. Controls copy a skin when they are constructed; later changes of the
-/// original do not reach them.
+/// The nine colours of the controls. A control copies its skin during construction: later changes of the
+/// original do not reach the control.
 struct GuiSkin
 {
     RgbBytes text;              ///< foreground of skinned windows, button text
@@ -22,8 +22,8 @@ struct GuiSkin
 
     friend constexpr bool operator==(const GuiSkin&, const GuiSkin&) = default;
 
-    /// The process-wide default, which the host may change: every later construction that copies it sees the
-    /// change, and so does every border drawn afterwards. Dark at load.
+    /// Returns the default skin of the process, a dark one, which the host may change. A change affects the
+    /// controls that are constructed afterwards, and the highlight of all borders that are drawn afterwards.
     NOLVEXLIBWX_EXPORT static GuiSkin& DEFAULT();
 };
 

@@ -7,7 +7,7 @@
 
 namespace Nolvex::Wx {
 
-/// A control that can be given another skin after construction. It starts with a copy of the default skin.
+/// A control whose skin can be changed after construction. At first it has a copy of the default skin.
 class NOLVEXLIBWX_EXPORT ISkinnable : public Polymorphic
 {
 public:
@@ -17,7 +17,7 @@ public:
     /// Stores the skin and shows its colours.
     virtual void applySkin(const GuiSkin& skin) = 0;
 
-    /// The skin the control has now.
+    /// Returns the current skin.
     const GuiSkin& skin() const { return m_skin; }
 
 protected:

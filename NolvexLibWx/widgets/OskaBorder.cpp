@@ -41,7 +41,7 @@ OskaBorder::~OskaBorder() = default;
 void OskaBorder::addChild(wxWindow* child)
 {
     m_child = child;
-    // The old sizer goes first: a window that stays in it could not be added to the new one.
+    // The old sizer is deleted first, because a window that is framed again would still belong to it.
     SetSizer(nullptr);
     m_sizer = new wxBoxSizer(wxHORIZONTAL);
     m_sizer->Add(child, 1, wxEXPAND | wxALL, CHILD_MARGIN);
@@ -93,8 +93,9 @@ void OskaBorder::draw(wxDC& dc, const Bucket& rect, Flags<OskaBorderState> flags
     if (!framed)
         return;
 
-    // The lines start at absolute coordinates and end at the width and height. Both agree for a rectangle at
-    // the origin, where every control draws its border. The formulas stay, as users know the controls so.
+    // These lines start at absolute coordinates and end at the width and height, so that they follow the
+    // bottom edge only of a rectangle at the origin. Existing programs depend on the pixels; the formulas
+    // must stay.
     lines.setPen(BOTTOM_OUTER());
     lines.drawLine({rect.min.x, rect.max.y - 1}, {rect.width(), rect.height() - 1});
     lines.setPen(BOTTOM_INNER());

@@ -14,7 +14,7 @@ class WXDLLIMPEXP_FWD_CORE wxPen;
 
 namespace Nolvex {
 
-/// The states of a border that can be seen.
+/// The state that a border shows.
 enum class OskaBorderState : std::uint32_t
 {
     HOVERED = 2,  ///< the mouse is inside the window
@@ -22,9 +22,9 @@ enum class OskaBorderState : std::uint32_t
     NO_FRAME = 8, ///< no outer frame and no bottom edge; the inner line takes the whole rectangle
 };
 
-/// The panel that gives controls their look: a dark frame, an inner line that lights up under the mouse while
-/// the panel is enabled, and a two-tone bottom edge. Base of the button family, and by itself a frame around
-/// one child window.
+/// The panel that gives controls their look: a dark frame, an inner line that is highlighted while the mouse
+/// is over the enabled panel, and a bottom edge of two shades. It is the base of all buttons, and also serves
+/// as a frame around a child window.
 class NOLVEXLIBWX_EXPORT OskaBorder : public Platform::SelfPaintedPanel
 {
 public:
@@ -33,11 +33,11 @@ public:
                         const wxString& name = wxASCII_STR(wxPanelNameStr));
     ~OskaBorder() override;
 
-    /// Frames `child`, a child window of this one, at 2 pixels' distance on all sides, and fits the panel to
-    /// it. Called again, it frames the other window instead.
+    /// Places `child`, a child window of the panel, 2 pixels inside the panel on all sides and fits the panel
+    /// to it. A second call replaces the child that is framed.
     void addChild(wxWindow* child);
 
-    /// Keeps the ENABLED flag in step; does not repaint.
+    /// Sets or clears the ENABLED flag, too. Does not repaint.
     bool Enable(bool enable = true) override;
 
     /// A border is no Tab stop, but the windows in it may be. A control that derives from this class and
@@ -50,15 +50,15 @@ public:
     /// anything.
     void setHovered(bool hovered);
 
-    /// Paints the border into `rect`, lines only, with the default skin's highlight. Exact for a `rect` that
-    /// starts at (0, 0): the bottom edge is drawn from the rectangle's corner to its width and height.
+    /// Draws the lines of the border into `rect`, with the highlight of the default skin. `rect` should start
+    /// at (0, 0), because the lines of the bottom edge lead from its corner to its width and height.
     static void draw(wxDC& dc, const Bucket& rect, Flags<OskaBorderState> flags);
 
     static wxPen OUTER();
     static wxPen INNER();
     static wxPen BOTTOM_OUTER();
     static wxPen BOTTOM_INNER();
-    /// In the highlight colour that the default skin has now.
+    /// Has the highlight colour of the default skin at the time of the call.
     static wxPen SELECTED();
 
 protected:

@@ -8,8 +8,8 @@
 
 namespace Nolvex::Wx {
 
-/// A control of the toolkit, `Control`, with a skin: its background and foreground colours follow it.
-/// Constructed like the control; the default skin is stored then but not applied.
+/// Adds a skin to `Control`, a control of wxWidgets. The skin sets its background and foreground colours. The
+/// constructor takes the arguments of the control, and stores the default skin without applying it.
 template<class Control>
 class SkinnableMixin : public Control, public ISkinnable
 {

@@ -8,15 +8,15 @@
 
 namespace Nolvex::Wx {
 
-/// A panel that shows one bitmap at its top-left corner, as large as the first bitmap it is given. Takes no
-/// focus from the keyboard. An invalid bitmap shows nothing.
+/// A panel that shows a bitmap in its top-left corner and has the size of the first bitmap. The Tab key skips
+/// it. An invalid bitmap shows nothing.
 class NOLVEXLIBWX_EXPORT StaticBitmap : public wxPanel
 {
 public:
     StaticBitmap(wxWindow* parent, int id, const wxBitmap& bitmap);
     ~StaticBitmap() override;
 
-    /// Shows another bitmap, cut off where it is larger than the panel, whose size stays.
+    /// Shows another bitmap. The size of the panel stays, and a larger bitmap is clipped.
     void setBitmap(const wxBitmap& bitmap);
 
     const wxBitmap& bitmap() const { return m_bitmap; }

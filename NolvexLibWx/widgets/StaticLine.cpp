@@ -18,7 +18,7 @@ namespace {
 
 constexpr RgbBytes ENGRAVED[] = {{37, 37, 37}, {100, 100, 100}};
 
-// Programs that catch the failure tell the places apart by these numbers.
+// Programs that catch the exception distinguish the two places by these numbers.
 constexpr int CONSTRUCTION_PLACE = 39;
 constexpr int PAINTING_PLACE = 80;
 
@@ -64,7 +64,7 @@ Wx::StaticLine::~StaticLine() = default;
 
 void Wx::StaticLine::setLengthScale(float scale)
 {
-    // The comparison fails for NaN.
+    // The comparison is false for NaN.
     m_lengthScale = scale > 0.0f ? std::min(scale, 1.0f) : 0.0f;
     Refresh(true);
     Update();

@@ -13,24 +13,25 @@ class WXDLLIMPEXP_FWD_CORE wxDC;
 
 namespace Nolvex::Wx {
 
-/// A separator of stripes of one pixel, one a colour: fixed to that thickness across (not scaled by DPI),
-/// free along its length, which layout gives it. Drawn to a part of its length, and then twice as bright, it
-/// serves as a level bar.
+/// A separator made of stripes, one for each colour. A stripe is one pixel thick at every DPI; layout decides
+/// about the length. A line that is drawn to a part of its length only, and then twice as bright, serves as a
+/// level bar.
 ///
 /// An orientation other than wxHORIZONTAL and wxVERTICAL is a programming error (StopException).
 class NOLVEXLIBWX_EXPORT StaticLine : public wxPanel
 {
 public:
-    /// A dark stripe and a light one, which look engraved.
+    /// Makes a line of a dark and a light stripe, which looks engraved.
     StaticLine(wxWindow* parent, wxOrientation orientation);
 
-    /// `colours` from the top or from the left; none makes a line of no thickness. `lengthScale` as in
-    /// setLengthScale.
+    /// The stripes have the colours from the top or from the left. Without colours the line has no thickness.
+    /// See setLengthScale() for the scale.
     StaticLine(wxWindow* parent, wxOrientation orientation, ArrayView<const RgbBytes> colours,
                float lengthScale = 1.0f);
     ~StaticLine() override;
 
-    /// The part of the length that is drawn, clamped to 0 to 1; NaN is 0. Repaints at once.
+    /// Sets the part of the length that is drawn, from 0 to 1, and repaints at once. Other values are
+    /// clamped, and NaN becomes 0.
     void setLengthScale(float scale);
 
     float lengthScale() const { return m_lengthScale; }
@@ -42,7 +43,7 @@ public:
 
     bool AcceptsFocusFromKeyboard() const override { return false; }
 
-    /// Paints the stripes over the size of the DC, from its origin.
+    /// Draws the stripes from the origin of the DC across its size.
     static void draw(wxDC& dc, wxOrientation orientation, ArrayView<const wxColour> colours,
                      float lengthScale);
 

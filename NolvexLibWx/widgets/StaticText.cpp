@@ -31,7 +31,7 @@ void Wx::StaticText::Wrap(int width)
 {
     const String unwrapped = m_label;
     Platform::OwnWindowStaticText::SetLabel(toWxString(unwrapped));
-    // Sets the label, the wrapped one, once more.
+    // This sets the wrapped text by SetLabel(), which takes it for the text of the caller.
     wxStaticTextBase::Wrap(width);
     m_label = unwrapped;
 }

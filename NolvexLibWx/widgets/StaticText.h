@@ -10,26 +10,26 @@
 
 namespace Nolvex::Wx {
 
-/// A label that paints itself and remembers its text as it was before wrapping, so that it can be wrapped
-/// again to any width. A wxStaticText to everybody else.
+/// A wxStaticText that paints itself and remembers its text as it was before wrapping, so that it can be
+/// wrapped to one width after another.
 ///
-/// The wxALIGN_* bits of the style place the text in both directions. All characters are shown: "&" marks no
-/// accelerator, and ellipsizing styles do not shorten.
+/// The wxALIGN_* bits of the style place the text horizontally and vertically. Every character is shown: "&"
+/// marks no mnemonic, and the styles for ellipses have no effect.
 class NOLVEXLIBWX_EXPORT StaticText : public Platform::OwnWindowStaticText, public TooltipWindow
 {
 public:
-    /// `size` in design units, wxDefaultSize for that of the text.
+    /// `size` is in design units. wxDefaultSize stands for the size of the text.
     StaticText(wxWindow* parent, int id, const String& label, unsigned int style = 0,
                Flags<TextFlag> flags = {}, wxSize size = wxDefaultSize);
     ~StaticText() override;
 
     void SetLabel(const wxString& text) override;
 
-    /// Breaks the lines of the text last set where they get wider than `width` pixels; a negative width only
-    /// takes the earlier breaks out.
+    /// Breaks the lines of the text last set that are wider than `width` pixels. A negative width only
+    /// removes the breaks of earlier calls.
     void Wrap(int width);
 
-    /// The text last set, without the breaks that wrapping made.
+    /// Returns the text last set, without the breaks made by wrapping.
     const String& unwrappedLabel() const { return m_label; }
 
 private:

@@ -26,7 +26,7 @@ Wx::TextControl::~TextControl() = default;
 void Wx::TextControl::applySkin(const GuiSkin& skin)
 {
     SkinnableMixin<wxTextCtrl>::applySkin(skin);
-    // The toolkit repaints for the two colours it knows of, and only where they change.
+    // wxWidgets repaints when the two colours that it knows change, but does not know the disabled one.
     Refresh();
 }
 

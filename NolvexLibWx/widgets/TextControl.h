@@ -22,21 +22,20 @@ class NativePaint;
 
 namespace Nolvex::Wx {
 
-/// A text field with a skin. While it is disabled it shows its value in the skin's `disabledText` colour,
-/// that of a wxTE_PASSWORD field as a bullet a character; one that is read-only is left out when tabbing. A
-/// wxTextCtrl to everybody else.
+/// A wxTextCtrl with a skin. While it is disabled, it shows its value in the `disabledText` colour of the
+/// skin, in a wxTE_PASSWORD field as bullets. The Tab key skips a read-only field.
 class NOLVEXLIBWX_EXPORT TextControl : public SkinnableMixin<wxTextCtrl>, public TooltipWindow
 {
 public:
-    /// `size` in design units, wxDefaultSize for the toolkit's. Has the default skin but shows the system's
-    /// colours until a skin is applied.
+    /// `size` is in design units. wxDefaultSize stands for the default size of a wxTextCtrl. The field stores
+    /// the default skin but shows the colours of the system until a skin is applied.
     TextControl(wxWindow* parent, int id, const String& value, unsigned int style = 0,
                 Flags<TextFlag> flags = {}, wxSize size = wxDefaultSize);
     ~TextControl() override;
 
     void applySkin(const GuiSkin& skin) override;
 
-    /// By the style given at construction: `SetEditable` does not matter here.
+    /// Returns false if the style has wxTE_READONLY. A call of SetEditable() does not matter.
     bool AcceptsFocusFromKeyboard() const override;
 
 private:

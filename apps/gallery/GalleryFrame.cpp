@@ -44,7 +44,7 @@ const std::array<NamedSkin, GalleryFrame::SKIN_COUNT>& skins()
                                                                .darkBackground = {132, 106, 78},
                                                                .accentText = {255, 255, 255},
                                                                .accent = {96, 48, 20},
-                                                               .pressedBackground = {140, 112, 80},
+                                                               .pressedBackground = {186, 160, 128},
                                                                .link = {110, 16, 16},
                                                                .highlight = {255, 224, 160}}}};
     return all;

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# The Windows build: every test under Wine, the tests of sizes again at 144 and 192 DPI, the zip, and the viewer from it.
+# The Windows build: every test under Wine, the tests of sizes again at the scales 125 % to 300 %, the zip, and the viewer from it.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 . tools/testing/common.sh
@@ -30,7 +30,7 @@ start_wine 96 fresh
 check "zip" tools/testing/zip.sh
 stop_wine
 
-for dpi in 144 192; do
+for dpi in 120 144 192 288; do
   say "testing at $dpi DPI"
   start_wine "$dpi"
   export NOLVEX_TEST_SCALE=$((dpi * 100 / 96))

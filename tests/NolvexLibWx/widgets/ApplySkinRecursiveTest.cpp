@@ -48,6 +48,12 @@ TEST_F(ApplySkinRecursiveTest, everyWindowOfTheTree_getsBothColours)
     }
 }
 
+TEST_F(ApplySkinRecursiveTest, noWindow_isIgnored)
+{
+    applySkinRecursive(nullptr, someSkin());
+    EXPECT_NE(panel->GetBackgroundColour(), wxColour(4, 5, 6));
+}
+
 TEST_F(ApplySkinRecursiveTest, windowWithoutChildren_isTheOnlyOneTouched)
 {
     auto* sibling = new wxPanel(frame);

@@ -2,10 +2,9 @@
 #include "NolvexLibWx/widgets/SkinnableMixin.h"
 
 #include "support/DefaultSkinGuard.h"
-#include "support/Events.h"
+#include "support/FrameFixture.h"
 #include "support/Screen.h"
 
-#include <wx/frame.h>
 #include <wx/textctrl.h>
 
 #include <gtest/gtest.h>
@@ -25,12 +24,8 @@ GuiSkin someSkin()
     return skin;
 }
 
-struct SkinnableMixinTest : testing::Test
-{
-    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "skin");
-
-    ~SkinnableMixinTest() override { Tests::destroyNow(frame); }
-};
+struct SkinnableMixinTest : Tests::FrameFixture
+{};
 
 } // namespace
 
@@ -38,7 +33,7 @@ TEST_F(SkinnableMixinTest, construction_copiesTheDefaultSkin)
 {
     const Tests::DefaultSkinGuard guard;
     GuiSkin::DEFAULT().disabledText = {11, 12, 13};
-    auto* control = new SkinnableMixin<wxTextCtrl>(frame, wxID_ANY, "text");
+    auto* control = new SkinnableMixin<wxTextCtrl>(panel, wxID_ANY, "text");
     GuiSkin::DEFAULT().disabledText = {21, 22, 23};
     EXPECT_EQ(control->skin().disabledText, (RgbBytes{11, 12, 13}));
     EXPECT_EQ(control->GetValue(), "text");
@@ -46,7 +41,7 @@ TEST_F(SkinnableMixinTest, construction_copiesTheDefaultSkin)
 
 TEST_F(SkinnableMixinTest, applySkin_storesItAndSetsTwoColours)
 {
-    auto* control = new SkinnableMixin<wxTextCtrl>(frame, wxID_ANY);
+    auto* control = new SkinnableMixin<wxTextCtrl>(panel, wxID_ANY);
     ISkinnable& skinnable = *control;
     skinnable.applySkin(someSkin());
     EXPECT_EQ(control->skin(), someSkin());
@@ -59,6 +54,6 @@ TEST_F(SkinnableMixinTest, theControlIsTheFirstBase)
     using Mixin = SkinnableMixin<wxTextCtrl>;
     static_assert(std::is_base_of_v<wxTextCtrl, Mixin> && std::is_base_of_v<ISkinnable, Mixin>);
     static_assert(std::is_base_of_v<Polymorphic, ISkinnable> && std::has_virtual_destructor_v<ISkinnable>);
-    auto* control = new Mixin(frame, wxID_ANY);
+    auto* control = new Mixin(panel, wxID_ANY);
     EXPECT_EQ(static_cast<void*>(static_cast<wxTextCtrl*>(control)), static_cast<void*>(control));
 }

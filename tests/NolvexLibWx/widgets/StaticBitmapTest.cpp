@@ -2,10 +2,8 @@
 #include "NolvexLibWx/widgets/StaticBitmap.h"
 
 #include "support/Events.h"
+#include "support/FrameFixture.h"
 #include "support/Screen.h"
-
-#include <wx/frame.h>
-#include <wx/panel.h>
 
 #include <gtest/gtest.h>
 
@@ -51,19 +49,14 @@ void expectPattern(const wxImage& image, const wxSize& size)
     }
 }
 
-struct StaticBitmapTest : testing::Test
+struct StaticBitmapTest : Tests::FrameFixture
 {
-    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "bitmap", wxPoint(60, 60), wxSize(300, 200));
-    wxPanel* panel = new wxPanel(frame);
-
     StaticBitmap* show(const wxBitmap& bitmap)
     {
         auto* window = new StaticBitmap(panel, 4711, bitmap);
         window->SetBackgroundColour(*wxWHITE);
         window->Move(10, 10);
-        frame->Show();
-        frame->Raise();
-        Tests::pumpEvents(150);
+        showFrame();
         return window;
     }
 
@@ -72,8 +65,6 @@ struct StaticBitmapTest : testing::Test
         Tests::pumpEvents(100);
         return Tests::captureClientArea(window);
     }
-
-    ~StaticBitmapTest() override { Tests::destroyNow(frame); }
 };
 
 } // namespace

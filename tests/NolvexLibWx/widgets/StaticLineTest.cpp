@@ -3,11 +3,10 @@
 
 #include "NolvexLib/StopException.h"
 #include "support/Events.h"
+#include "support/FrameFixture.h"
 #include "support/Screen.h"
 
 #include <wx/dcmemory.h>
-#include <wx/frame.h>
-#include <wx/panel.h>
 #include <wx/sizer.h>
 
 #include <gtest/gtest.h>
@@ -67,7 +66,7 @@ wxImage drawn(const wxSize& paper, wxOrientation orientation, ArrayView<const Rg
     return bitmap.ConvertToImage();
 }
 
-// Every pixel of the image: stripes in `stripes` for `length` pixels, white otherwise.
+/// Expects the image to show the stripes for `length` pixels, and white everywhere else.
 void expectStripes(const wxImage& image, wxOrientation orientation, ArrayView<const RgbBytes> stripes,
                    int length)
 {
@@ -81,11 +80,10 @@ void expectStripes(const wxImage& image, wxOrientation orientation, ArrayView<co
     }
 }
 
-// A frame in which white lines are shown 200 pixels long.
-struct StaticLineWindowTest : testing::Test
+/// Shows lines 200 pixels long, with a white background.
+struct StaticLineWindowTest : Tests::FrameFixture
 {
-    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "line", wxPoint(60, 60), wxSize(300, 300));
-    wxPanel* panel = new wxPanel(frame);
+    StaticLineWindowTest() : FrameFixture("line", wxSize(300, 300)) {}
 
     StaticLine* show(StaticLine* line)
     {
@@ -94,9 +92,7 @@ struct StaticLineWindowTest : testing::Test
             line->SetSize(10, 10, 200, line->GetMinHeight());
         else
             line->SetSize(10, 10, line->GetMinWidth(), 200);
-        frame->Show();
-        frame->Raise();
-        Tests::pumpEvents(150);
+        showFrame();
         return line;
     }
 
@@ -108,8 +104,6 @@ struct StaticLineWindowTest : testing::Test
         EXPECT_EQ(static_cast<std::size_t>(across), stripes.size());
         expectStripes(image, line->orientation(), stripes, length);
     }
-
-    ~StaticLineWindowTest() override { Tests::destroyNow(frame); }
 };
 
 } // namespace

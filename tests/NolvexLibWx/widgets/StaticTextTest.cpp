@@ -3,12 +3,11 @@
 
 #include "NolvexLibWx/DpiScaling.h"
 #include "support/Events.h"
+#include "support/FrameFixture.h"
 #include "support/Screen.h"
 
 #include <wx/arrstr.h>
 #include <wx/dcclient.h>
-#include <wx/frame.h>
-#include <wx/panel.h>
 #include <wx/uiaction.h>
 
 #include <gtest/gtest.h>
@@ -27,7 +26,7 @@ static_assert(std::is_base_of_v<wxStaticText, StaticText> &&
 constexpr RgbBytes PAPER{255, 255, 255};
 constexpr const wchar_t* LONG_TEXT = L"many words that do not all go into one line of that width";
 
-// The smallest rectangle with everything in it that is not white.
+/// Returns the smallest rectangle around all pixels that are not white.
 wxRect inked(const wxImage& image)
 {
     wxRect result;
@@ -40,12 +39,9 @@ wxRect inked(const wxImage& image)
     return result;
 }
 
-struct StaticTextTest : testing::Test
+struct StaticTextTest : Tests::FrameFixture
 {
     static constexpr unsigned int FIXED = wxST_NO_AUTORESIZE;
-
-    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "text", wxPoint(100, 100), wxSize(400, 300));
-    wxPanel* panel = new wxPanel(frame);
 
     StaticText* make(const wchar_t* label, unsigned int style = 0, Flags<TextFlag> flags = {},
                      wxSize size = wxDefaultSize) const
@@ -61,13 +57,10 @@ struct StaticTextTest : testing::Test
     {
         panel->SetBackgroundColour(*wxWHITE);
         text->Refresh();
-        frame->Show();
-        frame->Raise();
-        Tests::pumpEvents(200);
+        showFrame();
+        Tests::pumpEvents(100);
         return Tests::captureClientArea(text);
     }
-
-    ~StaticTextTest() override { Tests::destroyNow(frame); }
 };
 
 } // namespace

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/paint/PerScale.h"
+
+#include <gtest/gtest.h>
+
+using namespace Nolvex;
+
+namespace {
+
+constexpr PerScale<int> VALUES{10, 20, 30};
+
+} // namespace
+
+TEST(PerScaleTest, eachScale_hasItsOwnValue)
+{
+    EXPECT_EQ(atScale(VALUES, 1), 10);
+    EXPECT_EQ(atScale(VALUES, 2), 20);
+    EXPECT_EQ(atScale(VALUES, 3), 30);
+}
+
+TEST(PerScaleTest, scalesBeyondTheTable_haveTheNearestValue)
+{
+    EXPECT_EQ(atScale(VALUES, 0), 10);
+    EXPECT_EQ(atScale(VALUES, 4), 30);
+    EXPECT_EQ(atScale(VALUES, 100), 30);
+}
+
+TEST(PerScaleTest, scaleOfTheScreen_isWhatOneDesignUnitBecomes)
+{
+    EXPECT_EQ(atScreenScale(VALUES), atScale(VALUES, Wx::scaleByDpi(1)));
+}
