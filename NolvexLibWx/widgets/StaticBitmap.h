@@ -8,8 +8,8 @@
 
 namespace Nolvex::Wx {
 
-/// A panel that shows a bitmap in its top-left corner and has the size of the first bitmap. The Tab key skips
-/// it. An invalid bitmap shows nothing.
+/// A panel that shows one bitmap at its top-left corner and is as large as the bitmap it is made with. It
+/// takes no focus from the keyboard. An invalid bitmap shows nothing.
 class NOLVEXLIBWX_EXPORT StaticBitmap : public wxPanel
 {
 public:

@@ -19,6 +19,8 @@ Wx::TextControl::TextControl(wxWindow* parent, int id, const String& value, unsi
 {
     Platform::adaptTextLook(*this);
     SetFont(setupStaticTextFont(GetFont(), flags));
+    // A rich control of Windows would let the user undo the value and the font that it was made with.
+    EmptyUndoBuffer();
 }
 
 Wx::TextControl::~TextControl() = default;

@@ -35,6 +35,12 @@ double characterHeight(const wxFont& font)
 
 } // namespace
 
+TEST(FontSetupTest, textFlags_haveTheseValues)
+{
+    EXPECT_EQ(static_cast<unsigned>(TextFlag::BOLD), 1u);
+    EXPECT_EQ(static_cast<unsigned>(TextFlag::ITALIC), 2u);
+}
+
 TEST(FontSetupTest, setDefaultFontSize_givesNinePoints)
 {
     // 12 units at 96 DPI are 9 points, and remain 9 points wherever the units grow with the resolution.

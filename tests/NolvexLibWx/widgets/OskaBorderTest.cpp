@@ -10,9 +10,6 @@
 #include <wx/dcmemory.h>
 #include <wx/pen.h>
 #include <wx/sizer.h>
-#include <wx/uiaction.h>
-
-#include <gtest/gtest.h>
 
 #include <map>
 #include <string>
@@ -133,6 +130,13 @@ struct OskaBorderWindowTest : Tests::FrameFixture
 };
 
 } // namespace
+
+TEST(OskaBorderTest, flags_haveTheseValues)
+{
+    EXPECT_EQ(static_cast<std::uint32_t>(OskaBorderState::HOVERED), 2u);
+    EXPECT_EQ(static_cast<std::uint32_t>(OskaBorderState::ENABLED), 4u);
+    EXPECT_EQ(static_cast<std::uint32_t>(OskaBorderState::NO_FRAME), 8u);
+}
 
 TEST(OskaBorderTest, draw_inEveryCombinationOfFlags_paintsTheseVeryPixels)
 {
