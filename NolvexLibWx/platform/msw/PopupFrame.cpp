@@ -23,7 +23,7 @@ WXDWORD Platform::PopupFrame::MSWGetStyle(long flags, WXDWORD* extendedStyle) co
 
 void Platform::PopupFrame::Raise()
 {
-    SetWindowPos(GetHwnd(), HWND_TOPMOST, 0, 0, 0, 0,
+    SetWindowPos(static_cast<HWND>(GetHWND()), HWND_TOPMOST, 0, 0, 0, 0,
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOOWNERZORDER);
 }
 

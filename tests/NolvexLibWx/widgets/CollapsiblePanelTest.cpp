@@ -261,9 +261,13 @@ TEST_F(CollapsiblePanelTest, headerDestroyed_theContentStillFolds)
     EXPECT_EQ(taken(), EXPANDED);
 }
 
-TEST_F(CollapsiblePanelTest, handlerOfTheShowing_mayDestroyThePanel)
+// The content tells of being hidden at once, of being shown sometimes later.
+TEST_F(CollapsiblePanelTest, handlerOfTheHiding_mayDestroyThePanel)
 {
     CollapsiblePanel* pane = shown(listened());
+    pane->setCollapsed(false);
+    Tests::pumpEvents();
+    reports.clear();
     const wxWeakRef<CollapsiblePanel> watched(pane);
     content->Bind(wxEVT_SHOW, [pane](wxShowEvent&) { pane->Destroy(); });
     pane->toggleCollapsed();
