@@ -15,12 +15,12 @@ namespace {
 constexpr int DEPTH_OPAQUE = 24;
 constexpr int DEPTH_ALPHA = 32;
 
-// The toolkit's raw pixels come in the order of channels that its platform draws fastest.
+// Raw pixels of wxWidgets have the order of channels that the system draws fastest.
 template<class PixelData>
 constexpr bool RED_FIRST = PixelData::Iterator::PixelFormat::RED == 0;
 
-// Calls convert(row of the image, row of the bitmap) for every row. Bitmap rows may run upwards in memory:
-// only the toolkit's iterator knows where each begins.
+// Calls convert(row of the image, row of the bitmap) for every row. The rows of a bitmap may run upwards in
+// memory: only the iterator of wxWidgets knows where each begins.
 template<class PixelData, class Row, class Convert>
 bool forEachRow(wxBitmap& bitmap, std::int32_t height, Row imageRow, Convert convert)
 {

@@ -16,7 +16,8 @@ namespace {
 
 constexpr std::size_t COLOUR_BYTES = 3;
 
-// Rows of the image as floats: in place where they are floats already, through a buffer of one row where not.
+// The rows of the image as floats. Rows that are floats already are read in place, others through a buffer of
+// one row.
 class RgbRows
 {
 public:
@@ -41,7 +42,7 @@ private:
     std::unique_ptr<Rgb[]> m_buffer;
 };
 
-// Calls encode(pixels, colour bytes, alpha bytes or null) for every row, top down in the result.
+// Calls encode(pixels, colour bytes, alpha bytes or null) for every row, from the top of the result down.
 template<class Encode>
 void encodeRows(const Image& image, wxImage& result, Encode encode)
 {
@@ -55,8 +56,8 @@ void encodeRows(const Image& image, wxImage& result, Encode encode)
     }
 }
 
-// The toolkit's images count their bytes in int.
-bool fitsToolkitImage(const ImageDescriptor& descriptor)
+// A wxImage counts its bytes in int.
+bool fitsWxImage(const ImageDescriptor& descriptor)
 {
     const std::int64_t pixels = static_cast<std::int64_t>(descriptor.width) * descriptor.height;
     return pixels > 0 &&
@@ -68,9 +69,9 @@ bool fitsToolkitImage(const ImageDescriptor& descriptor)
 wxImage BitmapConverter::zephraImageToWxImage(const Image& image)
 {
     const ImageDescriptor& descriptor = image.descriptor();
-    if (!fitsToolkitImage(descriptor))
+    if (!fitsWxImage(descriptor))
         return {};
-    // Not cleared first: every byte is written below.
+    // The pixels need not be cleared: every byte is written below.
     wxImage result(descriptor.width, descriptor.height, false);
     if (!result.IsOk())
         return {};

@@ -10,19 +10,20 @@ namespace Nolvex {
 
 class Image;
 
-/// From the image library's pictures to the toolkit's.
+/// Converts images of the image library to those of wxWidgets.
 class NOLVEXLIBWX_EXPORT BitmapConverter
 {
 public:
     BitmapConverter() = delete;
 
-    /// The picture as it is shown: unless the image's gamma is 1, every channel, alpha included, is raised to
+    /// Returns the image as it is shown. Unless its gamma is 1, every channel, alpha included, is raised to
     /// 1 / gamma; then it is clamped to 0 to 1 and rounded to bytes, ties to even (NaN gives 0). A format of
-    /// four channels gives an image with alpha. The image's bottom row, its first, becomes the last. An image
-    /// too large for the toolkit's (over 2^31 - 1 bytes of colour) gives an invalid one.
+    /// four channels gives an image with alpha. The first row of the image is its bottom row and becomes the
+    /// last. The result is invalid for an image of more than 2^31 - 1 bytes of colour, which a wxImage cannot
+    /// hold.
     static wxImage zephraImageToWxImage(const Image& image);
 
-    /// The same as a bitmap of the screen's depth.
+    /// Returns the same as a bitmap of the screen's depth.
     static wxBitmap zephraImageToWxBitmap(const Image& image);
 };
 

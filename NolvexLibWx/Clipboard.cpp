@@ -15,8 +15,8 @@ namespace Nolvex {
 
 namespace {
 
-// Without an application the toolkit has no display to make its clipboard on.
-bool isToolkitUp()
+// Without an application object wxWidgets has no display to open a clipboard on.
+bool hasApplication()
 {
     return wxAppConsoleBase::GetInstance() != nullptr;
 }
@@ -25,10 +25,10 @@ bool isToolkitUp()
 
 bool Wx::setClipboardData(const String& text)
 {
-    if (!isToolkitUp())
+    if (!hasApplication())
         return false;
     wxClipboard* clipboard = wxTheClipboard;
-    // Opened by the host already: opening it again is an assertion of the toolkit.
+    // wxWidgets asserts if the host has opened the clipboard already.
     if (clipboard->IsOpened() || !clipboard->Open())
         return false;
     const bool accepted = clipboard->SetData(new wxTextDataObject(toWxString(text)));
@@ -40,9 +40,9 @@ bool Wx::setClipboardData(const String& text)
 
 bool Wx::setClipboardData(const BitmapImpl<Rgb>& image, Flags<SetClipboardData> flags)
 {
-    if (!isToolkitUp())
+    if (!hasApplication())
         return false;
-    // Made before the clipboard is opened: others wait for it.
+    // The bitmap is made before the clipboard is opened: other programs wait for the clipboard.
     try {
         DeviceIndependentBitmap bitmap(image);
         if (flags.has(SetClipboardData::AVOID_GRAYSCALE))

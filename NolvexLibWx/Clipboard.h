@@ -9,29 +9,28 @@
 
 namespace Nolvex::Wx {
 
-/// How a picture goes to the clipboard.
+/// Options of putting a picture on the clipboard.
 enum class SetClipboardData
 {
-    /// Should every pixel be grey, one blue byte is changed by one level, so that no receiver takes the
-    /// picture for one in shades of grey and reduces it to them.
+    /// Changes one blue byte by one level if every pixel is grey. Some programs reduce a grey picture to
+    /// shades of grey when they paste it; the changed byte keeps them from it.
     AVOID_GRAYSCALE = 2,
 };
 
-// Both are for the GUI thread. They return false when the clipboard cannot be had (another program holds it
-// open, or the toolkit is not up) or there is no memory. On GTK events may be processed meanwhile: a
-// clipboard manager fetches what it is to keep, and one that does not answer is waited for, ten seconds at
-// most.
+// Both functions are for the GUI thread. They return false if another program holds the clipboard open, if
+// the library is not started, or if there is no memory. On GTK events are processed while a clipboard manager
+// fetches the data; the functions wait up to ten seconds for a manager that does not answer.
 
-/// The text in place of what the clipboard holds. It stays there after the program has ended, on Linux if a
-/// clipboard manager runs.
+/// Replaces the contents of the clipboard by a text. The text remains there after the program has ended, on
+/// Linux if a clipboard manager runs.
 NOLVEXLIBWX_EXPORT bool setClipboardData(const String& text);
 
-/// The picture in place of what the clipboard holds, 8 bits a channel, without alpha. Its row 0 is what
-/// receivers show at the bottom: see DeviceIndependentBitmap. On Windows it goes there as CF_DIB, on Linux as
-/// image/bmp and image/png.
+/// Replaces the contents of the clipboard by a picture with 8 bits a channel and without alpha. Programs show
+/// its row 0 at the bottom: see DeviceIndependentBitmap. The format is CF_DIB on Windows, image/bmp and
+/// image/png on Linux.
 ///
-/// False, with the clipboard left as it was, also for an empty image and for one whose bytes exceed
-/// DeviceIndependentBitmap::MAX_FILE_SIZE.
+/// Returns false, too, for an empty image and for one that exceeds DeviceIndependentBitmap::MAX_FILE_SIZE,
+/// and leaves the clipboard as it was.
 NOLVEXLIBWX_EXPORT bool setClipboardData(const BitmapImpl<Rgb>& image, Flags<SetClipboardData> flags);
 
 } // namespace Nolvex::Wx

@@ -13,18 +13,19 @@ constexpr std::size_t PIXELS_OFFSET =
 constexpr std::uint16_t COLOUR_PLANES = 1;
 constexpr std::uint16_t BITS_PER_PIXEL = 24;
 constexpr std::uint32_t NOT_COMPRESSED = 0;
-// 72 dots an inch.
+// 72 pixels an inch.
 constexpr std::uint32_t PIXELS_PER_METRE = 2835;
 
-// 0 when it would be too large.
+// Returns 0 for a file that would be too large.
 std::size_t fileSize(Pixel size)
 {
-    constexpr std::int64_t MOST = DeviceIndependentBitmap::MAX_FILE_SIZE - std::int64_t(PIXELS_OFFSET);
+    constexpr std::int64_t MAX_ROWS_SIZE =
+        DeviceIndependentBitmap::MAX_FILE_SIZE - std::int64_t(PIXELS_OFFSET);
     const std::int64_t stride = DeviceIndependentBitmap::stride(size.x);
-    return stride > MOST / size.y ? 0 : PIXELS_OFFSET + static_cast<std::size_t>(stride * size.y);
+    return stride > MAX_ROWS_SIZE / size.y ? 0 : PIXELS_OFFSET + static_cast<std::size_t>(stride * size.y);
 }
 
-// Little endian, whatever the machine is.
+// Writes the low byte first on every machine.
 class FieldWriter
 {
 public:
@@ -84,7 +85,7 @@ void DeviceIndependentBitmap::writeHeaders()
     info.write16(COLOUR_PLANES);
     info.write16(BITS_PER_PIXEL);
     info.write32(NOT_COMPRESSED);
-    info.write32(0); // the size of the rows, which may be left out where nothing is compressed
+    info.write32(0); // the size of the rows, which may be 0 without compression
     info.write32(PIXELS_PER_METRE);
     info.write32(PIXELS_PER_METRE);
     info.write32(0); // no palette

@@ -13,45 +13,46 @@
 
 namespace Nolvex {
 
-/// A picture as bytes in the form that the Windows clipboard (CF_DIB) and BMP files share: a BITMAPINFOHEADER
-/// of 40 bytes, then rows of blue, green, red, 24 bits a pixel, each row padded with zeros to a multiple of
-/// four bytes. Colours are clamped to 0 to 1 and rounded, ties to even; alpha is dropped.
+/// An image in the form that the Windows clipboard (CF_DIB) and BMP files share: a BITMAPINFOHEADER of 40
+/// bytes, then rows of blue, green and red, 24 bits a pixel, each row padded with zeros to a multiple of four
+/// bytes. Colours are clamped to 0 to 1 and rounded to bytes, ties to even; alpha is dropped.
 ///
-/// The rows stand in the image's order, and the form shows its first row at the bottom: row 0 of the image is
-/// the lowest.
+/// The rows have the order of the image. Programs show the first row of this form at the bottom, so that row
+/// 0 of the image is the lowest.
 class NOLVEXLIBWX_EXPORT DeviceIndependentBitmap
 {
 public:
     static constexpr std::size_t FILE_HEADER_SIZE = 14;
     static constexpr std::size_t HEADER_SIZE = 40;
 
-    /// Of a file as a whole; receivers count its bytes in 32 bits.
+    /// The size of a whole file. Programs that receive one count its bytes in 32 bits.
     static constexpr std::int64_t MAX_FILE_SIZE = 0x7fff'ffff;
 
-    /// 3 * width rounded up to a multiple of 4.
+    /// The bytes of a row: 3 * width rounded up to a multiple of 4.
     static constexpr std::int64_t stride(std::int32_t width) { return (std::int64_t(width) * 3 + 3) / 4 * 4; }
 
-    /// Empty for an empty image and for one beyond MAX_FILE_SIZE. std::bad_alloc when there is no memory.
+    /// Becomes empty for an empty image and for one that would exceed MAX_FILE_SIZE. Throws std::bad_alloc.
     explicit DeviceIndependentBitmap(const BitmapImpl<Rgb>& image);
 
     bool isEmpty() const { return m_file.empty(); }
 
     Pixel size() const { return m_size; }
 
-    /// Whether red, green and blue are the same bytes in every pixel. True of an empty one.
+    /// Whether red, green and blue are the same bytes in every pixel. An empty bitmap is grey.
     bool isGrey() const { return m_grey; }
 
-    /// Changes the blue byte of the first pixel of a grey picture by one level, 0 to 1 and any other down, so
-    /// that programs that look for shades of grey find colour. Does nothing to a coloured or empty one.
+    /// Changes the blue byte of the first pixel of a grey bitmap by one level: 0 becomes 1, any other byte
+    /// decreases. Programs that reduce grey pictures to shades of grey then find colour. Does nothing to a
+    /// coloured or an empty bitmap.
     void disguiseGrey();
 
-    /// Header and rows, as the Windows clipboard takes them.
+    /// The header and the rows, as the Windows clipboard takes them.
     ArrayView<const std::uint8_t> bytes() const;
 
-    /// The same behind the 14 bytes that make it a BMP file.
+    /// The whole BMP file: 14 more bytes in front of bytes().
     ArrayView<const std::uint8_t> fileBytes() const { return m_file; }
 
-    /// The first pixel of a row, 0 <= y < height (not checked).
+    /// The first pixel of a row. `y` is not checked: 0 <= y < height.
     const std::uint8_t* row(std::int32_t y) const;
 
 private:

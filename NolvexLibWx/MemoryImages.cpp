@@ -97,6 +97,8 @@ Expected<wxImage, String> decodeAs(wxImageHandler& handler, ArrayView<const std:
     wxMemoryInputStream stream(sound->bytes().data(), sound->bytes().size());
     // Some decoders leave what they had read so far in an image that they failed to load.
     wxImage image;
+    // Without this flag libjpeg writes to the standard error stream.
+    image.SetLoadFlags(image.GetLoadFlags() & ~wxImage::Load_Verbose);
     if (!image.LoadFile(stream, handler.GetType()))
         return Decoding::refuseDamaged();
     return upright(image, sound->orientation);

@@ -20,6 +20,9 @@ constexpr std::size_t INFO_SIZE = 40;
 class PlainFile
 {
 public:
+    // Of the files that had runs.
+    static constexpr std::uint32_t RUN_BITS = 24;
+
     PlainFile(const DibHeader& header, std::uint32_t bits)
         : m_header(header),
           m_bits(bits),
@@ -90,13 +93,14 @@ private:
     static constexpr std::uint32_t END_OF_PICTURE = 1;
     static constexpr std::uint32_t JUMP = 2;
 
+    // One pixel after the other in the first row, whole rows above it.
     void fillWithFirstColour()
     {
-        for (m_y = 0; m_y < m_header.height; ++m_y) {
-            for (m_x = 0; m_x < m_header.width;)
-                write(0);
-        }
-        m_x = m_y = 0;
+        while (m_x < m_header.width)
+            write(0);
+        m_x = 0;
+        for (std::int32_t y = 1; y < m_header.height; ++y)
+            std::copy_n(m_to.pixel(0, 0), m_header.stride(PlainFile::RUN_BITS), m_to.pixel(0, y));
     }
 
     void obey(std::uint32_t command)
@@ -229,7 +233,7 @@ Expected<Array<std::byte>, String> toPlainBmp(ArrayView<const std::byte> file, c
     const auto pixels = static_cast<std::uint64_t>(header.width) * static_cast<std::uint64_t>(header.height);
     if (!isPlausible(pixels, file.size()))
         return refuseShort();
-    PlainFile plain(header, 24);
+    PlainFile plain(header, PlainFile::RUN_BITS);
     if (!RunDecoder(file, header, start, plain).decode())
         return refuseShort();
     return plain.take();

@@ -5,8 +5,8 @@
 
 namespace Nolvex::Platform {
 
-/// Puts the picture, which is not empty, in place of what the clipboard holds. False when the clipboard
-/// cannot be had or there is no memory.
+/// Replaces the contents of the clipboard by the bitmap, which is not empty. Returns false if another program
+/// holds the clipboard or there is no memory.
 bool setClipboardImage(DeviceIndependentBitmap bitmap);
 
 } // namespace Nolvex::Platform

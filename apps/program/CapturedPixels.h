@@ -6,8 +6,8 @@
 
 namespace Nolvex::Program {
 
-/// Whether the screen was read at all: where the system lets nobody read it, every pixel of what was captured
-/// is transparent. False of an empty image.
+/// Whether the screen could be read at all. If the system lets no program read the screen, every captured
+/// pixel is transparent. False for an empty image.
 bool wasRead(const BitmapImpl<Rgb>& captured);
 
 } // namespace Nolvex::Program

@@ -15,7 +15,7 @@ ScreenshotTimer::ScreenshotTimer(wxTopLevelWindow& window, int periodMillisecond
 
 void ScreenshotTimer::Notify()
 {
-    // A window that is being closed is still there for a moment.
+    // A window that is being destroyed exists for a moment longer.
     if (!m_window || m_window->IsBeingDeleted()) {
         Stop();
         return;

@@ -12,20 +12,21 @@
 
 namespace Nolvex::Program {
 
-/// Has pictures of a window taken a turn at a time, leaving the window system time to paint between two, then
-/// closes the window.
+/// Takes pictures of a window one turn at a time, so that the window system has time to paint in between,
+/// then closes the window.
 class ScreenshotTimer : public wxTimer
 {
 public:
-    /// What a turn has come to: none to go on, else the error with which all is over, empty for none.
+    /// One turn. Returns nullopt if there are more turns to come; otherwise the error that ended the work,
+    /// which is empty for success.
     using Turn = std::function<Optional<String>()>;
 
     ScreenshotTimer(wxTopLevelWindow& window, int periodMilliseconds, Turn turn);
 
     void Notify() override;
 
-    /// A sentence for the user, empty when all pictures were taken. That the window was closed before is an
-    /// error, too.
+    /// A sentence for the user, empty if all pictures were taken. Closing the window earlier is an error,
+    /// too.
     const String& error() const { return m_error; }
 
 private:

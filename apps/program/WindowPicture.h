@@ -8,8 +8,8 @@ class wxWindow;
 
 namespace Nolvex::Program {
 
-/// Writes what the screen shows of the window to a PNG file. The error, empty for none, is a sentence for the
-/// user.
+/// Writes a PNG file of the window's client area as the screen shows it. Returns a sentence for the user if
+/// that fails, an empty text if it succeeds.
 String writeWindowPicture(const wxWindow& window, const Io::Path& file);
 
 } // namespace Nolvex::Program

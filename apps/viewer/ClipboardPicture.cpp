@@ -3,37 +3,53 @@
 
 #include "NolvexLibWx/ColourConversions.h"
 
-#include <wx/image.h>
+#include <algorithm>
+#include <cmath>
 
 namespace Nolvex::Viewer {
 
 namespace {
 
-constexpr float SCALE = 1.0f / 255.0f;
-
-float mixed(unsigned char channel, unsigned char behind, float opacity)
+// 0 to 1; NaN gives 0.
+float clamped(float value)
 {
-    return (static_cast<float>(channel) * opacity + static_cast<float>(behind) * (1.0f - opacity)) * SCALE;
+    return std::max(0.0f, std::min(1.0f, value));
+}
+
+// As the bitmap of the same picture: every channel, alpha included, is raised to the exponent.
+Rgb encoded(const Rgb& pixel, float exponent)
+{
+    if (exponent == 1.0f)
+        return pixel;
+    return {std::pow(pixel.r, exponent), std::pow(pixel.g, exponent), std::pow(pixel.b, exponent),
+            std::pow(pixel.a, exponent)};
+}
+
+float mixed(float channel, float behind, float opacity)
+{
+    return clamped(channel) * opacity + behind * (1.0f - opacity);
+}
+
+Rgb over(const Rgb& pixel, const Rgb& background)
+{
+    const float opacity = clamped(pixel.a);
+    return {mixed(pixel.r, background.r, opacity), mixed(pixel.g, background.g, opacity),
+            mixed(pixel.b, background.b, opacity), 1.0f};
 }
 
 } // namespace
 
-BitmapImpl<Rgb> clipboardPicture(const wxBitmap& bitmap, const wxColour& background)
+BitmapImpl<Rgb> clipboardPicture(const Image& image, const RgbBytes& background)
 {
-    if (!bitmap.IsOk())
-        return {};
-    // An image and not the bitmap's own bytes: those are premultiplied on some systems.
-    const wxImage image = bitmap.ConvertToImage();
-    const RgbBytes behind = Wx::toRgbBytes(background);
-    BitmapImpl<Rgb> picture(image.GetWidth(), image.GetHeight());
-    for (int y = 0; y < picture.height(); ++y) {
-        Rgb* to = picture.row(picture.height() - 1 - y);
-        for (int x = 0; x < picture.width(); ++x) {
-            const float opacity = image.HasAlpha() ? static_cast<float>(image.GetAlpha(x, y)) * SCALE : 1.0f;
-            *to++ = {mixed(image.GetRed(x, y), behind.r, opacity),
-                     mixed(image.GetGreen(x, y), behind.g, opacity),
-                     mixed(image.GetBlue(x, y), behind.b, opacity), 1.0f};
-        }
+    const ImageDescriptor& descriptor = image.descriptor();
+    const float exponent = 1.0f / descriptor.gamma;
+    const Rgb behind = Wx::toRgb(Wx::toWxColour(background));
+    BitmapImpl<Rgb> picture(descriptor.width, descriptor.height);
+    for (std::int32_t y = 0; y < descriptor.height; ++y) {
+        Rgb* const row = picture.row(y);
+        image.readRow(y, row);
+        std::transform(row, row + descriptor.width, row,
+                       [&](const Rgb& pixel) { return over(encoded(pixel, exponent), behind); });
     }
     return picture;
 }

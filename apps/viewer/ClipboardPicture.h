@@ -3,15 +3,14 @@
 
 #include "NolvexLib/BitmapImpl.h"
 #include "NolvexLib/Rgb.h"
-
-#include <wx/bitmap.h>
-#include <wx/colour.h>
+#include "NolvexLib/RgbBytes.h"
+#include "NolvexLibImage/Image.h"
 
 namespace Nolvex::Viewer {
 
-/// The bitmap as Wx::setClipboardData takes it, its rows from the bottom up: what the viewer shows at the top
-/// is pasted at the top. The clipboard's pictures have no alpha, so what is transparent shows the background.
-/// Empty for an invalid bitmap. Throws std::bad_alloc.
-BitmapImpl<Rgb> clipboardPicture(const wxBitmap& bitmap, const wxColour& background);
+/// The image as Wx::setClipboardData takes it: encoded for display, its rows from the bottom up, so that
+/// programs paste at the top what the viewer shows at the top. Pictures on the clipboard have no alpha:
+/// transparent pixels show the background. Throws std::bad_alloc.
+BitmapImpl<Rgb> clipboardPicture(const Image& image, const RgbBytes& background);
 
 } // namespace Nolvex::Viewer

@@ -1,53 +1,98 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/CommandLine.h"
 
+#include "NolvexLibWx/StringConversions.h"
+
+#include <wx/cmdline.h>
+#include <wx/msgout.h>
+
 namespace Nolvex::Viewer {
 
 namespace {
 
-Unexpected<String> error(const String& text)
+// wxCmdLineParser writes its errors to the current message output.
+class CapturedMessages : public wxMessageOutput
 {
-    return {text + L" Try --help."};
+public:
+    CapturedMessages() : m_previous(Set(this)) {}
+
+    ~CapturedMessages() override { Set(m_previous); }
+
+    CapturedMessages(const CapturedMessages&) = delete;
+    CapturedMessages& operator=(const CapturedMessages&) = delete;
+
+    void Output(const wxString& text) override { m_text += text; }
+
+    wxString text() const
+    {
+        wxString text = m_text;
+        return text.Trim();
+    }
+
+private:
+    wxMessageOutput* m_previous;
+    wxString m_text;
+};
+
+void describe(wxCmdLineParser& parser)
+{
+    parser.SetSwitchChars("-");
+    parser.SetLogo("Shows a picture (PNG, JPEG, BMP, GIF, TIFF, TGA, ICO, PFM), or a bundled sample.\n");
+    parser.AddLongOption("screenshot", "write what the window shows to this PNG file, then end");
+    parser.AddLongSwitch("version", "print the version");
+    parser.AddSwitch("h", "help", "print this text");
+    parser.AddParam("PICTURE", wxCMD_LINE_VAL_STRING, wxCMD_LINE_PARAM_OPTIONAL);
+}
+
+// The parser knows arguments as texts, which not every file name on Linux is: the argument itself is the
+// name.
+Io::Path pathOf(const wxString& text, const Array<Io::Path>& arguments)
+{
+    for (const Io::Path& argument : arguments) {
+        if (argument.nativeStr() == Wx::toString(text))
+            return argument;
+    }
+    return Io::Path(Wx::toString(text));
+}
+
+void setArguments(wxCmdLineParser& parser, const Array<Io::Path>& arguments)
+{
+    Array<String> texts{L"nolvex-viewer"};
+    for (const Io::Path& argument : arguments)
+        texts.push_back(argument.nativeStr());
+    Array<wchar_t*> pointers;
+    for (const String& text : texts)
+        pointers.push_back(const_cast<wchar_t*>(text.c_str())); // only read
+    parser.SetCmdLine(static_cast<int>(pointers.size()), pointers.data());
 }
 
 } // namespace
 
 Expected<CommandLine, String> parseCommandLine(const Array<Io::Path>& arguments)
 {
+    const CapturedMessages messages;
+    wxCmdLineParser parser;
+    describe(parser);
+    setArguments(parser, arguments);
+    if (parser.Parse(false) != 0)
+        return Unexpected{Wx::toString(messages.text() + ". Try --help.")};
     CommandLine line;
-    bool optionsEnded = false;
-    for (std::size_t i = 0; i < arguments.size(); ++i) {
-        const String text = arguments[i].nativeStr();
-        if (!optionsEnded && text == L"--") {
-            optionsEnded = true;
-        } else if (!optionsEnded && (text == L"--help" || text == L"-h")) {
-            line.help = true;
-        } else if (!optionsEnded && text == L"--version") {
-            line.version = true;
-        } else if (!optionsEnded && text == L"--screenshot") {
-            if (++i == arguments.size())
-                return error(L"--screenshot needs the name of the file to write.");
-            line.screenshot = arguments[i];
-        } else if (!optionsEnded && text.length() > 1 && text[0] == L'-') {
-            return error(L"There is no option " + text + L".");
-        } else if (line.picture.isEmpty()) {
-            line.picture = arguments[i];
-        } else {
-            return error(L"One picture at a time, please.");
-        }
-    }
+    line.help = parser.Found("help");
+    line.version = parser.Found("version");
+    wxString text;
+    if (parser.Found("screenshot", &text))
+        line.screenshot = pathOf(text, arguments);
+    if (parser.GetParamCount() > 0)
+        line.picture = pathOf(parser.GetParam(0), arguments);
     return line;
 }
 
-const char* usage()
+std::string usage()
 {
-    return "usage: nolvex-viewer [--screenshot FILE.png] [PICTURE]\n"
-           "\n"
-           "Shows a picture (PNG, JPEG, BMP, GIF, TIFF, TGA, ICO, PFM), or a bundled sample.\n"
-           "\n"
-           "  --screenshot FILE.png  write what the window shows to a file, then end\n"
-           "  --version              print the version\n"
-           "  --help                 print this text\n";
+    wxCmdLineParser parser;
+    describe(parser);
+    setArguments(parser, {});
+    return Wx::toString(parser.GetUsageString()).toUtf8();
 }
 
 } // namespace Nolvex::Viewer

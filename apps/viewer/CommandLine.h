@@ -6,6 +6,8 @@
 #include "NolvexLib/Io/Path.h"
 #include "NolvexLib/String.h"
 
+#include <string>
+
 namespace Nolvex::Viewer {
 
 /// What the user asked for on the command line.
@@ -19,10 +21,10 @@ struct CommandLine
     bool version = false;
 };
 
-/// `arguments` without the program's name. The error is a sentence for the user.
+/// Reads the arguments, which do not include the program's name. The error is a text for the user.
 Expected<CommandLine, String> parseCommandLine(const Array<Io::Path>& arguments);
 
-/// The text of --help.
-const char* usage();
+/// The text of --help, in UTF-8.
+std::string usage();
 
 } // namespace Nolvex::Viewer

@@ -5,9 +5,8 @@
 #include "NolvexLib/Exception.h"
 #include "NolvexLib/Io/FileInputStream.h"
 #include "NolvexLib/Io/FileSize.h"
-#include "NolvexLibWx/BitmapConverter.h"
+#include "NolvexLibWx/MemoryImages.h"
 #include "apps/viewer/PortableFloatMap.h"
-#include "apps/viewer/WholeImage.h"
 
 #include <wx/image.h>
 
@@ -16,12 +15,13 @@
 #include <limits>
 #include <new>
 #include <system_error>
+#include <utility>
 
 namespace Nolvex::Viewer {
 
 namespace {
 
-// What the toolkit's decoders count in int.
+// The decoders of wxWidgets count bytes in int.
 constexpr std::uint64_t MAX_FILE_SIZE = std::numeric_limits<std::int32_t>::max();
 
 Unexpected<String> refuse(const Io::Path& path, const String& reason)
@@ -35,7 +35,7 @@ Unexpected<String> refuse(const Io::Path& path, const String& reason)
 Expected<Array<std::byte>, String> readWholeFile(const Io::Path& path)
 {
     try {
-        // Asked before it is opened: opening a pipe would wait for somebody to write into it.
+        // Asked before the file is opened: opening a pipe would wait until a program writes into it.
         std::error_code ignored;
         const std::filesystem::file_status status = std::filesystem::status(path.native(), ignored);
         if (exists(status) && !is_regular_file(status))
@@ -79,7 +79,7 @@ Expected<Image, String> decode(ArrayView<const std::byte> content)
 {
     if (isPortableFloatMap(content))
         return readPortableFloatMap(content);
-    Expected<wxImage, String> decoded = decodeWholeImage(content);
+    Expected<wxImage, String> decoded = Wx::decodeWholeImage(content);
     if (!decoded)
         return Unexpected{decoded.error()};
     if (decoded->HasMask() && !decoded->HasAlpha())
@@ -89,7 +89,7 @@ Expected<Image, String> decode(ArrayView<const std::byte> content)
 
 } // namespace
 
-Expected<Image, String> readImageFile(const Io::Path& path)
+Expected<SharedPicture, String> readPictureFile(const Io::Path& path)
 {
     const Expected<Array<std::byte>, String> content = readWholeFile(path);
     if (!content)
@@ -97,18 +97,10 @@ Expected<Image, String> readImageFile(const Io::Path& path)
     Expected<Image, String> image = decode(*content);
     if (!image)
         return refuse(path, image.error());
-    return image;
-}
-
-Expected<wxBitmap, String> readBitmapFile(const Io::Path& path)
-{
-    const Expected<Image, String> image = readImageFile(path);
-    if (!image)
-        return Unexpected{image.error()};
-    wxBitmap bitmap = BitmapConverter::zephraImageToWxBitmap(*image);
-    if (!bitmap.IsOk())
+    auto picture = std::make_shared<const Picture>(path.fileName(), std::move(*image));
+    if (!picture->bitmap().IsOk())
         return refuse(path, L"it is too large");
-    return bitmap;
+    return SharedPicture(std::move(picture));
 }
 
 } // namespace Nolvex::Viewer

@@ -5,6 +5,10 @@
 #include "NolvexLibWx/widgets/GuiSkin.h"
 
 #include <wx/dcbuffer.h>
+#include <wx/pen.h>
+#include <wx/utils.h>
+
+#include <utility>
 
 namespace Nolvex::Viewer {
 
@@ -14,30 +18,37 @@ constexpr int SCROLL_STEP = 16;
 
 } // namespace
 
-ImageView::ImageView(wxWindow* parent, const wxBitmap& bitmap)
+ImageView::ImageView(wxWindow* parent, SharedPicture picture)
     : wxScrolledWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                        wxHSCROLL | wxVSCROLL | wxBORDER_NONE | wxFULL_REPAINT_ON_RESIZE),
       TooltipWindow(this),
-      m_bitmap(bitmap)
+      m_picture(std::move(picture))
 {
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     SetBackgroundColour(Wx::toWxColour(Wx::GuiSkin::DEFAULT().darkBackground));
     SetScrollRate(SCROLL_STEP, SCROLL_STEP);
     SetVirtualSize(bitmapSize());
     Bind(wxEVT_PAINT, &ImageView::onPaint, this);
+    Bind(wxEVT_SET_FOCUS, &ImageView::onFocus, this);
+    Bind(wxEVT_KILL_FOCUS, &ImageView::onFocus, this);
 }
 
-void ImageView::setBitmap(const wxBitmap& bitmap)
+void ImageView::setPicture(SharedPicture picture)
 {
-    m_bitmap = bitmap;
+    m_picture = std::move(picture);
     SetVirtualSize(bitmapSize());
     Scroll(0, 0);
     Refresh();
 }
 
+const wxBitmap& ImageView::bitmap() const
+{
+    return m_picture ? m_picture->bitmap() : wxNullBitmap;
+}
+
 wxSize ImageView::bitmapSize() const
 {
-    return m_bitmap.IsOk() ? m_bitmap.GetSize() : wxSize(0, 0);
+    return bitmap().IsOk() ? bitmap().GetSize() : wxSize(0, 0);
 }
 
 wxPoint ImageView::bitmapOrigin() const
@@ -52,12 +63,25 @@ void ImageView::onPaint(wxPaintEvent& /*event*/)
     wxAutoBufferedPaintDC dc(this);
     dc.SetBackground(GetBackgroundColour());
     dc.Clear();
-    // Only the part in view: a bitmap may be larger than what the window system can draw at once.
+    // Only the visible part is drawn: a bitmap may be larger than the window system can draw at once.
     const wxPoint origin = bitmapOrigin();
     const wxRect visible = wxRect(-origin, GetClientSize()).Intersect(wxRect(bitmapSize()));
     if (!visible.IsEmpty())
-        dc.DrawBitmap(m_bitmap.GetSubBitmap(visible), origin + visible.GetTopLeft());
+        dc.DrawBitmap(bitmap().GetSubBitmap(visible), origin + visible.GetTopLeft());
+    if (m_focusMark) {
+        dc.SetPen(wxPen(Wx::toWxColour(Wx::GuiSkin::DEFAULT().highlight), 1, wxPENSTYLE_DOT));
+        dc.SetBrush(*wxTRANSPARENT_BRUSH);
+        dc.DrawRectangle(wxRect(GetClientSize()));
+    }
     m_painted = true;
+}
+
+// A click needs no mark: the user knows where it went. Tab is still down when the focus arrives.
+void ImageView::onFocus(wxFocusEvent& event)
+{
+    m_focusMark = event.GetEventType() == wxEVT_SET_FOCUS && wxGetKeyState(WXK_TAB);
+    Refresh();
+    event.Skip();
 }
 
 } // namespace Nolvex::Viewer

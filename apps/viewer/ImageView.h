@@ -2,34 +2,44 @@
 #pragma once
 
 #include "NolvexLibWx/widgets/TooltipWindow.h"
+#include "apps/viewer/Picture.h"
 
 #include <wx/bitmap.h>
 #include <wx/scrolwin.h>
 
 namespace Nolvex::Viewer {
 
-/// Shows a bitmap at its own size: in the middle while there is room, scrolled by bars, wheel and arrow keys
-/// when it is larger. An invalid bitmap shows the background only.
+/// Shows a picture at its own size: in the middle while there is room, scrolled by bars, wheel and keys when
+/// it is larger. Without a picture it shows the background only. When Tab brings the focus here, a dotted
+/// line along the edges shows it.
 class ImageView : public wxScrolledWindow, public Wx::TooltipWindow
 {
 public:
-    ImageView(wxWindow* parent, const wxBitmap& bitmap);
+    ImageView(wxWindow* parent, SharedPicture picture);
 
-    /// Shows its top left corner.
-    void setBitmap(const wxBitmap& bitmap);
+    /// Shows the top left corner of another picture.
+    void setPicture(SharedPicture picture);
 
-    const wxBitmap& bitmap() const { return m_bitmap; }
+    const SharedPicture& picture() const { return m_picture; }
 
-    /// True once a bitmap has been painted.
+    /// The bitmap of the picture, invalid without one.
+    const wxBitmap& bitmap() const;
+
+    /// True once a picture has been painted.
     bool wasPainted() const { return m_painted; }
+
+    /// True while the line along the edges shows that the keyboard is directed here.
+    bool hasFocusMark() const { return m_focusMark; }
 
 private:
     void onPaint(wxPaintEvent& event);
+    void onFocus(wxFocusEvent& event);
     wxPoint bitmapOrigin() const;
     wxSize bitmapSize() const;
 
-    wxBitmap m_bitmap;
+    SharedPicture m_picture;
     bool m_painted = false;
+    bool m_focusMark = false;
 };
 
 } // namespace Nolvex::Viewer

@@ -2,7 +2,7 @@
 #include "apps/viewer/ScreenPicture.h"
 
 #include "NolvexLib/Array.h"
-#include "NolvexLibWx/BitmapConversions.h"
+#include "NolvexLibImage/pixels/Conversions.h"
 #include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/ScreenCapture.h"
 #include "apps/program/CapturedPixels.h"
@@ -13,7 +13,25 @@
 
 namespace Nolvex::Viewer {
 
-wxBitmap screenPicture(ArrayView<const Bucket> displays)
+namespace {
+
+// The screen has bytes: nothing is lost. An image has its bottom row first.
+Optional<Image> toImage(const BitmapImpl<Rgb>& captured)
+{
+    Expected<Image, String> image =
+        Image::create(captured.width(), captured.height(), PixelFormat::UINT8_RGBA, 1.0f);
+    if (!image)
+        return {};
+    for (std::int32_t y = 0; y < captured.height(); ++y)
+        Pixels::rgbToRgba8(captured.row(captured.height() - 1 - y),
+                           reinterpret_cast<std::uint8_t*>(image->row(y).data()),
+                           static_cast<std::size_t>(captured.width()));
+    return std::move(*image);
+}
+
+} // namespace
+
+Optional<Image> captureDisplays(ArrayView<const Bucket> displays)
 {
     if (displays.empty())
         return {};
@@ -23,15 +41,15 @@ wxBitmap screenPicture(ArrayView<const Bucket> displays)
         whole.max = {std::max(whole.max.x, display.max.x), std::max(whole.max.y, display.max.y)};
     }
     const BitmapImpl<Rgb> captured = Wx::getScreenRegionColors(whole);
-    return Program::wasRead(captured) ? Wx::toWxBitmap(captured, true) : wxBitmap();
+    return Program::wasRead(captured) ? toImage(captured) : Optional<Image>();
 }
 
-wxBitmap screenPicture()
+Optional<Image> captureDisplays()
 {
     Array<Bucket> displays;
     for (unsigned index = 0; index < wxDisplay::GetCount(); ++index)
         displays.push_back(Wx::toBucket(wxDisplay(index).GetGeometry()));
-    return screenPicture(displays);
+    return captureDisplays(displays);
 }
 
 } // namespace Nolvex::Viewer

@@ -3,17 +3,17 @@
 
 #include "NolvexLib/ArrayView.h"
 #include "NolvexLib/Bucket.h"
-
-#include <wx/bitmap.h>
+#include "NolvexLib/Optional.h"
+#include "NolvexLibImage/Image.h"
 
 namespace Nolvex::Viewer {
 
-/// What the displays show now, each in its place, in the smallest bitmap that holds them all; transparent
-/// where no display is. Invalid without displays or memory, and where
-/// the system lets nobody read the screen.
-wxBitmap screenPicture(ArrayView<const Bucket> displays);
+/// What the displays show now, each in its place, in the smallest image that holds them all; transparent
+/// where no display is. Returns nullopt without displays, without memory, and where the system lets no
+/// program read the screen.
+Optional<Image> captureDisplays(ArrayView<const Bucket> displays);
 
-/// Of all displays.
-wxBitmap screenPicture();
+/// What all displays show now.
+Optional<Image> captureDisplays();
 
 } // namespace Nolvex::Viewer

@@ -16,25 +16,6 @@ namespace {
 constexpr int GAP = 6;
 constexpr int BUTTON_WIDTH = 76;
 
-// What the buttons have no room to say.
-const wchar_t* tooltipFor(Command command)
-{
-    switch (command) {
-    case Command::OPEN:
-        return L"Opens a picture (Ctrl+O)";
-    case Command::COPY:
-        return L"Puts the picture on the clipboard (Ctrl+C)";
-    case Command::CAPTURE_SCREEN:
-        return L"Shows a picture of all displays (Ctrl+Shift+S)";
-    case Command::SHOW_LOG:
-        return L"Shows or hides what the viewer has done (Ctrl+L)";
-    case Command::ABOUT:
-        return L"Writes what this program is to the log";
-    default:
-        return L"";
-    }
-}
-
 } // namespace
 
 ToolBar::ToolBar(wxWindow* parent, const Function<void(Command)>& run)
@@ -50,7 +31,8 @@ ToolBar::ToolBar(wxWindow* parent, const Function<void(Command)>& run)
     SetSizer(m_row);
 }
 
-// The log's button is no toggle by itself: it shows what there is, whoever brought it about.
+// The log's button does not toggle by itself: it shows whether the log is there, which other commands decide,
+// too.
 Wx::Button* ToolBar::addButton(const wxString& label, Command command)
 {
     auto* button = new Wx::Button(
@@ -69,7 +51,7 @@ void ToolBar::setLogShown(bool shown)
 void ToolBar::setTooltips(bool wanted)
 {
     for (wxWindow* child : GetChildren()) {
-        const wchar_t* text = wanted ? tooltipFor(static_cast<Command>(child->GetId())) : L"";
+        const wchar_t* text = wanted ? tooltipOf(static_cast<Command>(child->GetId())) : L"";
         if (auto* window = dynamic_cast<Wx::TooltipWindow*>(child))
             window->setTooltip(text);
     }

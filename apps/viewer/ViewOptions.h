@@ -14,14 +14,14 @@ class CheckBox;
 
 namespace Nolvex::Viewer {
 
-/// What can be chosen about the way the picture is shown: check boxes, each of which tells its command when
-/// the user changes it.
+/// The options of how the picture is shown: check boxes, each of which calls `run` with its command when the
+/// user changes it.
 class ViewOptions : public wxPanel
 {
 public:
     ViewOptions(wxWindow* parent, const Function<void(Command)>& run);
 
-    // They show how things are and tell nobody.
+    // These show the state of things, without a call of `run`.
 
     void setLogShown(bool shown);
     void setTooltips(bool wanted);

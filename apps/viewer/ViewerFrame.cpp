@@ -27,8 +27,11 @@
 #include <wx/sizer.h>
 #include <wx/weakref.h>
 
+#include <algorithm>
 #include <functional>
+#include <memory>
 #include <new>
+#include <utility>
 
 namespace Nolvex::Viewer {
 
@@ -41,27 +44,10 @@ constexpr int LOG_HEIGHT = 90;
 const wxSize SMALLEST(360, 300);
 const wxSize LEAST_VIEW(80, 60); // scroll bars need some room
 
-// Time for a menu to go off the screen.
+// The time that a menu needs to leave the screen.
 constexpr int CAPTURE_DELAY_MS = 250;
 
-struct Shortcut
-{
-    int key;
-    int modifiers;
-    Command command;
-};
-
-constexpr Shortcut SHORTCUTS[] = {
-    {'O', wxMOD_CONTROL, Command::OPEN},
-    {'C', wxMOD_CONTROL, Command::COPY},
-    {'S', wxMOD_CONTROL | wxMOD_SHIFT, Command::CAPTURE_SCREEN},
-    {'L', wxMOD_CONTROL, Command::SHOW_LOG},
-    {'W', wxMOD_CONTROL, Command::CLOSE},
-    {'Q', wxMOD_CONTROL, Command::CLOSE},
-    {WXK_ESCAPE, wxMOD_NONE, Command::CLOSE},
-};
-
-// Room for the whole picture below what stands above it, as far as the screen has it.
+// Room for the whole picture below the controls above it, as far as the screen has it.
 wxSize clientSizeFor(const wxBitmap& picture, int heightAbove)
 {
     const int around = 2 * (Wx::scaleByDpi(MARGIN) + BORDER);
@@ -72,19 +58,14 @@ wxSize clientSizeFor(const wxBitmap& picture, int heightAbove)
     return size;
 }
 
-String sizeOf(const wxBitmap& picture)
+String openedMessage(const Picture& picture)
 {
-    return Wx::toString(wxString::Format(L"%d \u00D7 %d", picture.GetWidth(), picture.GetHeight()));
-}
-
-String openedMessage(const String& name, const wxBitmap& picture)
-{
-    return L"Opened \"" + name + L"\", " + sizeOf(picture) + L" pixels.";
+    return L"Opened \"" + picture.name() + L"\", " + picture.sizeText() + L" pixels.";
 }
 
 } // namespace
 
-ViewerFrame::ViewerFrame(const String& name, const wxBitmap& picture) : wxFrame(nullptr, wxID_ANY, wxString())
+ViewerFrame::ViewerFrame(const SharedPicture& picture) : wxFrame(nullptr, wxID_ANY, wxString())
 {
     Wx::setZephraIcon(this);
     auto* panel = new wxPanel(this);
@@ -97,18 +78,18 @@ ViewerFrame::ViewerFrame(const String& name, const wxBitmap& picture) : wxFrame(
     sizer->Add(makeView(panel, picture), 1, wxEXPAND | wxALL, margin);
     sizer->Add(makeLog(panel), 0, wxEXPAND | wxLEFT | wxRIGHT | wxBOTTOM, margin);
     panel->SetSizer(sizer);
-    makeMenu();
+    SetMenuBar(makeMenuBar());
 
     Wx::applySkinRecursive(this, Wx::GuiSkin::DEFAULT());
     setLightSurround(false);
 
-    SetClientSize(clientSizeFor(picture, above->GetMinSize().y));
+    SetClientSize(clientSizeFor(m_view->bitmap(), above->GetMinSize().y));
     Centre();
     bindCommands();
     makeRoom();
-    describePicture(name);
-    if (picture.IsOk())
-        report(openedMessage(name, picture));
+    describePicture();
+    if (picture)
+        report(openedMessage(*picture));
     m_view->SetFocus();
 }
 
@@ -124,7 +105,7 @@ wxWindow* ViewerFrame::makeOptions(wxWindow* parent)
     return new Wx::CollapsiblePanel(parent, Wx::GuiSkin::DEFAULT(), L"View options", m_options);
 }
 
-wxWindow* ViewerFrame::makeView(wxWindow* parent, const wxBitmap& picture)
+wxWindow* ViewerFrame::makeView(wxWindow* parent, const SharedPicture& picture)
 {
     auto* border = new OskaBorder(parent);
     m_view = new ImageView(border, picture);
@@ -140,27 +121,6 @@ wxWindow* ViewerFrame::makeLog(wxWindow* parent)
     m_logTooltip = new Wx::Tooltip(m_log, String());
     m_log->Hide();
     return m_log;
-}
-
-void ViewerFrame::makeMenu()
-{
-    auto* picture = new wxMenu;
-    picture->Append(Command::OPEN, L"&Open...\tCtrl+O");
-    picture->Append(Command::COPY, L"&Copy image\tCtrl+C");
-    picture->Append(Command::CAPTURE_SCREEN, L"Capture &screen\tCtrl+Shift+S");
-    picture->AppendSeparator();
-    picture->Append(Command::CLOSE, L"Close\tCtrl+W");
-    auto* view = new wxMenu;
-    view->AppendCheckItem(Command::SHOW_LOG, L"&Log\tCtrl+L");
-    view->AppendCheckItem(Command::SHOW_TOOLTIPS, L"&Tooltips");
-    view->AppendCheckItem(Command::LIGHT_SURROUND, L"Light &surround");
-    auto* help = new wxMenu;
-    help->Append(Command::ABOUT, L"&About");
-    auto* bar = new wxMenuBar;
-    bar->Append(picture, L"&Picture");
-    bar->Append(view, L"&View");
-    bar->Append(help, L"&Help");
-    SetMenuBar(bar);
 }
 
 void ViewerFrame::bindCommands()
@@ -181,6 +141,8 @@ void ViewerFrame::bindCommands()
     m_captureTimer.SetOwner(this);
     Bind(wxEVT_TIMER, [this](wxTimerEvent&) { captureScreen(); });
     Bind(wxEVT_CHAR_HOOK, &ViewerFrame::onKey, this);
+    Bind(wxEVT_MENU_OPEN, &ViewerFrame::onMenuOpened, this);
+    Bind(wxEVT_MENU_CLOSE, &ViewerFrame::onMenuClosed, this);
 }
 
 bool ViewerFrame::wasPainted() const
@@ -190,22 +152,24 @@ bool ViewerFrame::wasPainted() const
 
 bool ViewerFrame::openPicture(const Io::Path& file)
 {
-    const Expected<wxBitmap, String> picture = readBitmapFile(file);
+    const Expected<SharedPicture, String> picture = readPictureFile(file);
     if (!picture)
         return complain(picture.error());
-    showPicture(file.fileName(), *picture);
-    report(openedMessage(file.fileName(), *picture));
+    showPicture(*picture);
+    report(openedMessage(**picture));
     return true;
 }
 
 bool ViewerFrame::copyPicture()
 {
-    if (!m_view->bitmap().IsOk())
+    const SharedPicture picture = m_view->picture();
+    if (!picture)
         return complain(L"There is no picture to copy.");
     const wxWeakRef<ViewerFrame> self(this);
+    const RgbBytes background = Wx::toRgbBytes(m_view->GetBackgroundColour());
     bool copied = false;
     try {
-        copied = Wx::setClipboardData(clipboardPicture(m_view->bitmap(), m_view->GetBackgroundColour()), {});
+        copied = Wx::setClipboardData(clipboardPicture(picture->image(), background), {});
     } catch (const std::bad_alloc&) {
         return complain(L"The picture was not copied: there is not enough memory.");
     }
@@ -215,17 +179,19 @@ bool ViewerFrame::copyPicture()
     if (!copied)
         return complain(L"The picture was not copied: another program is using the clipboard, or the "
                         L"picture is too large for it.");
-    report(L"Copied the picture, " + sizeOf(m_view->bitmap()) + L" pixels.");
+    report(L"Copied the picture, " + picture->sizeText() + L" pixels.");
     return true;
 }
 
 bool ViewerFrame::captureScreen()
 {
-    const wxBitmap picture = screenPicture();
-    if (!picture.IsOk())
+    Optional<Image> screen = captureDisplays();
+    if (!screen)
         return complain(L"The screen cannot be read.");
-    showPicture(L"Unsaved picture of the screen", picture);
-    report(L"Captured the screen, " + sizeOf(picture) + L" pixels.");
+    const auto picture =
+        std::make_shared<const Picture>(L"Unsaved picture of the screen", std::move(*screen));
+    showPicture(picture);
+    report(L"Captured the screen, " + picture->sizeText() + L" pixels.");
     return true;
 }
 
@@ -242,7 +208,7 @@ void ViewerFrame::showLog(bool show)
         m_view->SetFocus();
 }
 
-// What unfolds or appears must not squeeze the view to nothing.
+// Keeps the view visible when the options unfold or the log appears.
 void ViewerFrame::makeRoom()
 {
     wxWindow* const panel = m_log->GetParent();
@@ -287,18 +253,17 @@ void ViewerFrame::tellAbout()
     showLog(true);
 }
 
-void ViewerFrame::showPicture(const String& name, const wxBitmap& picture)
+void ViewerFrame::showPicture(const SharedPicture& picture)
 {
-    m_view->setBitmap(picture);
-    describePicture(name);
+    m_view->setPicture(picture);
+    describePicture();
 }
 
-void ViewerFrame::describePicture(const String& name)
+void ViewerFrame::describePicture()
 {
-    const wxBitmap& picture = m_view->bitmap();
-    if (picture.IsOk()) {
-        SetTitle(Wx::toWxString(name + L" (" + sizeOf(picture) + L")"));
-        m_description = name + L"\n" + sizeOf(picture) + L" pixels";
+    if (const SharedPicture& picture = m_view->picture()) {
+        SetTitle(Wx::toWxString(picture->name() + L" (" + picture->sizeText() + L")"));
+        m_description = picture->name() + L"\n" + picture->sizeText() + L" pixels";
     } else {
         SetTitle(L"Viewer");
         m_description = L"There is no picture yet.";
@@ -334,7 +299,7 @@ void ViewerFrame::onOpen()
 
 void ViewerFrame::onCopy()
 {
-    // The log's own text, while it is what the user is at.
+    // While the log has the focus, the user means its text.
     if (m_log->HasFocus() && m_log->CanCopy())
         m_log->Copy();
     else
@@ -346,15 +311,26 @@ void ViewerFrame::onCapture()
     m_captureTimer.StartOnce(CAPTURE_DELAY_MS);
 }
 
-// Not left to the menu: the log keeps all keys to itself while it has the focus.
+// The keys are not left to the menu: the log keeps all keys to itself while it has the focus. An open menu
+// has its own use for them.
 void ViewerFrame::onKey(wxKeyEvent& event)
 {
-    for (const Shortcut& shortcut : SHORTCUTS) {
-        if (shortcut.key == event.GetKeyCode() && shortcut.modifiers == event.GetModifiers()) {
-            run(shortcut.command);
-            return;
-        }
-    }
+    const int command = m_openMenus > 0 ? static_cast<int>(wxID_NONE) : commandOf(event);
+    if (command == wxID_NONE)
+        event.Skip();
+    else
+        run(command);
+}
+
+void ViewerFrame::onMenuOpened(wxMenuEvent& event)
+{
+    ++m_openMenus;
+    event.Skip();
+}
+
+void ViewerFrame::onMenuClosed(wxMenuEvent& event)
+{
+    m_openMenus = std::max(0, m_openMenus - 1);
     event.Skip();
 }
 

@@ -3,8 +3,8 @@
 
 #include "NolvexLib/Io/Path.h"
 #include "NolvexLib/String.h"
+#include "apps/viewer/Picture.h"
 
-#include <wx/bitmap.h>
 #include <wx/frame.h>
 #include <wx/timer.h>
 
@@ -22,26 +22,26 @@ class ToolBar;
 class ViewOptions;
 
 /// The viewer's window, in the default skin: a row of buttons, options that fold away, the picture inside a
-/// bevelled border, and below it a log, hidden at first, of what was done and what failed. What fails is told
-/// there, shows the log, and leaves the picture as it is. Ctrl+W, Ctrl+Q and Escape close it.
+/// bevelled border, and below it a log, hidden at first, of commands and failures. A command that fails
+/// writes the reason to the log, shows it, and leaves the picture as it is. Ctrl+W, Ctrl+Q and Escape close
+/// the window; Escape in an open menu closes the menu only.
 class ViewerFrame : public wxFrame
 {
 public:
-    /// An invalid picture stands for none.
-    ViewerFrame(const String& name, const wxBitmap& picture);
+    explicit ViewerFrame(const SharedPicture& picture);
 
     /// True once the picture has been painted on the screen.
     bool wasPainted() const;
 
-    // Each of these commands tells how it went and writes it to the log.
+    // Each of these commands returns whether it succeeded, and writes the outcome to the log.
 
     bool openPicture(const Io::Path& file);
 
-    /// Puts the picture on the clipboard, as it is shown. On GTK the window may be closed meanwhile, and gone
-    /// when this returns.
+    /// Puts the picture on the clipboard, as it is shown. On GTK events are processed meanwhile, so that the
+    /// window may have been closed and destroyed when this returns.
     bool copyPicture();
 
-    /// Shows what all displays show now, this window included, in place of the picture.
+    /// Replaces the picture by one of all displays, this window included.
     bool captureScreen();
 
     void showLog(bool show);
@@ -52,24 +52,24 @@ public:
 
     bool hasTooltips() const { return m_tooltips; }
 
-    /// What surrounds the picture: the skin's dark background, or a light grey to judge dark pictures by.
+    /// Surrounds the picture with a light grey, by which dark pictures can be judged, or with the skin's dark
+    /// background.
     void setLightSurround(bool light);
 
     bool hasLightSurround() const { return m_lightSurround; }
 
-    /// Writes what this program is to the log, and shows it.
+    /// Writes the name and version of this program to the log, and shows the log.
     void tellAbout();
 
 private:
     wxWindow* makeToolBar(wxWindow* parent);
     wxWindow* makeOptions(wxWindow* parent);
-    wxWindow* makeView(wxWindow* parent, const wxBitmap& picture);
+    wxWindow* makeView(wxWindow* parent, const SharedPicture& picture);
     wxWindow* makeLog(wxWindow* parent);
-    void makeMenu();
     void bindCommands();
 
-    void showPicture(const String& name, const wxBitmap& picture);
-    void describePicture(const String& name);
+    void showPicture(const SharedPicture& picture);
+    void describePicture();
     void report(const String& message);
     bool complain(const String& message);
 
@@ -79,6 +79,8 @@ private:
     void onCopy();
     void onCapture();
     void onKey(wxKeyEvent& event);
+    void onMenuOpened(wxMenuEvent& event);
+    void onMenuClosed(wxMenuEvent& event);
 
     ToolBar* m_toolBar = nullptr;
     ViewOptions* m_options = nullptr;
@@ -87,6 +89,7 @@ private:
     Wx::Tooltip* m_logTooltip = nullptr;
     String m_description;
     wxTimer m_captureTimer;
+    int m_openMenus = 0;
     bool m_tooltips = true;
     bool m_lightSurround = false;
 };

@@ -40,7 +40,7 @@ Io::Path samplePicture()
     return folder.parentDirectory() / Io::Path(L"share/nolvexlibwx/sample.pfm");
 }
 
-// Takes the picture of the window when the window system has had time to put it on the screen.
+// Takes the picture of the window after the window system has had time to put it on the screen.
 int takeScreenshot(Viewer::ViewerFrame& frame, const Io::Path& file)
 {
     constexpr int PERIOD_MS = 100;
@@ -60,11 +60,11 @@ int takeScreenshot(Viewer::ViewerFrame& frame, const Io::Path& file)
 int show(const Viewer::CommandLine& line)
 {
     const Io::Path file = line.picture.isEmpty() ? samplePicture() : line.picture;
-    const Expected<wxBitmap, String> picture = Viewer::readBitmapFile(file);
+    const Expected<Viewer::SharedPicture, String> picture = Viewer::readPictureFile(file);
     if (!picture)
         return fail(picture.error());
 
-    auto* frame = new Viewer::ViewerFrame(file.fileName(), *picture);
+    auto* frame = new Viewer::ViewerFrame(*picture);
     frame->Show();
     if (line.screenshot.isEmpty())
         return LibWx::runEventLoop();
@@ -80,7 +80,7 @@ int main(int argc, char** argv)
     if (!line)
         return fail(line.error());
     if (line->help)
-        return std::fputs(Viewer::usage(), stdout) < 0;
+        return std::fputs(Viewer::usage().c_str(), stdout) < 0;
     if (line->version)
         return std::puts("nolvex-viewer " NOLVEX_VERSION) < 0;
     try {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/ScreenCapture.h"
+#include "NolvexLibWx/ScreenRegion.h"
 
 #include "NolvexLib/Array.h"
 #include "NolvexLibWx/GeometryConversions.h"
@@ -15,12 +16,12 @@
 #include <limits>
 
 using namespace Nolvex;
+using Platform::TakeScreenRow;
 using Tests::fromBytes;
 using Tests::patternPicture;
 using Tests::PictureWindow;
 using Wx::getScreenRegionColors;
 using Wx::Detail::composeScreenRegion;
-using Wx::Detail::TakeScreenRow;
 
 namespace {
 

@@ -21,6 +21,8 @@ for corpus in "$corpora"/*/; do
     count=$runs
     [ "$name" != fuzzMessage ] || count=$((runs * 10))
     cp -R "$corpus" "$work/$name/corpus"
+    # The pictures that the tests read.
+    [ "$name" != fuzzImage ] || cp "$corpora"/../../data/images/formats/* "$corpora"/../../data/images/pattern* "$work/$name/corpus"
     if "$bin/$name" -runs="$count" -max_len=4096 -artifact_prefix="$work/$name/artifacts/" \
         "$work/$name/corpus" > "$work/$name/log" 2>&1; then
         echo "$name: $count runs"

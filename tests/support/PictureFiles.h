@@ -5,6 +5,7 @@
 #include "NolvexLib/Io/FileInputStream.h"
 #include "NolvexLib/Io/FileSize.h"
 #include "NolvexLib/Io/Path.h"
+#include "support/TestData.h"
 
 #include <gtest/gtest.h>
 
@@ -19,7 +20,7 @@ namespace Nolvex::Tests {
 
 inline Io::Path pictureFile(const std::string& name)
 {
-    return Io::Path(std::filesystem::path(NOLVEX_TEST_DATA_DIR) / "images" / name);
+    return Io::Path(testData() / "images" / name);
 }
 
 inline Array<std::byte> contentOf(const Io::Path& path)

@@ -4,28 +4,36 @@
 #include "NolvexLib/Io/Path.h"
 #include "NolvexLibWx/widgets/TextCtrl.h"
 #include "apps/viewer/ImageView.h"
+#include "apps/viewer/Picture.h"
 #include "apps/viewer/ViewerFrame.h"
 #include "support/Events.h"
 #include "support/Screen.h"
 #include "support/TestData.h"
 
 #include <wx/image.h>
+#include <wx/uiaction.h>
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <memory>
+#include <utility>
 
 namespace Nolvex::Tests {
 
-/// Every pixel tells where it is: red is x, green is y, modulo 256.
-inline wxBitmap coordinates(int width, int height)
+/// A picture named "test", each pixel of which tells where it is: red is x, green is y, modulo 256.
+inline Viewer::SharedPicture coordinates(int width, int height)
 {
-    wxImage image(width, height, false);
+    Expected<Image, String> image = Image::create(width, height, PixelFormat::UINT8_RGB, 1.0f);
     for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x)
-            image.SetRGB(x, y, static_cast<unsigned char>(x), static_cast<unsigned char>(y), 99);
+        std::byte* to = image->row(height - 1 - y).data();
+        for (int x = 0; x < width; ++x) {
+            *to++ = static_cast<std::byte>(x);
+            *to++ = static_cast<std::byte>(y);
+            *to++ = std::byte(99);
+        }
     }
-    return wxBitmap(image);
+    return std::make_shared<const Viewer::Picture>(L"test", std::move(*image));
 }
 
 template<class Wanted>
@@ -51,9 +59,9 @@ struct ViewerFixture : testing::Test
     Viewer::ImageView* view = nullptr;
     Wx::TextCtrl* log = nullptr;
 
-    void make(const wxBitmap& picture)
+    void make(const Viewer::SharedPicture& picture)
     {
-        frame = new Viewer::ViewerFrame(L"test", picture);
+        frame = new Viewer::ViewerFrame(picture);
         view = findIn<Viewer::ImageView>(frame);
         log = findIn<Wx::TextCtrl>(frame);
     }
@@ -84,12 +92,17 @@ struct ViewerFixture : testing::Test
         return pixelAt(captureClientArea(view), room.x / 2, room.y / 2);
     }
 
-    void show(const wxBitmap& picture)
+    /// Moves the mouse away, shows the window and waits until it is painted and, if a window manager
+    /// activates windows at all, active.
+    void show(const Viewer::SharedPicture& picture)
     {
         make(picture);
+        wxUIActionSimulator().MouseMove(5, 5);
         frame->Show();
+        frame->Raise();
         ASSERT_TRUE(pumpUntil([&] { return frame->wasPainted(); }));
-        pumpEvents(200);
+        pumpUntil([&] { return frame->IsActive(); }, 500);
+        pumpEvents(100);
     }
 
     ~ViewerFixture() override

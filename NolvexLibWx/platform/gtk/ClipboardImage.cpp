@@ -18,7 +18,7 @@ enum class Form : guint
     PNG,
 };
 
-// What the targets of a clipboard are listed as; the texts are only read.
+// The formats that are offered. GTK wants texts that it may write to, but only reads them.
 std::array<GtkTargetEntry, 2> targets()
 {
     static char bmp[] = "image/bmp";
@@ -36,7 +36,7 @@ using SharedBitmap = std::shared_ptr<const DeviceIndependentBitmap>;
 
 using PixbufPointer = std::unique_ptr<GdkPixbuf, Unreference>;
 
-// The same picture as the file: its first row at the bottom. Null when there is no memory.
+// The same picture as the BMP file, whose first row is the bottom row. Null if there is no memory.
 PixbufPointer toPixbuf(const DeviceIndependentBitmap& bitmap)
 {
     const auto [width, height] = bitmap.size();
@@ -58,7 +58,7 @@ PixbufPointer toPixbuf(const DeviceIndependentBitmap& bitmap)
 
 void send(GtkSelectionData* selection, const guchar* bytes, std::size_t size)
 {
-    // GTK adds a zero byte, and counts in int.
+    // GTK adds a zero byte and counts in int.
     if (size < static_cast<std::size_t>(G_MAXINT))
         gtk_selection_data_set(selection, gtk_selection_data_get_target(selection), 8, bytes,
                                static_cast<gint>(size));
@@ -71,7 +71,7 @@ void sendPng(const DeviceIndependentBitmap& bitmap, GtkSelectionData* selection)
         return;
     gchar* bytes = nullptr;
     gsize size = 0;
-    // Compressed a little only: somebody is waiting for it.
+    // Little compression is fast, and the program that pastes is waiting.
     if (gdk_pixbuf_save_to_buffer(pixbuf.get(), &bytes, &size, "png", nullptr, "compression", "1", nullptr) ==
         FALSE)
         return;
@@ -104,17 +104,17 @@ bool Platform::setClipboardImage(DeviceIndependentBitmap bitmap)
     GtkClipboard* clipboard = gtk_clipboard_get(GDK_SELECTION_CLIPBOARD);
     const auto offered = targets();
     const auto count = static_cast<guint>(offered.size());
-    // Encoded when somebody asks for it; freed when somebody else copies.
+    // GTK calls sendPicture when a program pastes, and freePicture when the clipboard gets another owner.
     const SharedBitmap picture = std::make_shared<const DeviceIndependentBitmap>(std::move(bitmap));
     auto* const given = new SharedBitmap(picture);
     if (gtk_clipboard_set_with_data(clipboard, offered.data(), count, sendPicture, freePicture, given) ==
         FALSE) {
-        // Refused, or, as GTK may say too, lost at once to somebody who copied anew: then it has been freed.
+        // GTK may also have lost the clipboard to another program at once; then it has freed the picture.
         if (picture.use_count() > 1)
             delete given;
         return false;
     }
-    // Handed to a clipboard manager, where there is one, it outlives the program.
+    // A clipboard manager, if one runs, keeps the picture after the program has ended.
     gtk_clipboard_set_can_store(clipboard, offered.data(), static_cast<gint>(count));
     gtk_clipboard_store(clipboard);
     return true;

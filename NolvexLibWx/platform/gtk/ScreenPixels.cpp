@@ -20,8 +20,8 @@
 #include <memory>
 #include <utility>
 
-// The toolkit's screen DC is of no use here: the drawing library below it keeps a copy of the root window and
-// does not learn that others draw there.
+// wxScreenDC does not serve here: cairo keeps a copy of the root window and does not learn that other
+// programs draw there.
 
 namespace Nolvex {
 
@@ -32,7 +32,7 @@ constexpr int BYTES_PER_PIXEL = 4;
 // Below this, sending the pixels costs less than sharing memory.
 constexpr std::int64_t SHARED_FROM_BYTES = std::int64_t(128) * 1024;
 
-// An X error would end the program. What failed shows in the results.
+// GDK ends the program after an X error that is not trapped. The results of the calls show what failed.
 class ScopedErrorTrap
 {
 public:
@@ -50,7 +50,7 @@ public:
     ScopedErrorTrap(const ScopedErrorTrap&) = delete;
     ScopedErrorTrap& operator=(const ScopedErrorTrap&) = delete;
 
-    /// Waits for the server; whether anything failed since the beginning. Once only.
+    /// Waits for the server and returns whether any request has failed. To be called once.
     bool failed()
     {
         m_popped = true;
@@ -69,13 +69,13 @@ struct Root
     Window window = 0;
     Visual* visual = nullptr;
     unsigned depth = 0;
-    /// In the toolkit's pixels.
+    /// In the pixels of wxWidgets.
     Bucket area;
-    /// How many pixels of the server a pixel of the toolkit is wide and high.
+    /// The width and height of such a pixel in pixels of the X server.
     int scale = 1;
 };
 
-// As the toolkit knows it: every question to the server may cost a turn of the scheduler.
+// Asks GDK, which knows the answers: a question to the X server may cost a turn of the scheduler.
 Optional<Root> findRoot()
 {
     GdkDisplay* gdk = gdk_display_get_default();
@@ -101,7 +101,7 @@ struct DestroyImage
 
 using ImagePointer = std::unique_ptr<XImage, DestroyImage>;
 
-// Memory that the server writes pixels to.
+// Memory that the X server writes pixels to.
 class SharedMemory
 {
 public:
@@ -147,13 +147,13 @@ private:
         return true;
     }
 
-    // A server on another machine refuses.
+    // An X server on another machine refuses.
     bool attach()
     {
         ScopedErrorTrap trap(m_display);
         const bool sent = XShmAttach(gdk_x11_display_get_xdisplay(m_display), &m_segment) != 0;
         const bool attached = !trap.failed() && sent;
-        // Gone as soon as both sides have let go, however they end.
+        // The system frees the segment once both sides have detached, however they end.
         shmctl(m_segment.shmid, IPC_RMID, nullptr);
         return attached;
     }
@@ -164,8 +164,9 @@ private:
     bool m_attached = false;
 };
 
-// New memory costs forty times what a capture does that finds some: it is kept for those who capture again
-// and again. Owned by hand: at process exit there may be no display left to release it with.
+// A capture that makes new memory takes forty times as long as one that finds some, so the memory is kept for
+// callers that capture again and again. A plain pointer owns it: at the end of the process there may be no
+// display left to release it with.
 SharedMemory* g_sharedMemory = nullptr;
 guint g_releaseTimer = 0;
 constexpr guint RELEASE_AFTER_SECONDS = 2;
@@ -177,7 +178,7 @@ gboolean releaseSharedMemory(gpointer /*unused*/)
     return G_SOURCE_REMOVE;
 }
 
-// Null when the server shares no memory with us.
+// Null if the X server shares no memory with this program.
 SharedMemory* sharedMemory(const Root& root, std::size_t size)
 {
     if (g_releaseTimer != 0)
@@ -190,7 +191,7 @@ SharedMemory* sharedMemory(const Root& root, std::size_t size)
     return g_sharedMemory->serves(root, size) ? g_sharedMemory : nullptr;
 }
 
-// Null when that way is not open. Valid until the next call.
+// Null if the X server has no shared memory. The image is valid until the next call.
 ImagePointer fetchSharedImage(const Root& root, Pixel corner, Pixel size)
 {
     if (XShmQueryExtension(root.display) == 0)
@@ -220,7 +221,7 @@ ImagePointer fetchImage(const Root& root, Pixel corner, Pixel size)
                                   ZPixmap));
 }
 
-// One channel of a pixel, wherever the screen's format has it.
+// One channel of a pixel, in any format of the screen.
 class Channel
 {
 public:
@@ -243,12 +244,11 @@ bool isBgrx(const XImage& image, const Visual& visual)
            visual.red_mask == 0xff0000 && visual.green_mask == 0xff00 && visual.blue_mask == 0xff;
 }
 
-// Screens of any other format, or scaled: of the pixels that one pixel is shown by, the top left one.
-void takeSampledRows(const Bucket& area, const Root& root, XImage& image,
-                     const Wx::Detail::TakeScreenRow& take)
+// For screens of any other format and for scaled ones, of which the top left pixel of each group is taken.
+void takeSampledRows(const Bucket& area, const Root& root, XImage& image, const Platform::TakeScreenRow& take)
 {
     const Visual& visual = *root.visual;
-    // Without masks pixels are numbers of a palette: nothing this toolkit still runs on.
+    // Without masks pixels are numbers of a palette. GTK 3 does not run on such screens.
     if (visual.red_mask == 0 || visual.green_mask == 0 || visual.blue_mask == 0)
         return;
     const Channel channels[] = {Channel(visual.blue_mask), Channel(visual.green_mask),
@@ -265,7 +265,7 @@ void takeSampledRows(const Bucket& area, const Root& root, XImage& image,
     }
 }
 
-void takeRows(const Bucket& area, const Root& root, XImage& image, const Wx::Detail::TakeScreenRow& take)
+void takeRows(const Bucket& area, const Root& root, XImage& image, const Platform::TakeScreenRow& take)
 {
     if (root.scale != 1 || !isBgrx(image, *root.visual)) {
         takeSampledRows(area, root, image, take);
@@ -278,7 +278,7 @@ void takeRows(const Bucket& area, const Root& root, XImage& image, const Wx::Det
 
 } // namespace
 
-void Platform::readScreen(const Bucket& area, const Wx::Detail::TakeScreenRow& take)
+void Platform::readScreen(const Bucket& area, const Platform::TakeScreenRow& take)
 {
     const Optional<Root> root = findRoot();
     if (!root)

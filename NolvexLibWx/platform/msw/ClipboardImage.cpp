@@ -37,7 +37,7 @@ private:
     bool m_open;
 };
 
-// Null when there is no memory.
+// Null if there is no memory.
 HGLOBAL copyToGlobalMemory(ArrayView<const std::uint8_t> bytes)
 {
     const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
@@ -61,7 +61,8 @@ bool Platform::setClipboardImage(DeviceIndependentBitmap bitmap)
     if (!clipboard || EmptyClipboard() == FALSE)
         return false;
     const HGLOBAL memory = copyToGlobalMemory(bitmap.bytes());
-    // The memory is the system's from here on, also when it refuses: nobody can tell how far it had come.
+    // Windows owns the memory from here on. The program does not free it after a failure either, since
+    // Windows may have used it already.
     return memory != nullptr && SetClipboardData(CF_DIB, memory) != nullptr;
 }
 

@@ -27,7 +27,7 @@ private:
     HDC m_dc;
 };
 
-// Pixels in memory that GDI can draw on: four bytes each, the top row first.
+// Pixels in memory that GDI can draw on. Each has four bytes; the top row comes first.
 class DrawablePixels
 {
 public:
@@ -56,7 +56,7 @@ public:
 
     HDC dc() const { return m_dc; }
 
-    /// Null when there is no memory for them. Complete after GdiFlush only.
+    /// Null if there is no memory. The pixels are complete after GdiFlush only.
     std::uint8_t* bits() const { return static_cast<std::uint8_t*>(m_bits); }
 
 private:
@@ -68,12 +68,12 @@ private:
 
 } // namespace
 
-void Platform::readScreen(const Bucket& area, const Wx::Detail::TakeScreenRow& take)
+void Platform::readScreen(const Bucket& area, const Platform::TakeScreenRow& take)
 {
     const ScreenDc screen;
     const DrawablePixels pixels(screen, area.size());
     std::uint8_t* row = pixels.bits();
-    // Refused while the desktop is locked, for example.
+    // Windows refuses this while the desktop is locked, for example.
     if (row == nullptr || BitBlt(pixels.dc(), 0, 0, area.width(), area.height(), screen.get(), area.min.x,
                                  area.min.y, SRCCOPY) == FALSE)
         return;

@@ -5,8 +5,8 @@
 
 namespace Nolvex::Program {
 
-/// Tells the user, by UTF-8 text that names the program: on the standard error stream, or, where the program
-/// was started without one as desktops on Windows do, in a message box.
+/// Shows the user an error, a text in UTF-8 that follows the program's name: on the standard error stream or,
+/// if the program has none because it was started from the Windows desktop, in a message box.
 void reportError(const char* program, const std::string& message);
 
 } // namespace Nolvex::Program

@@ -6,8 +6,8 @@
 
 namespace Nolvex::Program {
 
-/// The program's arguments without its name, with every character the user typed: on Windows `main` gets them
-/// in a code page that cannot hold all.
+/// The program's arguments without its name, with every character that the user typed. On Windows `main` gets
+/// them in a code page that lacks most characters.
 Array<Io::Path> processArguments(int argc, char** argv);
 
 /// The program's own file.

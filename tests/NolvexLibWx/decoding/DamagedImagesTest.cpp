@@ -190,6 +190,16 @@ TEST(DamagedImagesTest, headersThatClaimMoreThanTheFileHolds_areRefused)
     EXPECT_FALSE(convert(jpeg).IsOk());
 }
 
+TEST(DamagedImagesTest, damagedJpeg_isDecodedWithoutAWord)
+{
+    Array<std::byte> file = contentOf(pictureFile("pattern.jpg"));
+    std::fill(file.end() - 100, file.end() - 90, std::byte(0xFF));
+    testing::internal::CaptureStderr();
+    convert(file);
+    convert(ArrayView<const std::byte>(file).first(file.size() - 60));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
 TEST(DamagedImagesTest, streamThatEndsWithinAPicture_isInvalid)
 {
     const Array<std::byte> file = contentOf(pictureFile("pattern.gif"));

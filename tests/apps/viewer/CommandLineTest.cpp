@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <utility>
+
 using namespace Nolvex;
 using Viewer::parseCommandLine;
 
@@ -48,10 +51,57 @@ TEST(ViewerCommandLineTest, doubleDash_endsTheOptions)
 
 TEST(ViewerCommandLineTest, mistakes_areNamed)
 {
-    for (const auto& given :
-         {arguments({L"--screenshot"}), arguments({L"--no-such-option"}), arguments({L"a.png", L"b.png"})}) {
+    const std::pair<Array<Io::Path>, const wchar_t*> mistakes[] = {
+        {arguments({L"--screenshot"}), L"screenshot"},
+        {arguments({L"--no-such-option"}), L"no-such-option"},
+        {arguments({L"a.png", L"b.png"}), L"b.png"},
+    };
+    for (const auto& [given, named] : mistakes) {
         const auto line = parseCommandLine(given);
         ASSERT_FALSE(line.hasValue());
-        EXPECT_FALSE(line.error().isEmpty());
+        EXPECT_NE(line.error().find(named), String::NPOS) << line.error().toUtf8();
+        EXPECT_NE(line.error().find(L"Try --help."), String::NPOS) << line.error().toUtf8();
     }
+}
+
+TEST(ViewerCommandLineTest, helpAndVersion_areAskedFor)
+{
+    for (const wchar_t* help : {L"--help", L"-h"}) {
+        const auto line = parseCommandLine(arguments({help}));
+        ASSERT_TRUE(line.hasValue());
+        EXPECT_TRUE(line->help);
+    }
+    const auto line = parseCommandLine(arguments({L"--version"}));
+    ASSERT_TRUE(line.hasValue());
+    EXPECT_TRUE(line->version);
+}
+
+TEST(ViewerCommandLineTest, usage_namesTheProgramAndEachOption)
+{
+    const std::string text = Viewer::usage();
+    for (const char* word : {"nolvex-viewer", "--screenshot", "--version", "--help", "PICTURE", "PFM"})
+        EXPECT_NE(text.find(word), std::string::npos) << word << " in " << text;
+}
+
+TEST(ViewerCommandLineTest, screenshotAfterAnEqualsSign_isTaken)
+{
+    const auto line = parseCommandLine(arguments({L"--screenshot=out.png"}));
+    ASSERT_TRUE(line.hasValue());
+    EXPECT_EQ(line->screenshot, Io::Path(L"out.png"));
+}
+
+TEST(ViewerCommandLineTest, namesWithSpacesQuotesAndUmlauts_areKept)
+{
+    const wchar_t* const name = L"a \"b\" \u00FC\u4E2D.png";
+    const auto line = parseCommandLine(arguments({name}));
+    ASSERT_TRUE(line.hasValue());
+    EXPECT_EQ(line->picture, Io::Path(StringView(name)));
+}
+
+TEST(ViewerCommandLineTest, nameThatIsNoText_opensTheFileItNames)
+{
+    const Io::Path name(std::filesystem::path("broken-\xFF\xFE.png"));
+    const auto line = parseCommandLine({name});
+    ASSERT_TRUE(line.hasValue());
+    EXPECT_EQ(line->picture, name);
 }

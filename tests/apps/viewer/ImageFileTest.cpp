@@ -2,11 +2,8 @@
 #include "apps/viewer/ImageFile.h"
 
 #include "NolvexLib/Exception.h"
-#include "NolvexLib/Io/FileInputStream.h"
 #include "NolvexLib/Io/FileOutputStream.h"
-#include "NolvexLib/Io/FileSize.h"
-#include "NolvexLibWx/BitmapConverter.h"
-#include "support/TestData.h"
+#include "support/PictureFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -14,17 +11,13 @@
 #include <filesystem>
 
 using namespace Nolvex;
-using Viewer::readImageFile;
+using Tests::contentOf;
+using Tests::pictureFile;
 
 namespace {
 
 constexpr int WIDTH = 16;
 constexpr int HEIGHT = 10;
-
-Io::Path fixture(const char* name)
-{
-    return Tests::testData() / "images" / name;
-}
 
 int distance(float channel, int expected)
 {
@@ -46,12 +39,11 @@ int distanceFromPattern(const Image& image)
     return largest;
 }
 
-Array<std::byte> contentOf(const Io::Path& path)
+// The image of a picture that must be readable.
+Expected<Image, String> imageOf(const Io::Path& path)
 {
-    Array<std::byte> bytes(Io::fileSize(path).value_or(0));
-    Io::FileInputStream stream(path);
-    EXPECT_TRUE(stream.readExactly(bytes.data(), static_cast<std::int64_t>(bytes.size())));
-    return bytes;
+    const Expected<Viewer::SharedPicture, String> picture = Viewer::readPictureFile(path);
+    return picture ? Expected<Image, String>((*picture)->image()) : Unexpected{picture.error()};
 }
 
 // A file of a name beyond ASCII in the folder for temporary files, gone at the end.
@@ -80,7 +72,7 @@ TEST(ViewerImageFileTest, losslessPictures_areReadToTheByte)
 {
     for (const char* name :
          {"pattern.png", "pattern.bmp", "pattern.gif", "pattern.tiff", "pattern.tga", "pattern.ico"}) {
-        const auto image = readImageFile(fixture(name));
+        const auto image = imageOf(pictureFile(name));
         ASSERT_TRUE(image.hasValue()) << name << ": " << image.error().toUtf8();
         EXPECT_EQ(image->descriptor().width, WIDTH) << name;
         EXPECT_EQ(image->descriptor().gamma, 1.0f) << name;
@@ -90,7 +82,7 @@ TEST(ViewerImageFileTest, losslessPictures_areReadToTheByte)
 
 TEST(ViewerImageFileTest, jpeg_isReadWithinItsLosses)
 {
-    const auto image = readImageFile(fixture("pattern.jpg"));
+    const auto image = imageOf(pictureFile("pattern.jpg"));
     ASSERT_TRUE(image.hasValue());
     EXPECT_LE(distanceFromPattern(*image), 24);
 }
@@ -98,7 +90,7 @@ TEST(ViewerImageFileTest, jpeg_isReadWithinItsLosses)
 TEST(ViewerImageFileTest, alpha_isRead)
 {
     for (const char* name : {"pattern-alpha.png", "pattern.ico"}) {
-        const auto image = readImageFile(fixture(name));
+        const auto image = imageOf(pictureFile(name));
         ASSERT_TRUE(image.hasValue());
         ASSERT_EQ(image->descriptor().format, PixelFormat::UINT8_RGBA) << name;
         for (int x = 0; x < WIDTH; ++x)
@@ -108,13 +100,12 @@ TEST(ViewerImageFileTest, alpha_isRead)
 
 TEST(ViewerImageFileTest, floatPicture_keepsWhatIsAboveOne)
 {
-    const auto image = readImageFile(fixture("pattern.pfm"));
+    const auto image = imageOf(pictureFile("pattern.pfm"));
     ASSERT_TRUE(image.hasValue());
     EXPECT_EQ(image->descriptor().gamma, 2.2f);
     EXPECT_EQ(image->getRgba(15, HEIGHT - 1).r, 15.0f / 4.0f);
     EXPECT_TRUE(std::isnan(image->getRgba(3, HEIGHT - 1 - 2).r));
     EXPECT_EQ(image->getRgba(5, HEIGHT - 1 - 4).g, INFINITY);
-    EXPECT_TRUE(BitmapConverter::zephraImageToWxBitmap(*image).IsOk());
 }
 
 TEST(ViewerImageFileTest, badFiles_giveASentenceThatNamesThem)
@@ -122,7 +113,7 @@ TEST(ViewerImageFileTest, badFiles_giveASentenceThatNamesThem)
     for (const char* name : {"truncated.png", "truncated.jpg", "truncated.pfm", "zero-size.bmp",
                              "huge-claim.bmp", "huge-claim.png", "huge-claim.pfm", "negative.pfm",
                              "noimage.txt", "empty.png", "random.jpg", "no-such-file.png", "."}) {
-        const auto image = readImageFile(fixture(name));
+        const auto image = imageOf(pictureFile(name));
         ASSERT_FALSE(image.hasValue()) << name;
         const std::string message = image.error().toUtf8();
         EXPECT_NE(message.find(name), std::string::npos) << message;
@@ -132,8 +123,8 @@ TEST(ViewerImageFileTest, badFiles_giveASentenceThatNamesThem)
 
 TEST(ViewerImageFileTest, nameBeyondAscii_isOpenedAndNamed)
 {
-    const TemporaryFile good(contentOf(fixture("pattern.png")));
-    const auto image = readImageFile(good.path);
+    const TemporaryFile good(contentOf(pictureFile("pattern.png")));
+    const auto image = imageOf(good.path);
     ASSERT_TRUE(image.hasValue()) << image.error().toUtf8();
     EXPECT_EQ(distanceFromPattern(*image), 0);
 }
@@ -142,10 +133,23 @@ TEST(ViewerImageFileTest, picturesCutInTheMiddle_areNotShown)
 {
     for (const char* name : {"pattern.png", "pattern.bmp", "pattern.gif", "pattern.tiff", "pattern.tga",
                              "pattern.jpg", "pattern.pfm", "pattern.ico"}) {
-        const Array<std::byte> whole = contentOf(fixture(name));
+        const Array<std::byte> whole = contentOf(pictureFile(name));
         for (const int percent : {20, 50, 60, 80, 90}) {
             const TemporaryFile cut(ArrayView<const std::byte>(whole).first(whole.size() * percent / 100));
-            EXPECT_FALSE(readImageFile(cut.path).hasValue()) << name << " cut to " << percent << " %";
+            EXPECT_FALSE(imageOf(cut.path).hasValue()) << name << " cut to " << percent << " %";
         }
+    }
+}
+
+TEST(ViewerImageFileTest, everyKindOfPicture_isShownOrRefusedWithItsReason)
+{
+    for (const Io::Path& path : Tests::picturesOfAllKinds()) {
+        const Expected<Viewer::SharedPicture, String> picture = Viewer::readPictureFile(path);
+        const bool isSupported = path.fileName() != L"palette-alpha.tiff";
+        ASSERT_EQ(picture.hasValue(), isSupported) << path.nativeStr().toUtf8();
+        if (isSupported)
+            EXPECT_TRUE((*picture)->bitmap().IsOk());
+        else
+            EXPECT_NE(picture.error().find(L"it has a palette and alpha"), String::NPOS);
     }
 }

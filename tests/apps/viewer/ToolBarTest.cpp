@@ -11,6 +11,7 @@
 #include "apps/viewer/ImageView.h"
 #include "apps/viewer/ViewOptions.h"
 #include "apps/viewer/ViewerFrame.h"
+#include "support/FrameFixture.h"
 #include "support/Gestures.h"
 #include "support/ViewerFixture.h"
 
@@ -43,22 +44,19 @@ void clickMiddle(const wxWindow* window)
     Tests::clickAt(window, wxPoint(window->GetSize().x / 2, window->GetSize().y / 2));
 }
 
-struct ViewerToolBarTest : testing::Test
+struct ViewerToolBarTest : Tests::ViewerFixture
 {
-    ViewerFrame* frame = new ViewerFrame(L"test", wxBitmap(200, 100, 24));
-    ToolBar* toolBar = findIn<ToolBar>(frame);
-    ViewOptions* options = findIn<ViewOptions>(frame);
-    Wx::CollapsiblePanel* panel = findIn<Wx::CollapsiblePanel>(frame);
+    ToolBar* toolBar = nullptr;
+    ViewOptions* options = nullptr;
+    Wx::CollapsiblePanel* panel = nullptr;
 
-    ViewerToolBarTest()
+    void SetUp() override
     {
-        frame->Show();
-        frame->Raise();
-        Tests::pumpUntil([this] { return frame->IsActive(); }, 500);
-        Tests::pumpEvents(150);
+        show(Tests::coordinates(200, 100));
+        toolBar = findIn<ToolBar>(frame);
+        options = findIn<ViewOptions>(frame);
+        panel = findIn<Wx::CollapsiblePanel>(frame);
     }
-
-    ~ViewerToolBarTest() override { Tests::destroyNow(frame); }
 
     Wx::Button* button(Command command) const { return childOf<Wx::Button>(toolBar, command); }
 
@@ -68,6 +66,8 @@ struct ViewerToolBarTest : testing::Test
 
     wxString logText() const { return findIn<Wx::TextCtrl>(frame)->GetValue(); }
 };
+
+using ToolBarTest = Tests::FrameFixture;
 
 } // namespace
 
@@ -136,11 +136,10 @@ TEST_F(ViewerToolBarTest, everythingInTheRow_hasATooltip)
     EXPECT_FALSE(childOf<Wx::TextButton>(toolBar, Command::ABOUT)->tooltip()->lines().empty());
 }
 
-TEST(ToolBarTest, eachButton_tellsItsCommand)
+TEST_F(ToolBarTest, eachButton_tellsItsCommand)
 {
-    auto* frame = new wxFrame(nullptr, wxID_ANY, "tool bar");
     Array<int> commands;
-    auto* toolBar = new ToolBar(frame, [&](Command command) { commands.push_back(command); });
+    auto* toolBar = new ToolBar(panel, [&](Command command) { commands.push_back(command); });
     Array<int> expected;
     for (wxWindow* child : toolBar->GetChildren()) {
         if (auto* button = dynamic_cast<Wx::Button*>(child)) {
@@ -151,5 +150,4 @@ TEST(ToolBarTest, eachButton_tellsItsCommand)
     EXPECT_EQ(commands, expected);
     EXPECT_EQ(commands,
               Array<int>({Command::OPEN, Command::COPY, Command::CAPTURE_SCREEN, Command::SHOW_LOG}));
-    Tests::destroyNow(frame);
 }

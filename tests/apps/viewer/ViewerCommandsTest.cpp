@@ -123,13 +123,11 @@ TEST_F(ViewerCommandsTest, copy_pastesAtTheTopWhatIsShownAtTheTop)
 
 TEST_F(ViewerCommandsTest, copy_showsTheSurroundThroughWhatIsTransparent)
 {
-    wxImage image(3, 1);
-    image.InitAlpha();
-    for (int x = 0; x < 3; ++x) {
-        image.SetRGB(x, 0, 200, 100, 0);
-        image.SetAlpha(x, 0, static_cast<unsigned char>(x == 0 ? 255 : x == 1 ? 51 : 0));
-    }
-    make(wxBitmap(image));
+    Expected<Image, String> image = Image::create(3, 1, PixelFormat::UINT8_RGBA, 1.0f);
+    const int bytes[] = {200, 100, 0, 255, 200, 100, 0, 51, 200, 100, 0, 0};
+    std::transform(std::begin(bytes), std::end(bytes), image->row(0).begin(),
+                   [](int byte) { return static_cast<std::byte>(byte); });
+    make(std::make_shared<const Viewer::Picture>(L"transparent", std::move(*image)));
     view->SetBackgroundColour(wxColour(0, 50, 250));
     EXPECT_TRUE(frame->copyPicture());
     for (const auto& [form, picture] : Tests::clipboardPictures()) {
@@ -168,7 +166,7 @@ TEST_F(ViewerCommandsTest, closedWhileTheCopyIsFetched_isGoneWithoutHarm)
 
 TEST_F(ViewerCommandsTest, copy_withoutAPicture_saysSoAndLeavesTheClipboardAlone)
 {
-    make(wxBitmap());
+    make(nullptr);
     ASSERT_TRUE(Wx::setClipboardData(String(L"still here")));
     EXPECT_FALSE(frame->copyPicture());
     EXPECT_EQ(lastMessage(), L"There is no picture to copy.");
@@ -178,7 +176,7 @@ TEST_F(ViewerCommandsTest, copy_withoutAPicture_saysSoAndLeavesTheClipboardAlone
 
 TEST_F(ViewerCommandsTest, withoutAPicture_theWindowShowsItsBackgroundUntilOneIsOpened)
 {
-    make(wxBitmap());
+    make(nullptr);
     frame->Show();
     Tests::pumpEvents(200);
     EXPECT_EQ(Tests::pixelAt(Tests::captureClientArea(view), 20, 20), Wx::GuiSkin::DEFAULT().darkBackground);

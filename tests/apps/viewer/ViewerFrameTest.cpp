@@ -2,15 +2,11 @@
 #include "apps/viewer/ViewerFrame.h"
 
 #include "NolvexLibWx/widgets/GuiSkin.h"
-#include "apps/program/WindowPicture.h"
 #include "support/ViewerFixture.h"
 
-#include <wx/panel.h>
 #include <wx/uiaction.h>
 
 #include <gtest/gtest.h>
-
-#include <filesystem>
 
 using namespace Nolvex;
 using Tests::coordinate;
@@ -72,29 +68,4 @@ TEST_F(ViewerFrameTest, escape_closesTheWindow)
     wxUIActionSimulator().Char(WXK_ESCAPE);
     EXPECT_TRUE(Tests::pumpUntil([&] { return closed; }));
     frame = nullptr;
-}
-
-TEST_F(ViewerFrameTest, windowPicture_ofWhatTheScreenDoesNotShow_isAnErrorAndNoFile)
-{
-    show(coordinates(60, 40));
-    wxPanel outside(frame, wxID_ANY, wxPoint(-30'000, -30'000), wxSize(50, 50));
-    const Io::Path file =
-        Io::Path(std::filesystem::temp_directory_path()) / Io::Path(L"nolvex-no-window-picture.png");
-    std::filesystem::remove(file.native());
-    EXPECT_EQ(Program::writeWindowPicture(outside, file), L"The window cannot be read from the screen.");
-    EXPECT_FALSE(std::filesystem::exists(file.native()));
-}
-
-TEST_F(ViewerFrameTest, windowPicture_holdsThePixelsOfTheScreen)
-{
-    show(coordinates(60, 40));
-    const Io::Path file =
-        Io::Path(std::filesystem::temp_directory_path()) / Io::Path(L"nolvex-window-picture.png");
-    EXPECT_TRUE(Program::writeWindowPicture(*frame, file).isEmpty());
-    wxImage picture;
-    ASSERT_TRUE(picture.LoadFile(wxString(file.nativeStr().c_str())));
-    EXPECT_EQ(picture.GetSize(), frame->GetClientSize());
-    std::filesystem::remove(file.native());
-    const Io::Path impossible = Io::Path(L"no/such/folder/picture.png");
-    EXPECT_FALSE(Program::writeWindowPicture(*frame, impossible).isEmpty());
 }

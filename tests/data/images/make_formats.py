@@ -234,7 +234,7 @@ def converted():
         "lzw.tiff": ["-compress", "LZW"],
         "deflate.tiff": ["-compress", "Zip"],
         "packbits.tiff": ["-compress", "RLE"],
-        "tiled.tiff": ["-define", "tiff:tile-geometry=16x16", "-compress", "None"],
+        "tiled.tiff": ["-define", "tiff:tile-geometry=16x16", "-compress", "LZW"],
         "planar.tiff": ["-interlace", "Plane", "-compress", "None"],
         "fax.tiff": ["-threshold", "50%", "-compress", "Group4"],
         "jpeg.tiff": ["-compress", "JPEG"],

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/program/ScreenshotTimer.h"
 
-#include "support/Events.h"
-
-#include <wx/frame.h>
+#include "support/FrameFixture.h"
 
 #include <gtest/gtest.h>
 
@@ -14,16 +12,9 @@ namespace {
 
 constexpr int PERIOD = 20;
 
-struct ScreenshotTimerTest : testing::Test
+struct ScreenshotTimerTest : Tests::FrameFixture
 {
-    wxWeakRef<wxFrame> frame{new wxFrame(nullptr, wxID_ANY, "pictures")};
     int turns = 0;
-
-    ~ScreenshotTimerTest() override
-    {
-        if (frame)
-            Tests::destroyNow(frame);
-    }
 
     ScreenshotTimer::Turn endingAt(int last, const wchar_t* error)
     {

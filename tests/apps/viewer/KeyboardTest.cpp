@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: MIT
+// The viewer used by its keyboard alone.
+#include "apps/viewer/Command.h"
+#include "support/Gestures.h"
+#include "support/ViewerFixture.h"
+
+#include <wx/accel.h>
+#include <wx/menu.h>
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+using namespace Nolvex;
+using Tests::coordinates;
+using Tests::pumpUntil;
+using Tests::typeKey;
+
+namespace {
+
+struct ViewerKeyboardTest : Tests::ViewerFixture
+{
+    int opened = 0;
+    int closed = 0;
+
+    // Counts the menus that the user opens and closes.
+    void watchMenus()
+    {
+        frame->Bind(wxEVT_MENU_OPEN, [this](wxMenuEvent& event) {
+            ++opened;
+            event.Skip();
+        });
+        frame->Bind(wxEVT_MENU_CLOSE, [this](wxMenuEvent& event) {
+            ++closed;
+            event.Skip();
+        });
+    }
+
+    void openMenuByKey(char mnemonic)
+    {
+        const int before = opened;
+        wxUIActionSimulator().Char(mnemonic, wxMOD_ALT);
+        ASSERT_TRUE(pumpUntil([&] { return opened > before; }));
+    }
+};
+
+} // namespace
+
+TEST_F(ViewerKeyboardTest, escapeInAMenu_closesTheMenuOnly)
+{
+    show(coordinates(60, 40));
+    focus(view);
+    watchMenus();
+    const wxWeakRef<wxFrame> window(frame);
+    bool isClosing = false;
+    frame->Bind(wxEVT_CLOSE_WINDOW, [&](wxCloseEvent& event) {
+        isClosing = true;
+        event.Veto();
+    });
+    openMenuByKey('v');
+    typeKey(WXK_ESCAPE);
+    EXPECT_TRUE(pumpUntil([&] { return closed == opened; }));
+    Tests::pumpEvents(200);
+    EXPECT_FALSE(isClosing);
+    ASSERT_TRUE(window);
+    typeKey(WXK_ESCAPE);
+    EXPECT_TRUE(pumpUntil([&] { return isClosing; })) << "without a menu";
+}
+
+TEST_F(ViewerKeyboardTest, letterInAMenu_runsItsCommand)
+{
+    show(coordinates(60, 40));
+    focus(view);
+    watchMenus();
+    openMenuByKey('v');
+    typeKey('s');
+    EXPECT_TRUE(pumpUntil([&] { return frame->hasLightSurround(); }));
+}
+
+TEST_F(ViewerKeyboardTest, everyCommand_isInAMenuUnderALetterOfItsOwn)
+{
+    make(nullptr);
+    wxMenuBar* bar = frame->GetMenuBar();
+    std::set<int> commands;
+    for (std::size_t i = 0; i < bar->GetMenuCount(); ++i) {
+        std::set<wxString> letters;
+        for (const wxMenuItem* item : bar->GetMenu(i)->GetMenuItems()) {
+            if (item->IsSeparator())
+                continue;
+            commands.insert(item->GetId());
+            const wxString letter = item->GetItemLabel().AfterFirst('&').Left(1).Lower();
+            EXPECT_FALSE(letter.empty()) << item->GetItemLabel();
+            EXPECT_TRUE(letters.insert(letter).second) << item->GetItemLabel();
+        }
+    }
+    for (const Viewer::CommandInfo& info : Viewer::commandTable())
+        EXPECT_EQ(commands.count(info.command), 1u) << wxString(info.label);
+    EXPECT_EQ(commands.size(), Viewer::commandTable().size());
+}
+
+TEST_F(ViewerKeyboardTest, keyOfTheMenu_isTheKeyOfTheTable)
+{
+    make(nullptr);
+    for (const Viewer::CommandInfo& info : Viewer::commandTable()) {
+        const wxMenuItem* item = frame->GetMenuBar()->FindItem(info.command);
+        ASSERT_NE(item, nullptr);
+        const std::unique_ptr<wxAcceleratorEntry> key(item->GetAccel());
+        ASSERT_EQ(key != nullptr, info.key != 0) << wxString(info.label);
+        if (key == nullptr)
+            continue;
+        EXPECT_EQ(key->GetKeyCode(), info.key);
+        wxKeyEvent event(wxEVT_CHAR_HOOK);
+        event.m_keyCode = info.key;
+        event.SetControlDown((info.modifiers & wxMOD_CONTROL) != 0);
+        event.SetShiftDown((info.modifiers & wxMOD_SHIFT) != 0);
+        EXPECT_EQ(Viewer::commandOf(event), info.command);
+        EXPECT_TRUE(wxString(info.tooltip).Contains(info.keyText)) << wxString(info.tooltip);
+    }
+}
+
+TEST_F(ViewerKeyboardTest, keysWithoutACommand_runNone)
+{
+    for (const int key : {int('O'), int('C'), int(WXK_RETURN), int(WXK_TAB)}) {
+        wxKeyEvent event(wxEVT_CHAR_HOOK);
+        event.m_keyCode = key;
+        EXPECT_EQ(Viewer::commandOf(event), static_cast<int>(wxID_NONE)) << key;
+    }
+}
+
+TEST_F(ViewerKeyboardTest, arrows_scrollAPictureLargerThanTheWindow)
+{
+    show(coordinates(4000, 3000));
+    focus(view);
+    typeKey(WXK_DOWN);
+    typeKey(WXK_RIGHT);
+    EXPECT_TRUE(pumpUntil([&] { return view->GetViewStart() == wxPoint(1, 1); }));
+}
+
+TEST_F(ViewerKeyboardTest, focusBroughtByTab_isMarked_andByOtherMeansNot)
+{
+    show(coordinates(60, 40));
+    focus(view);
+    EXPECT_FALSE(view->hasFocusMark());
+    // All the way round.
+    for (int i = 0; i < 20 && !view->hasFocusMark(); ++i)
+        typeKey(WXK_TAB);
+    ASSERT_TRUE(view->hasFocusMark());
+    EXPECT_TRUE(view->HasFocus());
+    Tests::pumpEvents(100);
+    const wxImage marked = Tests::captureClientArea(view);
+    frame->showLog(true);
+    focus(log);
+    EXPECT_FALSE(view->hasFocusMark());
+    Tests::pumpEvents(100);
+    const wxImage unmarked = Tests::captureClientArea(view);
+    int changed = 0;
+    for (int x = 0; x < marked.GetWidth(); ++x)
+        changed += Tests::pixelAt(marked, x, 0) == Tests::pixelAt(unmarked, x, 0) ? 0 : 1;
+    EXPECT_GT(changed, marked.GetWidth() / 4);
+}
