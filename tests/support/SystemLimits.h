@@ -44,7 +44,8 @@ private:
 std::size_t inheritableSockets();
 
 /// Calls the function while signals, where there are any, interrupt this thread every few milliseconds.
-void whileInterrupted(const std::function<void()>& function);
+/// Returns how many of them this thread handled meanwhile.
+int whileInterrupted(const std::function<void()>& function);
 
 /// `rounds`, or a fraction of it where each call of the system takes long.
 int affordableRounds(int rounds);

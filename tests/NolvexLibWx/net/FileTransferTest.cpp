@@ -116,30 +116,86 @@ TEST(FileTransferTest, file_cutShort_leavesWhatCame)
     EXPECT_EQ(contentOf(folder.file(L"f")), "abc");
 }
 
-TEST(FileTransferTest, file_thatStalls_isGivenUp)
+// Sends the first part of the bytes, is silent for that time, and sends the rest.
+class PausingSender
+{
+public:
+    PausingSender(RawPeerPair& pair, std::string bytes, std::size_t first, std::chrono::milliseconds pause)
+        : m_thread([&pair, bytes = std::move(bytes), first, pause] {
+              pair.peer.send(std::string_view(bytes).substr(0, first));
+              std::this_thread::sleep_for(pause);
+              pair.peer.send(std::string_view(bytes).substr(first));
+          })
+    {}
+
+    ~PausingSender() { m_thread.join(); }
+
+    PausingSender(const PausingSender&) = delete;
+    PausingSender& operator=(const PausingSender&) = delete;
+
+private:
+    std::thread m_thread;
+};
+
+constexpr std::size_t PIECE = 65536;
+constexpr std::chrono::milliseconds PAUSE(1300);
+
+TEST(FileTransferTest, file_thatStalls_isGivenUpAfterThePatience)
 {
     const TemporaryFolder folder;
-    RawPeerPair pair;
-    pair.peer.send(fileHeader("4", "0") + "abc");
-    ReceivedData received;
-    const auto start = std::chrono::steady_clock::now();
-    EXPECT_EQ(pair.socket.readData(received, FileContext(folder.file(L"f"))), SocketResult::Error);
-    EXPECT_LT(Tests::elapsedMs(start), 3000);
+    for (const bool isDeflated : {false, true}) {
+        RawPeerPair pair;
+        pair.socket.setFilePatience(std::chrono::milliseconds(1500));
+        pair.peer.send(fileHeader("4", isDeflated ? "1" : "0", element("CompressedSize", "4")) + "x\x9c");
+        const FileContext context(folder.file(L"f"));
+        ReceivedData received;
+        const auto start = std::chrono::steady_clock::now();
+        EXPECT_EQ(pair.socket.readData(received, context), SocketResult::Error);
+        EXPECT_GE(Tests::elapsedMs(start), 1400);
+        EXPECT_LT(Tests::elapsedMs(start), 4000);
+        EXPECT_EQ(context.calls, "path start end ");
+    }
 }
 
-TEST(FileTransferTest, file_thatPausesShortly_arrives)
+TEST(FileTransferTest, file_whoseSenderPausesWithinAPiece_arrives)
 {
     const TemporaryFolder folder;
     RawPeerPair pair;
-    std::thread sender([&] {
-        pair.peer.send(fileHeader("4", "0") + "ab");
-        std::this_thread::sleep_for(std::chrono::milliseconds(300));
-        pair.peer.send("cd");
-    });
+    const PausingSender sender(pair, fileHeader("4", "0") + "abcd", fileHeader("4", "0").size() + 2, PAUSE);
     ReceivedData received;
     EXPECT_EQ(pair.socket.readData(received, FileContext(folder.file(L"f"))), SocketResult::Success);
-    sender.join();
     EXPECT_EQ(contentOf(folder.file(L"f")), "abcd");
+}
+
+TEST(FileTransferTest, file_whoseSenderPausesAtThePieceBoundary_arrives)
+{
+    const TemporaryFolder folder;
+    const std::string text = Tests::incompressibleText(2 * PIECE);
+    const std::string head = fileHeader(std::to_string(text.size()), "0");
+    RawPeerPair pair;
+    for (const std::size_t first : {std::size_t(0), PIECE}) {
+        const PausingSender sender(pair, head + text, head.size() + first, PAUSE);
+        ReceivedData received;
+        EXPECT_EQ(pair.socket.readData(received, FileContext(folder.file(L"f"))), SocketResult::Success);
+        EXPECT_TRUE(contentOf(folder.file(L"f")) == text);
+    }
+}
+
+TEST(FileTransferTest, deflatedFile_whoseSenderPauses_arrives)
+{
+    const TemporaryFolder folder;
+    const std::string text = Tests::incompressibleText(2 * PIECE);
+    const std::string body = deflatedText(text);
+    ASSERT_GT(body.size(), 2 * PIECE);
+    const std::string head =
+        fileHeader(std::to_string(text.size()), "1", element("CompressedSize", std::to_string(body.size())));
+    RawPeerPair pair;
+    for (const std::size_t first : {PIECE / 2, PIECE}) {
+        const PausingSender sender(pair, head + body, head.size() + first, PAUSE);
+        ReceivedData received;
+        EXPECT_EQ(pair.socket.readData(received, FileContext(folder.file(L"f"))), SocketResult::Success);
+        EXPECT_TRUE(contentOf(folder.file(L"f")) == text);
+    }
 }
 
 TEST(FileTransferTest, file_intoAFolderThatIsMissing_isAnError)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Headers with numbers that are none.
+// Headers whose numbers are no numbers, missing or contradicting.
 #include "HostilePeerFixture.h"
 
 #include <string>
@@ -108,27 +108,54 @@ TEST_F(HostileHeaderTest, typeThatWouldWrap_isAnError)
     EXPECT_EQ(read(socket), SocketResult::Error);
 }
 
-TEST_F(HostileHeaderTest, metadataMissingOrDoubled_isAnError)
+TEST_F(HostileHeaderTest, metadataMissingOrContradicting_isAnError)
 {
     RawSocket peer = connect();
     TcpSocket socket = acceptFrom(peer);
     const std::string size = element("FileSize", "0");
+    const std::string otherSize = element("FileSize", "1");
     const std::string compression = element("Compressed", "0");
     const std::string deflate = element("Compressed", "1");
     const std::string compressedSize = element("CompressedSize", "0");
     for (const std::string& metadata :
-         {std::string(), size, compression, size + size + compression, size + compression + compression,
-          size + deflate, size + deflate + compressedSize + compressedSize,
+         {std::string(), size, compression, size + otherSize + compression, otherSize + size + compression,
+          size + compression + deflate, size + deflate,
+          size + deflate + compressedSize + element("CompressedSize", "1"),
+          size + element("FileSize", "") + compression, size + element("FileSize", "x") + compression,
+          size + element("FileSize", element("FileSize", "0")) + compression,
           element("x", size + compression)}) {
         peer.send(header(element("DataType", "1") + metadata));
         EXPECT_EQ(read(socket), SocketResult::Error) << metadata;
     }
-    for (const std::string& metadata : {std::string(), size, compression, size + size + compression,
-                                        element("FileSize", "-1") + compression}) {
+    for (const std::string& metadata :
+         {std::string(), size, compression, otherSize + element("FileSize", "2") + compression,
+          element("FileSize", "-1") + compression}) {
         peer.send(header(element("DataType", "2") + metadata));
         EXPECT_EQ(read(socket), SocketResult::Error) << metadata;
     }
     peer.send(message(0, 1));
+    EXPECT_EQ(read(socket), SocketResult::Success);
+}
+
+// As a peer sends it that passes on a header which it received, adding the metadata once more.
+TEST_F(HostileHeaderTest, metadataTwiceButEqual_isAccepted)
+{
+    RawSocket peer = connect();
+    TcpSocket socket = acceptFrom(peer);
+    const std::string size = element("FileSize", "3");
+    const std::string compression = element("Compressed", "0");
+    const std::string nested = element("x", element("FileSize", "9"));
+    for (const std::string& metadata : {size + compression + size + compression,
+                                        size + element("FileSize", "003") + nested + compression}) {
+        for (const char* type : {"1", "2"}) {
+            peer.send(header(element("DataType", type) + metadata) + "abc");
+            EXPECT_EQ(read(socket), SocketResult::Success) << metadata;
+        }
+    }
+    const std::string packed = deflated("abc");
+    const std::string compressedSize = element("CompressedSize", std::to_string(packed.size()));
+    const std::string all = size + element("Compressed", "1") + compressedSize;
+    peer.send(header(element("DataType", "1") + all + all) + packed);
     EXPECT_EQ(read(socket), SocketResult::Success);
 }
 

@@ -46,6 +46,24 @@ TEST(SocketAddressTest, constructor_withNameThatIsNone_isSilent)
     EXPECT_FALSE(SocketAddress(L"no such host \x00e9.invalid") == SocketAddress::localhost());
 }
 
+TEST(SocketAddressTest, hasHost_isFalseWhereNothingCanBeSentTo)
+{
+    EXPECT_FALSE(SocketAddress().hasHost());
+    EXPECT_FALSE(SocketAddress::anyAddress(80).hasHost());
+    for (const wchar_t* host : {L"", L" ", L"a..b", L"127.0.0.1:80", L"0.0.0.0", L"no-such-host.invalid"})
+        EXPECT_FALSE(SocketAddress(host, 80).hasHost()) << host;
+}
+
+TEST(SocketAddressTest, hasHost_isTrueForHostsAndBroadcasts)
+{
+    EXPECT_TRUE(SocketAddress::localhost(80).hasHost());
+    EXPECT_TRUE(SocketAddress(L"10.0.0.1").hasHost());
+    EXPECT_TRUE(SocketAddress::broadcast(80).hasHost());
+    EXPECT_TRUE(SocketAddress(L"255.255.255.255", 80).hasHost());
+    const SocketAddress copy = SocketAddress(L"no-such-host.invalid", 80);
+    EXPECT_FALSE(SocketAddress(copy).hasHost());
+}
+
 TEST(SocketAddressTest, equality_ofDifferentPorts_holds)
 {
     EXPECT_TRUE(SocketAddress(L"10.0.0.1", 5000) == SocketAddress(L"10.0.0.1", 6000));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What developers are told.
+// Which lines developers find in the log.
 #include "MessageSamples.h"
 
 #include "NolvexLib/DebugLogger.h"
@@ -15,7 +15,7 @@ namespace {
 
 using Tests::RawPeerPair;
 
-// What is logged while it lives.
+// Reads what is logged while it lives.
 class LogReader
 {
 public:
@@ -23,6 +23,8 @@ public:
     {
         DebugLogger::setSink([this](const DebugLogger::Record& record) {
             const std::lock_guard lock(m_mutex);
+            if (record.category == std::string_view("trace"))
+                m_traces.append(record.sourceFile).append(" ").append(record.function).append("\n");
             if (record.category == std::string_view("socket"))
                 m_text.append(record.function).append(": ").append(record.message).append("\n");
         });
@@ -40,9 +42,16 @@ public:
         return std::exchange(m_text, {});
     }
 
+    std::string traces()
+    {
+        const std::lock_guard lock(m_mutex);
+        return std::exchange(m_traces, {});
+    }
+
 private:
     std::mutex m_mutex;
     std::string m_text;
+    std::string m_traces;
 };
 
 TEST(SocketLogTest, log_isForDevelopersOnly)
@@ -86,6 +95,24 @@ TEST(SocketLogTest, log_tellsOfEachStep)
     EXPECT_NE(log.text().find("Data successfully received\n"), std::string::npos);
     EXPECT_EQ(pair.socket.readData(received, context), SocketResult::Error);
     EXPECT_NE(log.text().find("Received less data than I should: 1/2\n"), std::string::npos);
+}
+
+TEST(SocketLogTest, writeRawMemory_isTracedEvenIfItSendsNothing)
+{
+    LogReader log;
+    setDevelopmentEnviro(true);
+    RawPeerPair pair;
+    EXPECT_EQ(pair.socket.writeRawMemory(viewOf("abc"), {}, DataCompression::None, DataType::RawData),
+              SocketResult::Success);
+    EXPECT_EQ(log.traces(), "net/LegacySockets Nolvex::Wx::Legacy::TcpSocket::writeRawMemory\n");
+    pair.socket.close();
+    EXPECT_EQ(pair.socket.writeRawMemory(viewOf("abc"), {}, DataCompression::None, DataType::RawData),
+              SocketResult::Error);
+    EXPECT_EQ(log.traces(), "net/LegacySockets Nolvex::Wx::Legacy::TcpSocket::writeRawMemory\n");
+    setDevelopmentEnviro(false);
+    EXPECT_EQ(pair.socket.writeRawMemory(viewOf("abc"), {}, DataCompression::None, DataType::RawData),
+              SocketResult::Error);
+    EXPECT_EQ(log.traces(), "");
 }
 
 TEST(SocketLogTest, log_tellsOfAPieceNotWritten)

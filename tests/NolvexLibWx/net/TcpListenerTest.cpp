@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -169,12 +170,29 @@ TEST(TcpListenerTest, closeOnAnotherThread_endsAnAccept)
 TEST(TcpListenerTest, isOpen_duringAnAccept_doesNotWait)
 {
     TcpListener listener(SocketAddress::localhost(0), 1);
-    std::thread acceptor([&] { EXPECT_FALSE(listener.acceptConnection(true).isOpen()); });
-    std::this_thread::sleep_for(std::chrono::milliseconds(100));
-    const Clock::time_point start = Clock::now();
-    EXPECT_TRUE(listener.isOpen());
-    EXPECT_LT(Tests::elapsedMs(start), 50);
+    std::atomic<bool> isOver = false;
+    std::thread acceptor([&] {
+        EXPECT_FALSE(listener.acceptConnection(true).isOpen());
+        isOver = true;
+    });
+    // Asked again and again while the accept begins, waits and ends.
+    while (!isOver) {
+        const Clock::time_point start = Clock::now();
+        EXPECT_TRUE(listener.isOpen());
+        EXPECT_LT(Tests::elapsedMs(start), 500);
+        std::this_thread::yield();
+    }
     acceptor.join();
+}
+
+TEST(TcpListenerTest, killPendingConnections_leavesTheTimeout)
+{
+    TcpListener listener(SocketAddress::localhost(0), 1);
+    const RawSocket pending = RawSocket::connected(portOf(listener));
+    listener.killPendingConnections();
+    const Clock::time_point start = Clock::now();
+    EXPECT_FALSE(listener.acceptConnection(true).isOpen());
+    EXPECT_GE(Tests::elapsedMs(start), 900);
 }
 
 TEST(TcpListenerTest, destruction_releasesThePort)

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <future>
 #include <limits>
 #include <thread>
 #include <utility>
@@ -144,19 +146,32 @@ TEST(TcpSocketTest, closedSocket_staysClosedWhenMoved)
     EXPECT_FALSE(moved.isOpen());
 }
 
+// Tells when the body of a message begins.
+class AnnouncingContext : public ReadDataContext
+{
+public:
+    void onReceiveStart(const XmlString&) const override { m_began.set_value(); }
+
+    void waitForBody() { m_began.get_future().wait(); }
+
+private:
+    mutable std::promise<void> m_began;
+};
+
 TEST(TcpSocketTest, closeOnAnotherThread_endsARead)
 {
     RawPeerPair pair;
     // Without a body that never comes, a read would end by itself too soon.
     pair.peer.send(header(element("DataType", "2") + element("FileSize", "5") + element("Compressed", "0")));
+    AnnouncingContext context;
     Clock::time_point closing;
     std::thread closer([&] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        context.waitForBody();
         closing = Clock::now();
         pair.socket.close();
     });
     ReceivedData data;
-    EXPECT_EQ(pair.socket.readData(data, ReadDataContext()), SocketResult::Error);
+    EXPECT_EQ(pair.socket.readData(data, context), SocketResult::Error);
     const Clock::time_point end = Clock::now();
     closer.join();
     EXPECT_LT(end - closing, std::chrono::milliseconds(200));
@@ -169,7 +184,8 @@ TEST(TcpSocketTest, closeOnAnotherThread_endsAWrite)
     const std::string data(50'000'000, 'x');
     Clock::time_point closing;
     std::thread closer([&] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        // The write has begun when its header arrives.
+        pair.peer.receiveText();
         closing = Clock::now();
         pair.socket.close();
     });
@@ -184,14 +200,17 @@ TEST(TcpSocketTest, closeOnAnotherThread_endsAWrite)
 TEST(TcpSocketTest, isOpen_duringARead_doesNotWait)
 {
     RawPeerPair pair;
+    pair.peer.send(header(element("DataType", "2") + element("FileSize", "5") + element("Compressed", "0")));
+    AnnouncingContext context;
     std::thread reader([&] {
-        XmlString text;
-        EXPECT_EQ(pair.socket.readString(text), SocketResult::Error);
+        ReceivedData data;
+        EXPECT_EQ(pair.socket.readData(data, context), SocketResult::Error);
     });
-    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    context.waitForBody();
     const Clock::time_point start = Clock::now();
     EXPECT_TRUE(pair.socket.isOpen());
     EXPECT_LT(Tests::elapsedMs(start), 50);
+    pair.peer.close();
     reader.join();
 }
 
@@ -252,6 +271,49 @@ TEST(TcpSocketTest, headerWithoutEnd_isCutAtTheLimit)
     EXPECT_EQ(pair.socket.readString(received), SocketResult::Error);
     EXPECT_LT(Tests::elapsedMs(start), 900);
     sender.join();
+}
+
+TEST(TcpSocketTest, headerThatTrickles_isAnErrorWhenItsTimeIsOver)
+{
+    RawPeerPair pair;
+    pair.socket.setHeaderTimeLimit(std::chrono::milliseconds(1500));
+    std::atomic<bool> isOver = false;
+    std::thread sender([&] {
+        while (!isOver && pair.peer.send("x"))
+            std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    });
+    XmlString received;
+    const Clock::time_point start = Clock::now();
+    EXPECT_EQ(pair.socket.readString(received), SocketResult::Error);
+    EXPECT_GE(Tests::elapsedMs(start), 1400);
+    EXPECT_LT(Tests::elapsedMs(start), 2500);
+    isOver = true;
+    sender.join();
+    EXPECT_TRUE(pair.socket.isOpen());
+}
+
+TEST(TcpSocketTest, limits_moveWithTheConnection)
+{
+    RawPeerPair pair;
+    pair.socket.setHeaderSizeLimit(3);
+    TcpSocket moved(std::move(pair.socket));
+    pair.peer.send(header(element("DataType", "0")));
+    XmlString received;
+    EXPECT_EQ(moved.readString(received), SocketResult::Error);
+}
+
+// What was read ahead of one message belongs to the next, also after a move.
+TEST(TcpSocketTest, move_keepsWhatHasArrived)
+{
+    RawPeerPair pair;
+    const std::string text = header(element("DataType", "0") + element("a", "b"));
+    pair.peer.send(text + text);
+    XmlString received;
+    ASSERT_EQ(pair.socket.readString(received), SocketResult::Success);
+    TcpSocket moved(std::move(pair.socket));
+    received = XmlString();
+    ASSERT_EQ(moved.readString(received), SocketResult::Success);
+    EXPECT_EQ(received.getChild(L"a"), String(L"b"));
 }
 
 TEST(TcpSocketTest, headerSizeLimit_mayBeTheLargestNumber)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How long connections wait for whom.
+// How long connections wait for their peers.
 #include "Connections.h"
 
 #include "../../NolvexLib/Io/TemporaryFolder.h"
@@ -27,7 +27,7 @@ using Tests::tree;
 
 using Clock = std::chrono::steady_clock;
 
-// Of more than the system takes for a peer that reads nothing.
+// Writes more than the system takes for a peer that reads nothing.
 void expectLimitedWriteToEnd(RawPeerPair& pair)
 {
     const std::string data(50'000'000, 'x');
@@ -74,7 +74,7 @@ TEST(TimeoutTest, waitsOnTheMainThread_dispatchNoEvents)
     while (ticker.ticks == 0 && Tests::elapsedMs(start) < 5000)
         loop->DispatchTimeout(100);
     EXPECT_GT(ticker.ticks, 0);
-    // What was closed while the loop was active waits for it.
+    // Sockets that were closed while the loop was active are freed by the loop.
     Tests::freeDestroyedSockets();
 }
 
@@ -145,6 +145,64 @@ TEST(TimeoutTest, timeLimits_beyondAllMeasure_areTaken)
     EXPECT_EQ(pair.socket.writeRawMemory(Tests::viewOf("x"), {}, DataCompression::None, DataType::RawData,
                                          std::numeric_limits<std::int64_t>::max()),
               SocketResult::Success);
+}
+
+// A write whose count is 0 is begun again until the limit, or for ever without one.
+TEST(TimeoutTest, headerOfWhichNoByteIsTaken_isTriedAgain)
+{
+    RawPeerPair pair;
+    // Fills the buffers of both ends until not even a small header fits.
+    const std::string data(50'000'000, 'x');
+    ASSERT_EQ(
+        pair.socket.writeRawMemory(Tests::viewOf(data), {}, DataCompression::None, DataType::RawData, 100),
+        SocketResult::Timeout);
+    while (pair.socket.writeString({}, 200) == SocketResult::Success) {
+    }
+    Clock::time_point start = Clock::now();
+    EXPECT_EQ(pair.socket.writeString({}, 1500), SocketResult::Timeout);
+    EXPECT_GE(Tests::elapsedMs(start), 1400);
+    EXPECT_LT(Tests::elapsedMs(start), 2500);
+    // The peer begins to read after the header's own second.
+    std::thread reader([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1300));
+        pair.peer.receiveAll();
+    });
+    start = Clock::now();
+    EXPECT_EQ(pair.socket.writeString({}), SocketResult::Success);
+    EXPECT_GE(Tests::elapsedMs(start), 1200);
+    pair.socket.close();
+    reader.join();
+}
+
+TEST(TimeoutTest, timeLimit_beginsWhenTheSocketIsFree)
+{
+    // The hook holds the socket for longer than the limit of the write that waits for it.
+    class Holding : public ReadDataContext
+    {
+    public:
+        explicit Holding(TcpSocket& socket) : m_socket(socket) {}
+
+        void onReceiveStart(const XmlString&) const override
+        {
+            writer = std::thread([this] { result = m_socket.writeString({}, 50); });
+            std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        }
+
+        mutable std::thread writer;
+        mutable SocketResult result = SocketResult::Error;
+
+    private:
+        TcpSocket& m_socket;
+    };
+
+    RawPeerPair pair;
+    pair.peer.send(header(element("DataType", "2") + element("FileSize", "1") + element("Compressed", "0")) +
+                   "x");
+    const Holding context(pair.socket);
+    ReceivedData data;
+    EXPECT_EQ(pair.socket.readData(data, context), SocketResult::Success);
+    context.writer.join();
+    EXPECT_EQ(context.result, SocketResult::Success);
 }
 
 TEST(TimeoutTest, urgentDataThatNobodyTakes_doesNotProlongALimitedWrite)

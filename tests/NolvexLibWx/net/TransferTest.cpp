@@ -185,7 +185,7 @@ TEST(TransferTest, hooks_thatThrow_leaveTheSocketUnlocked)
     EXPECT_EQ(pair.socket.writeString({}), SocketResult::Success);
 }
 
-// Raises in the hook of that name.
+// Throws an Exception in the hook of that name.
 class RaisingContext : public FileContext
 {
 public:
@@ -286,6 +286,23 @@ TEST(TransferTest, typeThatDoesNotExist_isAProgrammingErrorWithNothingChanged)
         pair.peer.send(header(element("DataType", "0")));
         EXPECT_EQ(pair.socket.readData(received, ReadDataContext()), SocketResult::Success);
     }
+}
+
+TEST(TransferTest, out_ofTheSameKind_isResetToo)
+{
+    RawPeerPair pair;
+    ReceivedData received = ReceivedFile{tree(L"old", L"one"), Io::Path(L"old")};
+    const FileContext context{Io::Path(L"unused")};
+    pair.peer.send(header(element("DataType", "1")) + header(element("DataType", "2")));
+    EXPECT_EQ(pair.socket.readData(received, context), SocketResult::Error);
+    ASSERT_EQ(received.index(), 1u);
+    EXPECT_TRUE(received.get<ReceivedFile>().header == XmlString());
+    EXPECT_TRUE(received.get<ReceivedFile>().path.isEmpty());
+    received = ReceivedRawData{tree(L"old", L"one"), byteArrayOf("old")};
+    EXPECT_EQ(pair.socket.readData(received, context), SocketResult::Error);
+    ASSERT_EQ(received.index(), 2u);
+    EXPECT_TRUE(received.get<ReceivedRawData>().header == XmlString());
+    EXPECT_TRUE(received.get<ReceivedRawData>().data.empty());
 }
 
 TEST(TransferTest, headerWithoutType_isAnError)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/net/detail/MessageHeader.h"
 
-#include "Connections.h"
+#include "../Connections.h"
 
 #include <gtest/gtest.h>
 
@@ -122,17 +122,33 @@ TEST(MessageHeaderTest, metadata_beyondItsRange_isNone)
     EXPECT_FALSE(parseCompressedSize(*XmlString::fromUtf8(treeText(element("CompressedSize", "-1")))));
 }
 
-TEST(MessageHeaderTest, metadata_missingOrDoubled_isNone)
+TEST(MessageHeaderTest, metadata_missingOrContradicting_isNone)
 {
     const std::string size = element("FileSize", "1");
     const std::string compression = element("Compressed", "0");
     const std::string compressedSize = element("CompressedSize", "2");
-    for (const std::string& children : {std::string(), size, compression, size + size + compression,
-                                        size + compression + compression, element("a", size + compression)})
+    for (const std::string& children :
+         {std::string(), size, compression, size + element("FileSize", "2") + compression,
+          size + compression + element("Compressed", "1"), size + element("FileSize", "") + compression,
+          element("a", size + compression)})
         EXPECT_FALSE(parseBodyMetadata(*XmlString::fromUtf8(treeText(children)))) << children;
     EXPECT_FALSE(parseCompressedSize(XmlString()));
-    EXPECT_FALSE(parseCompressedSize(*XmlString::fromUtf8(treeText(compressedSize + compressedSize))));
+    EXPECT_FALSE(
+        parseCompressedSize(*XmlString::fromUtf8(treeText(compressedSize + element("CompressedSize", "3")))));
     EXPECT_EQ(parseCompressedSize(*XmlString::fromUtf8(treeText(compressedSize))), 2);
+}
+
+TEST(MessageHeaderTest, metadata_thatIsThereTwiceButEqual_counts)
+{
+    const std::string once =
+        element("FileSize", "1") + element("Compressed", "0") + element("CompressedSize", "2");
+    const XmlString twice =
+        *XmlString::fromUtf8(treeText(once + element("a", element("FileSize", "5")) + once));
+    const auto metadata = parseBodyMetadata(twice);
+    ASSERT_TRUE(metadata);
+    EXPECT_EQ(metadata->size, 1);
+    EXPECT_EQ(metadata->compression, 0);
+    EXPECT_EQ(parseCompressedSize(twice), 2);
 }
 
 TEST(MessageHeaderTest, compose_putsTheTypeFirst)

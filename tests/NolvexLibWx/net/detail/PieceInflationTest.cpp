@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/net/detail/PieceInflation.h"
 
-#include "../../NolvexLib/Io/Bytes.h"
+#include "../../../NolvexLib/Io/Bytes.h"
 #include "NolvexLib/Exception.h"
 #include "NolvexLib/Io/DeflateOutputStream.h"
 #include "NolvexLib/Io/MemoryOutputStream.h"

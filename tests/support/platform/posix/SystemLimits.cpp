@@ -19,7 +19,13 @@ namespace {
 
 constexpr int FIRST_SCARCE = 1024;
 
-void ignore(int /*signal*/) {}
+// Of the thread that handles them: the handler may do no more than count.
+thread_local volatile sig_atomic_t handledSignals = 0;
+
+void countSignal(int /*signal*/)
+{
+    handledSignals = handledSignals + 1;
+}
 
 } // namespace
 
@@ -79,11 +85,11 @@ std::size_t inheritableSockets()
     return count;
 }
 
-void whileInterrupted(const std::function<void()>& function)
+int whileInterrupted(const std::function<void()>& function)
 {
     struct sigaction action = {};
     struct sigaction previous = {};
-    action.sa_handler = ignore; // without SA_RESTART: calls of the system return early
+    action.sa_handler = countSignal; // without SA_RESTART: calls of the system return early
     sigaction(SIGUSR1, &action, &previous);
     std::atomic<bool> isOver = false;
     std::thread interrupter([&isOver, target = pthread_self()] {
@@ -92,10 +98,13 @@ void whileInterrupted(const std::function<void()>& function)
             std::this_thread::sleep_for(std::chrono::milliseconds(3));
         }
     });
+    handledSignals = 0;
     function();
+    const int handled = handledSignals;
     isOver = true;
     interrupter.join();
     sigaction(SIGUSR1, &previous, nullptr);
+    return handled;
 }
 
 int affordableRounds(int rounds)

@@ -32,9 +32,10 @@ std::size_t inheritableSockets()
     return count;
 }
 
-void whileInterrupted(const std::function<void()>& function)
+int whileInterrupted(const std::function<void()>& function)
 {
     function();
+    return 0;
 }
 
 int affordableRounds(int rounds)
