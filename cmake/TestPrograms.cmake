@@ -33,12 +33,12 @@ function(nolvex_add_test_support)
 endfunction()
 
 # nolvex_add_test_program(<name> SOURCES <patterns...> [EXCLUDE <files...>] LIBRARIES <targets...> [MAIN <source>]
-#                         [PROCESS_PER_TEST] [TIMEOUT <s>])
+#                         [PROCESS_PER_TEST] [NO_DISPLAY] [TIMEOUT <s>])
 #
 # A GoogleTest program. Registered as one test that runs the whole program, or, with PROCESS_PER_TEST, as one test a
 # TEST(): for tests that leave the process in a state that no other may inherit.
 function(nolvex_add_test_program name)
-  cmake_parse_arguments(arg "PROCESS_PER_TEST" "MAIN;TIMEOUT" "SOURCES;EXCLUDE;LIBRARIES" ${ARGN})
+  cmake_parse_arguments(arg "PROCESS_PER_TEST;NO_DISPLAY" "MAIN;TIMEOUT" "SOURCES;EXCLUDE;LIBRARIES" ${ARGN})
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}" ${arg_SOURCES})
   if(arg_EXCLUDE)
     list(REMOVE_ITEM sources ${arg_EXCLUDE})
@@ -62,9 +62,13 @@ function(nolvex_add_test_program name)
   set(environment "G_DEBUG=fatal-criticals")
   if(arg_PROCESS_PER_TEST)
     gtest_add_tests(TARGET ${name} SOURCES ${sources} TEST_LIST tests)
-    set_tests_properties(${tests} PROPERTIES TIMEOUT ${arg_TIMEOUT} ENVIRONMENT "${environment}")
   else()
+    set(tests ${name})
     add_test(NAME ${name} COMMAND ${name})
-    set_tests_properties(${name} PROPERTIES TIMEOUT ${arg_TIMEOUT} ENVIRONMENT "${environment}")
+  endif()
+  set_tests_properties(${tests} PROPERTIES TIMEOUT ${arg_TIMEOUT} ENVIRONMENT "${environment}")
+  # Programs with windows share screen, mouse and focus. The others run beside them.
+  if("NolvexLibWx" IN_LIST arg_LIBRARIES AND NOT arg_NO_DISPLAY)
+    set_tests_properties(${tests} PROPERTIES RESOURCE_LOCK display)
   endif()
 endfunction()

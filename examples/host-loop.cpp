@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A host with a loop of its own: the toolkit is served between two of its steps, and a worker thread hands
-// results to the main thread.
+// A host with a loop of its own, which dispatches wxWidgets' events between two of its steps. A worker thread
+// hands its result to the main thread.
 #include "NolvexLib/Exception.h"
 #include "NolvexLib/Lib.h"
 #include "NolvexLibWx/NolvexLibWx.h"
@@ -15,8 +15,7 @@
 
 namespace {
 
-// The host's loop: whatever the toolkit has to dispatch, then both queues of pending work, until the window
-// is closed.
+// Until the window is closed.
 void runHostLoop(const std::atomic<bool>& closed)
 {
     wxEventLoop loop;

@@ -1,41 +1,62 @@
-#!/bin/sh
+#!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# run.sh <folder of the built programs> <runs>: runs every fuzzer on a copy of its corpus, ten times as often the one of
-# what strangers send. A crash fails.
+# run.sh <folder of the built programs> <runs>: runs every fuzzer on a copy of its corpus, as many at once as there are
+# processors. The fuzzer of messages, which strangers send, runs ten times as often. A crash fails.
 set -u
 if [ $# -ne 2 ]; then
-    echo "usage: $0 <build-bin-dir> <runs>" >&2
-    exit 2
+  echo "usage: $0 <build-bin-dir> <runs>" >&2
+  exit 2
 fi
 bin=$1
 runs=$2
 corpora=$(dirname "$0")/corpus
 work=$(mktemp -d) || exit 2
 trap 'rm -rf "$work"' EXIT
-passed=0
-failed=0
 
+# fuzz NAME RUNS: one fuzzer; prints its result as a whole, since others print beside it.
+fuzz() {
+  local name=$1 count=$2 artifact
+  mkdir -p "$work/$name/artifacts"
+  cp -R "$corpora/$name" "$work/$name/corpus"
+  # The pictures that the tests read.
+  [ "$name" != fuzzImage ] ||
+    cp "$corpora"/../../data/images/formats/* "$corpora"/../../data/images/pattern* "$work/$name/corpus"
+  if "$bin/$name" -runs="$count" -max_len=4096 -artifact_prefix="$work/$name/artifacts/" \
+    "$work/$name/corpus" >"$work/$name/log" 2>&1; then
+    echo "$name: $count runs"
+    touch "$work/$name/passed"
+    return
+  fi
+  {
+    echo "$name: FAILED"
+    tail -n 60 "$work/$name/log"
+    for artifact in "$work/$name/artifacts"/*; do
+      [ -f "$artifact" ] && { echo "$artifact:"; od -A x -t x1z "$artifact"; }
+    done
+  } >"$work/$name/report"
+  cat "$work/$name/report"
+}
+
+# The longest one first.
+names=(fuzzMessage)
 for corpus in "$corpora"/*/; do
-    name=$(basename "$corpus")
-    mkdir -p "$work/$name/artifacts"
-    count=$runs
-    [ "$name" != fuzzMessage ] || count=$((runs * 10))
-    cp -R "$corpus" "$work/$name/corpus"
-    # The pictures that the tests read.
-    [ "$name" != fuzzImage ] || cp "$corpora"/../../data/images/formats/* "$corpora"/../../data/images/pattern* "$work/$name/corpus"
-    if "$bin/$name" -runs="$count" -max_len=4096 -artifact_prefix="$work/$name/artifacts/" \
-        "$work/$name/corpus" > "$work/$name/log" 2>&1; then
-        echo "$name: $count runs"
-        passed=$((passed + 1))
-    else
-        echo "$name: FAILED"
-        tail -n 60 "$work/$name/log"
-        for artifact in "$work/$name/artifacts"/*; do
-            [ -f "$artifact" ] && { echo "$artifact:"; od -A x -t x1z "$artifact"; }
-        done
-        failed=$((failed + 1))
-    fi
+  name=$(basename "$corpus")
+  [ "$name" = fuzzMessage ] || names+=("$name")
 done
+for name in "${names[@]}"; do
+  while [ "$(jobs -rp | wc -l)" -ge "$(nproc)" ]; do
+    wait -n
+  done
+  count=$runs
+  [ "$name" != fuzzMessage ] || count=$((runs * 10))
+  fuzz "$name" "$count" &
+done
+wait
 
+passed=0
+for name in "${names[@]}"; do
+  [ ! -e "$work/$name/passed" ] || passed=$((passed + 1))
+done
+failed=$((${#names[@]} - passed))
 echo "fuzz: $passed passed, $failed failed"
 [ "$failed" -eq 0 ] && [ "$passed" -gt 0 ]

@@ -119,13 +119,13 @@ count_tests() {
   skipped=$((skipped + $(grep -cE '\[  SKIPPED \] .*ms\)' "$1" || true)))
 }
 
-# run_tests NAME BUILD-FOLDER: all test programs. Adds to passed, failed and skipped; a program that crashed, hung or ran
+# run_tests NAME BUILD-FOLDER: all test programs, those that share the screen one after the other. Adds to passed, failed and skipped; a program that crashed, hung or ran
 # nothing counts as failed. Sets tests_run to the number of tests that GoogleTest reported.
 run_tests() {
   local name=$1 folder=$2 log="build/$1-tests.log" passed_before=$passed failed_before=$failed status=0
   local before=$((passed + failed + skipped))
   say "testing $name"
-  ctest --test-dir "$folder" --verbose --no-tests=error >"$log" 2>&1 || status=$?
+  ctest --test-dir "$folder" --parallel "$(nproc)" --verbose --no-tests=error >"$log" 2>&1 || status=$?
   count_tests "$log"
   tests_run=$((passed + failed + skipped - before))
   if [ "$status" -ne 0 ] || [ "$passed" -eq "$passed_before" ] || [ "$failed" -gt "$failed_before" ]; then
