@@ -25,7 +25,7 @@ namespace Nolvex {
 
 namespace {
 
-// Found by eye with the fonts of each scale.
+// These values were found by eye with the fonts of each scale.
 constexpr PerScale<int> LABEL_Y{-1, -3, -4};
 constexpr PerScale<std::array<wxDash, 2>> FOCUS_DASHES{{{1, 2}, {2, 1}, {2, 3}}};
 
@@ -38,36 +38,32 @@ wxSize sizeFor(const String& label, wxSize size)
     return Wx::scaleByDpi(size);
 }
 
-wxPoint2DDouble scaled(int x, int y)
+void drawCheckMark(wxGraphicsContext& context, const wxPoint& corner)
 {
-    const Pixel point = Wx::scaleByDpi(Pixel{x, y});
-    return {static_cast<double>(point.x), static_cast<double>(point.y)};
-}
-
-void drawCheckMark(wxGraphicsContext& context)
-{
+    const auto vertex = [&corner](int x, int y) {
+        const Pixel point = Wx::scaleByDpi(Pixel{x, y});
+        return wxPoint2DDouble(corner.x + point.x, corner.y + point.y);
+    };
     wxGraphicsPath mark = context.CreatePath();
-    mark.MoveToPoint(scaled(3, 7));
-    mark.AddLineToPoint(scaled(6, 10));
-    mark.AddLineToPoint(scaled(11, 3));
-    mark.AddLineToPoint(scaled(6, 9));
+    mark.MoveToPoint(vertex(3, 7));
+    mark.AddLineToPoint(vertex(6, 10));
+    mark.AddLineToPoint(vertex(11, 3));
+    mark.AddLineToPoint(vertex(6, 9));
     mark.CloseSubpath();
+    context.SetPen(*wxStockGDI::GetPen(wxStockGDI::PEN_WHITE));
     context.DrawPath(mark, wxWINDING_RULE);
 }
 
-void drawFocusMark(wxGraphicsContext& context, wxDC& dc, const wxString& label)
+void drawFocusMark(wxGraphicsContext& context, const wxPoint& corner, const wxSize& text,
+                   const wxColour& colour)
 {
     // The pen refers to the dashes. They stay those of the first focused paint, whatever the scale is later.
     static std::array<wxDash, 2> dashes = atScreenScale(FOCUS_DASHES);
-    wxPen pen = dc.GetPen();
-    pen.SetWidth(Wx::scaleByDpi(1));
-    pen.SetColour(dc.GetTextForeground());
-    pen.SetStyle(wxPENSTYLE_USER_DASH);
+    wxPen pen(colour, Wx::scaleByDpi(1), wxPENSTYLE_USER_DASH);
     pen.SetDashes(static_cast<int>(dashes.size()), dashes.data());
     context.SetPen(pen);
-    const wxSize text = dc.GetTextExtent(label);
-    context.DrawRectangle(Wx::scaleByDpi(CHECK_BOX_LABEL_X - 1), 0, text.x + Wx::scaleByDpi(2),
-                          text.y - Wx::scaleByDpi(1));
+    context.DrawRectangle(corner.x + Wx::scaleByDpi(CHECK_BOX_LABEL_X - 1), corner.y,
+                          text.x + Wx::scaleByDpi(2), text.y - Wx::scaleByDpi(1));
 }
 
 } // namespace
@@ -89,7 +85,7 @@ Wx::CheckBox::~CheckBox() = default;
 
 bool Wx::CheckBox::SetFont(const wxFont& font)
 {
-    // What every control does with a font, without what a native one would do besides.
+    // A native check box would do more with the font than any control does.
     return wxControlBase::SetFont(setDefaultFontSize(font, 1.0f)); // NOLINT(bugprone-parent-virtual-call)
 }
 
@@ -115,7 +111,7 @@ void Wx::CheckBox::onChanged(wxCommandEvent& event)
     const wxWeakRef<CheckBox> self(this);
     if (m_changeCallback)
         m_changeCallback(GetValue());
-    // The callback may have destroyed it; then there is nobody to look for further handlers.
+    // The callback may have destroyed the check box; then no further handlers can be looked for.
     if (!self)
         return;
     Refresh(true, nullptr);
@@ -144,7 +140,7 @@ void Wx::CheckBox::onKeyUp(wxKeyEvent& event)
         return;
     const wxWeakRef<CheckBox> self(this);
     moveFocus(this, event.ShiftDown() ? MoveFocusDirection::BACKWARD : MoveFocusDirection::FORWARD);
-    // Whoever sees the focus go may have destroyed it; then there is nobody to look for further handlers.
+    // A handler of the focus may have destroyed the check box; then no further handlers can be looked for.
     if (self)
         Refresh(true, nullptr);
     else
@@ -154,29 +150,36 @@ void Wx::CheckBox::onKeyUp(wxKeyEvent& event)
 void Wx::CheckBox::onPaint(wxPaintEvent& /*event*/)
 {
     wxPaintDC dc(this);
-    drawFace(dc);
+    draw(dc, {{0, 0}, toPixel(dc.GetSize())}, face());
 }
 
-void Wx::CheckBox::drawFace(wxDC& dc) const
+Wx::CheckBox::Face Wx::CheckBox::face() const
 {
+    const wxColour colour = GetForegroundColour();
+    return {.label = GetLabelText(),
+            .font = GetFont(),
+            .labelColour = IsEnabled() ? colour : toWxColour(GuiSkin::DEFAULT().disabledText),
+            .focusColour = colour,
+            .checked = GetValue(),
+            .focused = HasFocus()};
+}
+
+void Wx::CheckBox::draw(wxDC& dc, const Bucket& rect, const Face& face)
+{
+    const wxPoint corner(rect.min.x, rect.min.y);
     const int box = scaleByDpi(CHECK_BOX_LENGTH);
-    OskaBorder::draw(dc, {{0, 0}, {box, box}}, OskaBorderState::ENABLED);
-    dc.SetFont(GetFont());
-    dc.SetTextForeground(GetForegroundColour());
-    dc.SetPen(*wxStockGDI::GetPen(wxStockGDI::PEN_WHITE));
+    OskaBorder::draw(dc, {rect.min, {corner.x + box, corner.y + box}}, OskaBorderState::ENABLED);
+    dc.SetFont(face.font);
     const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::CreateFromUnknownDC(dc));
     if (!context)
         return;
-    if (GetValue()) {
-        context->SetPen(*wxStockGDI::GetPen(wxStockGDI::PEN_WHITE));
-        drawCheckMark(*context);
-    }
-    const wxColour disabled = toWxColour(GuiSkin::DEFAULT().disabledText);
-    context->SetFont(Platform::outlineFont(dc.GetFont()), IsEnabled() ? dc.GetTextForeground() : disabled);
-    const wxString label = GetLabelText();
-    context->DrawText(label, scaleByDpi(CHECK_BOX_LABEL_X), atScreenScale(LABEL_Y));
-    if (HasFocus())
-        drawFocusMark(*context, dc, label);
+    if (face.checked)
+        drawCheckMark(*context, corner);
+    context->SetFont(Platform::outlineFont(face.font), face.labelColour);
+    context->DrawText(face.label, corner.x + scaleByDpi(CHECK_BOX_LABEL_X),
+                      corner.y + atScreenScale(LABEL_Y));
+    if (face.focused)
+        drawFocusMark(*context, corner, dc.GetTextExtent(face.label), face.focusColour);
 }
 
 } // namespace Nolvex

@@ -1,24 +1,40 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "NolvexLib/Bucket.h"
 #include "NolvexLib/Function.h"
 #include "NolvexLib/String.h"
 #include "NolvexLibWx/Export.h"
 #include "NolvexLibWx/platform/OwnWindowCheckBox.h"
 #include "NolvexLibWx/widgets/Focusable.h"
 
+#include <wx/colour.h>
+#include <wx/font.h>
+
 class WXDLLIMPEXP_FWD_CORE wxDC;
 
 namespace Nolvex::Wx {
 
-/// A check box in the library's dark style; a wxCheckBox to everybody else.
+/// A wxCheckBox that paints itself in the library's dark style.
 ///
 /// A change by the user calls the callback, which may destroy the check box, then sends wxEVT_CHECKBOX on to
 /// the parents. Tab and Shift+Tab, when released, move the focus to the next or previous Focusable.
 class NOLVEXLIBWX_EXPORT CheckBox : public Platform::OwnWindowCheckBox, public Focusable
 {
 public:
-    /// `size` in design units; by default the box alone without a label, and as wide as it needs with one.
+    /// All that is seen of a check box but its background.
+    struct Face
+    {
+        wxString label; ///< without the marks of mnemonics
+        wxFont font;
+        wxColour labelColour;
+        wxColour focusColour;
+        bool checked = false;
+        bool focused = false;
+    };
+
+    /// `size` is in design units. By default it is that of the box if the label is empty, and as wide as the
+    /// label needs otherwise.
     CheckBox(wxWindow* parent, int id, const String& label, const wxPoint& pos = wxDefaultPosition,
              const wxSize& size = wxDefaultSize, bool enabled = true);
     ~CheckBox() override;
@@ -26,13 +42,17 @@ public:
     /// Brings the font to the library's default size.
     bool SetFont(const wxFont& font) override;
 
-    /// With `notify` as if the user had changed it, also to the value it has already.
+    /// With `notify`, everything happens as if the user had changed the value, also if it stays the same.
     void setValue(bool value, bool notify);
 
     void setChangeCallback(Function<void(bool)> onChange);
 
-    /// Paints what the check box shows, from the DC's origin.
-    void drawFace(wxDC& dc) const;
+    /// What the check box shows now.
+    Face face() const;
+
+    /// Paints the face of a check box from the corner of `rect` on. The box is exact for a `rect` that starts
+    /// at (0, 0), as OskaBorder::draw says; a label that is too long goes beyond the `rect`.
+    static void draw(wxDC& dc, const Bucket& rect, const Face& face);
 
 private:
     void onChanged(wxCommandEvent& event);

@@ -8,8 +8,8 @@
 
 namespace Nolvex::Wx {
 
-/// A panel that shows one bitmap at its top-left corner, as large as the first bitmap it is given. Takes no
-/// focus from the keyboard. An invalid bitmap shows nothing.
+/// A panel that shows one bitmap at its top-left corner and is as large as the bitmap it is made with. It
+/// takes no focus from the keyboard. An invalid bitmap shows nothing.
 class NOLVEXLIBWX_EXPORT StaticBitmap : public wxPanel
 {
 public:

@@ -17,6 +17,8 @@ Wx::TextControl::TextControl(wxWindow* parent, int id, const String& value, unsi
       m_disabledPaint(std::make_unique<Platform::NativePaint>(*this, [this](wxDC& dc) { paintDisabled(dc); }))
 {
     SetFont(setupStaticTextFont(GetFont(), flags));
+    // A rich control of Windows would let the user undo the value and the font that it was made with.
+    EmptyUndoBuffer();
 }
 
 Wx::TextControl::~TextControl() = default;
@@ -24,7 +26,7 @@ Wx::TextControl::~TextControl() = default;
 void Wx::TextControl::applySkin(const GuiSkin& skin)
 {
     SkinnableMixin<wxTextCtrl>::applySkin(skin);
-    // The toolkit repaints for the two colours it knows of, and only where they change.
+    // wxWidgets repaints for the two colours that it knows, and only if they change.
     Refresh();
 }
 

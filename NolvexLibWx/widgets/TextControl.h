@@ -22,21 +22,21 @@ class NativePaint;
 
 namespace Nolvex::Wx {
 
-/// A text field with a skin. While it is disabled it shows its value in the skin's `disabledText` colour,
-/// that of a wxTE_PASSWORD field as a bullet a character; one that is read-only is left out when tabbing. A
-/// wxTextCtrl to everybody else.
+/// A text field with a skin. While the field is disabled it shows its value in the skin's `disabledText`
+/// colour, with a bullet for every character if it has the style wxTE_PASSWORD. The Tab key passes over a
+/// field that is read-only.
 class NOLVEXLIBWX_EXPORT TextControl : public SkinnableMixin<wxTextCtrl>, public TooltipWindow
 {
 public:
-    /// `size` in design units, wxDefaultSize for the toolkit's. Has the default skin but shows the system's
-    /// colours until a skin is applied.
+    /// `size` is in design units; wxDefaultSize leaves the size to wxWidgets. The field has the default skin,
+    /// but shows the system's colours until a skin is applied.
     TextControl(wxWindow* parent, int id, const String& value, unsigned int style = 0,
                 Flags<TextFlag> flags = {}, wxSize size = wxDefaultSize);
     ~TextControl() override;
 
     void applySkin(const GuiSkin& skin) override;
 
-    /// By the style given at construction: `SetEditable` does not matter here.
+    /// Depends on the style given at construction only, not on `SetEditable`.
     bool AcceptsFocusFromKeyboard() const override;
 
 private:

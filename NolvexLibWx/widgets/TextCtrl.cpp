@@ -2,10 +2,9 @@
 #include "NolvexLibWx/widgets/TextCtrl.h"
 
 #include "NolvexLibWx/ScopedWindowFreezer.h"
+#include "NolvexLibWx/platform/FocusTransfer.h"
 #include "NolvexLibWx/platform/TextInput.h"
 #include "NolvexLibWx/platform/TextPositions.h"
-
-#include <wx/weakref.h>
 
 #include <algorithm>
 
@@ -128,10 +127,8 @@ void Wx::TextCtrl::onLeftDown(wxMouseEvent& event)
 {
     m_selectionAnchor = Platform::textIndexAt(*this, event.GetPosition());
     SetSelection(m_selectionAnchor, m_selectionAnchor);
-    const wxWeakRef<TextCtrl> self(this);
-    SetFocus();
     // A handler of the focus may have destroyed, hidden or disabled the control.
-    if (!self || !IsShownOnScreen() || !IsEnabled())
+    if (!Platform::transferFocus(*this) || !IsShownOnScreen() || !IsEnabled())
         return;
     // GTK selects the whole text of a single line that gets the focus.
     SetSelection(m_selectionAnchor, m_selectionAnchor);

@@ -45,6 +45,20 @@ private:
     std::unique_ptr<wxEventLoopActivator> m_active;
 };
 
+wxString numbered(int first, int count)
+{
+    wxString text;
+    for (int i = first; i < first + count; ++i)
+        text += wxString::Format(L"%d: something happened\n", i);
+    return text;
+}
+
+void processEvents()
+{
+    wxYield();
+    wxTheApp->ProcessIdle();
+}
+
 // A log on the screen that follows its end while it grows by 10,000 lines, then begins anew from where it
 // was.
 class FollowedLog : private Noncopyable
@@ -80,20 +94,6 @@ public:
     }
 
 private:
-    static wxString numbered(int first, int count)
-    {
-        wxString text;
-        for (int i = first; i < first + count; ++i)
-            text += wxString::Format(L"%d: something happened\n", i);
-        return text;
-    }
-
-    static void processEvents()
-    {
-        wxYield();
-        wxTheApp->ProcessIdle();
-    }
-
     wxFrame* m_frame = new wxFrame(nullptr, wxID_ANY, L"log", wxDefaultPosition, wxSize(420, 340));
     wxPanel* m_panel = new wxPanel(m_frame);
     Wx::TextCtrl* m_text = new Wx::TextCtrl(m_panel, wxID_ANY, {}, wxPoint(0, 0), wxSize(400, 300),
@@ -112,6 +112,38 @@ Contest appending()
 }
 
 const Figure APPENDING("text_append_to_90000_lines", 0.5, appending);
+
+constexpr int SINGLE_APPENDS = 2'000;
+
+// A log on the screen that is filled line by line and painted in the end, then emptied.
+template<class Text>
+Work filling(const std::shared_ptr<RunningToolkit>& toolkit)
+{
+    auto* const frame = new wxFrame(nullptr, wxID_ANY, L"log", wxDefaultPosition, wxSize(420, 340));
+    auto* const text = new Text(new wxPanel(frame), wxID_ANY, wxString(), wxPoint(0, 0), wxSize(400, 300),
+                                wxTE_MULTILINE | wxTE_READONLY);
+    frame->Show();
+    processEvents();
+    const std::shared_ptr<wxFrame> owner(frame, [toolkit](wxFrame* shown) {
+        shown->Destroy();
+        processEvents();
+    });
+    return [owner, text] {
+        for (int i = 0; i < SINGLE_APPENDS; ++i)
+            text->AppendText(numbered(i, 1));
+        processEvents();
+        text->Clear();
+    };
+}
+
+// The time of the control of wxWidgets divided by that of this library's.
+Contest appendingSingly()
+{
+    const auto toolkit = std::make_shared<RunningToolkit>();
+    return {filling<wxTextCtrl>(toolkit), filling<Wx::TextCtrl>(toolkit)};
+}
+
+const Figure APPENDING_SINGLY("text_append_2000_to_native", 0.5, appendingSingly);
 
 } // namespace
 

@@ -19,6 +19,12 @@ wxFont systemFont()
 
 } // namespace
 
+TEST(FontSetupTest, textFlags_haveTheseValues)
+{
+    EXPECT_EQ(static_cast<unsigned>(TextFlag::BOLD), 1u);
+    EXPECT_EQ(static_cast<unsigned>(TextFlag::ITALIC), 2u);
+}
+
 TEST(FontSetupTest, setDefaultFontSize_setsThePixelHeight)
 {
     EXPECT_EQ(setDefaultFontSize(systemFont(), 1.0f).GetPixelSize().y, scaleByDpi(12));

@@ -1,44 +1,45 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/MouseCapture.h"
 
-#include "support/Events.h"
+#include "support/FrameFixture.h"
 
-#include <wx/frame.h>
-#include <wx/panel.h>
-
-#include <gtest/gtest.h>
-
-#include <memory>
+#include <functional>
 
 using namespace Nolvex;
+using namespace Nolvex::Tests;
 using Wx::MouseCapture;
 
 namespace {
 
 struct Control : wxPanel
 {
-    explicit Control(wxWindow* parent) : wxPanel(parent) {}
+    explicit Control(wxWindow* parent) : wxPanel(parent)
+    {
+        Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent&) { ++losses; });
+    }
 
+    int losses = 0;
     MouseCapture capture{this};
 };
 
-struct MouseCaptureTest : testing::Test
+struct MouseCaptureTest : FrameFixture
 {
-    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "capture");
-    Control* one = new Control(frame);
-    Control* two = new Control(frame);
-    Control* three = new Control(frame);
+    Control* one = new Control(panel);
+    Control* two = new Control(panel);
+    Control* three = new Control(panel);
 
     // On GTK only what has been shown can capture the mouse.
-    MouseCaptureTest()
-    {
-        frame->Show();
-        Tests::pumpEvents(30);
-    }
+    MouseCaptureTest() { showFrame(); }
 
-    ~MouseCaptureTest() override
+    /// Begins the capture of a control, does that, and expects that the control loses the capture and is told
+    /// so once.
+    void expectLoses(Control* control, const std::function<void()>& change) const
     {
-        Tests::destroyNow(frame);
+        control->capture.begin();
+        ASSERT_TRUE(control->capture.isHeld());
+        change();
+        EXPECT_TRUE(pumpUntil([control] { return control->losses > 0; }));
+        EXPECT_EQ(control->losses, 1);
         EXPECT_EQ(wxWindow::GetCapture(), nullptr);
     }
 };
@@ -118,4 +119,122 @@ TEST_F(MouseCaptureTest, lost_canBeBegunAgain)
     one->capture.begin();
     EXPECT_TRUE(one->capture.isHeld());
     one->capture.end();
+}
+
+TEST_F(MouseCaptureTest, takenByTheSystem_isKnownToBeLost)
+{
+    one->capture.begin();
+    wxMouseCaptureLostEvent lost(one->GetId());
+    one->GetEventHandler()->ProcessEvent(lost);
+    EXPECT_EQ(wxWindow::GetCapture(), nullptr);
+    EXPECT_EQ(one->losses, 1);
+    two->capture.begin();
+    one->capture.end();
+    EXPECT_EQ(wxWindow::GetCapture(), two);
+    two->capture.end();
+}
+
+TEST_F(MouseCaptureTest, releasedByTheWindowItself_canBeBegunAgain)
+{
+    one->capture.begin();
+    one->ReleaseMouse();
+    one->capture.begin();
+    EXPECT_EQ(wxWindow::GetCapture(), one);
+    one->capture.end();
+    EXPECT_EQ(wxWindow::GetCapture(), nullptr);
+}
+
+TEST_F(MouseCaptureTest, begunInAHiddenWindow_capturesNothing)
+{
+    one->Hide();
+    pumpEvents(20);
+    one->capture.begin();
+    EXPECT_EQ(wxWindow::GetCapture(), nullptr);
+    EXPECT_FALSE(one->capture.isHeld());
+}
+
+TEST_F(MouseCaptureTest, hidden_isLost)
+{
+    expectLoses(one, [this] { one->Hide(); });
+}
+
+TEST_F(MouseCaptureTest, parentHidden_isLost)
+{
+    expectLoses(one, [this] { panel->Hide(); });
+}
+
+TEST_F(MouseCaptureTest, frameHidden_isLost)
+{
+    expectLoses(one, [this] { frame->Hide(); });
+}
+
+TEST_F(MouseCaptureTest, disabled_isLost)
+{
+    expectLoses(one, [this] { one->Disable(); });
+}
+
+TEST_F(MouseCaptureTest, parentDisabled_isLost)
+{
+    expectLoses(one, [this] { panel->Disable(); });
+}
+
+TEST_F(MouseCaptureTest, minimised_isLost)
+{
+    expectLoses(one, [this] { frame->Iconize(); });
+}
+
+// On Windows the window keeps the mouse, as every window there does.
+TEST_F(MouseCaptureTest, reparented_canBeEndedAndBegunAgain)
+{
+    auto* other = new wxPanel(panel);
+    one->capture.begin();
+    one->Reparent(other);
+    pumpEvents(50);
+    one->capture.end();
+    EXPECT_EQ(wxWindow::GetCapture(), nullptr);
+    ASSERT_TRUE(pumpUntil([this] {
+        one->capture.begin();
+        return one->capture.isHeld();
+    }));
+    one->capture.end();
+}
+
+TEST_F(MouseCaptureTest, parentReparented_doesNotKeepTheMouse)
+{
+    auto* inner = new wxPanel(panel);
+    auto* control = new Control(inner);
+    pumpEvents(50);
+    control->capture.begin();
+    ASSERT_TRUE(control->capture.isHeld());
+    inner->Reparent(two);
+    pumpEvents(50);
+    control->capture.end();
+    EXPECT_EQ(wxWindow::GetCapture(), nullptr);
+}
+
+TEST_F(MouseCaptureTest, windowThatIsDestroyedFirst_givesTheMouseBack)
+{
+    MouseCapture outside(one);
+    outside.begin();
+    ASSERT_TRUE(outside.isHeld());
+    delete one;
+    EXPECT_EQ(wxWindow::GetCapture(), nullptr);
+}
+
+TEST_F(MouseCaptureTest, childThatIsDestroyed_changesNothing)
+{
+    auto* child = new wxPanel(one);
+    one->capture.begin();
+    delete child;
+    EXPECT_TRUE(one->capture.isHeld());
+    one->capture.end();
+}
+
+TEST_F(MouseCaptureTest, handlerOfTheLossThatDestroysTheWindow_isSafe)
+{
+    const wxWeakRef<Control> control(one);
+    one->Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent&) { one->Destroy(); });
+    one->capture.begin();
+    panel->Disable();
+    EXPECT_TRUE(pumpUntil([&control] { return !control; }));
 }

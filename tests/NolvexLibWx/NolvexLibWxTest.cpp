@@ -84,6 +84,13 @@ std::vector<std::string> imageHandlerNames()
 
 } // namespace
 
+TEST(ApplicationTypeTest, types_haveTheseValues)
+{
+    EXPECT_EQ(static_cast<int>(ApplicationType::APPLICATION), 0);
+    EXPECT_EQ(static_cast<int>(ApplicationType::PLUGIN), 1);
+    EXPECT_EQ(static_cast<int>(ApplicationType::HOST_INITIALISED), 2);
+}
+
 TEST(NolvexLibWxTest, isStarted_beforeStartup_isFalse)
 {
     EXPECT_FALSE(isStarted());

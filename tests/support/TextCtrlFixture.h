@@ -2,14 +2,9 @@
 #pragma once
 
 #include "NolvexLibWx/widgets/TextCtrl.h"
-#include "support/Events.h"
+#include "support/FrameFixture.h"
 
 #include <wx/button.h>
-#include <wx/frame.h>
-#include <wx/panel.h>
-#include <wx/uiaction.h>
-
-#include <gtest/gtest.h>
 
 #include <ostream>
 
@@ -41,25 +36,21 @@ inline wxString numberedLines(int count)
 }
 
 /// A text area of 200 x 100 with a button below that can take the focus away from it.
-struct TextCtrlFixture : testing::Test
+struct TextCtrlFixture : FrameFixture
 {
-    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "text", wxPoint(100, 100), wxSize(400, 300));
-    wxPanel* panel = new wxPanel(frame);
     wxButton* button = new wxButton(panel, wxID_ANY, "other", wxPoint(10, 150));
     Wx::TextCtrl* text = nullptr;
 
     ~TextCtrlFixture() override
     {
-        // A test that failed may have left it down, for everybody.
+        // A test that failed may have left the button of the mouse down, also for the tests that follow.
         wxUIActionSimulator().MouseUp();
-        destroyNow(frame);
     }
 
     Wx::TextCtrl* show(const wxString& value, long style = wxTE_MULTILINE)
     {
         text = new Wx::TextCtrl(panel, 17, value, wxPoint(10, 10), wxSize(200, 100), style);
-        frame->Show();
-        frame->Raise();
+        showFrame();
         button->SetFocus();
         EXPECT_TRUE(pumpUntil([&] { return button->HasFocus(); }));
         pumpEvents(100);

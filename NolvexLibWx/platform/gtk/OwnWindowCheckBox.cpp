@@ -3,9 +3,8 @@
 
 #include "NolvexLibWx/CheckBoxExtent.h"
 #include "NolvexLibWx/platform/Accessibility.h"
+#include "NolvexLibWx/platform/FocusTransfer.h"
 #include "NolvexLibWx/platform/gtk/Mnemonic.h"
-
-#include <wx/weakref.h>
 
 #include <gtk/gtk.h>
 
@@ -120,10 +119,8 @@ void Platform::OwnWindowCheckBox::onMouseDown(wxMouseEvent& event)
 {
     event.Skip();
     m_press.begin(Wx::Press::Means::MOUSE);
-    const wxWeakRef<wxWindow> self(this);
-    SetFocus();
-    // A handler of the focus may have destroyed the check box; then no further handlers can be looked for.
-    if (!self)
+    // If the check box is destroyed, no further handlers can be looked for.
+    if (!transferFocus(*this))
         event.Skip(false);
 }
 
@@ -175,9 +172,7 @@ void Platform::OwnWindowCheckBox::onChar(wxKeyEvent& event)
 
 void Platform::OwnWindowCheckBox::onMnemonic(bool works)
 {
-    const wxWeakRef<OwnWindowCheckBox> self(this);
-    SetFocus();
-    if (self && works)
+    if (transferFocus(*this) && works)
         toggle();
 }
 

@@ -99,24 +99,23 @@ TEST_F(ButtonMouseTest, mouseTakenByAnotherWindow_comesBackAndIsNotKept)
     Tests::releaseMouse();
     EXPECT_TRUE(reports.entries.empty()) << "the release went to the other window";
     thief->ReleaseMouse();
-    // The toolkit gives the mouse back to the window below, which is still pressed.
+    // wxWidgets gives the mouse back to the window below, which is still pressed.
     EXPECT_EQ(wxWindow::GetCapture(), button);
     button->Destroy();
     EXPECT_EQ(wxWindow::GetCapture(), nullptr);
 }
 
-// GTK takes the mouse from what is hidden, Windows leaves it until the release.
-TEST_F(ButtonMouseTest, hiddenWhilePressed_doesNotKeepTheMouse)
+TEST_F(ButtonMouseTest, hiddenWhilePressed_cancelsThePress)
 {
     Button* button = make();
     show();
     Tests::pressMouseAt(button, INSIDE);
     ASSERT_TRUE(button->isPressed());
     button->Hide();
-    Tests::pumpEvents(50);
-    Tests::releaseMouse();
-    EXPECT_FALSE(button->isPressed());
+    EXPECT_TRUE(Tests::pumpUntil([button] { return !button->isPressed(); }));
     EXPECT_EQ(wxWindow::GetCapture(), nullptr);
+    Tests::releaseMouse();
+    EXPECT_TRUE(reports.entries.empty());
 }
 
 TEST_F(ButtonMouseTest, disabledUnderTheMouse_isNoLongerLitWhenTheMouseHasGone)
@@ -158,20 +157,141 @@ TEST_F(ButtonMouseTest, disabledWhilePressed_stillCompletesThePress)
     EXPECT_EQ(reports.entries.size(), 2u) << "then it is disabled";
 }
 
-TEST_F(ButtonMouseTest, parentDisabledWhilePressed_doesNotKeepTheMouse)
+TEST_F(ButtonMouseTest, parentDisabledWhilePressed_stillCompletesThePress)
+{
+    Button* button = make();
+    show();
+    Tests::pressMouseAt(button, INSIDE);
+    panel->Disable();
+    EXPECT_TRUE(button->isPressed());
+    Tests::pumpEvents(50);
+    Tests::releaseMouse();
+    EXPECT_TRUE(Tests::pumpUntil([button] { return !button->isPressed(); }));
+    EXPECT_EQ(reports.entries, Entries({"event", "callback"}));
+    EXPECT_EQ(reports.position, INSIDE);
+    EXPECT_EQ(wxWindow::GetCapture(), nullptr);
+    Tests::clickAt(button, INSIDE);
+    EXPECT_EQ(reports.entries.size(), 2u) << "then it is disabled";
+    panel->Enable();
+    Tests::clickAt(button, INSIDE);
+    EXPECT_EQ(reports.entries.size(), 4u);
+}
+
+TEST_F(ButtonMouseTest, frameDisabledWhilePressed_stillCompletesThePress)
+{
+    Button* button = make();
+    show();
+    Tests::pressMouseAt(button, INSIDE);
+    frame->Disable();
+    Tests::pumpEvents(50);
+    Tests::releaseMouse();
+    EXPECT_TRUE(Tests::pumpUntil([button] { return !button->isPressed(); }));
+    EXPECT_EQ(reports.entries, Entries({"event", "callback"}));
+    EXPECT_EQ(wxWindow::GetCapture(), nullptr);
+    frame->Enable();
+    Tests::clickAt(button, INSIDE);
+    EXPECT_EQ(reports.entries.size(), 4u);
+}
+
+TEST_F(ButtonMouseTest, parentDisabledWhilePressed_releasedOutside_clicksNothing)
+{
+    Button* button = make();
+    show();
+    Tests::pressMouseAt(button, INSIDE);
+    panel->Disable();
+    Tests::moveMouse(button, OUTSIDE);
+    Tests::releaseMouse();
+    EXPECT_TRUE(Tests::pumpUntil([button] { return !button->isPressed(); }));
+    EXPECT_TRUE(reports.entries.empty());
+    EXPECT_EQ(wxWindow::GetCapture(), nullptr);
+}
+
+TEST_F(ButtonMouseTest, disabledAndEnabledWhilePressed_completesThePress)
 {
     Button* button = make();
     show();
     Tests::pressMouseAt(button, INSIDE);
     panel->Disable();
     Tests::pumpEvents(50);
-    Tests::releaseMouse();
-    EXPECT_FALSE(button->isPressed());
-    EXPECT_EQ(wxWindow::GetCapture(), nullptr);
     panel->Enable();
+    Tests::releaseMouse();
+    EXPECT_EQ(reports.entries, Entries({"event", "callback"}));
+    Tests::clickAt(button, INSIDE);
+    EXPECT_EQ(reports.entries.size(), 4u);
+}
+
+TEST_F(ButtonMouseTest, destroyedWhilePressedAndDisabled_setsTheMouseFree)
+{
+    Button* button = make();
+    Button* other = make();
+    other->Move(20, 100);
+    show();
+    Tests::pressMouseAt(button, INSIDE);
+    button->Disable();
+    Tests::pumpEvents(50);
+    button->Destroy();
+    EXPECT_EQ(wxWindow::GetCapture(), nullptr);
+    Tests::releaseMouse();
+    Tests::clickAt(other, INSIDE);
+    EXPECT_EQ(reports.entries, Entries({"event", "callback"}));
+}
+
+TEST_F(ButtonMouseTest, minimisedWhilePressed_cancelsThePress)
+{
+    Button* button = make();
+    show();
+    Tests::pressMouseAt(button, INSIDE);
+    frame->Iconize();
+    EXPECT_TRUE(Tests::pumpUntil([button] { return !button->isPressed(); }));
+    EXPECT_EQ(wxWindow::GetCapture(), nullptr);
+    Tests::releaseMouse();
+    EXPECT_TRUE(reports.entries.empty());
+}
+
+TEST_F(ButtonMouseTest, reparentedWhilePressed_doesNotKeepTheMouse)
+{
+    auto* other = new wxPanel(panel, wxID_ANY, wxPoint(0, 120), wxSize(300, 100));
+    Button* button = make();
+    show();
+    Tests::pressMouseAt(button, INSIDE);
+    button->Reparent(other);
+    Tests::pumpEvents(50);
+    Tests::releaseMouse();
+    EXPECT_TRUE(Tests::pumpUntil([button] { return !button->isPressed(); }));
+    EXPECT_EQ(wxWindow::GetCapture(), nullptr);
     reports.entries.clear();
     Tests::clickAt(button, INSIDE);
-    EXPECT_EQ(reports.entries, Entries({"event", "callback"}));
+    EXPECT_FALSE(button->isPressed());
+    EXPECT_EQ(reports.entries, Entries({"callback"})) << "the event goes to the new parent";
+}
+
+TEST_F(ButtonMouseTest, enabledAgainUnderTheMouse_isLitAgain)
+{
+    Button* button = make();
+    show();
+    const auto isLit = [button] { return button->borderState().has(OskaBorderState::HOVERED); };
+    Tests::moveMouse(button, INSIDE);
+    ASSERT_TRUE(isLit());
+    for (wxWindow* window : {static_cast<wxWindow*>(button), static_cast<wxWindow*>(panel)}) {
+        window->Disable();
+        Tests::pumpEvents(50);
+        window->Enable();
+        EXPECT_TRUE(Tests::pumpUntil(isLit, 1000));
+    }
+    Tests::moveMouse(button, OUTSIDE);
+    EXPECT_TRUE(Tests::pumpUntil([&isLit] { return !isLit(); }, 1000));
+}
+
+TEST_F(ButtonMouseTest, enabledAgainWhenTheMouseHasGone_isNotLit)
+{
+    Button* button = make();
+    show();
+    Tests::moveMouse(button, INSIDE);
+    panel->Disable();
+    Tests::moveMouse(button, OUTSIDE);
+    panel->Enable();
+    Tests::pumpEvents(50);
+    EXPECT_FALSE(button->borderState().has(OskaBorderState::HOVERED));
 }
 
 TEST_F(ButtonMouseTest, callbackThatDestroysTheButton_isSafe)

@@ -1,21 +1,12 @@
 // SPDX-License-Identifier: MIT
-// What a button's face is made of, at whatever scale the screen has.
-#include "NolvexLibWx/ColourConversions.h"
+// The pixels of a button's face, at whatever scale the screen has.
 #include "NolvexLibWx/DpiScaling.h"
-#include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/widgets/Button.h"
-#include "support/Events.h"
-#include "support/Screen.h"
-
-#include <wx/dcmemory.h>
-#include <wx/frame.h>
-
-#include <gtest/gtest.h>
-
-#include <cstring>
-#include <functional>
+#include "support/FrameFixture.h"
+#include "support/Ink.h"
 
 using namespace Nolvex;
+using namespace Nolvex::Tests;
 using Wx::Button;
 
 namespace {
@@ -24,202 +15,221 @@ constexpr Flags<OskaBorderState> ENABLED = OskaBorderState::ENABLED;
 constexpr Flags<OskaBorderState> NO_FRAME = OskaBorderState::NO_FRAME;
 constexpr Flags<OskaBorderState> HOVERED = OskaBorderState::HOVERED;
 constexpr RgbBytes ICON{200, 100, 50};
-constexpr RgbBytes DISABLED_ICON{50, 100, 200};
-constexpr RgbBytes PAPER{10, 20, 30};
+constexpr RgbBytes OUTER{54, 54, 54};
+constexpr RgbBytes INNER{37, 37, 37};
+constexpr RgbBytes HIGHLIGHT{0, 114, 188};
+constexpr RgbBytes BOTTOM_INNER{85, 85, 85};
+const wxColour TEXT(250, 250, 0);
+const wxColour DISABLED_TEXT(110, 110, 110);
+const wxSize SIZE(141, 40);
+constexpr int ICON_LENGTH = 16;
 
-wxBitmap icon(int length, const RgbBytes& colour)
+wxBitmap icon(const RgbBytes& colour)
 {
-    wxImage image(length, length);
-    image.SetRGB(wxRect(0, 0, length, length), colour.r, colour.g, colour.b);
+    wxImage image(ICON_LENGTH, ICON_LENGTH);
+    image.SetRGB(wxRect(0, 0, ICON_LENGTH, ICON_LENGTH), colour.r, colour.g, colour.b);
     return {image};
 }
 
-wxImage painted(const wxSize& size, const std::function<void(wxDC&)>& paint)
+Button::Face labelled(const wxString& label)
 {
-    wxBitmap bitmap(size, 24);
-    {
-        wxMemoryDC dc(bitmap);
-        dc.SetBackground(wxBrush(Wx::toWxColour(PAPER)));
-        dc.Clear();
-        paint(dc);
-    }
-    return bitmap.ConvertToImage();
+    return {.border = ENABLED, .bitmap = {}, .label = label, .font = blockFont(), .textColour = TEXT};
 }
 
-// How much higher than the middle the label stands at the scales 1, 2 and 3.
+wxImage drawn(const Button::Face& face)
+{
+    return painted(SIZE, [&face](wxDC& dc) { Button::draw(dc, {{0, 0}, {SIZE.x, SIZE.y}}, face); });
+}
+
+// The label's pixels: everything inside the border and to the right of an icon.
+wxRect labelInk(const wxImage& image, int left = 2)
+{
+    return inkIn(image, wxRect(wxPoint(left, 2), wxPoint(SIZE.x - 3, SIZE.y - 3)));
+}
+
+wxSize extentOf(const wxString& label)
+{
+    wxBitmap bitmap(1, 1, 24);
+    wxMemoryDC dc(bitmap);
+    dc.SetFont(blockFont());
+    return dc.GetTextExtent(label);
+}
+
+// The place of the label's pixels in its cell.
+wxPoint inkOffset(const wxString& label)
+{
+    const wxPoint margin(20, 10);
+    const wxImage image = painted(SIZE + wxSize(40, 20), [&](wxDC& dc) {
+        dc.SetFont(blockFont());
+        dc.SetTextForeground(TEXT);
+        dc.DrawText(label, margin);
+    });
+    return inkIn(image, wxRect(image.GetSize())).GetTopLeft() - margin;
+}
+
+// The label rises by 0, 2 and 0 pixels at the scales 1, 2 and 3.
 int rise()
 {
-    const int unit = Wx::scaleByDpi(1);
-    return unit == 2 ? 2 : 0;
+    return Wx::scaleByDpi(1) == 2 ? 2 : 0;
 }
 
-struct Face
+struct ButtonPixelTest : FrameFixture
 {
-    wxString label;
-    bool hasIcon = false;
-    bool hasDisabledIcon = false;
-    Flags<OskaBorderState> border = ENABLED;
-    bool toggled = false;
-};
+    wxBitmap enabledIcon = icon(ICON);
+    wxBitmap disabledIcon = icon({50, 100, 200});
 
-struct ButtonPixelTest : testing::Test
-{
-    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "pixels");
-    wxSize size = Wx::scaleByDpi(wxSize(140, 30));
-    int iconLength = Wx::scaleByDpi(16);
-    wxBitmap enabledIcon = icon(iconLength, ICON);
-    wxBitmap disabledIcon = icon(iconLength / 2, DISABLED_ICON);
-
-    ~ButtonPixelTest() override { Tests::destroyNow(frame); }
-
-    Button* make(const Face& face, bool enabled)
+    Button* make(bool enabled = true, bool hasDisabledIcon = true)
     {
-        auto* button = new Button(frame, Wx::GuiSkin::DEFAULT(), wxID_ANY, face.label,
-                                  face.hasIcon ? enabledIcon : wxBitmap(),
-                                  face.hasDisabledIcon ? disabledIcon : wxBitmap(), {},
-                                  Button::Behavior::TOGGLE, enabled, face.border);
-        button->setToggled(face.toggled);
+        auto* button = new Button(panel, Wx::GuiSkin::DEFAULT(), wxID_ANY, L"Label", enabledIcon,
+                                  hasDisabledIcon ? disabledIcon : wxBitmap(), {}, Button::Behavior::TOGGLE,
+                                  enabled, ENABLED);
+        button->SetSize(wxRect(wxPoint(0, 0), SIZE));
         return button;
-    }
-
-    // The face put together once more from its parts.
-    void expectedFace(wxDC& dc, const Face& face, const wxBitmap& shownIcon, const RgbBytes& textColour,
-                      Flags<OskaBorderState> border, const wxFont& font) const
-    {
-        OskaBorder::draw(dc, {{0, 0}, Wx::toPixel(size)}, border);
-        int iconWidth = 0;
-        if (shownIcon.IsOk()) {
-            const int inset = border.has(OskaBorderState::NO_FRAME) ? 1 : 2;
-            dc.DrawBitmap(shownIcon, inset, inset);
-            iconWidth = shownIcon.GetWidth();
-        }
-        if (face.label.empty())
-            return;
-        dc.SetFont(font);
-        dc.SetTextForeground(Wx::toWxColour(textColour));
-        const wxSize text = dc.GetTextExtent(face.label);
-        dc.DrawText(face.label, iconWidth + (size.x - text.x - iconWidth) / 2,
-                    (size.y - text.y) / 2 - rise());
-    }
-
-    void expectFace(const Face& face, bool enabled, const wxBitmap& shownIcon, const RgbBytes& textColour)
-    {
-        Button* button = make(face, enabled);
-        const wxImage actual = painted(size, [&](wxDC& dc) {
-            Button::draw(dc, {{0, 0}, Wx::toPixel(size)}, button->face());
-        });
-        Flags<OskaBorderState> border = face.border;
-        border.set(OskaBorderState::ENABLED, enabled);
-        const wxImage expected = painted(size, [&](wxDC& dc) {
-            expectedFace(dc, face, shownIcon, textColour, border, button->GetFont());
-        });
-        for (int y = 0; y < size.y; ++y) {
-            for (int x = 0; x < size.x; ++x)
-                ASSERT_EQ(Tests::pixelAt(actual, x, y), Tests::pixelAt(expected, x, y))
-                    << "at " << x << ", " << y;
-        }
     }
 };
 
 } // namespace
 
-TEST_F(ButtonPixelTest, label_isCentredInTheSkinsTextColour)
+TEST_F(ButtonPixelTest, border_isThatOfItsState)
 {
-    expectFace({.label = L"Label"}, true, {}, Wx::GuiSkin::DEFAULT().text);
+    Button::Face face = labelled({});
+    wxImage image = drawn(face);
+    EXPECT_EQ(pixelAt(image, 0, 0), OUTER);
+    EXPECT_EQ(pixelAt(image, 1, 1), INNER);
+    EXPECT_EQ(pixelAt(image, 2, 2), PAPER);
+    EXPECT_EQ(pixelAt(image, 70, 39), BOTTOM_INNER);
+    face.border = ENABLED | HOVERED;
+    EXPECT_EQ(pixelAt(drawn(face), 1, 1), HIGHLIGHT);
+    face.border = HOVERED;
+    EXPECT_EQ(pixelAt(drawn(face), 1, 1), INNER);
+    face.border = NO_FRAME;
+    image = drawn(face);
+    EXPECT_EQ(pixelAt(image, 0, 0), INNER);
+    EXPECT_EQ(pixelAt(image, 70, 39), INNER);
+    EXPECT_EQ(pixelAt(image, 1, 1), PAPER);
 }
 
-TEST_F(ButtonPixelTest, label_withAnAmpersand_showsIt)
+TEST_F(ButtonPixelTest, icon_standsAtTheInnerCornerOfTheBorder)
 {
-    expectFace({.label = L"Drag & &drop"}, true, {}, Wx::GuiSkin::DEFAULT().text);
-}
-
-TEST_F(ButtonPixelTest, label_ofAToggledButton_hasTheAccentTextColour)
-{
-    Wx::GuiSkin& skin = Wx::GuiSkin::DEFAULT();
-    expectFace({.label = L"Label", .toggled = true}, true, {}, skin.accentText);
-}
-
-TEST_F(ButtonPixelTest, label_ofADisabledButton_isGreyWhateverTheSkin)
-{
-    expectFace({.label = L"Label"}, false, {}, {110, 110, 110});
-    expectFace({.label = L"Label", .toggled = true}, false, {}, {110, 110, 110});
-}
-
-TEST_F(ButtonPixelTest, label_widerThanTheButton_startsLeftOfIt)
-{
-    expectFace({.label = L"A label that is a good deal wider than the whole button is", .hasIcon = true},
-               true, enabledIcon, Wx::GuiSkin::DEFAULT().text);
-}
-
-TEST_F(ButtonPixelTest, icon_movesTheLabelToTheRight)
-{
-    expectFace({.label = L"Label", .hasIcon = true}, true, enabledIcon, Wx::GuiSkin::DEFAULT().text);
-}
-
-TEST_F(ButtonPixelTest, icon_withoutLabel_isDrawnAlone)
-{
-    expectFace({.label = wxString(), .hasIcon = true}, true, enabledIcon, {});
+    Button::Face face = labelled({});
+    face.bitmap = enabledIcon;
+    const wxImage image = drawn(face);
+    EXPECT_EQ(inkIn(image, wxRect(2, 2, 100, 30)), wxRect(2, 2, 16, 16));
+    EXPECT_EQ(pixelAt(image, 2, 2), ICON);
+    EXPECT_EQ(pixelAt(image, 17, 17), ICON);
 }
 
 TEST_F(ButtonPixelTest, icon_withoutFrame_standsAPixelFurtherOut)
 {
-    expectFace({.label = L"Label", .hasIcon = true, .border = NO_FRAME}, true, enabledIcon,
-               Wx::GuiSkin::DEFAULT().text);
+    Button::Face face = labelled({});
+    face.border = NO_FRAME | ENABLED;
+    face.bitmap = enabledIcon;
+    const wxImage image = drawn(face);
+    EXPECT_EQ(inkIn(image, wxRect(1, 1, 100, 30)), wxRect(1, 1, 16, 16));
+    EXPECT_EQ(pixelAt(image, 1, 1), ICON);
 }
 
-TEST_F(ButtonPixelTest, disabledIcon_isShownWhenThereIsOne)
+TEST_F(ButtonPixelTest, label_isCentred)
 {
-    expectFace({.label = L"Label", .hasIcon = true, .hasDisabledIcon = true}, false, disabledIcon,
-               {110, 110, 110});
-    expectFace({.label = L"Label", .hasIcon = true}, false, enabledIcon, {110, 110, 110});
-    expectFace({.label = L"Label", .hasDisabledIcon = true}, true, {}, Wx::GuiSkin::DEFAULT().text);
+    for (const wxString& label : {wxString(L"H"), wxString(L"Label")}) {
+        const wxSize text = extentOf(label);
+        const wxPoint corner = labelInk(drawn(labelled(label))).GetTopLeft() - inkOffset(label);
+        EXPECT_EQ(corner, wxPoint((141 - text.x) / 2, (40 - text.y) / 2 - rise())) << label;
+    }
 }
 
-TEST_F(ButtonPixelTest, hovered_lightsTheBorderOnlyWhileEnabled)
+TEST_F(ButtonPixelTest, label_besideAnIcon_isCentredInTheRest)
 {
-    expectFace({.label = L"Label", .border = ENABLED | HOVERED}, true, {}, Wx::GuiSkin::DEFAULT().text);
-    expectFace({.label = L"Label", .border = HOVERED}, false, {}, {110, 110, 110});
+    Button::Face face = labelled(L"H");
+    face.bitmap = enabledIcon;
+    const wxSize text = extentOf(L"H");
+    const wxPoint corner = labelInk(drawn(face), 18).GetTopLeft() - inkOffset(L"H");
+    EXPECT_EQ(corner, wxPoint(16 + (141 - text.x - 16) / 2, (40 - text.y) / 2 - rise()));
 }
 
-TEST_F(ButtonPixelTest, background_onTheScreen_isThatOfTheState)
+TEST_F(ButtonPixelTest, label_widerThanTheButton_startsLeftOfIt)
+{
+    const wxString label(L'H', 40);
+    const int width = extentOf(label).x;
+    ASSERT_GT(width, 150);
+    const wxRect ink = labelInk(drawn(labelled(label)));
+    EXPECT_EQ(ink.x, 2) << "cut off at the border, where the letters go on";
+    EXPECT_EQ(ink.GetRight(), 138);
+}
+
+TEST_F(ButtonPixelTest, label_hasTheGivenColour)
+{
+    for (const wxColour& colour : {TEXT, DISABLED_TEXT}) {
+        Button::Face face = labelled(BLOCK_LABEL);
+        face.textColour = colour;
+        const wxImage image = drawn(face);
+        const wxRect ink = labelInk(image);
+        const wxPoint middle(ink.x + ink.width / 2, ink.y + ink.height / 2);
+        EXPECT_EQ(pixelAt(image, middle.x, middle.y), Wx::toRgbBytes(colour));
+    }
+}
+
+TEST_F(ButtonPixelTest, label_withAnAmpersand_showsIt)
+{
+    EXPECT_GT(labelInk(drawn(labelled(L"&H"))).width, labelInk(drawn(labelled(L"H"))).width);
+}
+
+TEST_F(ButtonPixelTest, face_followsTheButton)
 {
     const Wx::GuiSkin& skin = Wx::GuiSkin::DEFAULT();
-    Button* button = make({.label = L"Label"}, true);
-    frame->SetClientSize(size);
-    frame->Show();
-    frame->Raise();
-    Tests::pumpEvents(150);
-    const auto shown = [&] {
-        Tests::pumpEvents(100);
-        return Tests::pixelAt(Tests::captureClientArea(button), 4, 4);
-    };
-    EXPECT_EQ(shown(), skin.background);
+    Button* button = make();
+    Button::Face face = button->face();
+    EXPECT_EQ(face.border, ENABLED);
+    EXPECT_EQ(face.label, "Label");
+    EXPECT_EQ(face.font, button->GetFont());
+    EXPECT_EQ(face.textColour, Wx::toWxColour(skin.text));
+    EXPECT_TRUE(face.bitmap.IsSameAs(enabledIcon));
     button->setToggled(true);
-    EXPECT_EQ(shown(), skin.accent);
+    EXPECT_EQ(button->face().textColour, Wx::toWxColour(skin.accentText));
+    button->setHovered(true);
+    EXPECT_EQ(button->face().border, ENABLED | HOVERED);
+}
+
+TEST_F(ButtonPixelTest, face_ofADisabledButton_isGreyAndShowsTheDisabledIcon)
+{
+    Button* button = make(false);
+    EXPECT_EQ(button->face().textColour, DISABLED_TEXT);
+    EXPECT_TRUE(button->face().bitmap.IsSameAs(disabledIcon));
+    button->setToggled(true);
+    EXPECT_EQ(button->face().textColour, DISABLED_TEXT);
+    EXPECT_TRUE(make(false, false)->face().bitmap.IsSameAs(enabledIcon));
+}
+
+TEST_F(ButtonPixelTest, face_underADisabledParent_isGreyButKeepsTheIcon)
+{
+    Button* button = make();
+    panel->Disable();
+    EXPECT_EQ(button->face().textColour, DISABLED_TEXT);
+    EXPECT_TRUE(button->face().bitmap.IsSameAs(enabledIcon));
+    EXPECT_EQ(button->face().border, ENABLED);
+}
+
+TEST_F(ButtonPixelTest, screen_showsTheFaceOnTheBackgroundOfTheState)
+{
+    const Wx::GuiSkin& skin = Wx::GuiSkin::DEFAULT();
+    Button* button = make();
+    showFrame();
+    const auto shows = [button](const RgbBytes& background) {
+        return pumpUntil([&] { return pixelAt(captureClientArea(button), 20, 36) == background; }, 2000);
+    };
+    EXPECT_TRUE(shows(skin.background));
+    EXPECT_EQ(pixelAt(captureClientArea(button), 0, 0), OUTER);
+    EXPECT_EQ(pixelAt(captureClientArea(button), 10, 10), ICON);
+    button->setToggled(true);
+    EXPECT_TRUE(shows(skin.accent));
     wxMouseEvent press(wxEVT_LEFT_DOWN);
     button->GetEventHandler()->ProcessEvent(press);
-    EXPECT_EQ(shown(), skin.pressedBackground);
+    EXPECT_TRUE(shows(skin.pressedBackground));
     button->setToggled(false);
-    EXPECT_EQ(shown(), skin.pressedBackground);
+    EXPECT_TRUE(shows(skin.pressedBackground));
 }
 
 TEST_F(ButtonPixelTest, leastHeight_isThatOfTheScale)
 {
-    EXPECT_EQ(make({}, true)->GetMinSize(), wxSize(-1, Wx::scaleByDpi(24)));
-}
-
-TEST_F(ButtonPixelTest, parentThatIsDisabled_greysTheLabelButKeepsTheIcon)
-{
-    auto* panel = new wxPanel(frame);
-    auto* button = new Button(panel, Wx::GuiSkin::DEFAULT(), wxID_ANY, L"Label", enabledIcon, disabledIcon,
-                              {}, Button::Behavior::PUSH, true, ENABLED);
-    panel->Disable();
-    const wxImage actual = painted(size, [&](wxDC& dc) {
-        Button::draw(dc, {{0, 0}, Wx::toPixel(size)}, button->face());
-    });
-    const wxImage expected = painted(size, [&](wxDC& dc) {
-        expectedFace(dc, {.label = L"Label"}, enabledIcon, {110, 110, 110}, ENABLED, button->GetFont());
-    });
-    EXPECT_EQ(
-        0, std::memcmp(actual.GetData(), expected.GetData(), static_cast<std::size_t>(3 * size.x * size.y)));
+    EXPECT_EQ(make()->GetMinSize(), wxSize(-1, Wx::scaleByDpi(24)));
 }

@@ -4,6 +4,10 @@
 #include "NolvexLibWx/ColourConversions.h"
 #include "NolvexLibWx/FontSetup.h"
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <iterator>
 #include <stdexcept>
 #include <type_traits>
 #include <utility>
@@ -252,6 +256,66 @@ TEST_F(ButtonTest, destroyedWhilePressed_givesTheMouseBack)
     ASSERT_EQ(wxWindow::GetCapture(), button);
     button->Destroy();
     EXPECT_EQ(wxWindow::GetCapture(), nullptr);
+}
+
+namespace {
+
+// A button whose memory is filled with a pattern, and not used again, when it is destroyed: a write would
+// change the pattern, and a call of a virtual function would crash. That works where no sanitizer watches,
+// too. There can be one at a time.
+struct RetainedButton : Button
+{
+    using Button::Button;
+
+    static void* operator new(std::size_t /*size*/)
+    {
+        isDestroyed = false;
+        return memory.data();
+    }
+
+    static void operator delete(void* /*memory*/)
+    {
+        memory.fill(PATTERN);
+        isDestroyed = true;
+    }
+
+    /// How many bytes were written to since the button was destroyed.
+    static std::ptrdiff_t countTouched() { return std::ssize(memory) - std::ranges::count(memory, PATTERN); }
+
+    static constexpr unsigned char PATTERN = 0xDD;
+    static constexpr std::size_t MAX_SIZE = 4096;
+    static inline bool isDestroyed = false;
+    alignas(std::max_align_t) static inline std::array<unsigned char, MAX_SIZE> memory{};
+};
+
+static_assert(sizeof(RetainedButton) <= RetainedButton::MAX_SIZE);
+
+} // namespace
+
+TEST_F(ButtonTest, callbackThatDestroysTheButton_findsItsMemoryUntouchedAfterwards)
+{
+    RetainedButton* button = nullptr;
+    button = new RetainedButton(
+        panel, testSkin(), 17, L"Label", wxBitmap(), wxBitmap(), [&button] { button->Destroy(); }, TOGGLE,
+        true, ENABLED);
+    pressAndRelease(button, {0, 0});
+    EXPECT_TRUE(panel->GetChildren().empty());
+    ASSERT_TRUE(RetainedButton::isDestroyed);
+    pumpEvents(50);
+    EXPECT_EQ(RetainedButton::countTouched(), 0);
+}
+
+TEST_F(ButtonTest, eventHandlerThatDestroysTheButton_findsItsMemoryUntouchedAfterwards)
+{
+    auto* button = new RetainedButton(
+        panel, testSkin(), 17, L"Label", wxBitmap(), wxBitmap(),
+        [this] { reports.entries.emplace_back("callback"); }, TOGGLE, true, ENABLED);
+    panel->Bind(wxEVT_BUTTON, [button](wxEvent&) { button->Destroy(); });
+    pressAndRelease(button, {0, 0});
+    ASSERT_TRUE(RetainedButton::isDestroyed);
+    pumpEvents(50);
+    EXPECT_EQ(RetainedButton::countTouched(), 0);
+    EXPECT_TRUE(reports.entries.empty());
 }
 
 // Each of these would touch freed memory if the button were touched after what the handler did to it.

@@ -1,26 +1,19 @@
 // SPDX-License-Identifier: MIT
-#include "NolvexLibWx/ColourConversions.h"
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/widgets/CheckBox.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"
 #include "support/DefaultSkinGuard.h"
+#include "support/FrameFixture.h"
 #include "support/Gestures.h"
-#include "support/Screen.h"
+#include "support/Ink.h"
 
 #include <wx/dcclient.h>
-#include <wx/dcmemory.h>
-#include <wx/fontenum.h>
-#include <wx/frame.h>
-#include <wx/graphics.h>
-#include <wx/panel.h>
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
-#include <memory>
 
 using namespace Nolvex;
+using namespace Nolvex::Tests;
 using Wx::CheckBox;
 using Wx::scaleByDpi;
 
@@ -28,23 +21,13 @@ using Wx::scaleByDpi;
 
 namespace {
 
-const wxColour PAPER(50, 60, 70);
+const wxColour PAPER_COLOUR = Wx::toWxColour(PAPER);
 const wxColour INK(200, 190, 30);
 const wxColour DISABLED_INK(110, 110, 110);
 constexpr RgbBytes OUTER{54, 54, 54};
 constexpr RgbBytes INNER{37, 37, 37};
 constexpr RgbBytes BOTTOM_OUTER{70, 70, 70};
 constexpr RgbBytes BOTTOM_INNER{85, 85, 85};
-
-// What a check box is to show.
-struct Face
-{
-    wxString label = L"A gjy label";
-    bool checked = false;
-    bool enabled = true;
-    bool focused = false;
-    wxColour disabledInk = DISABLED_INK;
-};
 
 int scaleIndex()
 {
@@ -69,96 +52,68 @@ RgbBytes boxPixel(int x, int y, const RgbBytes& paper)
 wxImage paperWithBox(const wxSize& size)
 {
     wxImage image(size);
-    const RgbBytes paper = Wx::toRgbBytes(PAPER);
     for (int y = 0; y < size.y; ++y) {
         for (int x = 0; x < size.x; ++x) {
-            const RgbBytes pixel = boxPixel(x, y, paper);
+            const RgbBytes pixel = boxPixel(x, y, PAPER);
             image.SetRGB(x, y, pixel.r, pixel.g, pixel.b);
         }
     }
     return image;
 }
 
-void drawMark(wxGraphicsContext& context)
+const wxSize SIZE = scaleByDpi(wxSize(140, 40));
+
+CheckBox::Face plainFace(const wxString& label = L"A gjy label")
 {
-    context.SetPen(*wxWHITE_PEN);
-    wxGraphicsPath path = context.CreatePath();
-    path.MoveToPoint(scaleByDpi(3), scaleByDpi(7));
-    path.AddLineToPoint(scaleByDpi(6), scaleByDpi(10));
-    path.AddLineToPoint(scaleByDpi(11), scaleByDpi(3));
-    path.AddLineToPoint(scaleByDpi(6), scaleByDpi(9));
-    path.CloseSubpath();
-    context.StrokePath(path);
+    return {.label = label,
+            .font = blockFont(),
+            .labelColour = INK,
+            .focusColour = INK,
+            .checked = false,
+            .focused = false};
 }
 
-void drawFocus(wxGraphicsContext& context, const wxSize& text)
+wxImage drawn(const CheckBox::Face& face)
 {
-    static const std::array<std::array<wxDash, 2>, 3> DASHES{{{1, 2}, {2, 1}, {2, 3}}};
-    wxPen pen(INK, scaleByDpi(1), wxPENSTYLE_USER_DASH);
-    pen.SetDashes(2, DASHES[static_cast<std::size_t>(scaleIndex())].data());
-    context.SetPen(pen);
-    context.SetBrush(*wxTRANSPARENT_BRUSH);
-    context.DrawRectangle(scaleByDpi(17), 0, text.x + scaleByDpi(2), text.y - scaleByDpi(1));
+    return painted(SIZE, [&face](wxDC& dc) { CheckBox::draw(dc, {{0, 0}, {SIZE.x, SIZE.y}}, face); });
 }
 
-// The whole face, drawn with the toolkit alone.
-template<class Dc>
-void drawExpected(Dc& dc, const Face& face, const wxSize& size, const wxFont& font)
+// All that is painted to the right of the box.
+wxRect inkBesideBox(const wxImage& image)
 {
-    constexpr std::array LABEL_Y{-1, -3, -4};
-    dc.DrawBitmap(wxBitmap(paperWithBox(size), 24), 0, 0);
-    dc.SetFont(font);
-    const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::Create(dc));
-    if (face.checked)
-        drawMark(*context);
-    context->SetFont(font, face.enabled ? INK : face.disabledInk);
-    context->DrawText(face.label, scaleByDpi(18), LABEL_Y[static_cast<std::size_t>(scaleIndex())]);
-    if (face.focused)
-        drawFocus(*context, dc.GetTextExtent(face.label));
+    return inkIn(image, wxRect(wxPoint(scaleByDpi(15), 0), wxPoint(SIZE.x - 1, SIZE.y - 1)));
 }
 
-wxImage expectedFace(const Face& face, const wxSize& size, const wxFont& font)
-{
-    wxBitmap bitmap(size, 24);
-    {
-        wxMemoryDC dc(bitmap);
-        drawExpected(dc, face, size, font);
-    }
-    return bitmap.ConvertToImage();
-}
-
-// Shows what is expected: letters come out otherwise on the screen than in a bitmap.
-class ExpectedWindow : public wxWindow
+// Shows a face: letters come out otherwise on the screen than in a bitmap.
+class FaceWindow : public wxWindow
 {
 public:
-    explicit ExpectedWindow(wxWindow* parent) : wxWindow(parent, wxID_ANY)
+    explicit FaceWindow(wxWindow* parent) : wxWindow(parent, wxID_ANY)
     {
         Bind(wxEVT_PAINT, [this](wxPaintEvent&) {
             wxPaintDC dc(this);
-            drawExpected(dc, m_face, GetClientSize(), m_faceFont);
+            CheckBox::draw(dc, {{0, 0}, {GetClientSize().x, GetClientSize().y}}, m_face);
         });
     }
 
-    wxImage shown(const Face& face, const wxSize& size, const wxFont& font)
+    wxImage shown(const CheckBox::Face& face, const wxSize& size)
     {
         m_face = face;
-        m_faceFont = font;
         SetSize(wxRect(wxPoint(20, 180), size));
         Refresh();
-        Tests::pumpEvents(120);
-        return Tests::captureClientArea(this);
+        pumpEvents(120);
+        return captureClientArea(this);
     }
 
 private:
-    Face m_face;
-    wxFont m_faceFont = *wxNORMAL_FONT;
+    CheckBox::Face m_face = plainFace(wxString());
 };
 
 wxPoint firstDifference(const wxImage& a, const wxImage& b)
 {
     for (int y = 0; y < a.GetHeight(); ++y) {
         for (int x = 0; x < a.GetWidth(); ++x) {
-            if (Tests::pixelAt(a, x, y) != Tests::pixelAt(b, x, y))
+            if (pixelAt(a, x, y) != pixelAt(b, x, y))
                 return {x, y};
         }
     }
@@ -171,36 +126,38 @@ void expectSame(const wxImage& shown, const wxImage& expected, const char* what)
     const wxPoint at = firstDifference(shown, expected);
     EXPECT_EQ(at, wxDefaultPosition)
         << what << ": at " << at.x << ", " << at.y << " it is "
-        << testing::PrintToString(Tests::pixelAt(shown, std::max(at.x, 0), std::max(at.y, 0))) << " and not "
-        << testing::PrintToString(Tests::pixelAt(expected, std::max(at.x, 0), std::max(at.y, 0)));
+        << testing::PrintToString(pixelAt(shown, std::max(at.x, 0), std::max(at.y, 0))) << " and not "
+        << testing::PrintToString(pixelAt(expected, std::max(at.x, 0), std::max(at.y, 0)));
 }
 
-struct CheckBoxPixelTest : testing::Test
+// The differences of a state from that of a check box that is enabled, unchecked and not focused.
+struct Shown
 {
-    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "check box", wxPoint(100, 100), wxSize(500, 300));
-    wxPanel* panel = new wxPanel(frame);
+    wxString label = L"A gjy label";
+    bool checked = false;
+    bool focused = false;
+    wxColour labelColour = INK;
+};
+
+struct CheckBoxPixelTest : FrameFixture
+{
     CheckBox* other = nullptr;
     CheckBox* box = nullptr;
-    ExpectedWindow* expected = new ExpectedWindow(panel);
+    FaceWindow* faceWindow = new FaceWindow(panel);
 
-    CheckBoxPixelTest()
+    CheckBoxPixelTest() : FrameFixture(L"check box", {500, 300})
     {
-        panel->SetBackgroundColour(PAPER);
+        panel->SetBackgroundColour(PAPER_COLOUR);
         other = new CheckBox(panel, wxID_ANY, L"Other", {20, 100});
         box = new CheckBox(panel, wxID_ANY, L"A g&jy label", {20, 20});
         box->SetForegroundColour(INK);
         box->SetFont(plainFont());
         box->SetSize(scaleByDpi(wxSize(140, 24)));
-        frame->Show();
-        frame->Raise();
-        wxUIActionSimulator().MouseMove(5, 5);
-        Tests::pumpUntil([this] { return frame->IsActive(); }, 1000);
+        showFrame();
         focus(other);
     }
 
-    ~CheckBoxPixelTest() override { Tests::destroyNow(frame); }
-
-    /// One that drawing by the toolkit's graphics knows by its name.
+    /// A font that wxGraphicsContext knows by its name.
     static wxFont plainFont()
     {
         const wxString face = wxFontEnumerator::IsValidFacename("Segoe UI") ? "Segoe UI" : "DejaVu Sans";
@@ -210,42 +167,124 @@ struct CheckBoxPixelTest : testing::Test
     static void focus(wxWindow* window)
     {
         window->SetFocus();
-        EXPECT_TRUE(Tests::pumpUntil([window] { return window->HasFocus(); }));
-        Tests::pumpEvents(100);
+        EXPECT_TRUE(pumpUntil([window] { return window->HasFocus(); }));
+        pumpEvents(100);
     }
 
     // On the screen, where nothing is repainted but what the check box asks for.
-    void expectShown(const Face& face, const char* what) const
+    void expectShown(const Shown& shown, const char* what) const
     {
-        const wxImage picture = expected->shown(face, box->GetClientSize(), box->GetFont());
-        expectSame(Tests::captureClientArea(box), picture, what);
-    }
-
-    wxImage drawn() const
-    {
-        wxBitmap bitmap(box->GetClientSize(), 24);
-        {
-            wxMemoryDC dc(bitmap);
-            dc.SetBackground(PAPER);
-            dc.Clear();
-            box->drawFace(dc);
-        }
-        return bitmap.ConvertToImage();
+        const CheckBox::Face face{.label = shown.label,
+                                  .font = box->GetFont(),
+                                  .labelColour = shown.labelColour,
+                                  .focusColour = INK,
+                                  .checked = shown.checked,
+                                  .focused = shown.focused};
+        const wxImage picture = faceWindow->shown(face, box->GetClientSize());
+        expectSame(captureClientArea(box), picture, what);
     }
 };
 
 } // namespace
 
-TEST_F(CheckBoxPixelTest, drawFace_inEveryState_paintsTheseVeryPixels)
+TEST(CheckBoxFaceTest, box_hasTheBevelledBorderOfAnEnabledOne)
 {
-    for (const bool checked : {false, true}) {
-        for (const bool enabled : {false, true}) {
-            box->setValue(checked, false);
-            box->Enable(enabled);
-            const Face face{.checked = checked, .enabled = enabled};
-            expectSame(drawn(), expectedFace(face, box->GetClientSize(), box->GetFont()), "drawn");
+    expectSame(drawn(plainFace(wxString())), paperWithBox(SIZE), "box");
+}
+
+TEST(CheckBoxFaceTest, mark_isWhiteAndStrokesTheFourLinesOfTheContour)
+{
+    CheckBox::Face face = plainFace(wxString());
+    face.checked = true;
+    const wxImage image = drawn(face);
+    const wxImage empty = paperWithBox(SIZE);
+    const auto brightness = [&image](int x, int y) { return pixelAt(image, scaleByDpi(x), scaleByDpi(y)).g; };
+    // At the corners, half way between two of them, and inside the box beside the mark.
+    EXPECT_GT(brightness(6, 10), 100);
+    EXPECT_GT(brightness(10, 4), 60);
+    EXPECT_GT(brightness(4, 8), 100);
+    EXPECT_EQ(pixelAt(image, scaleByDpi(5), scaleByDpi(4)), PAPER);
+    EXPECT_EQ(pixelAt(image, scaleByDpi(11), scaleByDpi(9)), PAPER);
+    wxRect ink;
+    for (int y = 0; y < SIZE.y; ++y) {
+        for (int x = 0; x < SIZE.x; ++x) {
+            if (pixelAt(image, x, y) != pixelAt(empty, x, y))
+                ink.Union(wxRect(x, y, 1, 1));
         }
     }
+    const wxRect corners(wxPoint(scaleByDpi(3), scaleByDpi(3)), wxPoint(scaleByDpi(11), scaleByDpi(10)));
+    EXPECT_TRUE(wxRect(corners).Inflate(1).Contains(ink)) << ink.x << ' ' << ink.y << ' ' << ink.width;
+    EXPECT_TRUE(ink.Contains(wxRect(corners).Deflate(1)));
+}
+
+TEST(CheckBoxFaceTest, label_startsBesideTheBoxAndRisesAboveTheEdge)
+{
+    constexpr std::array RISE{1, 3, 4};
+    const wxRect ink = inkBesideBox(drawn(plainFace(BLOCK_LABEL)));
+    wxBitmap bitmap(SIZE, 24);
+    wxMemoryDC dc(bitmap);
+    dc.SetFont(blockFont());
+    const wxSize text = dc.GetTextExtent(BLOCK_LABEL);
+    EXPECT_NEAR(ink.x, scaleByDpi(18), 1);
+    EXPECT_NEAR(ink.GetRight(), scaleByDpi(18) + text.x - 1, 1);
+    EXPECT_EQ(ink.y, 0) << "cut off at the edge";
+    EXPECT_NEAR(ink.GetBottom(), text.y - 1 - RISE[static_cast<std::size_t>(scaleIndex())], 1);
+}
+
+TEST(CheckBoxFaceTest, label_hasTheGivenColour)
+{
+    for (const wxColour& colour : {INK, DISABLED_INK}) {
+        CheckBox::Face face = plainFace(BLOCK_LABEL);
+        face.labelColour = colour;
+        const wxImage image = drawn(face);
+        const wxRect ink = inkBesideBox(image);
+        const wxPoint middle(ink.x + ink.width / 2, ink.y + ink.height / 2);
+        EXPECT_EQ(pixelAt(image, middle.x, middle.y), Wx::toRgbBytes(colour));
+    }
+}
+
+TEST(CheckBoxFaceTest, focusMark_isADottedRectangleAroundTheLabel)
+{
+    // Spaces leave no ink of their own.
+    CheckBox::Face face = plainFace(L"          ");
+    EXPECT_TRUE(inkBesideBox(drawn(face)).IsEmpty());
+    face.focused = true;
+    const wxImage image = drawn(face);
+    const wxRect ink = inkBesideBox(image);
+    wxBitmap bitmap(SIZE, 24);
+    wxMemoryDC dc(bitmap);
+    dc.SetFont(blockFont());
+    const wxSize text = dc.GetTextExtent(face.label);
+    const int line = scaleByDpi(1);
+    EXPECT_NEAR(ink.x, scaleByDpi(17), line);
+    EXPECT_EQ(ink.y, 0);
+    EXPECT_NEAR(ink.GetRight(), scaleByDpi(17) + text.x + scaleByDpi(2), line);
+    EXPECT_NEAR(ink.GetBottom(), text.y - scaleByDpi(1), line);
+    // Inside the rectangle and between its dots there is nothing.
+    const wxRect inside = wxRect(ink).Deflate(2 * line + 1);
+    EXPECT_TRUE(inkIn(image, inside).IsEmpty());
+    int inked = 0;
+    for (int x = ink.x; x <= ink.GetRight(); ++x)
+        inked += pixelAt(image, x, 0) == PAPER ? 0 : 1;
+    EXPECT_GT(inked, ink.width / 4);
+    EXPECT_LT(inked, ink.width);
+}
+
+TEST_F(CheckBoxPixelTest, face_followsTheCheckBox)
+{
+    CheckBox::Face face = box->face();
+    EXPECT_EQ(face.label, "A gjy label");
+    EXPECT_EQ(face.font, box->GetFont());
+    EXPECT_EQ(face.labelColour, INK);
+    EXPECT_EQ(face.focusColour, INK);
+    EXPECT_FALSE(face.checked);
+    EXPECT_FALSE(face.focused);
+    box->setValue(true, false);
+    focus(box);
+    EXPECT_TRUE(box->face().checked);
+    EXPECT_TRUE(box->face().focused);
+    box->Disable();
+    EXPECT_EQ(box->face().labelColour, Wx::toWxColour(Wx::GuiSkin::DEFAULT().disabledText));
 }
 
 TEST_F(CheckBoxPixelTest, values_showAtOnce)
@@ -270,13 +309,13 @@ TEST_F(CheckBoxPixelTest, focus_isMarked)
 TEST_F(CheckBoxPixelTest, enabling_shows)
 {
     box->Disable();
-    expectShown({.enabled = false}, "disabled");
+    expectShown({.labelColour = DISABLED_INK}, "disabled");
     box->setValue(true, false);
-    expectShown({.checked = true, .enabled = false}, "disabled and checked");
+    expectShown({.checked = true, .labelColour = DISABLED_INK}, "disabled and checked");
     box->Enable();
     expectShown({.checked = true}, "enabled");
     panel->Disable();
-    expectShown({.checked = true, .enabled = false}, "parent disabled");
+    expectShown({.checked = true, .labelColour = DISABLED_INK}, "parent disabled");
 }
 
 TEST_F(CheckBoxPixelTest, disabledLabel_hasTheColourOfTheDefaultSkinNow)
@@ -284,7 +323,7 @@ TEST_F(CheckBoxPixelTest, disabledLabel_hasTheColourOfTheDefaultSkinNow)
     const Tests::DefaultSkinGuard guard;
     Wx::GuiSkin::DEFAULT().disabledText = {10, 220, 130};
     box->Disable();
-    expectShown({.enabled = false, .disabledInk = wxColour(10, 220, 130)}, "other skin");
+    expectShown({.labelColour = wxColour(10, 220, 130)}, "other skin");
 }
 
 TEST_F(CheckBoxPixelTest, mouseAndKeys_leaveNothingOfTheSystems)
@@ -321,41 +360,23 @@ TEST_F(CheckBoxPixelTest, font_shows)
 TEST_F(CheckBoxPixelTest, labelInTheFontOfTheSystem_isSeen)
 {
     auto* plain = new CheckBox(panel, wxID_ANY, L"HHH", {200, 20});
-    Tests::pumpEvents(120);
-    const wxImage image = Tests::captureClientArea(plain);
+    pumpEvents(120);
+    const wxImage image = captureClientArea(plain);
     int inked = 0;
     for (int y = 0; y < image.GetHeight(); ++y) {
         for (int x = scaleByDpi(18); x < image.GetWidth(); ++x)
-            inked += Tests::pixelAt(image, x, y) == Wx::toRgbBytes(PAPER) ? 0 : 1;
+            inked += pixelAt(image, x, y) == PAPER ? 0 : 1;
     }
     // Three letters of three strokes.
     EXPECT_GT(inked, 6 * 8);
     EXPECT_LT(inked, image.GetWidth() * image.GetHeight() * 2 / 3);
 }
 
-TEST_F(CheckBoxPixelTest, mark_isWhiteAndNarrow)
-{
-    box->setValue(true, false);
-    const wxImage image = drawn();
-    const wxImage empty = paperWithBox(box->GetClientSize());
-    wxRect inked;
-    for (int y = 0; y < scaleByDpi(15); ++y) {
-        for (int x = 0; x < scaleByDpi(15); ++x) {
-            if (Tests::pixelAt(image, x, y) != Tests::pixelAt(empty, x, y))
-                inked.Union(wxRect(x, y, 1, 1));
-        }
-    }
-    const wxRect corners(wxPoint(scaleByDpi(3), scaleByDpi(3)), wxPoint(scaleByDpi(11), scaleByDpi(10)));
-    EXPECT_TRUE(wxRect(corners).Inflate(1).Contains(inked))
-        << inked.x << ' ' << inked.y << ' ' << inked.width;
-    EXPECT_TRUE(inked.Contains(wxRect(corners).Deflate(1)));
-}
-
 TEST_F(CheckBoxPixelTest, withoutLabel_showsTheBoxAlone)
 {
     auto* bare = new CheckBox(panel, wxID_ANY, String(), {200, 20});
-    Tests::pumpEvents(120);
-    expectSame(Tests::captureClientArea(bare), paperWithBox(bare->GetClientSize()), "bare");
+    pumpEvents(120);
+    expectSame(captureClientArea(bare), paperWithBox(bare->GetClientSize()), "bare");
 }
 
 TEST_F(CheckBoxPixelTest, background_isItsOwnOrElseItsParents)
@@ -363,17 +384,17 @@ TEST_F(CheckBoxPixelTest, background_isItsOwnOrElseItsParents)
     const wxPoint corner(box->GetClientSize().x - 1, box->GetClientSize().y - 1);
     box->SetBackgroundColour(wxColour(90, 20, 20));
     box->Refresh();
-    Tests::pumpEvents(120);
-    wxImage image = Tests::captureClientArea(box);
-    EXPECT_EQ(Tests::pixelAt(image, corner.x, corner.y), (RgbBytes{90, 20, 20}));
-    EXPECT_EQ(Tests::pixelAt(image, 2, 2), (RgbBytes{90, 20, 20}));
+    pumpEvents(120);
+    wxImage image = captureClientArea(box);
+    EXPECT_EQ(pixelAt(image, corner.x, corner.y), (RgbBytes{90, 20, 20}));
+    EXPECT_EQ(pixelAt(image, 2, 2), (RgbBytes{90, 20, 20}));
     box->SetBackgroundColour(wxNullColour);
     panel->SetBackgroundColour(wxColour(20, 90, 20));
     panel->Refresh();
-    Tests::pumpEvents(120);
-    image = Tests::captureClientArea(box);
-    EXPECT_EQ(Tests::pixelAt(image, corner.x, corner.y), (RgbBytes{20, 90, 20}));
-    EXPECT_EQ(Tests::pixelAt(image, 2, 2), (RgbBytes{20, 90, 20}));
+    pumpEvents(120);
+    image = captureClientArea(box);
+    EXPECT_EQ(pixelAt(image, corner.x, corner.y), (RgbBytes{20, 90, 20}));
+    EXPECT_EQ(pixelAt(image, 2, 2), (RgbBytes{20, 90, 20}));
 }
 
 TEST_F(CheckBoxPixelTest, bestSize_showsLabelAndFocusMarkWhole)
@@ -384,10 +405,13 @@ TEST_F(CheckBoxPixelTest, bestSize_showsLabelAndFocusMarkWhole)
     fitted->SetSize(fitted->GetBestSize());
     focus(fitted);
     const wxSize larger = fitted->GetSize() + wxSize(20, 0);
-    const Face face{.label = L"Whole", .focused = true};
-    const wxImage whole = expectedFace(face, larger, fitted->GetFont());
+    const CheckBox::Face face = fitted->face();
+    ASSERT_TRUE(face.focused);
+    const wxImage whole = painted(larger, [&](wxDC& dc) {
+        CheckBox::draw(dc, {{0, 0}, {larger.x, larger.y}}, face);
+    });
     for (int x = fitted->GetSize().x; x < larger.x; ++x) {
         for (int y = 0; y < larger.y; ++y)
-            ASSERT_EQ(Tests::pixelAt(whole, x, y), Wx::toRgbBytes(PAPER)) << "cut off at " << x << ", " << y;
+            ASSERT_EQ(pixelAt(whole, x, y), PAPER) << "cut off at " << x << ", " << y;
     }
 }

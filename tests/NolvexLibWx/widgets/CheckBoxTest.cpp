@@ -3,14 +3,10 @@
 
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/FontSetup.h"
+#include "support/FrameFixture.h"
 #include "support/Gestures.h"
 
-#include <wx/frame.h>
-#include <wx/panel.h>
 #include <wx/textctrl.h>
-#include <wx/weakref.h>
-
-#include <gtest/gtest.h>
 
 #include <string>
 #include <type_traits>
@@ -33,11 +29,8 @@ const wxPoint OUTSIDE(40, 200);
 
 using Entries = std::vector<std::string>;
 
-struct CheckBoxTest : testing::Test
+struct CheckBoxTest : Tests::FrameFixture
 {
-    wxWeakRef<wxFrame> frame =
-        new wxFrame(nullptr, wxID_ANY, "check box", wxPoint(100, 100), wxSize(400, 300));
-    wxPanel* panel = new wxPanel(frame);
     Entries reports;
     int made = 0;
 
@@ -48,13 +41,6 @@ struct CheckBoxTest : testing::Test
                               std::to_string(event.GetInt()));
             EXPECT_EQ(event.GetEventObject(), wxWindow::FindWindowById(event.GetId(), panel));
         });
-    }
-
-    ~CheckBoxTest() override
-    {
-        if (frame)
-            Tests::destroyNow(frame);
-        EXPECT_EQ(wxWindow::GetCapture(), nullptr);
     }
 
     /// Under one another, with the ids 101, 102, ...
@@ -69,19 +55,10 @@ struct CheckBoxTest : testing::Test
         return box;
     }
 
-    void show() const
-    {
-        frame->Show();
-        frame->Raise();
-        wxUIActionSimulator().MouseMove(5, 5);
-        Tests::pumpUntil([this] { return frame->IsActive(); }, 1000);
-        Tests::pumpEvents(100);
-    }
-
     CheckBox* shown()
     {
         CheckBox* box = make();
-        show();
+        showFrame();
         return box;
     }
 
@@ -371,6 +348,129 @@ TEST_F(CheckBoxTest, parentDisabledWhilePressed_forgetsThePressAndSetsTheMouseFr
     EXPECT_FALSE(box->GetValue());
 }
 
+TEST_F(CheckBoxTest, minimisedWhilePressed_forgetsThePressAndSetsTheMouseFree)
+{
+    CheckBox* box = shown();
+    Tests::pressMouseAt(box, INSIDE);
+    frame->Iconize();
+    EXPECT_TRUE(Tests::pumpUntil([] { return wxWindow::GetCapture() == nullptr; }));
+    Tests::pumpEvents();
+    Tests::releaseMouse();
+    EXPECT_TRUE(reports.empty());
+}
+
+TEST_F(CheckBoxTest, disabledWithSpaceDown_forgetsIt)
+{
+    CheckBox* box = make();
+    CheckBox* other = shown();
+    focus(box);
+    keyDown(WXK_SPACE);
+    panel->Disable();
+    Tests::pumpEvents();
+    panel->Enable();
+    Tests::pumpEvents();
+    wxKeyEvent up(wxEVT_KEY_UP);
+    up.m_keyCode = WXK_SPACE;
+    box->GetEventHandler()->ProcessEvent(up);
+    keyUp(WXK_SPACE);
+    EXPECT_TRUE(reports.empty());
+    EXPECT_FALSE(other->GetValue());
+}
+
+TEST_F(CheckBoxTest, tabWhoseReleaseGoesElsewhere_isForgotten)
+{
+    CheckBox* box = make();
+    CheckBox* other = shown();
+    focus(box);
+    wxKeyEvent tab(wxEVT_KEY_DOWN);
+    tab.m_keyCode = WXK_TAB;
+    box->GetEventHandler()->ProcessEvent(tab);
+    focus(other);
+    focus(box);
+    Tests::typeKey(WXK_SPACE);
+    EXPECT_EQ(taken(), CHECKED);
+    EXPECT_EQ(wxWindow::FindFocus(), box);
+}
+
+namespace {
+
+// Alt with the letter that the label marks.
+struct CheckBoxMnemonicTest : CheckBoxTest
+{
+    CheckBox* box = make();
+    CheckBox* other = make();
+
+    CheckBoxMnemonicTest()
+    {
+        box->SetLabel(L"Some l&etter");
+        showFrame();
+        focus(other);
+    }
+
+    static void strike(int letter) { Tests::typeKey(letter, wxMOD_ALT); }
+};
+
+} // namespace
+
+TEST_F(CheckBoxMnemonicTest, togglesAndGivesTheFocus)
+{
+    strike('E');
+    EXPECT_TRUE(Tests::pumpUntil([this] { return box->HasFocus(); }));
+    EXPECT_TRUE(Tests::pumpUntil([this] { return reports.size() == 2; }));
+    EXPECT_EQ(taken(), CHECKED);
+    strike('E');
+    EXPECT_TRUE(Tests::pumpUntil([this] { return reports.size() == 2; }));
+    EXPECT_EQ(taken(), UNCHECKED);
+}
+
+TEST_F(CheckBoxMnemonicTest, ofAnotherLabel_isTheNewLetter)
+{
+    box->SetLabel(L"&Zebra");
+    strike('E');
+    EXPECT_TRUE(reports.empty());
+    strike('Z');
+    EXPECT_TRUE(Tests::pumpUntil([this] { return reports.size() == 2; }));
+    EXPECT_EQ(taken(), CHECKED);
+    box->SetLabel(L"Zebra && none");
+    strike('Z');
+    EXPECT_TRUE(reports.empty());
+}
+
+TEST_F(CheckBoxMnemonicTest, disabledOrHidden_doesNothing)
+{
+    box->Disable();
+    strike('E');
+    box->Enable();
+    box->Hide();
+    strike('E');
+    EXPECT_TRUE(reports.empty());
+    box->Show();
+    Tests::pumpEvents();
+    strike('E');
+    EXPECT_TRUE(Tests::pumpUntil([this] { return reports.size() == 2; }));
+}
+
+TEST_F(CheckBoxMnemonicTest, reparented_staysKnown)
+{
+    auto* inner = new wxPanel(panel, wxID_ANY, {0, 150}, {300, 60});
+    box->Reparent(inner);
+    Tests::pumpEvents(100);
+    strike('E');
+    EXPECT_TRUE(Tests::pumpUntil([this] { return reports.size() == 2; }));
+    box->Destroy();
+    strike('E');
+    EXPECT_EQ(reports.size(), 2u);
+}
+
+TEST_F(CheckBoxMnemonicTest, handlerThatDestroysTheCheckBox_isSafe)
+{
+    const wxWeakRef<CheckBox> weak(box);
+    box->setChangeCallback([this](bool) { box->Destroy(); });
+    strike('E');
+    EXPECT_TRUE(Tests::pumpUntil([&weak] { return !weak; }));
+    strike('E');
+}
+
 TEST_F(CheckBoxTest, captureLostWhilePressed_forgetsThePress)
 {
     CheckBox* box = shown();
@@ -400,7 +500,7 @@ struct CheckBoxTabTest : CheckBoxTest, testing::WithParamInterface<long>
     CheckBoxTabTest()
     {
         between->SetSize(150, 20, 80, 25);
-        show();
+        showFrame();
     }
 
     void expectFocusStays(CheckBox* box) const

@@ -3,16 +3,12 @@
 
 #include "NolvexLibWx/widgets/GuiSkin.h"
 #include "support/DefaultSkinGuard.h"
-#include "support/Events.h"
+#include "support/FrameFixture.h"
 #include "support/Screen.h"
 
 #include <wx/dcmemory.h>
-#include <wx/frame.h>
 #include <wx/pen.h>
 #include <wx/sizer.h>
-#include <wx/uiaction.h>
-
-#include <gtest/gtest.h>
 
 using namespace Nolvex;
 using Tests::pixelAt;
@@ -73,20 +69,15 @@ void expectBorder(const wxImage& image, const wxSize& size, Flags<OskaBorderStat
 }
 
 // A border of 40 x 20 on white, shown where the mouse is not.
-struct OskaBorderWindowTest : testing::Test
+struct OskaBorderWindowTest : Tests::FrameFixture
 {
-    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "border", wxPoint(60, 60), wxSize(300, 200));
-    wxPanel* panel = new wxPanel(frame);
-
     OskaBorder* show(Flags<OskaBorderState> flags)
     {
         auto* border = new OskaBorder(panel, flags);
         border->SetSize(10, 10, 40, 20);
         border->SetBackgroundColour(*wxWHITE);
         border->Refresh();
-        frame->Show();
-        frame->Raise();
-        Tests::pumpEvents(150);
+        showFrame();
         return border;
     }
 
@@ -97,11 +88,16 @@ struct OskaBorderWindowTest : testing::Test
         window->GetEventHandler()->ProcessEvent(event);
         Tests::pumpEvents(100);
     }
-
-    ~OskaBorderWindowTest() override { Tests::destroyNow(frame); }
 };
 
 } // namespace
+
+TEST(OskaBorderTest, flags_haveTheseValues)
+{
+    EXPECT_EQ(static_cast<std::uint32_t>(OskaBorderState::HOVERED), 2u);
+    EXPECT_EQ(static_cast<std::uint32_t>(OskaBorderState::ENABLED), 4u);
+    EXPECT_EQ(static_cast<std::uint32_t>(OskaBorderState::NO_FRAME), 8u);
+}
 
 TEST(OskaBorderTest, draw_inEveryCombinationOfFlags_paintsTheseVeryPixels)
 {

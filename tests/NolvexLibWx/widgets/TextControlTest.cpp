@@ -3,15 +3,11 @@
 
 #include "NolvexLib/Array.h"
 #include "NolvexLibWx/DpiScaling.h"
-#include "support/Events.h"
+#include "support/FrameFixture.h"
 #include "support/Screen.h"
 
 #include <wx/button.h>
-#include <wx/frame.h>
-#include <wx/panel.h>
-#include <wx/uiaction.h>
-
-#include <gtest/gtest.h>
+#include <wx/dcclient.h>
 
 #include <type_traits>
 
@@ -62,13 +58,8 @@ wxRect greenIn(const wxImage& image)
     return boundsOf(image, [](const RgbBytes& c) { return c.g > 100 && c.r < 60; });
 }
 
-struct TextControlTest : testing::Test
+struct TextControlTest : Tests::FrameFixture
 {
-    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "text", wxPoint(100, 100), wxSize(400, 300));
-    wxPanel* panel = new wxPanel(frame);
-
-    ~TextControlTest() override { Tests::destroyNow(frame); }
-
     TextControl* make(const wchar_t* value, unsigned int style = PLAIN, Flags<TextFlag> flags = {}) const
     {
         auto* text = new TextControl(panel, 17, value, style, flags, {150, 30});
@@ -78,9 +69,9 @@ struct TextControlTest : testing::Test
 
     wxImage shown(TextControl* text) const
     {
-        frame->Show();
-        frame->Raise();
-        // All have the skin, whose paper nothing else here has; its text stands on the left.
+        if (!frame->IsShown())
+            showFrame();
+        // Every field has the skin, whose paper no other window has, and its text at the left.
         EXPECT_TRUE(Tests::pumpUntil([&] {
             const wxImage image = Tests::captureClientArea(text);
             return Tests::pixelAt(image, image.GetWidth() - 6, image.GetHeight() / 2) == PAPER;
@@ -134,8 +125,7 @@ TEST_F(TextControlTest, readOnly_isSkippedWhenTabbing)
     TextControl* editable = make(L"editable", 0);
     EXPECT_FALSE(readOnly->AcceptsFocusFromKeyboard());
     EXPECT_TRUE(editable->AcceptsFocusFromKeyboard());
-    frame->Show();
-    frame->Raise();
+    showFrame();
     first->SetFocus();
     ASSERT_TRUE(Tests::pumpUntil([&] { return first->HasFocus() && frame->IsActive(); }));
     Tests::pumpEvents(200);
@@ -152,8 +142,7 @@ TEST_F(TextControlTest, readOnly_isSkippedByTheTabKey)
     make(L"read-only", wxTE_READONLY);
     TextControl* editable = make(L"editable", 0);
     auto* last = new wxButton(panel, wxID_ANY, "last");
-    frame->Show();
-    frame->Raise();
+    showFrame();
     first->SetFocus();
     ASSERT_TRUE(Tests::pumpUntil([&] { return first->HasFocus() && frame->IsActive(); }));
     Tests::pumpEvents(200);
@@ -170,7 +159,7 @@ TEST_F(TextControlTest, readOnly_isSkippedByTheTabKey)
 
 TEST_F(TextControlTest, readOnly_whereTheSystemMovesTheFocus_isSkippedByTheTabKey)
 {
-    // Without a panel the toolkit leaves the key to the system, which on some does nothing then.
+    // Without a panel, wxWidgets leaves the key to the system, which on some systems does nothing then.
     panel->Destroy();
     panel = nullptr;
     auto* first = new TextControl(frame, wxID_ANY, L"first", 0, {}, {150, 30});
@@ -219,6 +208,48 @@ TEST_F(TextControlTest, disabled_showsItsValueInTheDisabledColourAtTheLeft)
     EXPECT_GE(ink.GetRight(), Wx::scaleByDpi(3) + extent.x - 4);
     EXPECT_LT(ink.GetBottom(), extent.y);
     EXPECT_EQ(Tests::pixelAt(image, image.GetWidth() / 2 + 30, image.GetHeight() / 2), PAPER);
+}
+
+namespace {
+
+// Paints the text at a place given by the test.
+struct TextWindow : wxWindow
+{
+    TextWindow(wxWindow* parent, const wxRect& area, const wxFont& textFont, const wxPoint& place)
+        : wxWindow(parent, wxID_ANY, area.GetPosition(), area.GetSize())
+    {
+        SetBackgroundColour(*wxBLACK);
+        Bind(wxEVT_PAINT, [this, textFont, place](wxPaintEvent&) {
+            wxPaintDC dc(this);
+            dc.SetFont(textFont);
+            dc.SetTextForeground(*wxRED);
+            dc.DrawText("HHHH", place);
+        });
+    }
+};
+
+} // namespace
+
+TEST_F(TextControlTest, disabled_drawsItsValueThreeUnitsFromTheLeftAndAtTheTop)
+{
+    TextControl* text = make(L"HHHH");
+    text->applySkin(testSkin());
+    text->Disable();
+    auto* expected = new TextWindow(panel, wxRect(wxPoint(20, 120), text->GetSize()), text->GetFont(),
+                                    wxPoint(Wx::scaleByDpi(3), 0));
+    const wxRect ink = redIn(shown(text));
+    EXPECT_FALSE(ink.IsEmpty());
+    EXPECT_TRUE(Tests::pumpUntil([&] { return redIn(Tests::captureClientArea(expected)) == ink; }, 2000));
+}
+
+TEST_F(TextControlTest, richOne_cannotBeUndoneWhenItIsNew)
+{
+    for (const long rich : {wxTE_RICH, wxTE_RICH2}) {
+        for (const wchar_t* value : {L"", L"value"}) {
+            const TextControl* text = make(value, static_cast<unsigned>(wxTE_MULTILINE | rich));
+            EXPECT_FALSE(text->CanUndo());
+        }
+    }
 }
 
 TEST_F(TextControlTest, disabled_withABorder_drawsItsValueInsideTheBorder)

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/TextCtrlFixture.h"
 
-#include <wx/uiaction.h>
-
-#include <gtest/gtest.h>
+#include <functional>
 
 using namespace Nolvex;
 using Tests::numberedLines;
@@ -158,6 +156,24 @@ TEST_F(TextCtrlMouseTest, motion_leftOfScrolledText_isClampedToItsFirstPixel)
     mouse(wxEVT_LEFT_UP);
 }
 
+TEST_F(TextCtrlMouseTest, motion_aboveScrolledText_isClampedToItsFirstPixel)
+{
+    show(numberedLines(60));
+    const long anchor = text->XYToPosition(3, 32);
+    scrolledTo(text->XYToPosition(0, 30));
+    ASSERT_LT(top(), -100);
+    const long firstShown = -top() / text->GetCharHeight();
+    mouse(wxEVT_LEFT_DOWN, pointAt(anchor), true);
+    mouse(wxEVT_MOTION, {0, 0}, true);
+    const Range atTheEdge = selectionOf(text);
+    EXPECT_EQ(atTheEdge.to, anchor);
+    EXPECT_GE(atTheEdge.from, text->XYToPosition(0, firstShown - 1));
+    EXPECT_GT(atTheEdge.from, 0);
+    mouse(wxEVT_MOTION, {-900, -9000}, true);
+    EXPECT_EQ(selectionOf(text), atTheEdge);
+    mouse(wxEVT_LEFT_UP);
+}
+
 TEST_F(TextCtrlMouseTest, motion_aboveAndLeft_isClampedToZero)
 {
     show("hello world\nsecond line");
@@ -306,6 +322,113 @@ TEST_F(TextCtrlMouseTest, destruction_whileSelecting_releasesTheMouse)
     mouse(wxEVT_LEFT_DOWN, pointAt(4), true);
     ASSERT_NE(wxWindow::GetCapture(), nullptr);
     text->Destroy();
+    EXPECT_EQ(wxWindow::GetCapture(), nullptr);
+}
+
+TEST_F(TextCtrlMouseTest, destruction_whileAnotherWindowHasTheMouse_givesBackItsOwnCapture)
+{
+    show("hello world");
+    mouse(wxEVT_LEFT_DOWN, pointAt(4), true);
+    ASSERT_TRUE(text->HasCapture());
+    auto* other = new wxPanel(panel, wxID_ANY, wxPoint(250, 10), wxSize(40, 40));
+    other->Bind(wxEVT_MOUSE_CAPTURE_LOST, [](wxMouseCaptureLostEvent&) {});
+    Tests::pumpEvents(50);
+    other->CaptureMouse();
+    text->Destroy();
+    EXPECT_EQ(wxWindow::GetCapture(), other);
+    other->ReleaseMouse();
+    EXPECT_EQ(wxWindow::GetCapture(), nullptr);
+}
+
+TEST_F(TextCtrlMouseTest, disabledWhileSelecting_setsTheMouseFree)
+{
+    show("hello world");
+    for (wxWindow* window : {static_cast<wxWindow*>(text), static_cast<wxWindow*>(panel)}) {
+        mouse(wxEVT_LEFT_DOWN, pointAt(4), true);
+        ASSERT_TRUE(text->HasCapture());
+        window->Disable();
+        EXPECT_TRUE(Tests::pumpUntil([] { return wxWindow::GetCapture() == nullptr; }));
+        window->Enable();
+        Tests::pumpEvents(50);
+    }
+}
+
+TEST_F(TextCtrlMouseTest, frameDisabledWhileSelecting_leavesTheOtherControlsTheMouse)
+{
+    show("hello world");
+    bool clicked = false;
+    button->Bind(wxEVT_BUTTON, [&clicked](wxCommandEvent&) { clicked = true; });
+    moveMouse(pointAt(4));
+    wxUIActionSimulator().MouseDown();
+    ASSERT_TRUE(Tests::pumpUntil([&] { return text->HasCapture(); }));
+    frame->Disable();
+    Tests::pumpEvents(50);
+    wxUIActionSimulator().MouseUp();
+    EXPECT_TRUE(Tests::pumpUntil([] { return wxWindow::GetCapture() == nullptr; }));
+    frame->Enable();
+    Tests::pumpEvents(50);
+    wxUIActionSimulator().MouseMove(button->ClientToScreen(wxPoint(10, 10)));
+    Tests::pumpEvents(50);
+    wxUIActionSimulator().MouseClick();
+    EXPECT_TRUE(Tests::pumpUntil([&clicked] { return clicked; }));
+}
+
+TEST_F(TextCtrlMouseTest, minimisedWhileSelecting_setsTheMouseFree)
+{
+    show("hello world");
+    mouse(wxEVT_LEFT_DOWN, pointAt(4), true);
+    ASSERT_TRUE(text->HasCapture());
+    frame->Iconize();
+    EXPECT_TRUE(Tests::pumpUntil([] { return wxWindow::GetCapture() == nullptr; }));
+}
+
+namespace {
+
+// A neighbour that does something to the text area when it loses the focus to it.
+struct TextCtrlFocusTest : TextCtrlMouseTest
+{
+    void pressWith(const std::function<void()>& onFocusMoved)
+    {
+        show("hello world");
+        button->Bind(wxEVT_KILL_FOCUS, [onFocusMoved](wxFocusEvent& event) {
+            event.Skip();
+            onFocusMoved();
+        });
+        mouse(wxEVT_LEFT_DOWN, pointAt(4), true);
+        Tests::pumpEvents(50);
+    }
+};
+
+} // namespace
+
+TEST_F(TextCtrlFocusTest, leftDown_whoseFocusDestroysTheControl_isSafe)
+{
+    wxWeakRef<Wx::TextCtrl> weak;
+    pressWith([&] {
+        weak = text;
+        text->Destroy();
+    });
+    EXPECT_FALSE(weak);
+    EXPECT_EQ(wxWindow::GetCapture(), nullptr);
+}
+
+TEST_F(TextCtrlFocusTest, leftDown_whoseFocusHidesTheControl_capturesNothing)
+{
+    pressWith([&] { text->Hide(); });
+    EXPECT_EQ(wxWindow::GetCapture(), nullptr);
+}
+
+TEST_F(TextCtrlFocusTest, leftDown_whoseFocusDisablesTheFrame_capturesNothing)
+{
+    pressWith([&] { panel->Disable(); });
+    EXPECT_EQ(wxWindow::GetCapture(), nullptr);
+}
+
+TEST_F(TextCtrlFocusTest, leftDown_whoseFocusReparentsTheControl_isSafe)
+{
+    auto* other = new wxPanel(panel, wxID_ANY, wxPoint(220, 0), wxSize(150, 150));
+    pressWith([&] { text->Reparent(other); });
+    mouse(wxEVT_LEFT_UP);
     EXPECT_EQ(wxWindow::GetCapture(), nullptr);
 }
 
