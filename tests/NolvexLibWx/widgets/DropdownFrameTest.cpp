@@ -127,6 +127,23 @@ TEST_F(DropdownFrameTest, open_leavesFocusAndKeysWithTheOwnersFrame)
     EXPECT_FALSE(dropdown->IsActive());
 }
 
+TEST_F(DropdownFrameTest, ownerThatTakesTheFocus_stillTakesIt)
+{
+    new wxTextCtrl(dropdown, wxID_ANY);
+    showFrame();
+    int keys = 0;
+    owner->Bind(wxEVT_KEY_DOWN, [&](wxKeyEvent&) { ++keys; });
+    for (const bool opened : {false, true}) {
+        if (opened)
+            open();
+        owner->SetFocus();
+        EXPECT_TRUE(Tests::pumpUntil([this] { return owner->HasFocus() && frame->IsActive(); }, 2000));
+        keys = 0;
+        Tests::typeKey('X');
+        EXPECT_TRUE(Tests::pumpUntil([&] { return keys > 0; }, 2000)) << "opened: " << opened;
+    }
+}
+
 TEST_F(DropdownFrameTest, clickInside_isTheContentsAndLeavesTheFocus)
 {
     auto* text = new wxTextCtrl(panel, wxID_ANY);
