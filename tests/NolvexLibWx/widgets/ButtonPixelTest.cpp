@@ -19,9 +19,9 @@ constexpr RgbBytes OUTER{54, 54, 54};
 constexpr RgbBytes INNER{37, 37, 37};
 constexpr RgbBytes HIGHLIGHT{0, 114, 188};
 constexpr RgbBytes BOTTOM_INNER{85, 85, 85};
-const wxColour TEXT(250, 250, 0);
+const wxColour LABEL_COLOUR(250, 250, 0);
 const wxColour DISABLED_TEXT(110, 110, 110);
-const wxSize SIZE(141, 40);
+const wxSize FACE_SIZE(141, 40);
 constexpr int ICON_LENGTH = 16;
 
 wxBitmap icon(const RgbBytes& colour)
@@ -33,18 +33,20 @@ wxBitmap icon(const RgbBytes& colour)
 
 Button::Face labelled(const wxString& label)
 {
-    return {.border = ENABLED, .bitmap = {}, .label = label, .font = blockFont(), .textColour = TEXT};
+    return {.border = ENABLED, .bitmap = {}, .label = label, .font = blockFont(), .textColour = LABEL_COLOUR};
 }
 
 wxImage drawn(const Button::Face& face)
 {
-    return painted(SIZE, [&face](wxDC& dc) { Button::draw(dc, {{0, 0}, {SIZE.x, SIZE.y}}, face); });
+    return painted(FACE_SIZE, [&face](wxDC& dc) {
+        Button::draw(dc, {{0, 0}, {FACE_SIZE.x, FACE_SIZE.y}}, face);
+    });
 }
 
 // The label's pixels: everything inside the border and to the right of an icon.
 wxRect labelInk(const wxImage& image, int left = 2)
 {
-    return inkIn(image, wxRect(wxPoint(left, 2), wxPoint(SIZE.x - 3, SIZE.y - 3)));
+    return inkIn(image, wxRect(wxPoint(left, 2), wxPoint(FACE_SIZE.x - 3, FACE_SIZE.y - 3)));
 }
 
 wxSize extentOf(const wxString& label)
@@ -59,9 +61,9 @@ wxSize extentOf(const wxString& label)
 wxPoint inkOffset(const wxString& label)
 {
     const wxPoint margin(20, 10);
-    const wxImage image = painted(SIZE + wxSize(40, 20), [&](wxDC& dc) {
+    const wxImage image = painted(FACE_SIZE + wxSize(40, 20), [&](wxDC& dc) {
         dc.SetFont(blockFont());
-        dc.SetTextForeground(TEXT);
+        dc.SetTextForeground(LABEL_COLOUR);
         dc.DrawText(label, margin);
     });
     return inkIn(image, wxRect(image.GetSize())).GetTopLeft() - margin;
@@ -83,7 +85,7 @@ struct ButtonPixelTest : FrameFixture
         auto* button = new Button(panel, Wx::GuiSkin::DEFAULT(), wxID_ANY, L"Label", enabledIcon,
                                   hasDisabledIcon ? disabledIcon : wxBitmap(), {}, Button::Behavior::TOGGLE,
                                   enabled, ENABLED);
-        button->SetSize(wxRect(wxPoint(0, 0), SIZE));
+        button->SetSize(wxRect(wxPoint(0, 0), FACE_SIZE));
         return button;
     }
 };
@@ -159,7 +161,7 @@ TEST_F(ButtonPixelTest, label_widerThanTheButton_startsLeftOfIt)
 
 TEST_F(ButtonPixelTest, label_hasTheGivenColour)
 {
-    for (const wxColour& colour : {TEXT, DISABLED_TEXT}) {
+    for (const wxColour& colour : {LABEL_COLOUR, DISABLED_TEXT}) {
         Button::Face face = labelled(BLOCK_LABEL);
         face.textColour = colour;
         const wxImage image = drawn(face);

@@ -61,7 +61,7 @@ wxImage paperWithBox(const wxSize& size)
     return image;
 }
 
-const wxSize SIZE = scaleByDpi(wxSize(140, 40));
+const wxSize FACE_SIZE = scaleByDpi(wxSize(140, 40));
 
 CheckBox::Face plainFace(const wxString& label = L"A gjy label")
 {
@@ -75,13 +75,15 @@ CheckBox::Face plainFace(const wxString& label = L"A gjy label")
 
 wxImage drawn(const CheckBox::Face& face)
 {
-    return painted(SIZE, [&face](wxDC& dc) { CheckBox::draw(dc, {{0, 0}, {SIZE.x, SIZE.y}}, face); });
+    return painted(FACE_SIZE, [&face](wxDC& dc) {
+        CheckBox::draw(dc, {{0, 0}, {FACE_SIZE.x, FACE_SIZE.y}}, face);
+    });
 }
 
 // All that is painted to the right of the box.
 wxRect inkBesideBox(const wxImage& image)
 {
-    return inkIn(image, wxRect(wxPoint(scaleByDpi(15), 0), wxPoint(SIZE.x - 1, SIZE.y - 1)));
+    return inkIn(image, wxRect(wxPoint(scaleByDpi(15), 0), wxPoint(FACE_SIZE.x - 1, FACE_SIZE.y - 1)));
 }
 
 // Shows a face: letters come out otherwise on the screen than in a bitmap.
@@ -189,7 +191,7 @@ struct CheckBoxPixelTest : FrameFixture
 
 TEST(CheckBoxFaceTest, box_hasTheBevelledBorderOfAnEnabledOne)
 {
-    expectSame(drawn(plainFace(wxString())), paperWithBox(SIZE), "box");
+    expectSame(drawn(plainFace(wxString())), paperWithBox(FACE_SIZE), "box");
 }
 
 TEST(CheckBoxFaceTest, mark_isWhiteAndStrokesTheFourLinesOfTheContour)
@@ -197,7 +199,7 @@ TEST(CheckBoxFaceTest, mark_isWhiteAndStrokesTheFourLinesOfTheContour)
     CheckBox::Face face = plainFace(wxString());
     face.checked = true;
     const wxImage image = drawn(face);
-    const wxImage empty = paperWithBox(SIZE);
+    const wxImage empty = paperWithBox(FACE_SIZE);
     const auto brightness = [&image](int x, int y) { return pixelAt(image, scaleByDpi(x), scaleByDpi(y)).g; };
     // At the corners, half way between two of them, and inside the box beside the mark.
     EXPECT_GT(brightness(6, 10), 100);
@@ -206,8 +208,8 @@ TEST(CheckBoxFaceTest, mark_isWhiteAndStrokesTheFourLinesOfTheContour)
     EXPECT_EQ(pixelAt(image, scaleByDpi(5), scaleByDpi(4)), PAPER);
     EXPECT_EQ(pixelAt(image, scaleByDpi(11), scaleByDpi(9)), PAPER);
     wxRect ink;
-    for (int y = 0; y < SIZE.y; ++y) {
-        for (int x = 0; x < SIZE.x; ++x) {
+    for (int y = 0; y < FACE_SIZE.y; ++y) {
+        for (int x = 0; x < FACE_SIZE.x; ++x) {
             if (pixelAt(image, x, y) != pixelAt(empty, x, y))
                 ink.Union(wxRect(x, y, 1, 1));
         }
@@ -221,7 +223,7 @@ TEST(CheckBoxFaceTest, label_startsBesideTheBoxAndRisesAboveTheEdge)
 {
     constexpr std::array RISE{1, 3, 4};
     const wxRect ink = inkBesideBox(drawn(plainFace(BLOCK_LABEL)));
-    wxBitmap bitmap(SIZE, 24);
+    wxBitmap bitmap(FACE_SIZE, 24);
     wxMemoryDC dc(bitmap);
     dc.SetFont(blockFont());
     const wxSize text = dc.GetTextExtent(BLOCK_LABEL);
@@ -251,7 +253,7 @@ TEST(CheckBoxFaceTest, focusMark_isADottedRectangleAroundTheLabel)
     face.focused = true;
     const wxImage image = drawn(face);
     const wxRect ink = inkBesideBox(image);
-    wxBitmap bitmap(SIZE, 24);
+    wxBitmap bitmap(FACE_SIZE, 24);
     wxMemoryDC dc(bitmap);
     dc.SetFont(blockFont());
     const wxSize text = dc.GetTextExtent(face.label);
