@@ -37,8 +37,6 @@ public:
 
     bool Show(bool show = true) override;
 
-    bool AcceptsFocus() const override { return false; }
-
     void OnInternalIdle() override;
 
 private:

@@ -20,6 +20,14 @@ public:
 
     bool Show(bool show = true) override;
 
+    /// These return false here, not in a derived class, as the parent asks for them while Create runs. A
+    /// parent that is a panel would pass its focus on to a child that accepts it.
+    bool AcceptsFocus() const override { return false; }
+
+    bool AcceptsFocusFromKeyboard() const override { return false; }
+
+    bool AcceptsFocusRecursively() const override { return false; }
+
 private:
     void stopWaitingForTheServer();
     void followTopLevelOfParent();

@@ -148,6 +148,7 @@ TEST_F(DropdownButtonTest, held_leavesTheFocusWhereItWas)
     EXPECT_TRUE(frame->IsActive());
     Tests::releaseMouse();
     EXPECT_EQ(lost, 0);
+    destroyFrame(); // while what the handlers write to is there
 }
 
 TEST_F(DropdownButtonTest, heldAgain_opensWithoutTheMarkOfLastTime)

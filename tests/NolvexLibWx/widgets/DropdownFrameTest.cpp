@@ -95,6 +95,7 @@ TEST_F(DropdownFrameTest, open_placesItBeforeItIsShown)
     dropdown->Bind(wxEVT_SHOW, [&](wxShowEvent&) { places.push_back(dropdown->GetPosition()); });
     open();
     EXPECT_EQ(places, Array<wxPoint>({below()}));
+    destroyFrame(); // while what the handlers write to is there
 }
 
 TEST_F(DropdownFrameTest, open_leftOfAllMonitors_isExact)
@@ -125,6 +126,25 @@ TEST_F(DropdownFrameTest, open_leavesFocusAndKeysWithTheOwnersFrame)
     EXPECT_TRUE(frame->IsActive());
     EXPECT_EQ(lost, 0);
     EXPECT_FALSE(dropdown->IsActive());
+    destroyFrame(); // while what the handlers write to is there
+}
+
+TEST_F(DropdownFrameTest, ownerThatTakesTheFocus_stillTakesIt)
+{
+    new wxTextCtrl(dropdown, wxID_ANY);
+    showFrame();
+    int keys = 0;
+    owner->Bind(wxEVT_KEY_DOWN, [&](wxKeyEvent&) { ++keys; });
+    for (const bool opened : {false, true}) {
+        if (opened)
+            open();
+        owner->SetFocus();
+        EXPECT_TRUE(Tests::pumpUntil([this] { return owner->HasFocus() && frame->IsActive(); }, 2000));
+        keys = 0;
+        Tests::typeKey('X');
+        EXPECT_TRUE(Tests::pumpUntil([&] { return keys > 0; }, 2000)) << "opened: " << opened;
+    }
+    destroyFrame(); // while what the handlers write to is there
 }
 
 TEST_F(DropdownFrameTest, clickInside_isTheContentsAndLeavesTheFocus)
@@ -140,6 +160,7 @@ TEST_F(DropdownFrameTest, clickInside_isTheContentsAndLeavesTheFocus)
     EXPECT_EQ(clicked, wxPoint(30, 40));
     EXPECT_TRUE(text->HasFocus());
     EXPECT_TRUE(frame->IsActive());
+    destroyFrame(); // while what the handlers write to is there
 }
 
 TEST_F(DropdownFrameTest, raise_neitherShowsNorActivatesIt)
@@ -182,6 +203,7 @@ TEST_F(DropdownFrameTest, openAndHide_repaintTheOwner)
     paints = 0;
     dropdown->Hide();
     EXPECT_TRUE(Tests::pumpUntil([&] { return paints > 0; }, 2000));
+    destroyFrame(); // while what the handlers write to is there
 }
 
 TEST_F(DropdownFrameTest, close_onlyHidesIt)

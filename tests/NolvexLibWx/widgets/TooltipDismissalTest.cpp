@@ -214,4 +214,5 @@ TEST_F(TooltipDismissalTest, severalTooltips_areDismissedTogetherAndDestroyedSaf
     panel->GetEventHandler()->ProcessEvent(key);
     EXPECT_FALSE(tooltip->IsShown());
     EXPECT_TRUE(other->GetChildren().empty());
+    destroyFrame(); // while what the handlers write to is there
 }
