@@ -4,11 +4,11 @@
 #include "NolvexLib/Array.h"
 #include "NolvexLibWx/DpiScaling.h"
 #include "support/Events.h"
+#include "support/FrameFixture.h"
 #include "support/Screen.h"
 
 #include <wx/button.h>
-#include <wx/frame.h>
-#include <wx/panel.h>
+#include <wx/dcmemory.h>
 #include <wx/uiaction.h>
 
 #include <gtest/gtest.h>
@@ -62,13 +62,23 @@ wxRect greenIn(const wxImage& image)
     return boundsOf(image, [](const RgbBytes& c) { return c.g > 100 && c.r < 60; });
 }
 
-struct TextControlTest : testing::Test
+/// Returns the bounds of a red text that is drawn with its top-left corner at a point of a black bitmap.
+wxRect boundsOfText(const wxString& text, const wxFont& font, const wxPoint& corner)
 {
-    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "text", wxPoint(100, 100), wxSize(400, 300));
-    wxPanel* panel = new wxPanel(frame);
+    wxBitmap bitmap(200, 60, 24);
+    {
+        wxMemoryDC dc(bitmap);
+        dc.SetBackground(*wxBLACK_BRUSH);
+        dc.Clear();
+        dc.SetFont(font);
+        dc.SetTextForeground(wxColour(255, 0, 0));
+        dc.DrawText(text, corner);
+    }
+    return redIn(bitmap.ConvertToImage());
+}
 
-    ~TextControlTest() override { Tests::destroyNow(frame); }
-
+struct TextControlTest : Tests::FrameFixture
+{
     TextControl* make(const wchar_t* value, unsigned int style = PLAIN, Flags<TextFlag> flags = {}) const
     {
         auto* text = new TextControl(panel, 17, value, style, flags, {150, 30});
@@ -80,7 +90,8 @@ struct TextControlTest : testing::Test
     {
         frame->Show();
         frame->Raise();
-        // All have the skin, whose paper nothing else here has; its text stands on the left.
+        // Every control here has the test skin, whose background nothing else has. The text stands on the
+        // left.
         EXPECT_TRUE(Tests::pumpUntil([&] {
             const wxImage image = Tests::captureClientArea(text);
             return Tests::pixelAt(image, image.GetWidth() - 6, image.GetHeight() / 2) == PAPER;
@@ -219,6 +230,19 @@ TEST_F(TextControlTest, disabled_showsItsValueInTheDisabledColourAtTheLeft)
     EXPECT_GE(ink.GetRight(), Wx::scaleByDpi(3) + extent.x - 4);
     EXPECT_LT(ink.GetBottom(), extent.y);
     EXPECT_EQ(Tests::pixelAt(image, image.GetWidth() / 2 + 30, image.GetHeight() / 2), PAPER);
+}
+
+TEST_F(TextControlTest, disabled_drawsItsValueThreeUnitsFromTheLeftAndAtTheTop)
+{
+    TextControl* text = make(L"HgHj");
+    text->applySkin(testSkin());
+    text->Disable();
+    const wxRect ink = redIn(shown(text));
+    const wxRect expected = boundsOfText("HgHj", text->GetFont(), wxPoint(Wx::scaleByDpi(3), 0));
+    EXPECT_EQ(ink.x, expected.x);
+    EXPECT_EQ(ink.GetRight(), expected.GetRight());
+    // The top is left out: on GTK a window and a bitmap blend the pixels there differently.
+    EXPECT_EQ(ink.GetBottom(), expected.GetBottom());
 }
 
 TEST_F(TextControlTest, disabled_withABorder_drawsItsValueInsideTheBorder)
