@@ -177,7 +177,7 @@ void expectSame(const wxImage& shown, const wxImage& expected, const char* what)
 
 struct CheckBoxPixelTest : testing::Test
 {
-    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "check box", wxPoint(100, 100), wxSize(500, 300));
+    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "check box", wxPoint(100, 100), wxSize(500, 400));
     wxPanel* panel = new wxPanel(frame);
     CheckBox* other = nullptr;
     CheckBox* box = nullptr;
