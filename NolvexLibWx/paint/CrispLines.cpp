@@ -56,18 +56,19 @@ void CrispLines::setPen(wxPen pen)
 
 void CrispLines::drawLine(wxPoint from, wxPoint to)
 {
-    if (!m_dc.GetGraphicsContext())
-        m_dc.DrawLine(from, to);
-    else if (from.x == to.x || from.y == to.y)
-        strokeStraight(from, to);
-    else
+    if (from.x == to.x || from.y == to.y)
+        drawStraight(from, to);
+    else if (m_dc.GetGraphicsContext())
         strokeSlanted(from, to);
+    else
+        m_dc.DrawLine(from, to);
 }
 
-void CrispLines::strokeStraight(wxPoint from, wxPoint to)
+void CrispLines::drawStraight(wxPoint from, wxPoint to)
 {
-    // A stroke covers the pixels between its two coordinates. Of a line that leads to the left or upwards,
-    // from 30 to 10, these would be 29 down to 10 instead of 30 down to 11.
+    // Graphics contexts cover the pixels between the two coordinates, and so does wxWidgets on Windows, where
+    // it fills a rectangle instead of calling GDI. Of a line that leads to the left or upwards, from 30 to
+    // 10, these would be the pixels 29 down to 10 instead of 30 down to 11.
     if (to.x < from.x || to.y < from.y) {
         const wxPoint step(to.x < from.x ? 1 : 0, to.y < from.y ? 1 : 0);
         std::swap(from, to);

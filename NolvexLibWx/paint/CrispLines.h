@@ -40,7 +40,7 @@ public:
     void drawRectangle(const wxRect& rect);
 
 private:
-    void strokeStraight(wxPoint from, wxPoint to);
+    void drawStraight(wxPoint from, wxPoint to);
     void strokeSlanted(wxPoint from, wxPoint to);
 
     wxDC& m_dc;

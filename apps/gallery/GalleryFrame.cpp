@@ -8,6 +8,7 @@
 #include "NolvexLibWx/widgets/ApplySkinRecursive.h"
 #include "NolvexLibWx/widgets/Button.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"
+#include "NolvexLibWx/widgets/OskaBorder.h"
 #include "NolvexLibWx/widgets/StaticLine.h"
 #include "NolvexLibWx/widgets/TextCtrl.h"
 
@@ -61,13 +62,17 @@ GalleryFrame::GalleryFrame() : wxFrame(nullptr, wxID_ANY, L"Gallery"), m_pages(a
     auto* root = new wxPanel(this);
     m_stage = new wxPanel(root);
     m_stage->SetSizer(new wxBoxSizer(wxVERTICAL));
-    m_log = new Wx::TextCtrl(root, wxID_ANY, wxString(), wxDefaultPosition,
-                             Wx::scaleByDpi(wxSize(-1, LOG_HEIGHT)), wxTE_MULTILINE | wxTE_READONLY);
+    // The border of the library frames the log, since the borders of the systems do not fit a dark skin.
+    auto* logBorder = new OskaBorder(root, {});
+    m_log = new Wx::TextCtrl(logBorder, wxID_ANY, wxString(), wxDefaultPosition,
+                             Wx::scaleByDpi(wxSize(-1, LOG_HEIGHT)),
+                             wxTE_MULTILINE | wxTE_READONLY | wxBORDER_NONE);
+    logBorder->addChild(m_log);
 
     auto* right = new wxBoxSizer(wxVERTICAL);
     right->Add(m_stage, 1, wxEXPAND);
     right->Add(new Wx::StaticLine(root, wxHORIZONTAL), 0, wxEXPAND | wxTOP | wxBOTTOM, MARGIN);
-    right->Add(m_log, 0, wxEXPAND);
+    right->Add(logBorder, 0, wxEXPAND);
     auto* sizer = new wxBoxSizer(wxHORIZONTAL);
     sizer->Add(makeSidebar(root), 0, wxEXPAND | wxALL, MARGIN);
     sizer->Add(right, 1, wxEXPAND | wxTOP | wxBOTTOM | wxRIGHT, MARGIN);

@@ -24,6 +24,7 @@
 #include <wx/filedlg.h>
 #include <wx/menu.h>
 #include <wx/panel.h>
+#include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/weakref.h>
 
@@ -47,11 +48,13 @@ const wxSize LEAST_VIEW(80, 60); // scroll bars need some room
 // The time that a menu needs to leave the screen.
 constexpr int CAPTURE_DELAY_MS = 250;
 
-// Room for the whole picture below the controls above it, as far as the screen has it.
+/// Returns the client size that shows the whole picture, if the screen is large enough, and beside the
+/// picture a vertical scroll bar. The scroll bar appears when the options or the log take some of the height,
+/// and would force a horizontal scroll bar if the width were missing.
 wxSize clientSizeFor(const wxBitmap& picture, int heightAbove)
 {
     const int around = 2 * (Wx::scaleByDpi(MARGIN) + BORDER);
-    const wxSize frame(around, around + heightAbove);
+    const wxSize frame(around + wxSystemSettings::GetMetric(wxSYS_VSCROLL_X), around + heightAbove);
     wxSize size = (picture.IsOk() ? picture.GetSize() : wxSize(0, 0)) + frame;
     size.IncTo(Wx::scaleByDpi(SMALLEST));
     size.DecTo(wxDisplay(0u).GetClientArea().GetSize() * 4 / 5);

@@ -147,7 +147,7 @@ struct CheckBoxPixelTest : FrameFixture
     CheckBox* box = nullptr;
     FaceWindow* faceWindow = new FaceWindow(panel);
 
-    CheckBoxPixelTest() : FrameFixture(L"check box", {500, 300})
+    CheckBoxPixelTest() : FrameFixture(L"check box", {500, 400})
     {
         panel->SetBackgroundColour(PAPER_COLOUR);
         other = new CheckBox(panel, wxID_ANY, L"Other", {20, 100});

@@ -66,18 +66,28 @@ wxImage drawn(const wxSize& paper, wxOrientation orientation, ArrayView<const Rg
     return bitmap.ConvertToImage();
 }
 
-/// Expects the image to show the stripes for `length` pixels, and white everywhere else.
-void expectStripes(const wxImage& image, wxOrientation orientation, ArrayView<const RgbBytes> stripes,
-                   int length)
+/// Tells whether the image shows the stripes for `length` pixels, and white everywhere else.
+testing::AssertionResult hasStripes(const wxImage& image, wxOrientation orientation,
+                                    ArrayView<const RgbBytes> stripes, int length)
 {
     for (int y = 0; y < image.GetHeight(); ++y) {
         for (int x = 0; x < image.GetWidth(); ++x) {
             const int along = orientation == wxHORIZONTAL ? x : y;
             const auto across = static_cast<std::size_t>(orientation == wxHORIZONTAL ? y : x);
             const bool painted = along < length && across < stripes.size();
-            ASSERT_EQ(pixelAt(image, x, y), painted ? stripes[across] : PAPER) << "at " << x << ", " << y;
+            const RgbBytes found = pixelAt(image, x, y);
+            if (!(found == (painted ? stripes[across] : PAPER)))
+                return testing::AssertionFailure()
+                       << testing::PrintToString(found) << " at " << x << ", " << y;
         }
     }
+    return testing::AssertionSuccess();
+}
+
+void expectStripes(const wxImage& image, wxOrientation orientation, ArrayView<const RgbBytes> stripes,
+                   int length)
+{
+    EXPECT_TRUE(hasStripes(image, orientation, stripes, length));
 }
 
 /// Shows lines 200 pixels long, with a white background.
@@ -98,7 +108,9 @@ struct StaticLineWindowTest : Tests::FrameFixture
 
     static void expectShown(StaticLine* line, ArrayView<const RgbBytes> stripes, int length)
     {
-        Tests::pumpEvents(60);
+        Tests::pumpUntil([&] {
+            return bool(hasStripes(Tests::captureClientArea(line), line->orientation(), stripes, length));
+        });
         const wxImage image = Tests::captureClientArea(line);
         const int across = line->orientation() == wxHORIZONTAL ? image.GetHeight() : image.GetWidth();
         EXPECT_EQ(static_cast<std::size_t>(across), stripes.size());
