@@ -13,7 +13,7 @@ namespace {
 // 0 to 1; NaN gives 0.
 float clamped(float value)
 {
-    return std::max(0.0f, std::min(1.0f, value));
+    return value > 0.0f ? std::min(1.0f, value) : 0.0f;
 }
 
 // As the bitmap of the same picture: every channel, alpha included, is raised to the exponent.

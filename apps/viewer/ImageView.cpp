@@ -76,10 +76,10 @@ void ImageView::onPaint(wxPaintEvent& /*event*/)
     m_painted = true;
 }
 
-// A click needs no mark: the user knows where it went. Tab is still down when the focus arrives.
+// A click needs no mark: the user knows where it went.
 void ImageView::onFocus(wxFocusEvent& event)
 {
-    m_focusMark = event.GetEventType() == wxEVT_SET_FOCUS && wxGetKeyState(WXK_TAB);
+    m_focusMark = event.GetEventType() == wxEVT_SET_FOCUS && m_tabPressed && !wxGetMouseState().LeftIsDown();
     Refresh();
     event.Skip();
 }

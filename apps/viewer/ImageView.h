@@ -28,6 +28,9 @@ public:
     /// True once a picture has been painted.
     bool wasPainted() const { return m_painted; }
 
+    /// Tells whether the key pressed last moves the focus. If the focus arrives here next, the line is shown.
+    void setTabPressed(bool pressed) { m_tabPressed = pressed; }
+
     /// True while the line along the edges shows that the keyboard is directed here.
     bool hasFocusMark() const { return m_focusMark; }
 
@@ -39,6 +42,7 @@ private:
 
     SharedPicture m_picture;
     bool m_painted = false;
+    bool m_tabPressed = false;
     bool m_focusMark = false;
 };
 

@@ -318,6 +318,7 @@ void ViewerFrame::onCapture()
 // has its own use for them.
 void ViewerFrame::onKey(wxKeyEvent& event)
 {
+    m_view->setTabPressed(event.GetKeyCode() == WXK_TAB);
     const int command = m_openMenus > 0 ? static_cast<int>(wxID_NONE) : commandOf(event);
     if (command == wxID_NONE)
         event.Skip();

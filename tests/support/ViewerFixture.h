@@ -97,9 +97,9 @@ struct ViewerFixture : testing::Test
     void show(const Viewer::SharedPicture& picture)
     {
         make(picture);
-        wxUIActionSimulator().MouseMove(5, 5);
         frame->Show();
         frame->Raise();
+        wxUIActionSimulator().MouseMove(5, 5);
         ASSERT_TRUE(pumpUntil([&] { return frame->wasPainted(); }));
         pumpUntil([&] { return frame->IsActive(); }, 500);
         pumpEvents(100);
