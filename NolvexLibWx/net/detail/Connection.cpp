@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/net/detail/Connection.h"
 
+#include "NolvexLibWx/net/detail/ReceivedText.h"
 #include "NolvexLibWx/net/detail/WxTimeout.h"
 
 #include <algorithm>
@@ -54,16 +55,17 @@ bool Connection::receiveText(std::string& text, std::size_t maxSize, Deadline de
         const auto length = static_cast<std::size_t>(zero - begin);
         if (length > left)
             return false;
-        text.append(begin, length);
+        Wx::Detail::appendReceived(text, begin, length);
         m_aheadBegin += length + (zero == end ? 0 : 1);
         if (zero != end)
             return true;
         left -= length;
+        if (length > 0)
+            deadline.restart();
         m_aheadBegin = 0;
         m_aheadEnd = static_cast<std::size_t>(receiveSome(m_ahead.data(), m_ahead.size(), deadline));
         if (m_aheadEnd == 0)
             return false;
-        deadline.restart();
     }
 }
 
@@ -75,9 +77,9 @@ std::int64_t Connection::send(const void* buffer, std::int64_t count, Deadline d
         const std::int64_t piece =
             note(Platform::sendAtOnce(m_descriptor, bytes + done, static_cast<std::size_t>(count - done)));
         done += piece;
-        if (piece > 0)
+        if (piece > 0 && done < count)
             deadline.restart();
-        else if (!waitForRoom(deadline))
+        else if (piece == 0 && !waitForRoom(deadline))
             break;
     }
     return done;
