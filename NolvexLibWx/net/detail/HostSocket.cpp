@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/net/detail/HostSocket.h"
 
+#include "NolvexLibWx/net/detail/ReceivedText.h"
+
 #include <algorithm>
 #include <array>
 #include <limits>
@@ -82,7 +84,7 @@ bool HostSocket::receiveText(std::string& text, std::size_t maxSize)
         const auto length = static_cast<std::size_t>(isComplete ? count - 1 : count);
         if (length > left)
             return false;
-        text.append(piece.data(), length);
+        appendReceived(text, piece.data(), length);
         if (isComplete)
             return true;
         left -= length;

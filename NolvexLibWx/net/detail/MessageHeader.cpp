@@ -115,8 +115,14 @@ std::string Detail::composeMessageHeader(const XmlString& header, std::int32_t t
     // The tree may be large, and every message pays for this: the text is changed rather than a copy of the
     // tree.
     constexpr std::string_view ROOT_START = "<root>";
+    constexpr std::string_view TYPE_START = "<DataType>";
+    constexpr std::string_view TYPE_END = "</DataType>";
     std::string text = header.toUtf8();
-    text.insert(ROOT_START.size(), "<DataType>" + textOf(type).toUtf8() + "</DataType>");
+    const std::string number = std::to_string(type);
+    text.insert(ROOT_START.size(), TYPE_START.size() + number.size() + TYPE_END.size(), ' ');
+    char* target = text.data() + ROOT_START.size();
+    for (const std::string_view part : {TYPE_START, std::string_view(number), TYPE_END})
+        target = std::copy(part.begin(), part.end(), target);
     return text;
 }
 
