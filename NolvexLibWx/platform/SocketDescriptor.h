@@ -28,12 +28,17 @@ bool waitForSocket(wxSOCKET_T descriptor, SocketReadiness readiness, std::chrono
 /// if the connection has ended or an empty datagram waits, -1 on failure and if nothing waits.
 std::int64_t peekSocket(wxSOCKET_T descriptor, void* buffer, std::size_t size);
 
-/// Takes the waiting bytes, at most `size`. Returns how many were taken; 0 if none wait, -1 if the connection
-/// has ended. For sockets that were prepared.
-std::int64_t receiveAtOnce(wxSOCKET_T descriptor, void* buffer, std::size_t size);
+/// The longest wait of receiveWithin.
+inline constexpr std::chrono::milliseconds MAX_RECEIVE_WAIT(50);
+
+/// Takes the waiting bytes, at most `size`, or the first that come within that time. Returns how many were
+/// taken; 0 if none came or a signal ended the wait, -1 if the connection has ended. For sockets that
+/// prepareStreamSocket prepared.
+std::int64_t receiveWithin(wxSOCKET_T descriptor, void* buffer, std::size_t size,
+                           std::chrono::milliseconds time);
 
 /// Sends what the system takes at once. Returns how many bytes that was; 0 if the system takes none now, -1
-/// if the connection has ended. For sockets that were prepared.
+/// if the connection has ended. For sockets that prepareStreamSocket prepared.
 std::int64_t sendAtOnce(wxSOCKET_T descriptor, const void* buffer, std::size_t size);
 
 /// Sends one datagram, which may be empty. Returns false if the system does not take the whole of it at once.
@@ -46,17 +51,16 @@ void dropDatagram(wxSOCKET_T descriptor);
 /// Returns true if wxWidgets can wait for a socket with that number.
 bool isDescriptorUsable(wxSOCKET_T descriptor);
 
-/// Keeps child processes from inheriting the socket, and operations on the socket from waiting.
-void prepareSocket(wxSOCKET_T descriptor);
+// Each of the three also keeps child processes from inheriting the socket.
 
-/// Prepares a socket for datagrams: in addition, a datagram that nothing listened to does not disturb
-/// receiving.
+/// Prepares a socket for datagrams: operations do not wait, and a datagram that nothing listened to does not
+/// disturb receiving.
 void prepareDatagramSocket(wxSOCKET_T descriptor);
 
-/// Prepares a connected socket: in addition, what is written goes out at once.
+/// Prepares a connected socket for receiveWithin and sendAtOnce: what is written goes out at once.
 void prepareStreamSocket(wxSOCKET_T descriptor);
 
-/// Prepares a listening socket: in addition, as many connections as the system allows may wait.
+/// Prepares a listening socket: operations do not wait, and as many connections as the system allows may.
 void prepareListeningSocket(wxSOCKET_T descriptor);
 
 /// While an object of this class lives, operations on the socket do not wait, whatever wxWidgets told the

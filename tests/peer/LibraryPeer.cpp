@@ -299,7 +299,7 @@ void receiveDatagram(Legacy::UdpSocket& socket, const std::string& kind, const s
         say("  " + escaped(tree.toString()));
         return;
     }
-    std::array<std::byte, Legacy::DATAGRAM_SIZE_LIMIT> buffer{};
+    std::array<std::byte, Legacy::MAX_DATAGRAM_SIZE> buffer{};
     std::uint64_t count = 0;
     repeatUntilThere([&] { return socket.readByteData(buffer, sender, count); });
     say(name + ": bytes");

@@ -179,6 +179,8 @@ def make_foreign(folder):
     make_foreign_files(exchange)
     raw = "<A><B></B></A><Compressed>1</Compressed><FileSize>0005</FileSize><DataType>002</DataType>"
     exchange.foreign("raw", f"<root>{raw}</root>".encode() + b"\x0012345", raw, b"12345")
+    passed_on = raw + "<FileSize>5</FileSize><Compressed>1</Compressed>"
+    exchange.foreign("raw", f"<root>{passed_on}</root>".encode() + b"\x0012345", passed_on, b"12345")
     twice = "<DataType>-0</DataType><DataType>7</DataType><FileSize>x</FileSize><FileSize></FileSize>"
     exchange.foreign("xml", f"<?xml version='1.0'?>\n<root >{twice}\n</root>\n".encode() + b"\0", twice)
     broken = "<DataType>0</DataType><A>1\ufffd2</A>"
@@ -192,6 +194,7 @@ def make_foreign_datagrams(folder):
     exchange.foreign("xml", b"<root>\n<Id>&quot;</Id></root>\0 and more\0", '<Id>"</Id>')
     exchange.foreign("xml", b"<root><Id>7\xff</Id></root>\0", "<Id>7\ufffd</Id>")
     exchange.foreign("xml", b"<root><Id>7</Id></root>".ljust(512), "<Id>7</Id>")
+    exchange.foreign("xml", b"no document", "")
     exchange.write()
 
 
@@ -208,7 +211,7 @@ def broken_messages():
     for kind, name in ((1, "file"), (2, "raw")):
         yield f"{name}-without-size", message(kind, plain)
         yield f"{name}-without-compressed", message(kind, size)
-        yield f"{name}-of-two-sizes", message(kind, size + size + plain)
+        yield f"{name}-of-two-sizes", message(kind, size + "<FileSize>6</FileSize>" + plain)
         yield f"{name}-of-negative-size", message(kind, "<FileSize>-5</FileSize>" + plain)
     yield "file-without-compressed-size", message(1, size + "<Compressed>1</Compressed>", whole)
     yield "file-of-one-long-run", message(1, deflated.format(100_000, len(long_run)), long_run)

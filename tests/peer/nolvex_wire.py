@@ -156,15 +156,16 @@ def data_type(tree):
     return value
 
 
-def only_integer(tree, key, bits):
-    values = children_named(tree, key)
+def agreed_integer(tree, key, bits):
+    """The integer that all children with that name hold."""
+    values = {integer(value, bits) for value in children_named(tree, key)}
     if len(values) != 1:
-        raise ProtocolError(f"the header has {len(values)} {key}")
-    return integer(values[0], bits)
+        raise ProtocolError(f"the header has {len(values)} different {key}")
+    return values.pop()
 
 
 def size_of(tree, key):
-    value = only_integer(tree, key, 64)
+    value = agreed_integer(tree, key, 64)
     if value < 0:
         raise ProtocolError(f"{key} is negative")
     return value
@@ -321,7 +322,7 @@ class Connection:
         kind = data_type(tree)
         if kind == XML_STRING:
             return
-        size, compressed = size_of(tree, "FileSize"), only_integer(tree, "Compressed", 32)
+        size, compressed = size_of(tree, "FileSize"), agreed_integer(tree, "Compressed", 32)
         if kind == RAW and not 0 < size < 1 << 31:
             raise ProtocolError(f"raw data of {size} bytes")
         if kind == FILE and compressed != 0:
@@ -365,7 +366,11 @@ def encode_tree_datagram(tree):
 
 
 def parse_tree_datagram(data):
-    return parse_document(data[: DATAGRAM_LIMIT - 1].split(b"\0", 1)[0])
+    """The tree; the empty tree of a datagram that is no document."""
+    try:
+        return parse_document(data[: DATAGRAM_LIMIT - 1].split(b"\0", 1)[0])
+    except ProtocolError:
+        return []
 
 
 def check_datagram(data):

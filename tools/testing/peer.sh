@@ -134,7 +134,7 @@ send_as_listener mixed messages received "$(count_of mixed)"
 mapfile -t kinds < <(sed 's/:.*//' datagrams.items)
 send_both_ways datagrams datagrams received "${kinds[@]}"
 send_from python library foreign messages received "$(count_of foreign)"
-send_from python library foreign-datagrams datagrams received xml xml xml xml
+send_from python library foreign-datagrams datagrams received xml xml xml xml xml
 
 refused python "raw data without a byte, from the library," "raw data of 0 bytes" raw:empty
 refused library "raw data without a byte, from the peer," "receiving a message failed" raw:empty

@@ -10,10 +10,8 @@ namespace Nolvex::Wx::Legacy::Detail {
 
 namespace {
 
-using Platform::SocketReadiness;
-
 // A wait is cut into waits of this length, between which `end` of another thread is noticed.
-constexpr std::chrono::milliseconds END_CHECK_PERIOD(50);
+constexpr std::chrono::milliseconds END_CHECK_PERIOD = Platform::MAX_RECEIVE_WAIT;
 
 } // namespace
 
@@ -36,14 +34,13 @@ std::int64_t Connection::receive(void* buffer, std::int64_t count, Deadline dead
 {
     auto* const bytes = static_cast<std::byte*>(buffer);
     auto done = static_cast<std::int64_t>(takeAhead(bytes, static_cast<std::size_t>(count)));
-    while (done < count && !m_isEnded && !m_isLost) {
+    while (done < count) {
         const std::int64_t piece =
-            note(Platform::receiveAtOnce(m_descriptor, bytes + done, static_cast<std::size_t>(count - done)));
-        done += piece;
-        if (piece > 0)
-            deadline.restart();
-        else if (!wait(SocketReadiness::READABLE, deadline))
+            receiveSome(bytes + done, static_cast<std::size_t>(count - done), deadline);
+        if (piece == 0)
             break;
+        done += piece;
+        deadline.restart();
     }
     return done;
 }
@@ -62,7 +59,9 @@ bool Connection::receiveText(std::string& text, std::size_t maxSize, Deadline de
         if (zero != end)
             return true;
         left -= length;
-        if (!fillAhead(deadline))
+        m_aheadBegin = 0;
+        m_aheadEnd = static_cast<std::size_t>(receiveSome(m_ahead.data(), m_ahead.size(), deadline));
+        if (m_aheadEnd == 0)
             return false;
         deadline.restart();
     }
@@ -78,7 +77,7 @@ std::int64_t Connection::send(const void* buffer, std::int64_t count, Deadline d
         done += piece;
         if (piece > 0)
             deadline.restart();
-        else if (!wait(SocketReadiness::WRITABLE, deadline))
+        else if (!waitForRoom(deadline))
             break;
     }
     return done;
@@ -92,28 +91,28 @@ std::int64_t Connection::note(std::int64_t count)
     return std::max<std::int64_t>(count, 0);
 }
 
-bool Connection::wait(SocketReadiness readiness, const Deadline& deadline) const
+// Returns 0 only if the connection has ended or the deadline has passed.
+std::int64_t Connection::receiveSome(void* buffer, std::size_t size, const Deadline& deadline)
 {
     while (!m_isEnded && !m_isLost) {
-        // A socket that is called ready but moves nothing gets no more time by that.
+        const auto left = deadline.left();
+        const std::int64_t count =
+            note(Platform::receiveWithin(m_descriptor, buffer, size, std::min(left, END_CHECK_PERIOD)));
+        if (count > 0 || left == left.zero())
+            return count;
+    }
+    return 0;
+}
+
+bool Connection::waitForRoom(const Deadline& deadline) const
+{
+    while (!m_isEnded && !m_isLost) {
+        // A socket that is called ready but takes nothing gets no more time by that.
         const auto left = deadline.left();
         if (left == left.zero())
             return false;
-        if (Platform::waitForSocket(m_descriptor, readiness, std::min(left, END_CHECK_PERIOD)))
-            return true;
-    }
-    return false;
-}
-
-// Called when nothing is ahead. Returns true when something is.
-bool Connection::fillAhead(const Deadline& deadline)
-{
-    m_aheadBegin = 0;
-    m_aheadEnd = 0;
-    while (wait(SocketReadiness::READABLE, deadline)) {
-        m_aheadEnd = static_cast<std::size_t>(
-            note(Platform::receiveAtOnce(m_descriptor, m_ahead.data(), m_ahead.size())));
-        if (m_aheadEnd > 0)
+        if (Platform::waitForSocket(m_descriptor, Platform::SocketReadiness::WRITABLE,
+                                    std::min(left, END_CHECK_PERIOD)))
             return true;
     }
     return false;

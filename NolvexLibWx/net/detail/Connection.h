@@ -52,9 +52,9 @@ public:
     std::int64_t send(const void* buffer, std::int64_t count, Deadline deadline);
 
 private:
-    bool wait(Platform::SocketReadiness readiness, const Deadline& deadline) const;
+    std::int64_t receiveSome(void* buffer, std::size_t size, const Deadline& deadline);
+    bool waitForRoom(const Deadline& deadline) const;
     std::int64_t note(std::int64_t count);
-    bool fillAhead(const Deadline& deadline);
     std::size_t takeAhead(void* buffer, std::size_t count);
 
     std::size_t ahead() const { return m_aheadEnd - m_aheadBegin; }

@@ -28,10 +28,20 @@ int pollTime(Clock::time_point end)
     return static_cast<int>(std::clamp(left, std::chrono::milliseconds(0), MAX_POLL_TIME).count());
 }
 
-void setOption(int descriptor, int level, int option)
+template<class Value>
+void setOption(int descriptor, int level, int option, const Value& value)
 {
-    const int on = 1;
-    setsockopt(descriptor, level, option, &on, sizeof on);
+    setsockopt(descriptor, level, option, &value, sizeof value);
+}
+
+void keepFromChildren(int descriptor)
+{
+    fcntl(descriptor, F_SETFD, fcntl(descriptor, F_GETFD) | FD_CLOEXEC);
+}
+
+void keepFromWaiting(int descriptor)
+{
+    fcntl(descriptor, F_SETFL, fcntl(descriptor, F_GETFL) | O_NONBLOCK);
 }
 
 } // namespace
@@ -56,14 +66,16 @@ std::int64_t Platform::peekSocket(int descriptor, void* buffer, std::size_t size
     return recv(descriptor, buffer, size, MSG_PEEK | MSG_DONTWAIT);
 }
 
-std::int64_t Platform::receiveAtOnce(int descriptor, void* buffer, std::size_t size)
+std::int64_t Platform::receiveWithin(int descriptor, void* buffer, std::size_t size,
+                                     std::chrono::milliseconds time)
 {
-    ssize_t count = 0;
-    do
-        count = recv(descriptor, buffer, size, MSG_DONTWAIT);
-    while (count < 0 && errno == EINTR);
+    // The socket itself waits for MAX_RECEIVE_WAIT, which spares a call of the system for each message.
+    const bool waitsForLess = time < MAX_RECEIVE_WAIT;
+    if (waitsForLess && time.count() > 0)
+        waitForSocket(descriptor, SocketReadiness::READABLE, time);
+    const ssize_t count = recv(descriptor, buffer, size, waitsForLess ? MSG_DONTWAIT : 0);
     if (count < 0)
-        return errno == EAGAIN ? 0 : -1;
+        return errno == EAGAIN || errno == EINTR ? 0 : -1;
     // The peer sends no more.
     return count == 0 ? -1 : count;
 }
@@ -101,26 +113,24 @@ bool Platform::isDescriptorUsable(int descriptor)
     return descriptor >= 0 && descriptor < FD_SETSIZE;
 }
 
-void Platform::prepareSocket(int descriptor)
-{
-    fcntl(descriptor, F_SETFD, fcntl(descriptor, F_GETFD) | FD_CLOEXEC);
-    fcntl(descriptor, F_SETFL, fcntl(descriptor, F_GETFL) | O_NONBLOCK);
-}
-
 void Platform::prepareDatagramSocket(int descriptor)
 {
-    prepareSocket(descriptor);
+    keepFromChildren(descriptor);
+    keepFromWaiting(descriptor);
 }
 
 void Platform::prepareStreamSocket(int descriptor)
 {
-    prepareSocket(descriptor);
-    setOption(descriptor, IPPROTO_TCP, TCP_NODELAY);
+    keepFromChildren(descriptor);
+    setOption(descriptor, IPPROTO_TCP, TCP_NODELAY, 1);
+    const timeval time = {0, std::chrono::microseconds(MAX_RECEIVE_WAIT).count()};
+    setOption(descriptor, SOL_SOCKET, SO_RCVTIMEO, time);
 }
 
 void Platform::prepareListeningSocket(int descriptor)
 {
-    prepareSocket(descriptor);
+    keepFromChildren(descriptor);
+    keepFromWaiting(descriptor);
     listen(descriptor, SOMAXCONN);
 }
 

@@ -37,6 +37,12 @@ bool hasFailed(SOCKET socket)
     return error == WSAECONNRESET || error == WSAECONNABORTED || error == WSAENETRESET;
 }
 
+// wxWidgets has made the socket non-blocking already.
+void keepFromChildren(SOCKET socket)
+{
+    SetHandleInformation(reinterpret_cast<HANDLE>(socket), HANDLE_FLAG_INHERIT, 0);
+}
+
 timeval timevalOf(std::chrono::milliseconds time)
 {
     const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(time);
@@ -66,13 +72,23 @@ std::int64_t Platform::peekSocket(wxSOCKET_T descriptor, void* buffer, std::size
     return count == SOCKET_ERROR && WSAGetLastError() == WSAEMSGSIZE ? length : count;
 }
 
-std::int64_t Platform::receiveAtOnce(wxSOCKET_T descriptor, void* buffer, std::size_t size)
+std::int64_t Platform::receiveWithin(wxSOCKET_T descriptor, void* buffer, std::size_t size,
+                                     std::chrono::milliseconds time)
 {
-    const int count = recv(descriptor, static_cast<char*>(buffer), lengthOf(size), 0);
-    if (count == SOCKET_ERROR)
-        return WSAGetLastError() == WSAEWOULDBLOCK ? 0 : -1;
-    // The peer sends no more.
-    return count == 0 ? -1 : count;
+    const auto receive = [&] { return recv(descriptor, static_cast<char*>(buffer), lengthOf(size), 0); };
+    const auto isEmpty = [](int count) {
+        return count == SOCKET_ERROR && WSAGetLastError() == WSAEWOULDBLOCK;
+    };
+    int count = receive();
+    if (isEmpty(count)) {
+        if (!waitForSocket(descriptor, SocketReadiness::READABLE, time))
+            return 0;
+        count = receive();
+        if (isEmpty(count))
+            return 0;
+    }
+    // Without an error, 0 means that the peer sends no more.
+    return count <= 0 ? -1 : count;
 }
 
 std::int64_t Platform::sendAtOnce(wxSOCKET_T descriptor, const void* buffer, std::size_t size)
@@ -102,15 +118,9 @@ bool Platform::isDescriptorUsable(wxSOCKET_T descriptor)
     return descriptor != INVALID_SOCKET;
 }
 
-void Platform::prepareSocket(wxSOCKET_T descriptor)
-{
-    // wxWidgets has made the socket non-blocking already.
-    SetHandleInformation(reinterpret_cast<HANDLE>(descriptor), HANDLE_FLAG_INHERIT, 0);
-}
-
 void Platform::prepareDatagramSocket(wxSOCKET_T descriptor)
 {
-    prepareSocket(descriptor);
+    keepFromChildren(descriptor);
     BOOL reports = FALSE;
     DWORD count = 0;
     WSAIoctl(descriptor, SIO_UDP_CONNRESET, &reports, sizeof reports, nullptr, 0, &count, nullptr, nullptr);
@@ -118,14 +128,14 @@ void Platform::prepareDatagramSocket(wxSOCKET_T descriptor)
 
 void Platform::prepareStreamSocket(wxSOCKET_T descriptor)
 {
-    prepareSocket(descriptor);
+    keepFromChildren(descriptor);
     const BOOL on = TRUE;
     setsockopt(descriptor, IPPROTO_TCP, TCP_NODELAY, reinterpret_cast<const char*>(&on), sizeof on);
 }
 
 void Platform::prepareListeningSocket(wxSOCKET_T descriptor)
 {
-    prepareSocket(descriptor);
+    keepFromChildren(descriptor);
     listen(descriptor, SOMAXCONN);
 }
 
