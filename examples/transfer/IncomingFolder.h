@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <mutex>
 #include <random>
+#include <string>
 
 /// The folder in which received files are stored. A file gets its name when it is whole. The name that the
 /// sender gives it is only a wish, and no file is overwritten. Any thread may call any function.

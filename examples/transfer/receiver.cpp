@@ -16,6 +16,7 @@
 #include <list>
 #include <system_error>
 #include <thread>
+#include <utility>
 
 using namespace Nolvex;
 using namespace Nolvex::Wx::Legacy;

@@ -13,8 +13,10 @@
 #include <array>
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
+#include <exception>
 #include <filesystem>
-#include <span>
+#include <iterator>
 #include <string>
 #include <system_error>
 #include <vector>
