@@ -16,7 +16,8 @@ using AccessibleMaker = std::unique_ptr<AccessibleControl> (*)(wxWindow& control
 /// constructor, after the window has been created; of several calls the last one counts.
 NOLVEXLIBWX_EXPORT void describeControl(wxWindow& control, AccessibleMaker maker);
 
-/// Describes the control by an account of type `Account`, which is constructed from the control and `ARGUMENTS`.
+/// Describes the control by an account of type `Account`, which is constructed from the control and
+/// `ARGUMENTS`.
 template<class Account, auto... ARGUMENTS, class Control>
 void describeAs(Control& control)
 {
@@ -25,8 +26,8 @@ void describeAs(Control& control)
     });
 }
 
-/// Compares the control's account with the last announced state and announces the differences. A control calls
-/// this function after each change of something that its account tells.
+/// Compares the control's account with the last announced state and announces the differences. A control
+/// calls this function after each change of something that its account tells.
 NOLVEXLIBWX_EXPORT void updateAccessible(wxWindow& control);
 
 /// Names a window that shows no label, such as a picture, a text area or a button with nothing but an icon.

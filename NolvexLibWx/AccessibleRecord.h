@@ -11,7 +11,8 @@
 namespace Nolvex::Wx {
 
 /// What both systems need to know of one described or named window: its account, the texts that were set from
-/// outside, and the state that was announced last. Each system keeps the record together with the native window.
+/// outside, and the state that was announced last. Each system keeps the record together with the native
+/// window.
 class AccessibleRecord : private Noncopyable
 {
 public:
@@ -49,8 +50,8 @@ public:
     /// Whether the account may be asked to change something.
     bool isOperable() const;
 
-    /// Each of the three runs the account's function later, as assistive technology waits for the answer to its
-    /// request, and what follows may open a dialog. They return whether the request makes sense now.
+    /// Each of the three runs the account's function later, as assistive technology waits for the answer to
+    /// its request, and what follows may open a dialog. They return whether the request makes sense now.
     bool doAction(int index);
     bool setValue(double value);
     bool selectItem(int index);

@@ -22,8 +22,8 @@ enum class MoveFocusDirection : int
 NOLVEXLIBWX_EXPORT void moveFocus(wxWindow* window, MoveFocusDirection direction);
 
 /// Gives the focus to the nearest control that is not in the group of `window`. The group is `window` and the
-/// siblings between which moveFocus goes round. The controls of the whole top-level window are searched in the
-/// order of the Tab key, and the search goes round at the end. The focus stays where it is if there is no
+/// siblings between which moveFocus goes round. The controls of the whole top-level window are searched in
+/// the order of the Tab key, and the search goes round at the end. The focus stays where it is if there is no
 /// other control.
 NOLVEXLIBWX_EXPORT void leaveFocusGroup(wxWindow* window, MoveFocusDirection direction);
 

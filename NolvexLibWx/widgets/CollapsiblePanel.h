@@ -14,8 +14,8 @@ class StaticLine;
 class StaticText;
 
 /// A window that folds away under a header: a triangle, a label and, if wanted, one more window at the right.
-/// A click on the triangle or the label folds and unfolds, and so do Space and Enter while the triangle has the
-/// focus.
+/// A click on the triangle or the label folds and unfolds, and so do Space and Enter while the triangle has
+/// the focus.
 ///
 /// Each change calls the callback and then sends a wxCollapsiblePaneEvent, which goes up to the parents;
 /// either may destroy the panel. A new panel is collapsed, and has sent that event already.

@@ -40,8 +40,8 @@ public:
     /// Keeps the ENABLED flag in step; does not repaint.
     bool Enable(bool enable = true) override;
 
-    /// A border is no Tab stop, but the windows in it may be. A control that derives from this class and takes
-    /// the focus returns true.
+    /// A border is no Tab stop, but the windows in it may be. A control that derives from this class and
+    /// takes the focus returns true.
     bool AcceptsFocusFromKeyboard() const override;
 
     Flags<OskaBorderState> borderState() const { return m_state; }

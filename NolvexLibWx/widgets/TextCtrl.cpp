@@ -175,8 +175,8 @@ void Wx::TextCtrl::onKeyDown(wxKeyEvent& event)
         Copy();
 }
 
-// The accelerators of a menu come before the key-down on Windows, and so does the Tab of wxWidgets, which knows
-// nothing of Focusable. This event comes before both.
+// The accelerators of a menu come before the key-down on Windows, and so does the Tab of wxWidgets, which
+// knows nothing of Focusable. This event comes before both.
 void Wx::TextCtrl::onCharHook(wxKeyEvent& event)
 {
     if (event.GetKeyCode() == WXK_TAB && !event.ControlDown() && !event.AltDown())

@@ -17,8 +17,8 @@ using Wx::MoveFocusDirection;
 
 namespace {
 
-/// A native button, a group of two check boxes with a native text field between them, a panel with a text area,
-/// and another native button, in this order.
+/// A native button, a group of two check boxes with a native text field between them, a panel with a text
+/// area, and another native button, in this order.
 struct LeaveFocusGroupTest : Tests::FrameFixture
 {
     wxButton* before = new wxButton(panel, wxID_ANY, "before");

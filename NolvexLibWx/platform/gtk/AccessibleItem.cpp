@@ -136,9 +136,9 @@ void initItemAction(gpointer interface, gpointer /*data*/) noexcept
 GType itemType()
 {
     static const GType TYPE = [] {
-        const GType type = g_type_register_static_simple(ATK_TYPE_OBJECT, "NolvexItemAccessible",
-                                                         sizeof(ItemClass), initItemClass, sizeof(Item),
-                                                         nullptr, {});
+        const GType type =
+            g_type_register_static_simple(ATK_TYPE_OBJECT, "NolvexItemAccessible", sizeof(ItemClass),
+                                          initItemClass, sizeof(Item), nullptr, {});
         const GInterfaceInfo action{initItemAction, nullptr, nullptr};
         g_type_add_interface_static(type, ATK_TYPE_ACTION, &action);
         return type;

@@ -13,8 +13,8 @@ class AccessibleRecord;
 
 namespace Nolvex::Platform {
 
-/// The accessible objects of the items of one control, such as the choices of a combo box. An item has no widget
-/// of its own; the control's account answers for it.
+/// The accessible objects of the items of one control, such as the choices of a combo box. An item has no
+/// widget of its own; the control's account answers for it.
 class AccessibleItems
 {
 public:

@@ -53,8 +53,7 @@ LONG toldStates(const Wx::AccessibleControl& account)
     LONG states = 0;
     // Windows calls a button that stays down pressed, and everything else checked.
     if (told.has(AccessibleState::CHECKED))
-        states |=
-            account.role() == AccessibleRole::CHECK_BOX ? STATE_SYSTEM_CHECKED : STATE_SYSTEM_PRESSED;
+        states |= account.role() == AccessibleRole::CHECK_BOX ? STATE_SYSTEM_CHECKED : STATE_SYSTEM_PRESSED;
     if (told.has(AccessibleState::MIXED))
         states |= STATE_SYSTEM_MIXED;
     if (told.has(AccessibleState::EXPANDABLE))

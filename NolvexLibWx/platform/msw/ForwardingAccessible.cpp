@@ -6,8 +6,8 @@ namespace Nolvex {
 Platform::ForwardingAccessible::ForwardingAccessible(HWND window)
 {
     void* object = nullptr;
-    if (SUCCEEDED(
-            ::CreateStdAccessibleObject(window, static_cast<LONG>(OBJID_CLIENT), IID_IAccessible, &object)))
+    if (SUCCEEDED(::CreateStdAccessibleObject(window, static_cast<LONG>(OBJID_CLIENT), __uuidof(IAccessible),
+                                              &object)))
         m_system = static_cast<IAccessible*>(object);
 }
 
@@ -22,7 +22,7 @@ STDMETHODIMP Platform::ForwardingAccessible::QueryInterface(REFIID iid, void** o
     if (object == nullptr)
         return E_POINTER;
     const bool isKnown = ::IsEqualIID(iid, IID_IUnknown) || ::IsEqualIID(iid, IID_IDispatch) ||
-                         ::IsEqualIID(iid, IID_IAccessible);
+                         ::IsEqualIID(iid, __uuidof(IAccessible));
     *object = isKnown ? static_cast<IAccessible*>(this) : nullptr;
     if (!isKnown)
         return E_NOINTERFACE;
@@ -55,14 +55,19 @@ STDMETHODIMP Platform::ForwardingAccessible::GetTypeInfo(UINT index, LCID locale
     return m_system != nullptr ? m_system->GetTypeInfo(index, locale, info) : E_NOTIMPL;
 }
 
-STDMETHODIMP Platform::ForwardingAccessible::GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID locale, DISPID* ids)
+STDMETHODIMP Platform::ForwardingAccessible::GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count,
+                                                           LCID locale, DISPID* ids)
 {
     return m_system != nullptr ? m_system->GetIDsOfNames(iid, names, count, locale, ids) : E_NOTIMPL;
 }
 
-STDMETHODIMP Platform::ForwardingAccessible::Invoke(DISPID member, REFIID iid, LCID locale, WORD flags, DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception, UINT* badArgument)
+STDMETHODIMP Platform::ForwardingAccessible::Invoke(DISPID member, REFIID iid, LCID locale, WORD flags,
+                                                    DISPPARAMS* parameters, VARIANT* result,
+                                                    EXCEPINFO* exception, UINT* badArgument)
 {
-    return m_system != nullptr ? m_system->Invoke(member, iid, locale, flags, parameters, result, exception, badArgument) : E_NOTIMPL;
+    return m_system != nullptr
+               ? m_system->Invoke(member, iid, locale, flags, parameters, result, exception, badArgument)
+               : E_NOTIMPL;
 }
 
 STDMETHODIMP Platform::ForwardingAccessible::get_accParent(IDispatch** parent)
@@ -140,7 +145,8 @@ STDMETHODIMP Platform::ForwardingAccessible::accSelect(LONG flags, VARIANT id)
     return m_system != nullptr ? m_system->accSelect(flags, id) : E_NOTIMPL;
 }
 
-STDMETHODIMP Platform::ForwardingAccessible::accLocation(LONG* left, LONG* top, LONG* width, LONG* height, VARIANT id)
+STDMETHODIMP Platform::ForwardingAccessible::accLocation(LONG* left, LONG* top, LONG* width, LONG* height,
+                                                         VARIANT id)
 {
     return m_system != nullptr ? m_system->accLocation(left, top, width, height, id) : E_NOTIMPL;
 }

@@ -26,8 +26,8 @@ struct CollapsiblePanelKeyTest : Tests::FrameFixture
     CollapsiblePanelKeyTest()
     {
         auto* sizer = new wxBoxSizer(wxVERTICAL);
-        for (wxWindow* child : {static_cast<wxWindow*>(above), static_cast<wxWindow*>(folding),
-                                static_cast<wxWindow*>(below)})
+        for (wxWindow* child :
+             {static_cast<wxWindow*>(above), static_cast<wxWindow*>(folding), static_cast<wxWindow*>(below)})
             sizer->Add(child);
         panel->SetSizer(sizer);
         panel->Layout();
