@@ -8,7 +8,8 @@
 
 namespace Nolvex::Wx {
 
-/// The account of a window that does nothing and has its label for its name, if it has a label.
+/// The account of a window that does nothing. Labels and groups have their label for a name, others have
+/// none.
 class LabelledAccount : public AccessibleControl
 {
 public:
@@ -16,7 +17,12 @@ public:
 
     AccessibleRole role() const override { return m_role; }
 
-    String name() const override { return toString(m_window.GetLabel()); }
+    String name() const override
+    {
+        // On Windows a panel that shows no text has its wxWidgets name for its label.
+        const bool showsLabel = m_role == AccessibleRole::LABEL || m_role == AccessibleRole::GROUP;
+        return showsLabel ? toString(m_window.GetLabel()) : String();
+    }
 
 private:
     const wxWindow& m_window;

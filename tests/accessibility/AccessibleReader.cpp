@@ -110,19 +110,19 @@ public:
 
     void select() const { m_accessible->accSelect(SELFLAG_TAKESELECTION, m_id); }
 
-    // Only items that have no object of their own are counted.
+    // Child windows, which have objects of their own, are not counted.
     LONG itemCount() const
     {
         LONG count = 0;
         if (m_accessible == nullptr || m_accessible->get_accChildCount(&count) != S_OK || count == 0)
             return 0;
-        IDispatch* child = nullptr;
         VARIANT first = m_id;
         first.lVal = 1;
-        const bool isObject = m_accessible->get_accChild(first, &child) == S_OK && child != nullptr;
-        if (child != nullptr)
-            child->Release();
-        return isObject ? 0 : count;
+        VARIANT role;
+        VariantInit(&role);
+        const bool isItem = m_accessible->get_accRole(first, &role) == S_OK && role.vt == VT_I4 &&
+                            role.lVal == ROLE_SYSTEM_LISTITEM;
+        return isItem ? count : 0;
     }
 
     std::string described() const

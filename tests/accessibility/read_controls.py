@@ -82,9 +82,9 @@ class Reader:
             self.listener.register(kind)
 
     def take(self, event):
-        major, kind = event.type.split(":")[1:3]
+        _, major, *minor = [word for word in event.type.split(":") if word]
         value = f" {event.detail1}" if major == "state-changed" else ""
-        kind = kind or major
+        kind = minor[0] if minor else major
         self.reports.append(f'{kind}{value} {event.source.get_role_name()} "{event.source.get_name()}"')
 
     def find_window(self):

@@ -216,8 +216,9 @@ void getValueAndText(AtkValue* accessible, gdouble* value, gchar** text) noexcep
 
 AtkRange* getRange(AtkValue* accessible) noexcept
 {
-    const Optional<Wx::AccessibleValue> told = valueOf(accessible);
-    return told ? atk_range_new(told->minimum, told->maximum, nullptr) : nullptr;
+    // The bridge to the bus looks into the range without asking whether there is one.
+    const Wx::AccessibleValue told = valueOf(accessible).value_or(Wx::AccessibleValue{});
+    return atk_range_new(told.minimum, told.maximum, nullptr);
 }
 
 gdouble getIncrement(AtkValue* accessible) noexcept

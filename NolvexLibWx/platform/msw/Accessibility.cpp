@@ -16,6 +16,7 @@ namespace {
 using Changes = Wx::AccessibleRecord::Changes;
 
 constexpr UINT_PTR SUBCLASS_ID = 1;
+constexpr const wchar_t* DESCRIBED = L"NolvexDescribed";
 
 // Belongs to the native window and goes with it.
 struct Described
@@ -43,7 +44,7 @@ LRESULT answerGetObject(HWND window, WPARAM wParam, Described& described)
         described.accessible = new Platform::DescribedAccessible(window, described.record);
         described.record.markAnnounced();
     }
-    return ::LresultFromObject(IID_IAccessible, wParam, described.accessible);
+    return ::LresultFromObject(__uuidof(IAccessible), wParam, described.accessible);
 }
 
 LRESULT CALLBACK onMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR /*id*/,
@@ -54,20 +55,17 @@ LRESULT CALLBACK onMessage(HWND window, UINT message, WPARAM wParam, LPARAM lPar
     if (message == WM_GETOBJECT && static_cast<LONG>(lParam) == static_cast<LONG>(OBJID_CLIENT) &&
         described->record.control() != nullptr)
         return answerGetObject(window, wParam, *described);
-    const LRESULT result = ::DefSubclassProc(window, message, wParam, lParam);
     if (message == WM_NCDESTROY) {
+        ::RemovePropW(window, DESCRIBED);
         ::RemoveWindowSubclass(window, onMessage, SUBCLASS_ID);
         delete described;
     }
-    return result;
+    return ::DefSubclassProc(window, message, wParam, lParam);
 }
 
 Described* findDescribed(HWND window)
 {
-    DWORD_PTR data = 0;
-    return ::GetWindowSubclass(window, onMessage, SUBCLASS_ID, &data) != FALSE
-               ? reinterpret_cast<Described*>(data)
-               : nullptr;
+    return static_cast<Described*>(::GetPropW(window, DESCRIBED));
 }
 
 Described* describe(wxWindow& control)
@@ -77,7 +75,10 @@ Described* describe(wxWindow& control)
         return described;
     auto described = std::make_unique<Described>(control);
     const auto data = reinterpret_cast<DWORD_PTR>(described.get());
-    return ::SetWindowSubclass(window, onMessage, SUBCLASS_ID, data) != FALSE ? described.release() : nullptr;
+    if (::SetWindowSubclass(window, onMessage, SUBCLASS_ID, data) == FALSE)
+        return nullptr;
+    ::SetPropW(window, DESCRIBED, described.get());
+    return described.release();
 }
 
 void announce(HWND window, const Changes& changes, Optional<int> selected)

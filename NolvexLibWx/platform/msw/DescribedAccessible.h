@@ -6,6 +6,9 @@
 
 namespace Nolvex::Platform {
 
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
+
 /// The accessible object of a described or named window. The items of the control are its simple children,
 /// numbered from 1. The system's own object answers the questions that the record does not answer.
 class DescribedAccessible : public ForwardingAccessible
@@ -39,5 +42,7 @@ private:
 
     Wx::AccessibleRecord* m_record;
 };
+
+#pragma GCC diagnostic pop
 
 } // namespace Nolvex::Platform

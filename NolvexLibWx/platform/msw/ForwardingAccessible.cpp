@@ -6,8 +6,8 @@ namespace Nolvex {
 Platform::ForwardingAccessible::ForwardingAccessible(HWND window)
 {
     void* object = nullptr;
-    if (SUCCEEDED(
-            ::CreateStdAccessibleObject(window, static_cast<LONG>(OBJID_CLIENT), IID_IAccessible, &object)))
+    if (SUCCEEDED(::CreateStdAccessibleObject(window, static_cast<LONG>(OBJID_CLIENT), __uuidof(IAccessible),
+                                              &object)))
         m_system = static_cast<IAccessible*>(object);
 }
 
@@ -22,7 +22,7 @@ STDMETHODIMP Platform::ForwardingAccessible::QueryInterface(REFIID iid, void** o
     if (object == nullptr)
         return E_POINTER;
     const bool isKnown = ::IsEqualIID(iid, IID_IUnknown) || ::IsEqualIID(iid, IID_IDispatch) ||
-                         ::IsEqualIID(iid, IID_IAccessible);
+                         ::IsEqualIID(iid, __uuidof(IAccessible));
     *object = isKnown ? static_cast<IAccessible*>(this) : nullptr;
     if (!isKnown)
         return E_NOINTERFACE;

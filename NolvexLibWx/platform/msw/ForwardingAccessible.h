@@ -7,6 +7,10 @@
 
 namespace Nolvex::Platform {
 
+// COM interfaces have no virtual destructor: objects are deleted by their own Release.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
+
 /// An accessible object that answers every question as the system's own object for the window does. Derived
 /// classes answer the questions that the system cannot answer.
 class ForwardingAccessible : public IAccessible
@@ -56,5 +60,7 @@ private:
     ULONG m_references = 1;
     IAccessible* m_system = nullptr; // null if the system could not make it
 };
+
+#pragma GCC diagnostic pop
 
 } // namespace Nolvex::Platform
