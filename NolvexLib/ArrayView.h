@@ -5,7 +5,7 @@
 
 namespace Nolvex {
 
-/// A view of consecutive elements owned by somebody else, who must outlive it.
+/// A view of consecutive elements, which the caller owns and which must outlive the view.
 template<class T>
 using ArrayView = std::span<T>;
 

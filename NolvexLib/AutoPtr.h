@@ -5,7 +5,7 @@
 
 namespace Nolvex {
 
-/// The only owner of an object.
+/// Owns an object, alone.
 template<class T, class Deleter = std::default_delete<T>>
 using AutoPtr = std::unique_ptr<T, Deleter>;
 

@@ -11,16 +11,16 @@
 
 namespace Nolvex {
 
-/// A picture in memory: width x height pixels, row-major, index = width * y + x, row 0 first (the top row).
-/// Empty when width or height is below 1.
+/// A picture in memory: width x height pixels, row by row from the top. The pixel (x, y) has the index
+/// width * y + x. The picture is empty if its width or height is below 1.
 template<class PixelType>
 class BitmapImpl
 {
 public:
     BitmapImpl() = default;
 
-    /// All pixels get `value`. Sizes below 1 give an empty bitmap that remembers them. std::bad_alloc (or
-    /// std::length_error) when the memory cannot be had.
+    /// Sets all pixels to `value`. A size below 1 gives an empty bitmap, which keeps that size. Throws
+    /// std::bad_alloc or std::length_error if there is not enough memory.
     BitmapImpl(std::int32_t width, std::int32_t height, const PixelType& value = {})
         : m_width(width), m_height(height), m_pixels(pixelCount(width, height), value)
     {}
@@ -28,7 +28,7 @@ public:
     BitmapImpl(const BitmapImpl&) = default;
     BitmapImpl& operator=(const BitmapImpl&) = default;
 
-    /// What is moved from is empty, its size too.
+    /// Leaves `other` empty, with a size of 0 x 0.
     BitmapImpl(BitmapImpl&& other) noexcept
         : m_width(std::exchange(other.m_width, 0)),
           m_height(std::exchange(other.m_height, 0)),
@@ -56,19 +56,20 @@ public:
 
     bool isEmpty() const { return m_pixels.empty(); }
 
-    /// Number of pixels; 64 bits wide, since width * height may exceed 32.
+    /// The number of pixels. It may exceed 32 bits.
     std::size_t count() const { return m_pixels.size(); }
 
     PixelType* data() { return m_pixels.data(); }
 
     const PixelType* data() const { return m_pixels.data(); }
 
-    /// First pixel of row y, 0 <= y < height (not checked: rows are what loops run over).
+    /// The first pixel of row y. The caller makes sure that 0 <= y < height: loops over rows are not to pay
+    /// for a check.
     PixelType* row(std::int32_t y) { return data() + rowOffset(y); }
 
     const PixelType* row(std::int32_t y) const { return data() + rowOffset(y); }
 
-    /// The pixel at x, y; a place outside is a programming error (StopException).
+    /// The pixel at (x, y). A position outside the bitmap is a programming error (StopException).
     PixelType& at(std::int32_t x, std::int32_t y) { return m_pixels[checkedOffset(x, y)]; }
 
     const PixelType& at(std::int32_t x, std::int32_t y) const { return m_pixels[checkedOffset(x, y)]; }

@@ -29,7 +29,8 @@ public:
         return point.x >= min.x && point.x <= max.x && point.y >= min.y && point.y <= max.y;
     }
 
-    /// Squared Euclidean distance from the point to the nearest point of the box; 0 inside.
+    /// The squared Euclidean distance from the point to the nearest point of the box, which is 0 for a point
+    /// inside.
     constexpr float squaredDistance(const Vector2& point) const
     {
         const float dx = std::max({min.x - point.x, 0.0f, point.x - max.x});

@@ -7,8 +7,8 @@
 
 namespace Nolvex {
 
-/// An integer rectangle, half open: `min` is its top-left pixel, `max` lies one past its bottom-right pixel.
-/// Turned inside out (`max` not beyond `min`) it is empty.
+/// An integer rectangle, half open: `min` is its top-left pixel, and `max` lies one past its bottom-right
+/// pixel. A rectangle whose `max` does not lie beyond `min` is empty.
 struct Bucket
 {
     Pixel min;
@@ -29,7 +29,7 @@ struct Bucket
         return point.x >= min.x && point.x < max.x && point.y >= min.y && point.y < max.y;
     }
 
-    /// The pixels common to both; empty when they do not meet.
+    /// The pixels that both rectangles contain; empty if there are none.
     constexpr Bucket intersected(const Bucket& other) const
     {
         return {{std::max(min.x, other.min.x), std::max(min.y, other.min.y)},

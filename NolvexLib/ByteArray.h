@@ -10,8 +10,8 @@
 
 namespace Nolvex {
 
-/// A growable array of bytes that leaves those it is grown by uninitialised: memory that is never written
-/// costs nothing but addresses, and what is written is written once.
+/// A growable array of bytes. Growing leaves the new bytes uninitialised: memory that is never written costs
+/// only addresses, and memory that is written is not set to zero before.
 class ByteArray
 {
 public:
@@ -19,7 +19,7 @@ public:
 
     ByteArray() = default;
 
-    /// `size` uninitialised bytes.
+    /// Holds `size` uninitialised bytes.
     explicit ByteArray(std::size_t size) { resize(size); }
 
     ByteArray(std::initializer_list<std::byte> bytes) { append(bytes.begin(), bytes.size()); }
@@ -70,7 +70,7 @@ public:
 
     std::byte operator[](std::size_t index) const { return m_data[index]; }
 
-    /// std::bad_alloc, with nothing changed, when there is no memory.
+    /// Throws std::bad_alloc and changes nothing if there is not enough memory.
     void reserve(std::size_t capacity)
     {
         if (capacity <= m_capacity)
@@ -82,7 +82,7 @@ public:
         m_capacity = capacity;
     }
 
-    /// To exactly that size; new bytes are uninitialised. std::bad_alloc as in `reserve`.
+    /// Changes the size; new bytes are uninitialised. Throws std::bad_alloc as `reserve` does.
     void resize(std::size_t size)
     {
         reserve(size);
@@ -100,7 +100,7 @@ public:
 
     void push_back(std::byte byte) { append(&byte, 1); }
 
-    /// Keeps the memory.
+    /// Empties the array and keeps its memory for later.
     void clear() { m_size = 0; }
 
     void swap(ByteArray& other) noexcept
@@ -111,7 +111,7 @@ public:
     }
 
 private:
-    std::byte* m_data = nullptr; // from std::realloc, which need not copy what is large
+    std::byte* m_data = nullptr; // from std::realloc, which moves large blocks without copying them
     std::size_t m_size = 0;
     std::size_t m_capacity = 0;
 };

@@ -7,11 +7,12 @@
 
 namespace Nolvex {
 
-/// How an image file keeps a colour component: 8 or 16 bits of the displayed value, or half or single floats
-/// of the linear one. A bit each, so that Flags<ColorFormat> is a set of them.
+/// How an image file stores a colour component: as 8 or 16 bits of the displayed value, or as a half or
+/// single float of the linear value. Each format has a bit of its own, so that Flags<ColorFormat> is a set of
+/// formats.
 enum class ColorFormat
 {
-    /// Whatever the file format's own default is.
+    /// The default of the file format.
     DEFAULT = 0,
     UINT8_RGB = 1,
     UINT16_RGB = 2,
@@ -19,11 +20,11 @@ enum class ColorFormat
     FLT32_LINEAR_RGB = 8,
 };
 
-/// The name it is saved under: that of the enumerator. A value that is none is a programming error
-/// (StopException).
+/// The name under which settings store the format, which is the name of its enumerator. An invalid value is a
+/// programming error (StopException).
 NOLVEXLIB_EXPORT String getColorFormatName(ColorFormat format);
 
-/// The other way round; none for a text that is no such name.
+/// The format of that name. Returns nullopt if there is no such format.
 NOLVEXLIB_EXPORT Optional<ColorFormat> getColorFormatFromName(StringView name);
 
 } // namespace Nolvex

@@ -16,7 +16,7 @@ namespace {
 
 struct SinkState
 {
-    // Recursive: a sink may log, and may set another sink.
+    // Recursive, because a sink may log or set another sink.
     RecursiveMutex mutex;
     DebugLogger::Sink sink;
     bool isBusy = false;
@@ -24,7 +24,7 @@ struct SinkState
 
 SinkState& sinkState()
 {
-    // Never destroyed: what is destroyed at the end of the program may still log.
+    // Never destroyed: objects that are destroyed at the end of the program may still log.
     static SinkState& state = *new SinkState;
     return state;
 }
@@ -37,20 +37,20 @@ const char* orEmpty(const char* text)
 void writeToStandardError(const DebugLogger::Record& record)
 {
     const std::string line = DebugLogger::format(record) + '\n';
-    // One call for all of it, so that no other thread's line gets in between.
+    // A single call writes the whole line, so that lines of other threads cannot get into it.
     std::fwrite(line.data(), 1, line.size(), stderr);
 }
 
-// Marks the state as busy as long as a sink runs.
+// Marks the state as busy while a sink runs.
 class BusyMark : private Noncopyable
 {
 public:
-    explicit BusyMark(bool& isBusy) : m_isBusy(isBusy) { m_isBusy = true; }
+    explicit BusyMark(bool& isBusy) : m_busy(isBusy) { m_busy = true; }
 
-    ~BusyMark() { m_isBusy = false; }
+    ~BusyMark() { m_busy = false; }
 
 private:
-    bool& m_isBusy;
+    bool& m_busy;
 };
 
 void log(const DebugLogger::Record& record)
@@ -83,7 +83,7 @@ DebugLogger::~DebugLogger()
     try {
         log(m_record);
     } catch (const std::exception&) {
-        // A message lost is no reason to fail.
+        // A lost message is no reason to fail.
     }
 }
 
@@ -144,7 +144,7 @@ void DebugLogger::setSink(Sink sink)
         const std::lock_guard lock(state.mutex);
         std::swap(state.sink, sink);
     }
-    // The former sink, now in `sink`, is destroyed without the lock.
+    // The former sink is now in `sink` and is destroyed after the lock has been released.
 }
 
 std::string DebugLogger::format(const Record& record)

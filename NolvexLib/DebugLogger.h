@@ -21,14 +21,14 @@ concept LoggedInteger = std::integral<T> && !std::same_as<T, bool>;
 
 } // namespace Detail
 
-/// One message for developers, put together with `<<` and logged when the logger goes:
+/// One message for developers. It is put together with `<<` and logged by the destructor:
 /// `DebugLogger(__FILE__, __LINE__, __func__, "net") << "sent " << count << " bytes";`
 ///
-/// Usable from every thread. Numbers look the same in every locale.
+/// Every thread may log. Numbers look the same in every locale.
 class NOLVEXLIB_EXPORT DebugLogger : private Noncopyable
 {
 public:
-    /// What a sink gets. All texts are UTF-8 and live as long as the call.
+    /// The message as a sink receives it. All texts are UTF-8 and live until the sink returns.
     struct Record
     {
         const char* sourceFile;
@@ -40,13 +40,13 @@ public:
 
     using Sink = Function<void(const Record&)>;
 
-    /// The texts must outlive the logger; null is an empty one.
+    /// The texts must outlive the logger. Null stands for an empty text.
     DebugLogger(const char* sourceFile, int line, const char* function, const char* category) noexcept;
 
-    /// Logs. A sink's std::exception is swallowed, a StopException ends the program.
+    /// Logs the message. An std::exception of the sink is swallowed; a StopException ends the program.
     ~DebugLogger();
 
-    /// Takes UTF-8.
+    /// Appends UTF-8 text.
     DebugLogger& operator<<(std::string_view text);
     DebugLogger& operator<<(const char* text);
     DebugLogger& operator<<(StringView text);
@@ -55,7 +55,7 @@ public:
     DebugLogger& operator<<(float value);
     DebugLogger& operator<<(double value);
 
-    // Templates for what everything from pointers to characters would turn into unasked.
+    // Templates, because pointers and characters would convert to bool and to integers unasked.
     template<std::same_as<bool> Bool>
     DebugLogger& operator<<(Bool value)
     {
@@ -71,13 +71,14 @@ public:
             return appendUnsigned(value);
     }
 
-    /// Who gets the records from now on; an empty one stands for the standard error stream, which gets one
-    /// line a record. Sinks are called one at a time, and after this returns the former one no more. What a
-    /// sink logs itself goes to the standard error stream.
+    /// Sets the function that receives all further records. Without a sink each record is written to the
+    /// standard error stream as one line. Only one thread at a time calls a sink, and the former sink is not
+    /// called any more after this function has returned. Messages that a sink itself logs go to the standard
+    /// error stream.
     static void setSink(Sink sink);
 
-    /// The line of a record, without line break: "<file>:<line>: <category>: <function>: <message>". Control
-    /// characters in the message, line breaks too, become spaces.
+    /// Returns "<file>:<line>: <category>: <function>: <message>" without a line break. Control characters in
+    /// the message, line breaks included, become spaces.
     static std::string format(const Record& record);
 
 private:

@@ -5,9 +5,9 @@
 
 namespace Nolvex {
 
-/// What stands between the whole and the fraction where the user reads and types numbers; L'.' when that
-/// cannot be known. On Linux that of the process's locale as it is set when asked (not during a change of the
-/// locale), on Windows that of the user's settings.
+/// The character between the whole and the fraction of the numbers that the user reads and types, or L'.' if
+/// it cannot be found out. On Linux the current locale of the process decides, on Windows the user's settings
+/// do. No other thread may change the locale during the call.
 NOLVEXLIB_EXPORT wchar_t decimalPointCharacter();
 
 } // namespace Nolvex

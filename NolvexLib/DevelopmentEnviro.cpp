@@ -31,7 +31,8 @@ bool isDevelopmentEnviro()
     Setting setting = currentSetting;
     if (setting == Setting::UNKNOWN) {
         const Setting read = readEnvironment();
-        // On failure `setting` is what another thread has set meanwhile, and that counts.
+        // If this fails, another thread has stored a setting meanwhile. `setting` then holds that setting,
+        // which counts.
         if (currentSetting.compare_exchange_strong(setting, read))
             setting = read;
     }

@@ -5,12 +5,12 @@
 
 namespace Nolvex {
 
-/// True where the program's developers run it: it then says more than its users want to know. Taken from the
-/// environment variable NOLVEX_DEVELOPMENT (set, not empty and not "0"), which is read once, by the first
-/// question. Callable from every thread.
+/// True if the program runs for its developers and is to log more than users want to read. The environment
+/// variable NOLVEX_DEVELOPMENT switches this on, unless it is empty or "0". The variable is read once, by the
+/// first call. Every thread may call this function.
 NOLVEXLIB_EXPORT bool isDevelopmentEnviro();
 
-/// From now on this is the answer, whatever the environment says.
+/// Overrides the environment variable.
 NOLVEXLIB_EXPORT void setDevelopmentEnviro(bool isDevelopment);
 
 } // namespace Nolvex

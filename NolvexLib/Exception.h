@@ -8,12 +8,12 @@
 
 namespace Nolvex {
 
-/// What the core library raises when something outside the program fails: a file, a stream, a format.
-/// Caught at the library's boundary and turned into a return value.
+/// The core library throws this when something outside the program fails, such as a file or a stream. The
+/// library NolvexLibWx catches it at its boundary and turns it into a return value.
 class NOLVEXLIB_EXPORT Exception : public std::exception
 {
 public:
-    /// `message` is UTF-8 text, a full sentence fit for a user.
+    /// `message` is a full sentence for the user, in UTF-8.
     explicit Exception(std::string message);
     ~Exception() override;
 

@@ -6,7 +6,7 @@
 
 namespace Nolvex {
 
-/// Marks an error on its way into an Expected.
+/// Wraps an error, so that an Expected can be made of it.
 template<class Error>
 struct Unexpected
 {
@@ -16,7 +16,7 @@ struct Unexpected
 template<class Error>
 Unexpected(Error) -> Unexpected<Error>;
 
-/// A value, or the error that stands in its place.
+/// A value, or the error because of which there is no value.
 template<class Value, class Error>
 class [[nodiscard]] Expected
 {
@@ -34,14 +34,14 @@ public:
 
     explicit operator bool() const noexcept { return hasValue(); }
 
-    /// The value; std::bad_variant_access when there is none.
+    /// The value. Throws std::bad_variant_access if there is an error instead.
     const Value& value() const& { return std::get<0>(m_content); }
 
     Value& value() & { return std::get<0>(m_content); }
 
     Value&& value() && { return std::get<0>(std::move(m_content)); }
 
-    /// The error; std::bad_variant_access when there is a value.
+    /// The error. Throws std::bad_variant_access if there is a value instead.
     const Error& error() const& { return std::get<1>(m_content); }
 
     const Value& operator*() const& { return value(); }

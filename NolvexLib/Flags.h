@@ -6,7 +6,7 @@
 
 namespace Nolvex {
 
-/// A set of bits named by an enumeration, 32 bits wide.
+/// A set of at most 32 flags, which are the enumerators of an enumeration.
 template<class Enum>
 class Flags
 {
@@ -34,7 +34,7 @@ public:
 
     constexpr bool isEmpty() const { return m_bits == 0; }
 
-    /// True when every bit of `flag` is set.
+    /// True if every bit of `flag` is set.
     constexpr bool has(Enum flag) const
     {
         const auto bits = static_cast<std::uint32_t>(flag);

@@ -5,10 +5,11 @@
 
 namespace Nolvex {
 
-/// By how much texts are larger than designed; 1 until set. Callable from every thread.
+/// The factor by which texts are larger than designed. It is 1 until it is set. Every thread may call this
+/// function.
 NOLVEXLIB_EXPORT float getFontScale();
 
-/// Takes finite values above 0; another one is refused (false) and changes nothing.
+/// Sets the factor, which must be finite and above 0. Returns false and changes nothing otherwise.
 NOLVEXLIB_EXPORT bool setFontScale(float scale);
 
 } // namespace Nolvex

@@ -30,7 +30,7 @@ inline constexpr bool MAY_BE_EMPTY_CALLABLE<Function<Signature>> = true;
 template<class Signature>
 inline constexpr bool MAY_BE_EMPTY_CALLABLE<std::function<Signature>> = true;
 
-/// True for what is callable by its type but has nothing to call.
+/// True for a null pointer and an empty function, which have the type of a callable and nothing to call.
 template<class Callable>
 bool isEmptyCallable(const Callable& callable)
 {
@@ -42,11 +42,11 @@ bool isEmptyCallable(const Callable& callable)
 
 } // namespace Detail
 
-/// A callable whose copies share one target by reference counting; empty until one is given. A null pointer
-/// to a function and an empty function of another kind give an empty one.
+/// A callable whose copies share one target by reference counting. A Function is empty if it is made of
+/// nothing, of a null pointer to a function, or of an empty function of another type.
 ///
 /// A call keeps the target alive until it returns, so the target may replace or destroy the Function that
-/// holds it. Calling an empty one is a programming error (StopException): ask first.
+/// holds the target. Calling an empty Function is a programming error (StopException): test it first.
 template<class Result, class... Arguments>
 class Function<Result(Arguments...)>
 {
@@ -57,11 +57,12 @@ public:
     {}
 
     template<Detail::CallableFor<Function, Result, Arguments...> Callable>
-    // NOLINTNEXTLINE(google-explicit-constructor,bugprone-forwarding-reference-overload): any callable is one
+    // NOLINTNEXTLINE(google-explicit-constructor,bugprone-forwarding-reference-overload): any callable will
+    // do
     Function(Callable&& callable)
     {
         using Held = std::decay_t<Callable>;
-        // Taken as what is held: a function decays to its pointer.
+        // The test takes the decayed type: a function has become a pointer.
         if (!Detail::isEmptyCallable<Held>(callable))
             m_target = std::make_shared<Holder<Held>>(std::forward<Callable>(callable));
     }

@@ -40,7 +40,7 @@ GuiDisabler::~GuiDisabler() = default;
 
 void GuiDisabler::setHook(Hook hook)
 {
-    // The former hook, then in `hook`, is destroyed without the lock.
+    // After the swap `hook` holds the former hook, which is destroyed after the lock has been released.
     const std::lock_guard lock(hookState().mutex);
     std::swap(hookState().hook, hook);
 }

@@ -9,20 +9,23 @@
 
 namespace Nolvex {
 
-/// As long as it lives, the application's windows take no input. They may be nested.
+/// Keeps the application's windows from taking input as long as the object lives. Several objects may live at
+/// once.
 ///
-/// How that is done only the toolkit knows, which installs a hook; without one nothing is disabled.
+/// The core library knows no windows. NolvexLibWx installs the hook that disables them; without a hook
+/// nothing is disabled.
 class NOLVEXLIB_EXPORT GuiDisabler : private Noncopyable
 {
 public:
-    /// Disables the windows and returns what enables them again when it is destroyed; null is allowed.
+    /// Disables the windows. Returns an object whose destruction enables them again, or null.
     using Hook = Function<std::shared_ptr<void>()>;
 
-    /// Calls the hook. What that raises leaves the constructor, and nothing is disabled.
+    /// Calls the hook. An exception of the hook leaves the constructor, and nothing is disabled.
     GuiDisabler();
     ~GuiDisabler();
 
-    /// For the disablers to come; an empty one takes the hook away. Callable from every thread.
+    /// Sets the hook of all further disablers; an empty one removes the hook. Every thread may call this
+    /// function.
     static void setHook(Hook hook);
 
 private:

@@ -25,7 +25,7 @@ enum class ImageFormat
     TX,
 };
 
-/// How many there are; their values run from 0 on.
+/// The number of formats. Their values start at 0.
 inline constexpr int IMAGE_FORMAT_COUNT = 17;
 
 } // namespace Nolvex

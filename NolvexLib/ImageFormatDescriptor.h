@@ -11,23 +11,23 @@
 
 namespace Nolvex {
 
-/// What there is to know about an image file format. The table is in docs/image-formats.md.
+/// The properties of an image file format. docs/image-formats.md has the table of all formats.
 struct ImageFormatDescriptor
 {
     ImageFormat format;
-    /// For users.
+    /// The name that users read.
     String name;
     String mimeType;
-    /// Lower case, without dot; the first one is for files to be written.
+    /// In lower case and without a dot. New files get the first one.
     Array<String> extensions;
     Flags<ImageFormatFlag> flags;
-    /// Those a file can hold, never empty.
+    /// The colour formats that a file can hold. There is at least one.
     Flags<ColorFormat> allowedColorFormats;
-    /// One of the allowed ones.
+    /// One of the allowed formats.
     ColorFormat defaultColorFormat;
 };
 
-/// Lives as long as the program. A value that is no format is a programming error (StopException).
+/// The descriptor lives as long as the program. An invalid value is a programming error (StopException).
 NOLVEXLIB_EXPORT const ImageFormatDescriptor& getImageFormatDescriptor(ImageFormat format);
 
 } // namespace Nolvex

@@ -3,12 +3,12 @@
 
 namespace Nolvex {
 
-/// What an image file format is capable of.
+/// The capabilities of an image file format.
 enum class ImageFormatFlag
 {
-    /// Saving leaves a choice: there is more than one colour format, or alpha may be kept or left out.
+    /// The user has a choice when saving: there are several colour formats, or alpha may be kept or left out.
     HAS_SAVE_OPTIONS = 2,
-    /// Each pixel may have an alpha of its own, in more steps than two.
+    /// Each pixel has an alpha of its own, with more than two steps.
     SUPPORTS_ALPHA = 0x100,
 };
 

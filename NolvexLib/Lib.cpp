@@ -17,7 +17,7 @@ namespace {
 
 struct Event
 {
-    // Counts all events ever posted.
+    // The number of events posted before this one.
     std::uint64_t number;
     Function<void()> function;
 };
@@ -33,12 +33,12 @@ struct LibState
 
 LibState& libState()
 {
-    // Never destroyed: threads that outlive main may still post.
+    // Never destroyed: threads that outlive main() may still post.
     static LibState& state = *new LibState;
     return state;
 }
 
-// The number of the next event, none when the library is not started.
+// Returns the number of the next event, or nullopt if the library is not started.
 Optional<std::uint64_t> nextNumber()
 {
     const std::lock_guard lock(libState().mutex);
@@ -47,7 +47,8 @@ Optional<std::uint64_t> nextNumber()
     return libState().posted;
 }
 
-// Appends the event and returns what wakes the loop; none when the library is not started.
+// Appends the event and returns the function that wakes the event loop, or nullopt if the library is not
+// started.
 Optional<Function<void()>> enqueue(Function<void()> function)
 {
     LibState& state = libState();
@@ -59,7 +60,7 @@ Optional<Function<void()>> enqueue(Function<void()> function)
     return state.wakeUp;
 }
 
-// The first event waiting, an empty one when none was posted before `end`.
+// Takes the first waiting event. Returns an empty function if no event has a number below `end`.
 Function<void()> takeEventBefore(std::uint64_t end)
 {
     LibState& state = libState();
@@ -87,7 +88,7 @@ void Lib::shutdown()
     const std::lock_guard lock(state.mutex);
     if (state.startups == 0 || --state.startups > 0)
         return;
-    // Destroyed after the lock, which is gone first.
+    // `dropped` is declared before the lock, so the events are destroyed after the lock has been released.
     dropped.swap(state.events);
 }
 
@@ -114,7 +115,7 @@ void Lib::processPendingEvents()
 
 void Lib::setWakeUp(Function<void()> wakeUp)
 {
-    // The former one, then in `wakeUp`, is destroyed without the lock.
+    // After the swap `wakeUp` holds the former function, which is destroyed after the lock has been released.
     const std::lock_guard lock(libState().mutex);
     std::swap(libState().wakeUp, wakeUp);
 }

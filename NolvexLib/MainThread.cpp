@@ -8,7 +8,7 @@ namespace Nolvex {
 
 namespace {
 
-// The default is the id of no thread.
+// The default value is the id of no thread.
 std::atomic<std::thread::id> mainThread;
 
 } // namespace

@@ -5,13 +5,14 @@
 
 namespace Nolvex {
 
-/// True on the thread that called the first Lib::startup; before that, on none. Another thread becomes the
-/// main one only by starting the library anew after its last shutdown. Callable from every thread.
+/// True on the thread that called the first Lib::startup. Before that call there is no main thread. Another
+/// thread becomes the main thread by starting the library again after the last shutdown. Every thread may
+/// call this function.
 NOLVEXLIB_EXPORT bool isMainThread();
 
 namespace Detail {
 
-/// Makes the calling thread the main one.
+/// Makes the calling thread the main thread.
 void claimMainThread();
 
 } // namespace Detail

@@ -5,7 +5,7 @@
 
 namespace Nolvex {
 
-/// Lets one thread at a time in; locking it twice from one thread is a programming error.
+/// One thread at a time can lock it. Locking it twice from one thread is a programming error.
 using Mutex = std::mutex;
 
 } // namespace Nolvex

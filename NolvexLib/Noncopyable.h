@@ -3,7 +3,7 @@
 
 namespace Nolvex {
 
-/// Base of classes that are neither copied nor moved.
+/// Base of classes whose objects can be neither copied nor moved.
 class Noncopyable
 {
 public:

@@ -3,7 +3,7 @@
 
 namespace Nolvex {
 
-/// Base of classes that are moved but not copied.
+/// Base of classes whose objects can be moved but not copied.
 class NoncopyableMovable
 {
 public:

@@ -6,7 +6,7 @@
 
 namespace Nolvex {
 
-/// Root of the classes whose instances have an identity: polymorphic, neither copied nor moved.
+/// Root of the polymorphic classes whose objects can be neither copied nor moved.
 class NOLVEXLIB_EXPORT Object : public Polymorphic, private Noncopyable
 {
 public:

@@ -5,7 +5,7 @@
 
 namespace Nolvex {
 
-/// A value or none.
+/// A value, or no value.
 template<class T>
 using Optional = std::optional<T>;
 

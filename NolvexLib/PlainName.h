@@ -22,7 +22,7 @@ constexpr bool isPlainNameUnit(Unit unit)
            unit == Unit('-');
 }
 
-/// isPlainNameUnit from a table, for the scanning of long texts.
+/// The answers of isPlainNameUnit for all bytes, since a table is faster.
 inline constexpr std::array<bool, 256> PLAIN_NAME_BYTES = [] {
     std::array<bool, 256> table{};
     for (std::size_t i = 0; i < table.size(); ++i)
@@ -35,7 +35,7 @@ inline bool isPlainNameByte(char byte)
     return PLAIN_NAME_BYTES[static_cast<unsigned char>(byte)];
 }
 
-/// True for [A-Za-z_][A-Za-z0-9_.-]*, the names both text forms use: the same units in every encoding.
+/// True for [A-Za-z_][A-Za-z0-9_.-]*, which are the names of both text forms.
 template<class Unit>
 constexpr bool isPlainName(std::basic_string_view<Unit> name)
 {

@@ -5,7 +5,7 @@
 
 namespace Nolvex {
 
-/// Root of the classes that are used, and destroyed, through a base.
+/// Root of the classes whose objects are used, and destroyed, through a base class.
 class NOLVEXLIB_EXPORT Polymorphic
 {
 public:
@@ -13,7 +13,7 @@ public:
     virtual ~Polymorphic();
 
 protected:
-    // Copied only as part of a derived object: a copy through the base would slice.
+    // Protected, because copying an object through its base class would copy only a part of it.
     Polymorphic(const Polymorphic&) = default;
     Polymorphic(Polymorphic&&) = default;
     Polymorphic& operator=(const Polymorphic&) = default;

@@ -5,7 +5,7 @@
 
 namespace Nolvex {
 
-/// Lets one thread at a time in, as often as that thread likes.
+/// One thread at a time can lock it, any number of times.
 using RecursiveMutex = std::recursive_mutex;
 
 } // namespace Nolvex

@@ -3,8 +3,8 @@
 
 namespace Nolvex {
 
-/// A colour with alpha, four floats. 0 to 1 is displayable; values beyond are kept and clamped only where
-/// they become bytes.
+/// A colour with alpha. Values of 0 to 1 can be displayed; other values are kept, and clamped where they
+/// become bytes.
 struct Rgb
 {
     float r = 0.0f;

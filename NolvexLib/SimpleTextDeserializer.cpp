@@ -34,7 +34,7 @@ Optional<std::int64_t> SimpleTextDeserializer::parseSigned(StringView text, std:
         const auto value = parseUnsigned(text, static_cast<std::uint64_t>(max));
         return value ? Optional<std::int64_t>(static_cast<std::int64_t>(*value)) : std::nullopt;
     }
-    // Unsigned numbers wrap around, so that the least value has a magnitude too.
+    // In unsigned arithmetic even the lowest value has a magnitude.
     const auto magnitude = parseUnsigned(text.getSubstr(1), 0 - static_cast<std::uint64_t>(min));
     return magnitude ? Optional<std::int64_t>(static_cast<std::int64_t>(0 - *magnitude)) : std::nullopt;
 }
@@ -57,7 +57,7 @@ Optional<std::uint64_t> SimpleTextDeserializer::parseUnsigned(StringView text, s
 
 StringView SimpleTextDeserializer::takeValue(const StringView* name)
 {
-    if (m_hasFailed || m_next == String::NPOS)
+    if (m_failed || m_next == String::NPOS)
         return {};
     const StringView rest = StringView(m_text).getSubstr(m_next);
     const std::size_t length = m_separator.isEmpty() ? String::NPOS : rest.find(m_separator);

@@ -15,19 +15,19 @@
 
 namespace Nolvex {
 
-/// Takes the integers one after the other from a text SimpleTextSerializer wrote.
+/// Reads integers one after the other from a text that SimpleTextSerializer has written.
 ///
-/// A value is ASCII digits, for signed types with one '-' allowed before them, and nothing else: no '+', no
-/// space, no other base. Zeros may lead. What lies outside the type's range is no value. After the first
-/// value that cannot be read all further reads fail as well.
+/// A value consists of ASCII digits. A value of a signed type may have a '-' before them. Leading zeros are
+/// accepted; a '+', spaces and other bases are not, nor are values outside the range of the type. After the
+/// first value that cannot be read all further reads fail as well.
 class NOLVEXLIB_EXPORT SimpleTextDeserializer
 {
 public:
-    /// Separator and names as the text was written with. An empty separator separates nothing: the whole text
-    /// is one value.
+    /// `separator` and `names` must be those with which the text was written. With an empty separator the
+    /// whole text is one value.
     SimpleTextDeserializer(String text, String separator, VariableNames names);
 
-    /// The value a text holds alone, without name and separator.
+    /// The value of a text that holds one value, without name and separator.
     template<TextInteger T>
     [[nodiscard]] static Optional<T> parse(StringView text)
     {
@@ -39,23 +39,24 @@ public:
             return narrowed<T>(parseUnsigned(text, MAX));
     }
 
-    /// The next value, whatever its name is; none when there is none left or it is malformed.
+    /// Reads the next value, whatever its name is. Returns nullopt if no value is left or the value is
+    /// malformed.
     template<TextInteger T>
     [[nodiscard]] Optional<T> read()
     {
         return checked(parse<T>(takeValue(nullptr)));
     }
 
-    /// The next value; with VariableNames::WRITE its name must be this one. With OMIT the name is not looked
-    /// at.
+    /// Reads the next value. With VariableNames::WRITE the value must have this name; with OMIT `name` is
+    /// ignored.
     template<TextInteger T>
     [[nodiscard]] Optional<T> read(StringView name)
     {
         return checked(parse<T>(takeValue(&name)));
     }
 
-    /// True when every value was read and none failed.
-    [[nodiscard]] bool isAtEnd() const { return m_next == String::NPOS && !m_hasFailed; }
+    /// True if every value has been read and no read has failed.
+    [[nodiscard]] bool isAtEnd() const { return m_next == String::NPOS && !m_failed; }
 
 private:
     static Optional<std::int64_t> parseSigned(StringView text, std::int64_t min, std::int64_t max);
@@ -70,18 +71,19 @@ private:
     template<class T>
     Optional<T> checked(Optional<T> value)
     {
-        m_hasFailed = m_hasFailed || !value;
+        m_failed = m_failed || !value;
         return value;
     }
 
-    // Moves on; empty, which is no value, when there is none left or the name is wrong or missing.
+    // Takes the next part and returns its value. The result is empty, which is no valid value, if no part is
+    // left or if the name is wrong or missing.
     StringView takeValue(const StringView* name);
 
     String m_text;
     String m_separator;
     VariableNames m_names;
-    std::size_t m_next; // position of the value to read next, NPOS after the last
-    bool m_hasFailed = false;
+    std::size_t m_next; // position of the next part, or NPOS after the last one
+    bool m_failed = false;
 };
 
 } // namespace Nolvex

@@ -17,7 +17,7 @@ namespace {
 template<class T>
 String toDecimal(T value)
 {
-    // digits10 is one less than the most digits a value can have; one more for the sign.
+    // The longest value has one digit more than digits10 and a sign.
     std::array<char, std::numeric_limits<T>::digits10 + 2> digits{};
     char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
     return String::fromAscii(std::string_view(digits.data(), static_cast<std::size_t>(end - digits.data())));

@@ -12,17 +12,17 @@
 
 namespace Nolvex {
 
-/// Writes integers into a text, joined by a separator: "5,-3", or with names "x=5,y=-3". Decimal, without
-/// leading zeros, the same in every locale. SimpleTextDeserializer reads it.
+/// Writes integers as a text with a separator between them: "5,-3", or with names "x=5,y=-3". The numbers are
+/// decimal, without leading zeros, and the same in every locale. SimpleTextDeserializer reads the text.
 ///
-/// A separator that is empty, or made of what values and names are made of, still joins, but nobody can tell
-/// the values apart afterwards: such a text should hold one.
+/// If the separator is empty or consists of characters that names and numbers have too, the values cannot be
+/// told apart again. Such a text should hold a single value.
 class NOLVEXLIB_EXPORT SimpleTextSerializer
 {
 public:
     SimpleTextSerializer(String separator, VariableNames names);
 
-    /// The text of one value alone.
+    /// The text of a single value, without name and separator.
     template<TextInteger T>
     static String format(T value)
     {
@@ -31,8 +31,8 @@ public:
         return serializer.m_text;
     }
 
-    /// With VariableNames::WRITE the name must be [A-Za-z_][A-Za-z0-9_.-]*, otherwise it is a programming
-    /// error (StopException); with OMIT it is not looked at.
+    /// With VariableNames::WRITE a name that does not match [A-Za-z_][A-Za-z0-9_.-]* is a programming error
+    /// (StopException). With OMIT the name is ignored.
     template<TextInteger T>
     void write(StringView name, T value)
     {
@@ -42,7 +42,7 @@ public:
             writeUnsigned(name, value);
     }
 
-    /// For VariableNames::OMIT; with WRITE the missing name is a programming error (StopException).
+    /// Writes a value without a name, which is a programming error (StopException) with VariableNames::WRITE.
     template<TextInteger T>
     void write(T value)
     {

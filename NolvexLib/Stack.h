@@ -5,8 +5,8 @@
 
 namespace Nolvex {
 
-/// A growable array used from its end (`push_back`, `back`, `pop_back`); also read in order, first pushed
-/// first.
+/// A growable array that is used at its end (`push_back`, `back`, `pop_back`). Iteration begins with the
+/// element that was pushed first.
 template<class T>
 using Stack = std::vector<T>;
 

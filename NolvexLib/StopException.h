@@ -7,9 +7,9 @@
 
 namespace Nolvex {
 
-/// A programming error: an invalid enumeration value, a missing hook. It is meant to end the program, so it
-/// shares no base with Exception, nor with std::exception: no handler for failing streams or files can
-/// swallow it by accident.
+/// Reports a programming error, such as an invalid enumeration value or a missing hook, and is meant to end
+/// the program. It shares no base class with Exception and std::exception, so that no handler for failing
+/// files or streams swallows it by accident.
 class NOLVEXLIB_EXPORT StopException
 {
 public:
@@ -20,7 +20,8 @@ public:
     StopException& operator=(const StopException&);
     StopException& operator=(StopException&&) noexcept;
 
-    /// The source file's name without folder root and extension, for example "widgets/StaticLine".
+    /// The name of the source file below the folder of its library, without the extension:
+    /// "widgets/StaticLine".
     const std::string& file() const noexcept { return m_file; }
 
     int line() const noexcept { return m_line; }
@@ -32,7 +33,7 @@ private:
 
 namespace Detail {
 
-/// Raises a StopException that names the place of the programming error. Does not return.
+/// Throws a StopException that names the place of the programming error.
 [[noreturn]] NOLVEXLIB_EXPORT void throwStopException(const char* file, int line);
 
 } // namespace Detail

@@ -36,7 +36,7 @@ bool isLowSurrogate(char32_t unit)
     return unit >= 0xDC00 && unit <= 0xDFFF;
 }
 
-// Takes one character off the front of the wide text; what is none becomes the replacement character.
+// Removes the first character from the text and returns it. A unit that is no character gives U+FFFD.
 char32_t takeCharacter(std::wstring_view& text)
 {
     const auto unit = static_cast<char32_t>(text.front());

@@ -14,7 +14,7 @@
 
 namespace Nolvex {
 
-/// Wide text, owned. Positions and lengths count code units: UTF-32 on Linux, UTF-16 on Windows.
+/// A wide text. Positions and lengths count code units, which are UTF-32 on Linux and UTF-16 on Windows.
 class String
 {
 public:
@@ -32,13 +32,13 @@ public:
 
     explicit String(StringView text) : m_text(text.view()) {}
 
-    /// From UTF-8; every broken sequence becomes one U+FFFD, so that any bytes give a text.
+    /// Converts UTF-8. Every broken sequence becomes one U+FFFD, so that any bytes give a text.
     NOLVEXLIB_EXPORT static String fromUtf8(std::string_view bytes);
 
-    /// From UTF-8; none when a sequence is broken, overlong, a surrogate or beyond U+10FFFF.
+    /// Converts UTF-8. Returns nullopt if a sequence is broken, overlong, a surrogate or beyond U+10FFFF.
     NOLVEXLIB_EXPORT static Optional<String> fromValidUtf8(std::string_view bytes);
 
-    /// From ASCII; every byte of 128 and above becomes U+FFFD.
+    /// Converts ASCII. Every byte of 128 and above becomes U+FFFD.
     NOLVEXLIB_EXPORT static String fromAscii(std::string_view bytes);
 
     operator StringView() const // NOLINT(google-explicit-constructor): a string is seen through its view
@@ -76,23 +76,23 @@ public:
     /// The unit at `index`, which must be below `length()`.
     wchar_t operator[](std::size_t index) const { return m_text[index]; }
 
-    /// Position of the first occurrence at or after `from`, NPOS when there is none.
+    /// The position of the first occurrence at or after `from`, or NPOS if there is none.
     std::size_t find(StringView text, std::size_t from = 0) const
     {
         return StringView(*this).find(text, from);
     }
 
-    /// At most `length` units from `start` on; what lies beyond the end is left out, without error.
+    /// At most `length` units from `start` on. Positions beyond the end of the text are no error.
     String getSubstr(std::size_t start, std::size_t length = NPOS) const
     {
         return String(StringView(*this).getSubstr(start, length));
     }
 
-    /// Replaces every occurrence of `what`, from the left, not looking into what was put in. An empty `what`
-    /// matches nothing.
+    /// Replaces every occurrence of `what`, from left to right. The replacements are not searched again. An
+    /// empty `what` does not occur.
     NOLVEXLIB_EXPORT String& replaceAll(StringView what, StringView with);
 
-    /// The parts between the separators, see StringView::explode.
+    /// Splits the text as StringView::explode does.
     NOLVEXLIB_EXPORT Array<String> explode(StringView separator, ExplodeMode mode) const;
 
     /// The text as UTF-8. A unit that is no character (a lone surrogate) becomes U+FFFD.

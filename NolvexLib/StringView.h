@@ -11,19 +11,21 @@
 
 namespace Nolvex {
 
-/// What `explode` does with parts of no length.
+/// What `explode` does with empty parts.
 enum class ExplodeMode
 {
     SKIP_EMPTY = 0,
     KEEP_EMPTY = 1,
 };
 
-/// A view of wide text owned by somebody else, who must outlive it. Need not end in a zero.
+/// A view of a wide text, which the caller owns and which must outlive the view. The text need not end in a
+/// zero.
 ///
-/// Positions and lengths count code units: UTF-32 on Linux, UTF-16 on Windows.
+/// Positions and lengths count code units, which are UTF-32 on Linux and UTF-16 on Windows.
 class StringView
 {
-    // The functions are exported one by one: were the class, MinGW would look for NPOS in the DLL.
+    // The functions are exported one by one. If the class were exported, MinGW would look for NPOS in the
+    // DLL.
 public:
     static constexpr std::size_t NPOS = std::wstring_view::npos;
 
@@ -61,20 +63,20 @@ public:
     /// The unit at `index`, which must be below `length()`.
     constexpr wchar_t operator[](std::size_t index) const { return m_text[index]; }
 
-    /// Position of the first occurrence at or after `from`, NPOS when there is none.
+    /// The position of the first occurrence at or after `from`, or NPOS if there is none.
     constexpr std::size_t find(StringView text, std::size_t from = 0) const
     {
         return m_text.find(text.m_text, from);
     }
 
-    /// At most `length` units from `start` on; what lies beyond the end is left out, without error.
+    /// At most `length` units from `start` on. Positions beyond the end of the text are no error.
     constexpr StringView getSubstr(std::size_t start, std::size_t length = NPOS) const
     {
         return start >= m_text.size() ? StringView() : StringView(m_text.substr(start, length));
     }
 
-    /// The parts between the separators. An empty separator does not split. An empty text has one empty part,
-    /// which SKIP_EMPTY leaves out like any other.
+    /// Returns the parts between the separators. An empty separator does not split. An empty text has one
+    /// empty part, which SKIP_EMPTY leaves out as it does others.
     NOLVEXLIB_EXPORT Array<StringView> explode(StringView separator, ExplodeMode mode) const;
 
     /// The text as UTF-8. A unit that is no character (a lone surrogate) becomes U+FFFD.

@@ -13,7 +13,7 @@ constexpr std::int64_t NANOSECONDS_PER_SECOND = 1'000'000'000;
 
 Timer::Timer(std::int64_t ticksPerSecond, Flags<TimerFlag> flags)
     : m_ticksPerSecond(ticksPerSecond),
-      m_isPaused(flags.has(TimerFlag::PAUSED)),
+      m_paused(flags.has(TimerFlag::PAUSED)),
       m_start(std::chrono::steady_clock::now())
 {
     if (ticksPerSecond < 1 || ticksPerSecond > NANOSECONDS_PER_SECOND)
@@ -22,24 +22,24 @@ Timer::Timer(std::int64_t ticksPerSecond, Flags<TimerFlag> flags)
 
 std::int64_t Timer::getElapsed() const
 {
-    return m_isPaused ? 0 : toTicks(std::chrono::steady_clock::now() - m_start, m_ticksPerSecond);
+    return m_paused ? 0 : toTicks(std::chrono::steady_clock::now() - m_start, m_ticksPerSecond);
 }
 
 void Timer::start()
 {
-    if (m_isPaused)
+    if (m_paused)
         restart();
 }
 
 void Timer::restart()
 {
-    m_isPaused = false;
+    m_paused = false;
     m_start = std::chrono::steady_clock::now();
 }
 
 std::int64_t Timer::toTicks(std::chrono::nanoseconds span, std::int64_t ticksPerSecond)
 {
-    // Seconds and the rest apart: nanoseconds times ticks would not fit in 64 bits.
+    // Seconds and the rest are converted separately: nanoseconds times ticks would not fit into 64 bits.
     const std::int64_t seconds = span.count() / NANOSECONDS_PER_SECOND;
     const std::int64_t rest = span.count() % NANOSECONDS_PER_SECOND;
     return seconds * ticksPerSecond + rest * ticksPerSecond / NANOSECONDS_PER_SECOND;

@@ -10,32 +10,33 @@
 
 namespace Nolvex {
 
-/// A stopwatch that no change of the computer's clock disturbs. It runs from its construction on.
+/// A stopwatch. Changes of the computer's clock do not affect it.
 class NOLVEXLIB_EXPORT Timer
 {
 public:
-    /// A tick in less than a nanosecond, or in none, is a programming error (StopException).
+    /// Starts at once unless `flags` has TimerFlag::PAUSED. A tick must last a nanosecond or longer:
+    /// `ticksPerSecond` outside 1 to 1,000,000,000 is a programming error (StopException).
     explicit Timer(std::int64_t ticksPerSecond = 1000, Flags<TimerFlag> flags = {});
 
     std::int64_t ticksPerSecond() const { return m_ticksPerSecond; }
 
-    bool isPaused() const { return m_isPaused; }
+    bool isPaused() const { return m_paused; }
 
-    /// Whole ticks since it began to run, 0 while it is paused.
+    /// The whole ticks since the timer began to run, or 0 while it is paused.
     std::int64_t getElapsed() const;
 
-    /// Lets a paused timer run; nothing happens to a running one.
+    /// Starts a paused timer. Does nothing to a running timer.
     void start();
 
-    /// Runs from 0 on, paused or not.
+    /// Starts the timer again from 0, even if it was paused.
     void restart();
 
-    /// Whole ticks in a span of time, for spans of up to 290 years and 1 to 1,000,000,000 ticks a second.
+    /// The whole ticks in a span of time of up to 290 years, for 1 to 1,000,000,000 ticks a second.
     static std::int64_t toTicks(std::chrono::nanoseconds span, std::int64_t ticksPerSecond);
 
 private:
     std::int64_t m_ticksPerSecond;
-    bool m_isPaused;
+    bool m_paused;
     std::chrono::steady_clock::time_point m_start;
 };
 

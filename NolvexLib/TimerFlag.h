@@ -6,7 +6,7 @@ namespace Nolvex {
 /// How a Timer begins.
 enum class TimerFlag
 {
-    /// It stands at 0 until it is started.
+    /// The timer stands at 0 until it is started.
     PAUSED = 1,
 };
 

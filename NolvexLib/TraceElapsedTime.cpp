@@ -14,14 +14,14 @@ TraceElapsedTime::TraceElapsedTime(Timer timer, const char* sourceFile, int line
 
 TraceElapsedTime::~TraceElapsedTime()
 {
-    // Measured first: asking and logging are no part of what is measured.
+    // The time is taken first, so that it does not include the logging.
     const std::int64_t elapsed = m_timer.getElapsed();
     try {
         if (isDevelopmentEnviro())
             DebugLogger(m_sourceFile, m_line, m_function, "trace")
                 << m_function << ": " << elapsed << " ticks of 1/" << m_timer.ticksPerSecond() << " s";
     } catch (const std::exception&) {
-        // A measurement lost is no reason to fail.
+        // A lost measurement is no reason to fail.
     }
 }
 

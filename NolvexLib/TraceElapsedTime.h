@@ -7,8 +7,8 @@
 
 namespace Nolvex::Detail {
 
-/// Logs how long the scope it lives in took, in ticks of the timer it is given, through DebugLogger in the
-/// category "trace". Only developers see it: see isDevelopmentEnviro, which is asked at the scope's end.
+/// Logs at the end of its scope how long the scope took, in ticks of the given timer. The message goes to
+/// DebugLogger in the category "trace", and only if isDevelopmentEnviro() is true at that time.
 class NOLVEXLIB_EXPORT TraceElapsedTime : private Noncopyable
 {
 public:

@@ -3,7 +3,7 @@
 
 namespace Nolvex {
 
-/// Whether a simple text names its values: `name=value`, or `value` alone.
+/// Whether a simple text has names for its values: `name=value`, or `value` alone.
 enum class VariableNames
 {
     WRITE = 0,

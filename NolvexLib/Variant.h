@@ -18,7 +18,8 @@ concept OneOf = (std::same_as<std::remove_cvref_t<T>, Types> || ...);
 
 } // namespace Detail
 
-/// One of several alternatives, or empty. The index of the empty state is the number of alternatives.
+/// Holds one of several alternatives, or is empty. The index of an empty variant is the number of
+/// alternatives.
 template<class... Alternatives>
 class Variant
 {
@@ -35,7 +36,8 @@ public:
     Variant() : m_content(std::in_place_index<EMPTY_INDEX>) {}
 
     template<Detail::OneOf<Alternatives...> T>
-    // NOLINTNEXTLINE(google-explicit-constructor,bugprone-forwarding-reference-overload): it is one of itself
+    // NOLINTNEXTLINE(google-explicit-constructor,bugprone-forwarding-reference-overload): as std::variant
+    // does
     Variant(T&& value) : m_content(std::in_place_type<std::remove_cvref_t<T>>, std::forward<T>(value))
     {}
 
@@ -43,7 +45,7 @@ public:
 
         requires(std::equality_comparable<Alternatives>&&...)
     {
-        // Not left to the content alone: there are two ways to be empty.
+        // Comparing the contents would not do: a variant is also empty after an exception.
         return a.isEmpty() ? b.isEmpty() : a.m_content == b.m_content;
     }
 
@@ -63,15 +65,15 @@ public:
         return m_content.template emplace<T>(std::forward<Arguments>(arguments)...);
     }
 
-    /// Makes the alternative of that index, default-constructed, the content; EMPTY_INDEX empties.
-    /// An index beyond is a programming error (StopException) and changes nothing.
+    /// Replaces the content by a default-constructed alternative of that index, or by nothing for
+    /// EMPTY_INDEX. A larger index is a programming error (StopException) and changes nothing.
     void emplaceIndex(std::size_t index)
     {
         if (!emplaceIndexFrom<0>(index))
             Detail::throwStopException("Variant", __LINE__);
     }
 
-    /// The alternative, or null when another one (or none) is held.
+    /// The alternative, or null if the variant holds another alternative or is empty.
     template<class T>
     T* tryGet() noexcept
     {
@@ -84,7 +86,7 @@ public:
         return std::get_if<T>(&m_content);
     }
 
-    /// The alternative; std::bad_variant_access when another one (or none) is held.
+    /// The alternative. Throws std::bad_variant_access if the variant holds another alternative or is empty.
     template<class T>
     T& get()
     {

@@ -3,8 +3,8 @@
 
 namespace Nolvex {
 
-/// A native window, passed by value and owned by nobody here: an HWND on Windows, a GtkWidget* on GTK; null
-/// for none.
+/// Refers to a native window without owning it: an HWND on Windows, a GtkWidget* on GTK, or null for no
+/// window.
 struct WindowHandle
 {
     void* native = nullptr;

@@ -134,16 +134,15 @@ std::string_view takeSetting(pugi::xml_attribute& attribute, std::string_view na
     return std::exchange(attribute, attribute.next_attribute()).value();
 }
 
-// pugixml reads the declaration as an element, which must be all that the text holds.
+// pugixml reads the declaration as an element, which cannot end before the only > of the text.
 void checkDeclaration(std::string_view text)
 {
     pugi::xml_document document;
     const bool isParsed = document.load_buffer(
         text.data(), text.size(), pugi::parse_declaration | pugi::parse_fragment, pugi::encoding_utf8);
-    const pugi::xml_node declaration = document.first_child();
-    if (!isParsed || declaration.first_child() || declaration.next_sibling())
+    if (!isParsed)
         throw Flaw{BAD_DECLARATION, 0};
-    pugi::xml_attribute attribute = declaration.first_attribute();
+    pugi::xml_attribute attribute = document.first_child().first_attribute();
     if (takeSetting(attribute, "version", {}) != "1.0")
         throw Flaw{"The declaration must give the version 1.0", 0};
     if (!isUtf8EncodingName(takeSetting(attribute, "encoding", "utf-8")))
@@ -159,12 +158,11 @@ std::size_t takeDeclaration(std::string_view text)
     constexpr std::string_view START = "<?xml";
     if (!text.starts_with(START) || text.size() == START.size() || !isWhite(text[START.size()]))
         return 0;
-    constexpr std::string_view END = "?>";
-    const std::size_t end = text.find(END);
-    if (end == std::string_view::npos)
-        throw Flaw{BAD_DECLARATION, text.size()};
-    checkDeclaration(text.substr(0, end + END.size()));
-    return end + END.size();
+    const std::size_t end = text.find('>');
+    if (end == std::string_view::npos || text[end - 1] != '?')
+        throw Flaw{BAD_DECLARATION, std::min(end, text.size())};
+    checkDeclaration(text.substr(0, end + 1));
+    return end + 1;
 }
 
 // Has pugixml parse one text and checks the nodes, in the order of the text, for what pugixml accepts and the

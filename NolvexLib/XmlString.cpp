@@ -14,7 +14,7 @@
 
 namespace Nolvex {
 
-// The root element and, below it, elements of which each has elements, one text that is not empty, or
+// The document has one root element. Each element below it has elements, one text that is not empty, or
 // nothing.
 struct XmlString::Content
 {
@@ -39,7 +39,7 @@ private:
     std::string& m_target;
 };
 
-// pugixml reports exhausted memory by nodes that are none.
+// pugixml returns null nodes if there is not enough memory.
 pugi::xml_node existing(pugi::xml_node node)
 {
     if (!node)
@@ -54,16 +54,16 @@ std::string keyBytes(StringView key)
     return key.toUtf8();
 }
 
-bool isUncarriable(wchar_t unit)
+bool isForbiddenUnit(wchar_t unit)
 {
     const bool isControl = unit < 0x20 && unit != L'\t' && unit != L'\n' && unit != L'\r';
     return isControl || unit == wchar_t(0xFFFE) || unit == wchar_t(0xFFFF);
 }
 
-std::string carriableBytes(const String& value)
+std::string bytesInForm(const String& value)
 {
     std::wstring text = value.wstr();
-    std::replace_if(text.begin(), text.end(), isUncarriable, wchar_t(0xFFFD));
+    std::replace_if(text.begin(), text.end(), isForbiddenUnit, wchar_t(0xFFFD));
     return StringView(text).toUtf8();
 }
 
@@ -73,8 +73,8 @@ bool hasText(pugi::xml_node element)
     return *element.child_value() != '\0';
 }
 
-// How many levels of elements lie below; no more than Detail::MAX_XML_LEVELS, so that recursion is no
-// risk.
+// The number of levels of elements below the element. It is at most Detail::MAX_XML_LEVELS, so recursion is
+// no risk.
 int levelsBelow(pugi::xml_node element)
 {
     if (!element.first_child() || hasText(element))
@@ -85,7 +85,7 @@ int levelsBelow(pugi::xml_node element)
     return deepest + 1;
 }
 
-// Ends at the child that was the last one before: target and source may be the same element.
+// Ends at `last`, which was the last child before the call: target and source may be the same element.
 void appendCopies(pugi::xml_node target, pugi::xml_node first, pugi::xml_node last)
 {
     for (pugi::xml_node child = first; child; child = child.next_sibling()) {
@@ -107,7 +107,7 @@ bool areEqual(pugi::xml_node a, pugi::xml_node b)
     return std::equal(left.begin(), left.end(), right.begin(), right.end(), areEqualElements);
 }
 
-// Where the UTF-8 form of the text stops being the text: its first unit that is no character.
+// The position in `bytes`, the UTF-8 form of the text, of the first unit of the text that is no character.
 Optional<std::size_t> findLostByte(StringView text, std::string_view bytes)
 {
     if (bytes.find("\xEF\xBF\xBD") == std::string_view::npos)
@@ -141,7 +141,7 @@ Expected<XmlString, String> XmlString::fromString(StringView xml)
 {
     const std::string bytes = xml.toUtf8();
     if (const auto lost = findLostByte(xml, bytes))
-        return Unexpected{Detail::describeXmlFlaw("The text holds what is no character", *lost)};
+        return Unexpected{Detail::describeXmlFlaw("The text holds a unit that is no character", *lost)};
     return fromUtf8(bytes);
 }
 
@@ -164,7 +164,7 @@ bool XmlString::operator==(const XmlString& other) const
 void XmlString::addChild(StringView key, const String& value)
 {
     const std::string name = keyBytes(key);
-    const std::string text = carriableBytes(value);
+    const std::string text = bytesInForm(value);
     pugi::xml_node child = existing(content().root().append_child(name.c_str()));
     if (!text.empty() && !existing(child.append_child(pugi::node_pcdata)).set_value(text.c_str()))
         throw std::bad_alloc();

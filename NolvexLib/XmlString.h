@@ -14,12 +14,13 @@
 
 namespace Nolvex {
 
-/// An ordered tree of named children, each with a text or with children of its own, and its one XML form.
+/// An ordered tree of named children, each of which has a text or children of its own. A tree has exactly one
+/// XML form.
 ///
-/// A child with neither text nor children is both: its text is empty and so is its tree. Keys are
-/// [A-Za-z_][A-Za-z0-9_.-]*; adding under another key is a programming error (StopException), looking one up
-/// finds nothing. Copies are deep; what was moved from is empty. The form is described in
-/// docs/xml-and-text-forms.md.
+/// A child with neither text nor children has an empty text and an empty tree. Keys match
+/// [A-Za-z_][A-Za-z0-9_.-]*. Adding a child under another key is a programming error (StopException); looking
+/// for another key finds nothing. Copies are deep, and a tree that was moved from is empty.
+/// docs/xml-and-text-forms.md describes the form.
 class NOLVEXLIB_EXPORT XmlString
 {
 public:
@@ -30,47 +31,49 @@ public:
     XmlString& operator=(const XmlString& other);
     XmlString& operator=(XmlString&& other) noexcept;
 
-    /// Reads the XML form. The error is an English sentence that says what is wrong and where, counted in
-    /// bytes of the text's UTF-8 form from 0. Time and memory are in proportion to the length: at most about
-    /// 20 bytes a byte read.
+    /// Reads the XML form. The error is an English sentence that says what is wrong and where, in bytes of
+    /// the UTF-8 form from 0. Time and memory grow in proportion to the length; each byte takes at most about
+    /// 20 bytes of memory.
     static Expected<XmlString, String> fromString(StringView xml);
 
-    /// The same from UTF-8; a broken sequence is an error.
+    /// Reads the XML form from UTF-8. A broken sequence is an error.
     static Expected<XmlString, String> fromUtf8(std::string_view xml);
 
-    /// The same children of the same names and texts in the same order.
+    /// True if both have the same children with the same names and texts in the same order.
     bool operator==(const XmlString& other) const;
 
     /// Appends a child with a text. Characters XML cannot carry (controls but tab, LF and CR; U+FFFE, U+FFFF;
     /// lone surrogates) become U+FFFD.
     void addChild(StringView key, const String& value);
 
-    /// Appends a child with a copy of the tree's children. Levels beyond 64, the root being the first, are a
-    /// programming error (StopException). Nothing is changed then.
+    /// Appends a child with a copy of the tree's children. A tree has at most 64 levels, the root being the
+    /// first: more are a programming error (StopException), and nothing is changed then.
     void addChild(StringView key, const XmlString& tree);
 
-    /// Appends copies of all the other's top-level children in order. Equal keys stay side by side.
+    /// Appends copies of all top-level children of `other` in their order. Children of equal keys are all
+    /// kept.
     void addTree(const XmlString& other);
 
-    /// Removes all top-level children of that name and returns how many there were.
+    /// Removes all top-level children of that name and returns their number.
     std::size_t removeChildren(StringView key);
 
-    /// The text of the first child of that name; none when there is no such child or it has children instead.
+    /// The text of the first child of that name. Returns nullopt if there is no such child or it has children
+    /// instead.
     Optional<String> getChild(StringView key) const;
 
-    /// The children of the first child of that name; none when there is no such child or it has a text
-    /// instead.
+    /// The children of the first child of that name. Returns nullopt if there is no such child or it has a
+    /// text instead.
     Optional<XmlString> getTree(StringView key) const;
 
-    /// How many top-level children have that name.
+    /// The number of top-level children of that name.
     std::size_t countChildren(StringView key) const;
 
-    /// How many top-level children there are. Counts them.
+    /// The number of top-level children, which takes time in proportion to it.
     std::size_t childCount() const;
 
     bool isEmpty() const;
 
-    /// The XML form, which fromString reads back as an equal tree.
+    /// The XML form, from which fromString makes an equal tree.
     String toString() const;
 
     std::string toUtf8() const;
@@ -80,7 +83,7 @@ private:
 
     Content& content();
 
-    std::unique_ptr<Content> m_content; // null as long as there are no children
+    std::unique_ptr<Content> m_content; // null until a child is added
 };
 
 } // namespace Nolvex

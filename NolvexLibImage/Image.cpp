@@ -144,7 +144,7 @@ void Image::Free::operator()(std::byte* memory) const noexcept
     std::free(memory);
 }
 
-// calloc, because the system hands out large blocks as zeros already, without touching them.
+// calloc need not clear large blocks, which the system provides as zeros.
 Image::Memory Image::allocate(std::size_t size) noexcept
 {
     return Memory(static_cast<std::byte*>(size == 0 ? nullptr : std::calloc(size, 1)));

@@ -15,20 +15,21 @@
 
 namespace Nolvex {
 
-/// A picture in memory. The bottom row comes first: y = 0 is the lowest row. The rows follow each other
-/// without a gap, the pixels of a row too.
+/// A picture in memory. The bottom row comes first: y = 0 is the lowest row. There are no gaps between the
+/// rows, nor between the pixels of a row.
 ///
-/// A copy owns pixels of its own (std::bad_alloc when there is no memory for them). An image that was moved
-/// from has 0 x 0 pixels.
+/// Copying copies the pixels, and throws std::bad_alloc if there is not enough memory. An image that was
+/// moved from has 0 x 0 pixels.
 class NOLVEXLIBIMAGE_EXPORT Image
 {
 public:
-    /// The limits of create().
+    /// The largest images that create() makes.
     static constexpr std::int64_t MAX_PIXEL_COUNT = 0x7fff'ffff;
     static constexpr std::int64_t MAX_BYTE_COUNT = std::int64_t(16) << 30;
 
-    /// An image whose bytes are all zero. The error is a sentence for the user: a side below 1, more than
-    /// MAX_PIXEL_COUNT pixels or MAX_BYTE_COUNT bytes, or no memory left.
+    /// Makes an image whose bytes are all zero. That fails if a side is below 1, for more than
+    /// MAX_PIXEL_COUNT pixels or MAX_BYTE_COUNT bytes, and if there is not enough memory. The error is a
+    /// sentence for the user.
     static Expected<Image, String> create(std::int32_t width, std::int32_t height, PixelFormat format,
                                           float gamma);
 
@@ -40,24 +41,25 @@ public:
 
     const ImageDescriptor& descriptor() const noexcept { return m_descriptor; }
 
-    /// 1, 3 or 4.
+    /// The number of channels: 1, 3 or 4.
     static int getPixelFormatChannelCount(PixelFormat format);
 
-    /// The bytes of one pixel, 1 to 16.
+    /// The number of bytes in a pixel: 1 to 16.
     static std::size_t getPixelFormatByteCount(PixelFormat format);
 
-    /// The bytes of one row, and the distance from a row to the one above it.
+    /// The number of bytes in a row, which is also the distance from a row to the row above.
     std::size_t rowBytes() const noexcept { return m_rowBytes; }
 
-    /// The memory of a row, to be read and written through memcpy or as the type of the format. It is aligned
-    /// for that type. A row outside the image is a programming error (StopException), here as below.
+    /// The memory of a row. It is aligned for the numbers of the format. Here and below, a row or column
+    /// outside the image is a programming error (StopException).
     ArrayView<std::byte> row(std::int32_t y);
     ArrayView<const std::byte> row(std::int32_t y) const;
 
-    /// One pixel. Integers become 0 to 1, grey gives r = g = b, a missing alpha is 1.
+    /// Reads one pixel. Integers become 0 to 1, grey gives r = g = b, and alpha is 1 in formats without
+    /// alpha.
     Rgb getRgba(std::int32_t x, std::int32_t y) const;
 
-    /// A whole row as getRgba() reads its pixels; `destination` holds `width` pixels.
+    /// Reads a whole row as getRgba() reads its pixels. `destination` has room for `width` pixels.
     void readRow(std::int32_t y, Rgb* destination) const;
 
 private:

@@ -7,7 +7,7 @@
 
 namespace Nolvex {
 
-/// What an image says about itself besides its pixels.
+/// The properties of an image besides its pixels.
 struct ImageDescriptor
 {
     /// In pixels.
@@ -15,8 +15,9 @@ struct ImageDescriptor
     std::int32_t height = 0;
     PixelFormat format = PixelFormat::UINT8_RGB;
 
-    /// 1.0: the values are encoded for display already; 2.2: linear light, shown raised to 1/2.2. The image
-    /// carries the number only, and any number: its pixels are never changed by it.
+    /// 1.0 if the values are encoded for display already, 2.2 if they are linear light, which is displayed
+    /// raised to 1/2.2. Any number is allowed. The image only carries the number; it does not change the
+    /// pixels.
     float gamma = 1.0f;
 
     friend bool operator==(const ImageDescriptor&, const ImageDescriptor&) = default;

@@ -3,8 +3,8 @@
 
 namespace Nolvex {
 
-/// How a pixel lies in memory: the number format of a channel, in the byte order of the machine, and the
-/// channels in the order of the name. FLOAT16 is the half of IEEE 754.
+/// The layout of a pixel in memory: the number format of a channel, in the byte order of the machine, and the
+/// channels in the order of the name. FLOAT16 is the half-precision format of IEEE 754.
 enum class PixelFormat
 {
     UINT8_GREY,
@@ -21,7 +21,7 @@ enum class PixelFormat
     FLOAT32_RGBA,
 };
 
-/// How many enumerators PixelFormat has; their values count from 0.
+/// The number of formats. Their values start at 0.
 inline constexpr int PIXEL_FORMAT_COUNT = 12;
 
 } // namespace Nolvex

@@ -10,7 +10,8 @@
 
 namespace Nolvex::Io {
 
-/// Where bytes come from. Every call may raise Exception when what is behind the stream fails.
+/// A source of bytes. Every call may throw Exception, since the file or connection behind the stream may
+/// fail.
 class NOLVEXLIB_EXPORT BinaryInputStream : public Polymorphic
 {
 public:
@@ -19,31 +20,34 @@ public:
     BinaryInputStream(const BinaryInputStream&) = delete;
     BinaryInputStream& operator=(const BinaryInputStream&) = delete;
 
-    /// Puts a byte in front of what is left to read. Any number may be put back; the last one is read first.
+    /// Makes `byte` the next byte to be read. Any number of bytes may be put back; the last one is read
+    /// first.
     virtual void putBack(std::byte byte);
 
-    /// Copies at most `count` bytes to `buffer`, those put back first, and returns how many; that may be
-    /// fewer than there are. 0 is the end, except for a `count` of 0. A negative `count` is a programming
-    /// error (StopException). A call that raises takes none of the bytes put back.
+    /// Copies at most `count` bytes to `buffer`, beginning with bytes put back. Returns the number of bytes
+    /// copied, which may be less than `count` before the end of the stream. 0 means the end, unless `count`
+    /// is 0. A negative `count` is a programming error (StopException). After an exception the bytes put back
+    /// are still there.
     std::int64_t read(void* buffer, std::int64_t count);
 
-    /// Reads until `count` bytes are there; false when the stream ended before, with `buffer` filled in part.
+    /// Reads until `buffer` holds `count` bytes. Returns false if the stream ends earlier; `buffer` is filled
+    /// in part then.
     [[nodiscard]] bool readExactly(void* buffer, std::int64_t count);
 
-    /// True when nothing is left to read.
+    /// True if no byte is left to read.
     bool eof();
 
 protected:
-    /// Copies 1 to `count` bytes to `buffer` and returns how many, 0 at the end. `count` is positive.
+    /// Copies 1 to `count` bytes to `buffer` and returns their number, or 0 at the end. `count` is positive.
     virtual std::int64_t readImpl(void* buffer, std::int64_t count) = 0;
 
-    /// True when readImpl would return 0; asked only while no byte is put back.
+    /// True if readImpl would return 0. Called only when no byte has been put back.
     virtual bool eofImpl() = 0;
 
 private:
     std::int64_t copyPutBack(void* buffer, std::int64_t count) const;
 
-    // The next byte to read is the last one.
+    // The last element is read first.
     Array<std::byte> m_putBack;
 };
 

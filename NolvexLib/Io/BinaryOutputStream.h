@@ -8,7 +8,8 @@
 
 namespace Nolvex::Io {
 
-/// Where bytes go. Every call may raise Exception when what is behind the stream fails.
+/// A destination of bytes. Every call may throw Exception, since the file or connection behind the stream may
+/// fail.
 class NOLVEXLIB_EXPORT BinaryOutputStream : public Polymorphic
 {
 public:
@@ -17,14 +18,14 @@ public:
     BinaryOutputStream(const BinaryOutputStream&) = delete;
     BinaryOutputStream& operator=(const BinaryOutputStream&) = delete;
 
-    /// Hands on what the stream still holds. Here: nothing.
+    /// Passes on the bytes that the stream still holds back. The base class holds none.
     virtual void flush();
 
-    /// Takes all `count` bytes, or raises. A negative `count` is a programming error (StopException).
+    /// Takes all `count` bytes or throws. A negative `count` is a programming error (StopException).
     void write(const void* buffer, std::int64_t count);
 
 protected:
-    /// Takes all `count` bytes, or raises. `count` is positive.
+    /// Takes all `count` bytes or throws. `count` is positive.
     virtual void writeImpl(const void* buffer, std::int64_t count) = 0;
 };
 

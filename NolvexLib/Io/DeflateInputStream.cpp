@@ -68,7 +68,7 @@ std::int64_t DeflateInputStream::inflatePiece(std::byte* buffer, std::int64_t co
         end();
         break;
     case Z_BUF_ERROR:
-        // It has nothing left to work on.
+        // zlib has used up its input.
         refill();
         break;
     case Z_MEM_ERROR:

@@ -8,14 +8,15 @@ namespace Nolvex::Io {
 
 /// Decompresses one run of zlib data (RFC 1950) from another stream.
 ///
-/// Data that is broken, cut off or in need of a preset dictionary raises Exception, also from `eof`. The
-/// checksum is compared when the end is found, that is by the read that returns 0 or by `eof` returning true.
-/// However small the source, its content may be a thousand times as large: callers set the limit.
+/// Reading, and `eof` too, throws Exception if the data is broken, cut off, or needs a preset dictionary. The
+/// checksum is compared at the end of the data, that is, by the read that returns 0 or by the `eof` that
+/// returns true. The decompressed data can be a thousand times as large as the source: the caller has to set
+/// a limit.
 class NOLVEXLIB_EXPORT DeflateInputStream : public BinaryInputStream
 {
 public:
-    /// `source` must outlive the stream. More than needed is read from it ahead; when the end is found, what
-    /// follows the compressed data is put back there.
+    /// `source` must outlive the stream. The stream reads ahead; at the end of the compressed data it puts
+    /// the bytes that follow back into `source`.
     explicit DeflateInputStream(BinaryInputStream& source);
     ~DeflateInputStream() override;
 

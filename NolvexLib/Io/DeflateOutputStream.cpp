@@ -17,17 +17,17 @@ namespace Nolvex::Io {
 
 namespace {
 
-/// For the end of a flush, which the bound of zlib does not count, and the end of the run behind it.
-/// Generous.
+/// Room for the end of a flush, which deflateBound does not count, and for the end of the run after it. Both
+/// are shorter.
 constexpr std::int64_t FLUSH_RESERVE = 32;
 
-/// Room for less input than this, or than that part of a short piece, is left empty: it would take many small
-/// blocks to use it.
-constexpr int LEAST_INPUT = 512;
-constexpr int LEAST_INPUT_DIVISOR = 128;
+/// A piece ends when it has room for less input than this many bytes, or than this part of a short piece.
+/// Filling the rest would take many small blocks.
+constexpr int MIN_INPUT = 512;
+constexpr int MIN_INPUT_DIVISOR = 128;
 
 // zlib counts in 32 bits.
-constexpr std::int64_t MOST_INPUT = std::numeric_limits<std::int32_t>::max();
+constexpr std::int64_t MAX_ZLIB_INPUT = std::numeric_limits<std::int32_t>::max();
 
 } // namespace
 
@@ -50,8 +50,8 @@ struct DeflateOutputStream::Compressor : private Noncopyable
 
     z_stream zlib = {};
     State state = State::OPEN;
-    // How much more input fits into the piece whatever the input is.
-    std::int64_t inputRoom = MOST_INPUT;
+    // The number of bytes of input that still fit into the piece even if they cannot be compressed.
+    std::int64_t inputRoom = MAX_ZLIB_INPUT;
     std::array<Bytef, 65536> output;
 };
 
@@ -59,7 +59,7 @@ DeflateOutputStream::DeflateOutputStream(BinaryOutputStream& target, int level, 
     : m_target(target), m_restartInterval(restartInterval)
 {
     if (level < DEFAULT_LEVEL || level > Z_BEST_COMPRESSION ||
-        (restartInterval && *restartInterval < LEAST_RESTART_INTERVAL))
+        (restartInterval && *restartInterval < MIN_RESTART_INTERVAL))
         Detail::throwStopException("Io/DeflateOutputStream", __LINE__);
     m_compressor = std::make_unique<Compressor>(level);
     measureRoom();
@@ -71,7 +71,7 @@ DeflateOutputStream::~DeflateOutputStream()
         if (m_compressor->state == Compressor::State::OPEN)
             finish();
     } catch (const std::exception&) {
-        // The target lacks the end of the data; who must know calls finish.
+        // The target lacks the end of the data. Callers who must know call finish.
     }
 }
 
@@ -113,10 +113,10 @@ void DeflateOutputStream::writeImpl(const void* buffer, std::int64_t count)
 std::int64_t DeflateOutputStream::makeRoom()
 {
     if (!m_restartInterval)
-        return MOST_INPUT;
-    const int least = std::min(LEAST_INPUT, *m_restartInterval / LEAST_INPUT_DIVISOR);
+        return MAX_ZLIB_INPUT;
+    const int least = std::min(MIN_INPUT, *m_restartInterval / MIN_INPUT_DIVISOR);
     if (m_compressor->inputRoom < least) {
-        // The end of a block shows what the input so far has really become.
+        // Ending the block shows how small the input so far has really become.
         run(Z_BLOCK);
         measureRoom();
     }
@@ -147,7 +147,7 @@ void DeflateOutputStream::restart()
 void DeflateOutputStream::run(int mode)
 {
     z_stream& zlib = m_compressor->zlib;
-    // Room left in the output means that all of the input was taken.
+    // zlib has taken all of the input if it leaves room in the output.
     do {
         zlib.next_out = m_compressor->output.data();
         zlib.avail_out = static_cast<uInt>(m_compressor->output.size());
@@ -158,7 +158,7 @@ void DeflateOutputStream::run(int mode)
 
 void DeflateOutputStream::handOn(std::int64_t count)
 {
-    // Stays so when the target raises: what it did not take is lost.
+    // The state stays FAILED if the target throws, since the bytes it did not take are lost.
     m_compressor->state = Compressor::State::FAILED;
     m_target.write(m_compressor->output.data(), count);
     m_compressor->state = Compressor::State::OPEN;

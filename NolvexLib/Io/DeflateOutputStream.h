@@ -11,37 +11,36 @@ namespace Nolvex::Io {
 
 /// Compresses what is written (zlib format, RFC 1950) into another stream.
 ///
-/// Told to restart, it makes more than one run of zlib data: the output is cut into pieces of equal length,
-/// and each of them begins a run of its own, holds all of it and goes on with zero bytes to its end. Only the
-/// last piece ends with its run. So a reader who gets hold of one piece alone can decompress it. That makes
-/// ordinary data up to three percent longer, and zeros, of which little is left anyway, by half. Memory
-/// depends neither on the length of the data nor on that of the pieces.
+/// With a restart interval the output consists of pieces of equal length that can be decompressed one by one.
+/// Each piece holds a whole run of zlib data and is filled up with zero bytes; only the last piece ends with
+/// its run. That makes ordinary data up to three percent longer, and data of nothing but zeros, which becomes
+/// very short, by half. The memory that the stream needs depends neither on the length of the data nor on the
+/// interval.
 class NOLVEXLIB_EXPORT DeflateOutputStream : public BinaryOutputStream
 {
 public:
     static constexpr int DEFAULT_LEVEL = -1;
 
-    /// The shortest piece that can be asked for, in bytes.
-    static constexpr int LEAST_RESTART_INTERVAL = 256;
+    /// The shortest restart interval, in bytes.
+    static constexpr int MIN_RESTART_INTERVAL = 256;
 
-    /// `target` must outlive the stream. `level` runs from 0 (stored) over 1 (fast) to 9 (small). With a
-    /// `restartInterval`, the length of a piece in bytes of output counted from where the stream began, each
-    /// piece can be decompressed alone; without one there is a single run. Another level or a shorter
-    /// interval than LEAST_RESTART_INTERVAL is a programming error (StopException).
+    /// `target` must outlive the stream. `level` is 0 (stored), or 1 (fast) to 9 (small). `restartInterval`
+    /// is the length of a piece in bytes of output; without it there is a single run. Another level or an
+    /// interval below MIN_RESTART_INTERVAL is a programming error (StopException).
     explicit DeflateOutputStream(BinaryOutputStream& target, int level = DEFAULT_LEVEL,
                                  Optional<int> restartInterval = {});
 
-    /// As `finish`, but failures stay unsaid: call `finish` to learn of them.
+    /// Does what `finish` does, but ignores failures. Call `finish` to learn of them.
     ~DeflateOutputStream() override;
 
-    /// Makes everything written so far readable at the other end and flushes the target. It costs some bytes
-    /// but forgets nothing learned: every 65,536 bytes it is hardly noticed, after every few bytes it is. A
-    /// piece may still lack its end afterwards.
+    /// Passes on enough output for a reader to decompress everything written so far, and flushes the target.
+    /// Each call adds some bytes to the output, which matters only after every few bytes of input. A piece
+    /// may still lack its end afterwards.
     void flush() override;
 
-    /// Ends the compressed data; without that it is incomplete. Does not flush the target. Writing afterwards
-    /// is a programming error (StopException), finishing again does nothing. After the target failed once,
-    /// the data cannot be completed and this raises Exception.
+    /// Ends the compressed data, which is incomplete before. Does not flush the target. Writing afterwards is
+    /// a programming error (StopException); finishing again does nothing. Throws Exception if the target has
+    /// failed before, since the data cannot be completed then.
     void finish();
 
 protected:

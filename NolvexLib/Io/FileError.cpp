@@ -5,13 +5,14 @@
 
 #include <cerrno>
 #include <string>
+#include <string_view>
 #include <system_error>
 
 namespace Nolvex {
 
 namespace {
 
-// The system would stop at the zero and take another file than the one named.
+// The system ends the name at the zero and would open another file.
 bool hasZero(const Io::Path& path)
 {
     const auto& name = path.native().native();
@@ -22,9 +23,12 @@ bool hasZero(const Io::Path& path)
 
 void Detail::throwFileError(const Io::Path& path, std::string_view failure, int error)
 {
-    // The system's texts come in the encoding of the locale.
+    // The texts of the C library have the encoding of the locale, which need not be UTF-8.
     const String reason = String::fromUtf8(std::generic_category().message(error));
-    std::string message = "The file \"" + path.nativeStr().toUtf8() + "\" ";
+    // A zero in the name would end the message.
+    String name = path.nativeStr();
+    name.replaceAll(StringView(std::wstring_view(L"\0", 1)), L"\xFFFD");
+    std::string message = "The file \"" + name.toUtf8() + "\" ";
     message.append(failure).append(": ").append(reason.toUtf8()).append(".");
     throw Exception(message);
 }

@@ -8,10 +8,10 @@
 
 namespace Nolvex::Detail {
 
-/// Raises the Exception `The file "<path>" <failure>: <reason of the errno value>.`
+/// Throws the Exception `The file "<path>" <failure>: <reason of the errno value>.`
 [[noreturn]] void throwFileError(const Io::Path& path, std::string_view failure, int error);
 
-/// An open file, never null: Exception when it cannot be had.
+/// Opens the file. Throws Exception if that fails; never returns null.
 std::FILE* openFileOrThrow(const Io::Path& path, FileMode mode);
 
 } // namespace Nolvex::Detail

@@ -9,8 +9,8 @@
 
 namespace Nolvex::Io {
 
-/// A choice of files in a file dialog: L"JPEG images", {L"*.jpg", L"*.jpeg"}. Without a pattern it lets every
-/// file through, as "*" does.
+/// One entry of the file types in a file dialog: L"JPEG images", {L"*.jpg", L"*.jpeg"}. A filter without
+/// patterns accepts every file, as "*" does.
 struct NOLVEXLIB_EXPORT FileFilter
 {
     String description;
@@ -18,10 +18,11 @@ struct NOLVEXLIB_EXPORT FileFilter
 
     friend bool operator==(const FileFilter&, const FileFilter&) = default;
 
-    /// The filters in the order given, empty for none of them. The patterns are added to a description that
-    /// does not end in them, and are the description where that is empty. Vertical bars, which separate, are
-    /// replaced: in descriptions by a slash, in patterns by "?", which matches them. A format that does not
-    /// exist is a programming error (StopException).
+    /// Returns the filters in their order as one text, which is empty if there are none. A description that
+    /// does not end in its patterns gets them appended, and an empty description is replaced by its patterns.
+    /// Vertical bars separate the parts of the text; those within the parts are replaced, in descriptions by
+    /// a slash and in patterns by "?", which matches them. An invalid format is a programming error
+    /// (StopException).
     static String getWildcardString(ArrayView<const FileFilter> filters, FileFilterFormat format);
 };
 

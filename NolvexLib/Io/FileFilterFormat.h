@@ -3,7 +3,7 @@
 
 namespace Nolvex::Io {
 
-/// The forms in which lists of file filters are handed to file dialogs.
+/// The forms in which file dialogs take lists of file filters.
 enum class FileFilterFormat
 {
     /// "PNG images (*.png)|*.png|JPEG images (*.jpg;*.jpeg)|*.jpg;*.jpeg"

@@ -8,11 +8,11 @@
 
 namespace Nolvex::Io {
 
-/// The bytes of a file.
+/// Reads the bytes of a file.
 class NOLVEXLIB_EXPORT FileInputStream : public BinaryInputStream
 {
 public:
-    /// Exception when the file cannot be opened, or is a folder.
+    /// Throws Exception if the file cannot be opened or is a folder.
     explicit FileInputStream(const Path& path);
     ~FileInputStream() override;
 

@@ -44,7 +44,7 @@ void FileOutputStream::close()
     std::FILE* const file = std::exchange(m_file, nullptr);
     if (file == nullptr)
         return;
-    // A failure of an earlier write left bytes out that closing knows nothing of.
+    // Bytes that an earlier write lost are not reported by fclose.
     const bool failedBefore = std::ferror(file) != 0;
     errno = EIO;
     if (std::fclose(file) != 0 || failedBefore)

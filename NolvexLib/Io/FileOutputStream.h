@@ -10,20 +10,20 @@
 
 namespace Nolvex::Io {
 
-/// Bytes into a file. They are held back for a while: a full disk may show as late as in `flush` or `close`.
+/// Writes bytes to a file. The bytes are buffered: a full disk may not be noticed before `flush` or `close`.
 class NOLVEXLIB_EXPORT FileOutputStream : public BinaryOutputStream
 {
 public:
-    /// Exception when the file cannot be opened, is a folder, or is there although no flag allows that.
+    /// Throws Exception if the file cannot be opened, is a folder, or exists although `flags` is empty.
     FileOutputStream(const Path& path, Flags<Open> flags);
 
-    /// Closes the file and says nothing about failures: call `close` to learn of them.
+    /// Closes the file and ignores failures. Call `close` to learn of them.
     ~FileOutputStream() override;
 
     void flush() override;
 
-    /// Writes what was held back and closes the file, which is closed even when this raises. Further calls do
-    /// nothing; writing or flushing afterwards is a programming error (StopException).
+    /// Writes the buffered bytes and closes the file, which is closed even if this function throws. Further
+    /// calls do nothing; writing or flushing afterwards is a programming error (StopException).
     void close();
 
 protected:

@@ -9,7 +9,8 @@
 
 namespace Nolvex::Io {
 
-/// In bytes; none when it cannot be known or the path names no regular file (links are followed).
+/// The size of a regular file in bytes. Links are followed. Returns nullopt for anything else, and if the
+/// size cannot be found out.
 NOLVEXLIB_EXPORT Optional<std::uint64_t> fileSize(const Path& path) noexcept;
 
 } // namespace Nolvex::Io

@@ -5,8 +5,8 @@
 
 namespace Nolvex::Io {
 
-/// Another stream, owned by somebody else, who must outlive this one. Bytes put back go there as well. A base
-/// for streams that watch or change what passes.
+/// Reads from another stream, and puts bytes back there. A base class for streams that watch or change the
+/// bytes that pass through. The caller owns the other stream, which must outlive this one.
 class NOLVEXLIB_EXPORT ForwardingBinaryInputStream : public BinaryInputStream
 {
 public:

@@ -5,8 +5,8 @@
 
 namespace Nolvex::Io {
 
-/// Another stream, owned by somebody else, who must outlive this one. A base for streams that watch or change
-/// what passes.
+/// Writes to another stream. A base class for streams that watch or change the bytes that pass through. The
+/// caller owns the other stream, which must outlive this one.
 class NOLVEXLIB_EXPORT ForwardingBinaryOutputStream : public BinaryOutputStream
 {
 public:

@@ -6,7 +6,7 @@
 
 namespace Nolvex::Io {
 
-/// Bytes in memory, owned by somebody else, who must outlive the stream.
+/// Reads bytes in memory, which the caller owns and which must outlive the stream.
 class NOLVEXLIB_EXPORT MemoryInputStream : public BinaryInputStream
 {
 public:
@@ -18,7 +18,7 @@ protected:
     bool eofImpl() override;
 
 private:
-    // What is left to read.
+    // The bytes that have not been read yet.
     ArrayView<const std::byte> m_bytes;
 };
 

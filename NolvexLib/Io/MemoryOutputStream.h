@@ -8,23 +8,23 @@
 
 namespace Nolvex::Io {
 
-/// Bytes into an array that grows with them. What is written must not lie in that array itself.
+/// Appends bytes to an array. The bytes must not lie in that array themselves.
 class NOLVEXLIB_EXPORT MemoryOutputStream : public BinaryOutputStream
 {
 public:
-    /// Into an array of its own.
+    /// Appends to an array of its own.
     MemoryOutputStream();
 
-    /// Behind what `target` holds, with room made for `reserve` more bytes. `target` must outlive the stream.
+    /// Appends to `target`, which must outlive the stream, and reserves memory for `reserve` more bytes.
     explicit MemoryOutputStream(Array<std::byte>& target, std::size_t reserve = 0);
     ~MemoryOutputStream() override;
 
-    /// Index in the array where the next byte goes.
+    /// The index that the next byte will have in the array.
     std::int64_t tellp() const { return static_cast<std::int64_t>(m_target.size()); }
 
     const Array<std::byte>& bytes() const { return m_target; }
 
-    /// Moves the bytes out; the stream goes on with an empty array.
+    /// Moves the bytes out and leaves an empty array, to which the stream goes on appending.
     Array<std::byte> takeBytes();
 
 protected:

@@ -3,13 +3,13 @@
 
 namespace Nolvex::Io {
 
-/// How FileOutputStream opens its file. With one of the flags a file that is not there is created; with
-/// neither, only a file that is not there is.
+/// How FileOutputStream opens its file. A file that does not exist is created in any case. A file that exists
+/// is opened only with one of these flags.
 enum class Open
 {
     /// Every write goes to the end of the file.
     APPEND = 1,
-    /// What the file holds is thrown away.
+    /// The content of the file is thrown away.
     TRUNCATE = 2,
 };
 

@@ -12,9 +12,10 @@
 
 namespace Nolvex::Io {
 
-/// The name of a file or folder, without a look at the disk.
+/// The name of a file or folder. No function looks at the disk.
 ///
-/// Kept as the system has it: bytes on Linux, where texts are UTF-8 whatever the locale, UTF-16 on Windows.
+/// The name is stored in the form of the system: as bytes on Linux, where texts are UTF-8 whatever the locale
+/// is, and as UTF-16 on Windows.
 class NOLVEXLIB_EXPORT Path
 {
 public:
@@ -22,35 +23,35 @@ public:
 
     explicit Path(StringView text);
 
-    // A template, so that narrow texts, whose encoding nobody knows, are no paths.
+    // A template, so that narrow texts, whose encoding is unknown, do not convert to paths.
     template<std::same_as<std::filesystem::path> Native>
     Path(Native native) // NOLINT(google-explicit-constructor): the same thing
         : m_native(std::move(native))
     {}
 
-    /// Equal element by element: repeated separators do not count, case does.
+    /// Compares element by element: repeated separators do not matter, case does.
     friend bool operator==(const Path& a, const Path& b) { return a.m_native == b.m_native; }
 
-    /// `name` inside the folder `folder`; an absolute `name` stands for itself.
+    /// `name` inside the folder `folder`, or `name` alone if that is absolute.
     friend Path operator/(const Path& folder, const Path& name) { return folder.m_native / name.m_native; }
 
     friend Path operator/(const Path& folder, StringView name) { return folder / Path(name); }
 
     bool isEmpty() const { return m_native.empty(); }
 
-    /// With the system's separators, to be shown or handed to the system. What is no text in the name (broken
-    /// UTF-8) becomes U+FFFD, so use `native()` to open such a file.
+    /// The name with the separators of the system, for users to read. Broken UTF-8 becomes U+FFFD, so
+    /// `native()` is the name to open a file by.
     String nativeStr() const;
 
-    /// All but the last element: empty for a lone file name, the root itself for a root. After a trailing
-    /// separator the last element is an empty one.
+    /// All elements but the last: empty for a lone file name, and the root for a root. A name that ends in a
+    /// separator has an empty last element.
     Path parentDirectory() const { return m_native.parent_path(); }
 
-    /// The last element, empty after a trailing separator.
+    /// The last element. It is empty if the name ends in a separator.
     String fileName(Flags<FileNameFlag> flags = {}) const;
 
-    /// What follows the last dot of the file name, in the case it has there. Empty when there is none or
-    /// nothing but the dot's right side (".profile").
+    /// The part of the file name after its last dot, with its case unchanged. Empty if there is no dot, or if
+    /// the only dot is the first character (".profile").
     String extension() const;
 
     const std::filesystem::path& native() const { return m_native; }

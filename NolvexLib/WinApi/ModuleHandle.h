@@ -5,8 +5,8 @@
 
 namespace Nolvex::WinApi {
 
-/// The loaded program or library that holds the address of code or static data: an HMODULE on Windows, the
-/// address it is loaded at on Linux. Null when none does. Does not keep it loaded.
+/// Returns the program or library in which an address of code or static data lies: its HMODULE on Windows,
+/// its load address on Linux. Null if the address lies in none. The handle does not keep the library loaded.
 NOLVEXLIB_EXPORT void* getModuleHandle(const void* address);
 
 } // namespace Nolvex::WinApi

@@ -5,7 +5,7 @@
 
 namespace Nolvex::Detail {
 
-/// Empty when it is not set. `name` is ASCII.
+/// The value of the variable, or an empty text if it is not set. `name` is ASCII.
 String environmentVariable(const char* name);
 
 } // namespace Nolvex::Detail

@@ -15,8 +15,8 @@ enum class FileMode
     TRUNCATE_AND_APPEND,
 };
 
-/// Opens a file for bytes, not inherited by child processes; the caller closes it. Null on failure, folders
-/// included; errno then holds the reason.
+/// Opens a file in binary mode. Child processes do not inherit it, and the caller closes it. Returns null on
+/// failure and for folders; errno then holds the reason.
 std::FILE* openFile(const std::filesystem::path& name, FileMode mode);
 
 } // namespace Nolvex::Detail

@@ -7,10 +7,11 @@
 
 namespace Nolvex::Detail {
 
-/// The system's form of a file name. Unlike std::filesystem's own conversions it asks no locale.
+/// Converts a text to a file name. Unlike the conversions of std::filesystem this does not depend on the
+/// locale.
 std::filesystem::path nativePathFromText(StringView text);
 
-/// Any name gives a text; what is none in it becomes U+FFFD.
+/// Converts a file name to a text. Broken UTF-8 becomes U+FFFD.
 String textFromNativePath(const std::filesystem::path& native);
 
 } // namespace Nolvex::Detail

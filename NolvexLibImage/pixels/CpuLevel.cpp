@@ -26,7 +26,7 @@ bool hasAvx2()
 {
     constexpr std::uint32_t LEAF_1_ECX = 1U << 27 | 1U << 28 | 1U << 29; // OSXSAVE, AVX, F16C
     constexpr std::uint32_t LEAF_7_EBX = 1U << 5;                        // AVX2
-    constexpr std::uint64_t XMM_AND_YMM = 0x6;                           // the system saves both
+    constexpr std::uint64_t XMM_AND_YMM = 0x6; // the system saves both kinds of registers
     return Platform::readCpuid(0, 0).eax >= 7 && hasBits(Platform::readCpuid(1, 0).ecx, LEAF_1_ECX) &&
            (Platform::readXcr0() & XMM_AND_YMM) == XMM_AND_YMM &&
            hasBits(Platform::readCpuid(7, 0).ebx, LEAF_7_EBX);
@@ -68,7 +68,7 @@ const Detail::KernelTable& Detail::activeKernels()
 {
     if (const KernelTable* kernels = KERNELS.load(std::memory_order_acquire))
         return *kernels;
-    // Several threads may come here at once; a level that one of them has set meanwhile must stay.
+    // Several threads may get here at once, and a level that another thread has set meanwhile must stay.
     const KernelTable* expected = nullptr;
     const KernelTable* detected = &kernelsOf(detectCpuLevel());
     return KERNELS.compare_exchange_strong(expected, detected) ? *detected : *expected;

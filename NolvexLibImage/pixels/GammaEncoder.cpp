@@ -9,8 +9,8 @@ namespace Nolvex::Pixels {
 
 namespace {
 
-/// Through powf these cost about as much as making a table does.
-constexpr std::size_t FEW_PIXELS = 4096;
+/// Encoding as many pixels as this by powf takes about as long as making a table.
+constexpr std::size_t MIN_PIXELS_FOR_TABLE = 4096;
 
 void encodeByPower(float exponent, const Rgb& pixel, std::uint8_t* rgb, std::uint8_t* alphaOrNull)
 {
@@ -24,7 +24,7 @@ void encodeByPower(float exponent, const Rgb& pixel, std::uint8_t* rgb, std::uin
 } // namespace
 
 GammaEncoder::GammaEncoder(float exponent, std::size_t pixelCount)
-    : m_exponent(exponent), m_table(pixelCount > FEW_PIXELS ? GammaTable::make(exponent) : nullptr)
+    : m_exponent(exponent), m_table(pixelCount > MIN_PIXELS_FOR_TABLE ? GammaTable::make(exponent) : nullptr)
 {}
 
 GammaEncoder::~GammaEncoder() = default;

@@ -14,16 +14,16 @@ namespace Nolvex::Pixels {
 
 struct GammaTable;
 
-/// Raises pixels to a power and makes bytes of them: for every float, and for every exponent, the bytes are
-/// those of powf followed by the colour rule (see Conversions.h). Most exponents take a table instead of
-/// powf.
+/// Raises the channels of pixels to a power and makes bytes of the results. For every float and every
+/// exponent the bytes are those that powf and the colour rule (see Conversions.h) give. For most exponents
+/// the encoder uses a table instead of powf.
 ///
 /// Any number of threads may use one encoder.
 class NOLVEXLIBIMAGE_EXPORT GammaEncoder
 {
 public:
-    /// `pixelCount` is how many pixels will be encoded in all. A table costs as much as about four thousand
-    /// pixels through powf, so it is made for larger numbers only.
+    /// `pixelCount` is the number of pixels that the encoder will encode in all. Making the table takes as
+    /// long as encoding about four thousand pixels by powf, so that smaller numbers of pixels get no table.
     explicit GammaEncoder(float exponent, std::size_t pixelCount = std::numeric_limits<std::size_t>::max());
     ~GammaEncoder();
     GammaEncoder(GammaEncoder&& other) noexcept;
@@ -31,11 +31,11 @@ public:
     GammaEncoder(const GammaEncoder&) = delete;
     GammaEncoder& operator=(const GammaEncoder&) = delete;
 
-    /// Three bytes a pixel go to `rgb`; alpha, treated like the colours, goes to `alphaOrNull`, one byte a
-    /// pixel, unless that is null.
+    /// Writes three bytes for each pixel to `rgb`. Alpha is treated like a colour and written to
+    /// `alphaOrNull`, one byte for each pixel, unless that is null.
     void encode(const Rgb* source, std::uint8_t* rgb, std::uint8_t* alphaOrNull, std::size_t count) const;
 
-    /// Whether a table stands in for powf.
+    /// True if the encoder uses a table instead of powf.
     bool hasTable() const noexcept { return m_table != nullptr; }
 
 private:

@@ -10,23 +10,23 @@ namespace Nolvex::Pixels {
 
 namespace {
 
-/// Between 0 and 1 floats are ordered as their bits are: everything below counts in bits.
+/// Floats from 0 to 1 have the same order as their bits, so everything below works on the bits.
 constexpr std::uint32_t ONE = std::bit_cast<std::uint32_t>(1.0f);
 
-/// Outside of these the bytes change so steeply or so slowly that tables become large or steps of powf
-/// uneven.
-constexpr float SMALLEST_EXPONENT = 1.0f / 16.0f;
-constexpr float LARGEST_EXPONENT = 16.0f;
+/// With other exponents the byte changes so fast or so slowly that tables become large or powf is not
+/// monotonic.
+constexpr float MIN_EXPONENT = 1.0f / 16.0f;
+constexpr float MAX_EXPONENT = 16.0f;
 
-/// How wide buckets may be: as wide as the steepest part allows, since a small table stays in the cache.
-constexpr std::int32_t WIDEST_SHIFT = 20;
-constexpr std::int32_t NARROWEST_SHIFT = 10;
-constexpr std::size_t MOST_ENTRIES = std::size_t(1) << 16;
+/// Buckets are as wide as the steepest part of the curve allows, since a small table stays in the cache.
+constexpr std::int32_t MAX_SHIFT = 20;
+constexpr std::int32_t MIN_SHIFT = 10;
+constexpr std::size_t MAX_ENTRIES = std::size_t(1) << 16;
 
-/// How far around its threshold every byte is compared with powf.
+/// The number of floats before and after each threshold that are compared with powf.
 constexpr std::uint32_t CHECKED_STEPS = 4;
 
-/// Element k - 1: the smallest float whose byte is k or more.
+/// The element k - 1 is the smallest float whose byte is k or more.
 using Thresholds = std::array<std::uint32_t, 255>;
 
 std::uint8_t encodeBits(std::uint32_t bits, float exponent)
@@ -34,7 +34,7 @@ std::uint8_t encodeBits(std::uint32_t bits, float exponent)
     return encodePower(std::bit_cast<float>(bits), exponent);
 }
 
-/// The smallest bits in (low, ONE] whose byte is `byte` or more, which is true of 1.
+/// The smallest bits in (low, ONE] whose byte is `byte` or more. The byte of ONE is 255.
 std::uint32_t findThreshold(std::uint32_t low, int byte, float exponent)
 {
     std::uint32_t high = ONE;
@@ -63,17 +63,18 @@ bool haveOneABucket(const Thresholds& thresholds, std::int32_t shift)
     return std::ranges::adjacent_find(thresholds, inOneBucket) == thresholds.end();
 }
 
-/// Zero when the thresholds are too close.
+/// Returns 0 if the thresholds are too close to each other.
 std::int32_t findShift(const Thresholds& thresholds)
 {
-    std::int32_t shift = WIDEST_SHIFT;
-    while (shift >= NARROWEST_SHIFT && !haveOneABucket(thresholds, shift))
+    std::int32_t shift = MAX_SHIFT;
+    while (shift >= MIN_SHIFT && !haveOneABucket(thresholds, shift))
         --shift;
-    return shift < NARROWEST_SHIFT ? 0 : shift;
+    return shift < MIN_SHIFT ? 0 : shift;
 }
 
-/// For the bucket that begins at `start`; `passed` thresholds lie before it, `next` is the one after these.
-/// Adding the bits and shifting gives `passed`, and one more from the threshold on.
+/// The entry of the bucket that begins at `start`. `passed` thresholds lie before the bucket, and `next` is
+/// the threshold after these or null. Adding the bits of a float and shifting gives `passed`, or `passed` + 1
+/// from `next` on.
 std::uint32_t makeEntry(std::uint32_t start, std::uint32_t passed, const std::uint32_t* next,
                         std::int32_t shift)
 {
@@ -124,8 +125,9 @@ bool isWhole(float number)
 
 bool isOrdinary(float exponent)
 {
-    // Even exponents turn negative numbers into positive ones: not worth a second kind of table.
-    return exponent >= SMALLEST_EXPONENT && exponent <= LARGEST_EXPONENT && !isWhole(exponent / 2.0f);
+    // Even exponents turn negative numbers into positive numbers, for which a second kind of table would be
+    // needed.
+    return exponent >= MIN_EXPONENT && exponent <= MAX_EXPONENT && !isWhole(exponent / 2.0f);
 }
 
 } // namespace
@@ -133,7 +135,7 @@ bool isOrdinary(float exponent)
 std::uint8_t encodePower(float value, float exponent)
 {
     const float power = std::pow(value, exponent);
-    // NaN passes no comparison, so it gives 0 as well.
+    // NaN gives 0 as well, because no comparison with NaN is true.
     const float clamped = power > 0.0f ? std::min(power, 1.0f) : 0.0f;
     return static_cast<std::uint8_t>(std::nearbyint(clamped * 255.0f));
 }
@@ -147,7 +149,7 @@ std::unique_ptr<const GammaTable> GammaTable::make(float exponent)
     if (shift == 0)
         return nullptr;
     const std::uint32_t firstBucket = (thresholds.front() - 1) >> shift;
-    if ((ONE >> shift) - firstBucket >= MOST_ENTRIES)
+    if ((ONE >> shift) - firstBucket >= MAX_ENTRIES)
         return nullptr;
 
     auto table = std::make_unique<GammaTable>();

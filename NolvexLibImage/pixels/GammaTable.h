@@ -10,22 +10,22 @@
 
 namespace Nolvex::Pixels {
 
-/// The byte of `value` raised to `exponent`, through powf itself.
+/// Raises `value` to `exponent` by powf and makes a byte of the result.
 std::uint8_t encodePower(float value, float exponent);
 
-/// What a GammaEncoder looks up instead of calling powf.
+/// The table that a GammaEncoder uses instead of powf.
 struct GammaTable
 {
     GammaTable() = default;
     GammaTable(const GammaTable&) = delete;
     GammaTable& operator=(const GammaTable&) = delete;
 
-    /// Null when a table cannot stand in for powf: the exponent is not an ordinary one, or the powf of this
-    /// system takes a step back near a place where the byte changes.
+    /// Returns null if no table can replace powf: the exponent is not between 1/16 and 16, it is an even
+    /// integer, or the powf of this system is not monotonic where the byte changes.
     static std::unique_ptr<const GammaTable> make(float exponent);
 
     Array<std::uint32_t> entries;
-    /// Points into `entries`.
+    /// Refers to `entries`.
     Detail::GammaLookup lookup{};
 };
 

@@ -13,10 +13,11 @@ struct CpuidRegisters
     std::uint32_t edx;
 };
 
-/// What the processor says about itself. The highest leaf there is, is eax of leaf 0.
+/// Asks the processor for its properties. The eax of leaf 0 is the highest leaf.
 CpuidRegisters readCpuid(std::uint32_t leaf, std::uint32_t subleaf);
 
-/// Which registers the system saves when it switches between threads; only where OSXSAVE is reported.
+/// The kinds of registers that the system saves when it switches between threads. To be called only if the
+/// processor reports OSXSAVE.
 std::uint64_t readXcr0();
 
 } // namespace Nolvex::Platform

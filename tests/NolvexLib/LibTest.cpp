@@ -47,41 +47,6 @@ protected:
     StartedLibTest() { Lib::startup(); }
 };
 
-TEST_F(LibTest, isMainThread_isTrueOnlyOnTheThreadThatStarted)
-{
-    Lib::startup();
-    EXPECT_TRUE(isMainThread());
-    bool onThread = true;
-    runOnThread([&] { onThread = isMainThread(); });
-    EXPECT_FALSE(onThread);
-    Lib::shutdown();
-    EXPECT_TRUE(isMainThread());
-}
-
-TEST_F(LibTest, isMainThread_afterASecondStartupElsewhere_isThatOfTheFirst)
-{
-    Lib::startup();
-    runOnThread([] { Lib::startup(); });
-    EXPECT_TRUE(isMainThread());
-    Lib::shutdown();
-    Lib::shutdown();
-}
-
-TEST_F(LibTest, isMainThread_afterStartingAnew_isTheNewOne)
-{
-    bool onThread = false;
-    runOnThread([&] {
-        Lib::startup();
-        onThread = isMainThread();
-        Lib::shutdown();
-    });
-    EXPECT_TRUE(onThread);
-    EXPECT_FALSE(isMainThread());
-    Lib::startup();
-    EXPECT_TRUE(isMainThread());
-    Lib::shutdown();
-}
-
 TEST_F(LibTest, postToMainThread_whileNotStarted_isRefused)
 {
     EXPECT_FALSE(Lib::postToMainThread(appending(1)));

@@ -300,11 +300,12 @@ TEST(XmlFormTest, fromUtf8_declarationEndedLikeAnElement_isRefused)
 {
     for (const char* document :
          {"<?xml version=\"1.0\"/><root/>", "<?xml version=\"1.0\"/>x?><root/>",
-          "<?xml version=\"1.0\"/?><root/>", "<?xml version=\"1.0\">?></xml><root/>",
-          "<?xml version=\"1.0\"></xml?><root/>", "<?xml version=\"1.0\"></xml>?><root/>",
-          "<?xml version=\"1.0\"></xml><?x?><root/>", "<?xml version=\"1.0\"><a/></xml ?><root/>",
-          "<?xml version=\"1.0\"></xml><root><a>?></a></root>", "<?xml version=\"1.0?>\"?><root/>",
-          "<?xml ?><root/>", "<?xml version=\"1.0\" version=\"1.0\"?><root/>"})
+          "<?xml version=\"1.0\"/><!DOCTYPE?><root/>", "<?xml version=\"1.0\"/?><root/>",
+          "<?xml version=\"1.0\">?></xml><root/>", "<?xml version=\"1.0\"></xml?><root/>",
+          "<?xml version=\"1.0\"></xml>?><root/>", "<?xml version=\"1.0\"></xml><?x?><root/>",
+          "<?xml version=\"1.0\"><a/></xml ?><root/>", "<?xml version=\"1.0\"></xml><root><a>?></a></root>",
+          "<?xml version=\"1.0?>\"?><root/>", "<?xml ?><root/>",
+          "<?xml version=\"1.0\" version=\"1.0\"?><root/>"})
         EXPECT_FALSE(XmlString::fromUtf8(document).hasValue()) << document;
 }
 

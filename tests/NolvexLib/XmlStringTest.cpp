@@ -326,7 +326,7 @@ TEST(XmlStringTest, fromString_unitThatIsNoCharacter_isRefused)
     const std::wstring lone(1, static_cast<wchar_t>(0xD83D));
     const auto result = XmlString::fromString(L"<root><a>\xE4" + lone + L"</a></root>");
     ASSERT_FALSE(result.hasValue());
-    EXPECT_EQ(result.error(), L"The text holds what is no character (byte 11).");
+    EXPECT_EQ(result.error(), L"The text holds a unit that is no character (byte 11).");
     EXPECT_TRUE(XmlString::fromString(L"<root><a>\xFFFD</a></root>").hasValue());
 }
 

@@ -7,7 +7,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <cstring>
 #include <limits>
 #include <utility>
@@ -96,6 +98,15 @@ TEST(ImageTest, create_withTooManyBytes_saysSo)
     EXPECT_EQ(errorOf(32768, 32769, PixelFormat::FLOAT32_RGBA), error);
 }
 
+// The machine may lack the memory, which is another error.
+TEST(ImageTest, create_atTheLimits_isNotTooLarge)
+{
+    EXPECT_EQ(errorOf(2147483647, 1, PixelFormat::UINT8_GREY).find(L"too large"), String::NPOS);
+    EXPECT_EQ(errorOf(1, 2147483647, PixelFormat::UINT8_GREY).find(L"too large"), String::NPOS);
+    EXPECT_EQ(errorOf(32768, 32768, PixelFormat::FLOAT32_RGBA).find(L"too large"), String::NPOS);
+    EXPECT_NE(errorOf(32769, 32768, PixelFormat::FLOAT32_RGBA).find(L"too large"), String::NPOS);
+}
+
 TEST(ImageTest, create_withAnInvalidFormat_isAProgrammingError)
 {
     const auto invalid = static_cast<PixelFormat>(PIXEL_FORMAT_COUNT);
@@ -125,6 +136,55 @@ TEST(ImageTest, row_zeroIsTheLowest)
     EXPECT_EQ(image.getRgba(0, 0), (Rgb{1, 1, 1, 1}));
     EXPECT_EQ(image.getRgba(0, 1), (Rgb{0, 0, 0, 1}));
     EXPECT_EQ(image.row(1).data(), image.row(0).data() + image.rowBytes());
+}
+
+TEST(ImageTest, row_ofEveryFormat_isAlignedForItsNumbers)
+{
+    for (const PixelFormat format : FORMATS) {
+        Image image = makeImage(3, 5, format);
+        const auto channels = static_cast<std::size_t>(Image::getPixelFormatChannelCount(format));
+        const std::size_t alignment = Image::getPixelFormatByteCount(format) / channels;
+        for (std::int32_t y = 0; y < 5; ++y)
+            EXPECT_EQ(reinterpret_cast<std::uintptr_t>(image.row(y).data()) % alignment, 0U);
+    }
+}
+
+TEST(ImageTest, row_ofEveryFormat_holdsTheBytesOfItsPixels)
+{
+    for (const PixelFormat format : FORMATS) {
+        const Image image = makeImage(11, 2, format);
+        EXPECT_EQ(image.row(0).size(), 11 * Image::getPixelFormatByteCount(format));
+        EXPECT_EQ(image.row(1).size(), image.rowBytes());
+    }
+}
+
+TEST(ImageTest, getRgba_ofHandWrittenPixels_givesTheirValues)
+{
+    Image bytes = makeImage(2, 1, PixelFormat::UINT8_RGBA);
+    const std::uint8_t colours[] = {0, 255, 51, 255, 255, 0, 0, 0};
+    std::memcpy(bytes.row(0).data(), colours, sizeof colours);
+    EXPECT_EQ(bytes.getRgba(0, 0), (Rgb{0, 1, std::bit_cast<float>(0x3E4C'CCCEU), 1}));
+    EXPECT_EQ(bytes.getRgba(1, 0), (Rgb{1, 0, 0, 0}));
+
+    Image halves = makeImage(1, 1, PixelFormat::FLOAT16_RGB);
+    const std::uint16_t numbers[] = {0x3800, 0x4900, 0xBC00};
+    std::memcpy(halves.row(0).data(), numbers, sizeof numbers);
+    EXPECT_EQ(halves.getRgba(0, 0), (Rgb{0.5f, 10, -1, 1}));
+
+    Image floats = makeImage(1, 1, PixelFormat::FLOAT32_GREY);
+    const float value = 123456.75f;
+    std::memcpy(floats.row(0).data(), &value, sizeof value);
+    EXPECT_EQ(floats.getRgba(0, 0), (Rgb{value, value, value, 1}));
+}
+
+TEST(ImageTest, readRow_writesNothingBehindTheRow)
+{
+    const Image image = makeImage(3, 1);
+    const Rgb guard = {9, 9, 9, 9};
+    std::vector<Rgb> row(4, guard);
+    image.readRow(0, row.data());
+    EXPECT_EQ(row[2], (Rgb{0, 0, 0, 1}));
+    EXPECT_EQ(row[3], guard);
 }
 
 TEST(ImageTest, getRgba_ofEveryFormat_followsTheRules)
@@ -195,6 +255,29 @@ TEST(ImageTest, assignment_ofItself_keepsThePixels)
     const Image& same = image;
     image = same;
     EXPECT_EQ(image.getRgba(2, 1), before);
+}
+
+TEST(ImageTest, assignment_ofAnImageMovedFrom_leavesNoPixels)
+{
+    Image image = makeImage(4, 3);
+    Image emptied = makeImage(2, 2);
+    const Image taken = std::move(emptied);
+    // NOLINTNEXTLINE(bugprone-use-after-move,clang-analyzer-cplusplus.Move): the state is the promise
+    image = emptied;
+    EXPECT_EQ(image.descriptor(), ImageDescriptor());
+    EXPECT_EQ(image.rowBytes(), 0U);
+    EXPECT_THROW(image.getRgba(0, 0), StopException);
+    EXPECT_EQ(taken.descriptor().width, 2);
+}
+
+TEST(ImageTest, descriptors_areEqualOnlyInAllProperties)
+{
+    const ImageDescriptor descriptor = {4, 3, PixelFormat::UINT8_RGB, 2.2f};
+    EXPECT_EQ(descriptor, (ImageDescriptor{4, 3, PixelFormat::UINT8_RGB, 2.2f}));
+    EXPECT_NE(descriptor, (ImageDescriptor{5, 3, PixelFormat::UINT8_RGB, 2.2f}));
+    EXPECT_NE(descriptor, (ImageDescriptor{4, 2, PixelFormat::UINT8_RGB, 2.2f}));
+    EXPECT_NE(descriptor, (ImageDescriptor{4, 3, PixelFormat::UINT8_RGBA, 2.2f}));
+    EXPECT_NE(descriptor, (ImageDescriptor{4, 3, PixelFormat::UINT8_RGB, 1.0f}));
 }
 
 TEST(ImageTest, move_leavesNoPixelsBehind)

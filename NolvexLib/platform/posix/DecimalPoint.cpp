@@ -12,7 +12,8 @@ namespace Nolvex {
 wchar_t decimalPointCharacter()
 {
     const std::string_view point = std::localeconv()->decimal_point;
-    // UTF-8 first: the number format may be of another locale than the character set mbrtowc goes by.
+    // UTF-8 is tried first: the character set that mbrtowc uses may belong to another locale than the number
+    // format.
     const Optional<String> text = String::fromValidUtf8(point);
     if (text && text->length() == 1)
         return (*text)[0];

@@ -34,7 +34,7 @@ const char* streamMode(int flags)
     return (flags & O_APPEND) != 0 ? "ab" : "wb";
 }
 
-// A folder opens for reading like a file and fails only when it is read.
+// A folder can be opened for reading; only reading it fails.
 bool isFolder(int descriptor)
 {
     struct stat status = {};

@@ -9,7 +9,7 @@ namespace Nolvex {
 
 wchar_t decimalPointCharacter()
 {
-    // Up to three characters and the final zero.
+    // Windows allows three characters and a final zero.
     std::array<wchar_t, 4> point = {};
     const int length = ::GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, LOCALE_SDECIMAL, point.data(),
                                          static_cast<int>(point.size()));

@@ -11,7 +11,8 @@ String Detail::environmentVariable(const char* name)
 {
     const String wideName = String::fromAscii(name);
     std::wstring value;
-    // The length, with its final zero as long as it does not fit, may change between the calls.
+    // The variable may change between two calls. Windows counts the final zero only if the value does not
+    // fit.
     for (DWORD length = 1; length > value.size();) {
         value.resize(length);
         length = ::GetEnvironmentVariableW(wideName.c_str(), value.data(), length);

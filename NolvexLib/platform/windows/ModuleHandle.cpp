@@ -9,7 +9,7 @@ void* WinApi::getModuleHandle(const void* address)
 {
     HMODULE module = nullptr;
     const DWORD flags = GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
-    // Null would name the program itself.
+    // Windows takes null for the program itself.
     if (address == nullptr || !::GetModuleHandleExW(flags, static_cast<LPCWSTR>(address), &module))
         return nullptr;
     return module;

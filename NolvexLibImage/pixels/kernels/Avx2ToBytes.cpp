@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Compiled for AVX2: see KernelTable.h for what may not be used here.
+// Compiled for AVX2. KernelTable.h says what must not be used here.
 #include "NolvexLibImage/pixels/kernels/KernelTable.h"
 
 #include <immintrin.h>
@@ -10,10 +10,10 @@ namespace Nolvex::Pixels::Detail {
 namespace {
 
 constexpr std::size_t ALIGNMENT = 32;
-/// The pixels of a turn of the loop: with three bytes each they fill whole registers.
+/// The number of pixels in an iteration. With three bytes each they fill whole registers.
 constexpr std::size_t BLOCK = 32;
 
-/// The bytes a conversion writes: one plane, or one for the colours and one for alpha.
+/// The destination of a conversion: one plane, or one plane for the colours and one for alpha.
 struct Planes
 {
     std::uint8_t* colour;
@@ -29,24 +29,24 @@ void store(std::uint8_t* to, __m256i bytes)
         _mm256_storeu_si256(reinterpret_cast<__m256i*>(to), bytes);
 }
 
-/// Words of the pixels 0 2 | 1 3 and 4 6 | 5 7, as packing within the halves of registers leaves them, to
-/// bytes in order.
+/// Packing works within the halves of registers and leaves the words of the pixels 0 2 | 1 3 and 4 6 | 5 7.
+/// Returns their bytes in order.
 __m256i bytesInOrder(__m256i words0123, __m256i words4567)
 {
     const __m256i bytes = _mm256_packus_epi16(words0123, words4567);
     return _mm256_permutevar8x32_epi32(bytes, _mm256_setr_epi32(0, 4, 1, 5, 2, 6, 3, 7));
 }
 
-// Readers: eight() makes 32 bytes of eight pixels.
+// Readers. eight() makes 32 bytes of eight pixels.
 
-/// By the colour rule, alpha by the alpha rule on demand.
+/// Applies the colour rule, and on demand the alpha rule to alpha.
 template<bool TRUNCATES_ALPHA>
 struct LinearReader
 {
     static __m256 scaled(const float* in)
     {
-        // This order of the operands keeps NaN, which becomes the smallest integer and, when it is packed, 0,
-        // as everything negative does.
+        // This order of the operands keeps NaN. NaN becomes the smallest integer, and packing makes 0 of all
+        // negative integers.
         const __m256 limited = _mm256_min_ps(_mm256_set1_ps(1.0f), _mm256_loadu_ps(in));
         return _mm256_mul_ps(limited, _mm256_set1_ps(255.0f));
     }
@@ -65,7 +65,7 @@ struct LinearReader
     static __m256i eight(const float* in) { return bytesInOrder(words(in), words(in + 16)); }
 };
 
-/// By the table of a GammaEncoder.
+/// Uses the table of a GammaEncoder.
 class GammaReader
 {
 public:
@@ -94,7 +94,7 @@ private:
         const __m256i flip =
             _mm256_and_si256(infinite, _mm256_set1_epi32(static_cast<int>(m_lookup.infinityFlip)));
         const __m256 values = _mm256_castsi256_ps(_mm256_xor_si256(bits, flip));
-        // NaN becomes the second operand of the maximum.
+        // The maximum of NaN and a number is the second operand.
         const __m256 lifted = _mm256_max_ps(values, _mm256_set1_ps(m_lookup.lowest));
         return _mm256_castps_si256(_mm256_min_ps(lifted, _mm256_set1_ps(1.0f)));
     }
@@ -102,8 +102,8 @@ private:
     GammaLookup m_lookup;
 };
 
-// Writers: COLOUR_BYTES and ALPHA_BYTES say what a pixel takes in the two planes; write() puts down four
-// times eight pixels.
+// Writers. COLOUR_BYTES and ALPHA_BYTES are the sizes of a pixel in the two planes. write() writes four times
+// eight pixels.
 
 template<bool SWAPS>
 struct RgbaWriter
@@ -129,7 +129,7 @@ struct RgbaWriter
     }
 };
 
-/// In each half of a register: the twelve colour bytes of four pixels, then their four alphas.
+/// Sorts each half of a register into the twelve colour bytes of four pixels and their four alpha bytes.
 template<bool SWAPS>
 __m256i alphasLast(__m256i pixels)
 {
@@ -138,8 +138,8 @@ __m256i alphasLast(__m256i pixels)
     return _mm256_shuffle_epi8(pixels, _mm256_broadcastsi128_si256(order));
 }
 
-/// Eight pixels have three quadwords of colour and one of alpha. They are put where the quadwords are wanted,
-/// so that blending them gives full registers: colour A0 A1 A2 B0, B1 B2 C0 C1, C2 D0 D1 D2, alpha D C B A.
+/// Eight pixels have three quadwords of colour and one of alpha. They are moved to the places where blending
+/// makes full registers of them: colour A0 A1 A2 B0, B1 B2 C0 C1, C2 D0 D1 D2, alpha D C B A.
 template<bool SWAPS, bool WRITES_ALPHA>
 struct RgbWriter
 {
@@ -153,7 +153,7 @@ struct RgbWriter
                                            _mm256_setr_epi32(D0, D1, D2, D3, D4, D5, D6, D7));
     }
 
-    // Before, the doublewords 0 1 2 4 5 6 are colour and 3 7 are alpha.
+    // The doublewords 0 1 2 4 5 6 are colour, and 3 7 are alpha.
     template<bool STREAMS>
     static void write(Planes to, __m256i a, __m256i b, __m256i c, __m256i d)
     {
@@ -198,7 +198,8 @@ bool isAligned(const std::uint8_t* address)
     return reinterpret_cast<std::uintptr_t>(address) % ALIGNMENT == 0;
 }
 
-/// How many pixels at the beginning to leave out for aligned destinations; BLOCK when no number does it.
+/// The number of pixels to skip at the beginning until the destinations are aligned, or BLOCK if no number
+/// aligns them.
 template<class Writer>
 std::size_t pixelsToAlignment(Planes to)
 {
@@ -209,7 +210,7 @@ std::size_t pixelsToAlignment(Planes to)
     return pixels;
 }
 
-/// `narrow` converts what makes no block: narrow(source, planes, count).
+/// `narrow` converts the pixels that do not fill a block: narrow(source, planes, count).
 template<class Writer, class Reader, class Narrow>
 void convert(const Reader& reader, const Rgb* source, Planes to, std::size_t count, Narrow narrow)
 {
@@ -233,7 +234,7 @@ void convert(const Reader& reader, const Rgb* source, Planes to, std::size_t cou
         _mm_sfence();
 }
 
-/// To one plane; NARROW is the member of the table that converts what makes no block.
+/// Writes one plane. NARROW is the member of the table that converts the pixels that do not fill a block.
 template<class Writer, class Reader, ToBytesKernels::ToBytes ToBytesKernels::*NARROW>
 void convertToBytes(const Rgb* source, std::uint8_t* destination, std::size_t count)
 {

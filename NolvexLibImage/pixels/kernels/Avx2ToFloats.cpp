@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Compiled for AVX2 and F16C: see KernelTable.h for what may not be used here.
+// Compiled for AVX2 and F16C. KernelTable.h says what must not be used here.
 #include "NolvexLibImage/pixels/kernels/KernelTable.h"
 
 #include <cstring>
@@ -30,8 +30,8 @@ __m128i loadInteger(const std::byte* in)
     return _mm_cvtsi32_si128(static_cast<int>(bytes));
 }
 
-// Readers of two pixels: BYTES is the size of a pixel, NEEDED how many pixels must be there to read two of
-// them with one load.
+// Readers of two pixels. BYTES is the size of a pixel. NEEDED is the number of pixels that must be left for a
+// load of two pixels, which reads further than these.
 
 __m256 fromUint8(__m128i bytes)
 {
@@ -165,7 +165,7 @@ void store(float* to, __m256 pixels)
         _mm256_storeu_ps(to, pixels);
 }
 
-/// Converts pairs of pixels as long as it can, and returns how many pixels that were.
+/// Converts pairs of pixels as long as it can, and returns the number of pixels converted.
 template<class Reader, bool STREAMS>
 std::size_t convertPairs(const std::byte* source, Rgb* destination, std::size_t count)
 {
@@ -183,7 +183,7 @@ void convertFrom(ToFloatsKernels::ToRgb narrow, const std::byte* source, Rgb* de
     narrow(source + done * Reader::BYTES, destination + done, count - done);
 }
 
-/// `narrow` converts what makes no pair.
+/// `narrow` converts the remaining pixels.
 template<class Reader>
 void convert(ToFloatsKernels::ToRgb narrow, const std::byte* source, Rgb* destination, std::size_t count)
 {

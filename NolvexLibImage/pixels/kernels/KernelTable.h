@@ -10,20 +10,20 @@
 
 namespace Nolvex::Pixels::Detail {
 
-/// The table of a GammaEncoder as the kernels read it. With x the value clamped to [lowest, 1] and u the bits
-/// of x: byte = (entries[(u >> shift) - firstBucket] + u) >> shift, in 32 bits. Whatever lies below `lowest`,
-/// and NaN, gives the byte of `lowest`.
+/// The table of a GammaEncoder as the kernels read it. Let x be the value clamped to [lowest, 1], and u the
+/// bits of x. Then the byte is (entries[(u >> shift) - firstBucket] + u) >> shift in 32 bits. Values below
+/// `lowest` and NaN give the byte of `lowest`.
 struct GammaLookup
 {
     const std::uint32_t* entries;
     std::uint32_t firstBucket;
     std::int32_t shift;
     float lowest;
-    /// Minus infinity has these bits inverted first: the sign, when its power is plus infinity.
+    /// The bits of minus infinity that are inverted first: the sign bit if its power is plus infinity.
     std::uint32_t infinityFlip;
 };
 
-/// The conversions of one CPU level to bytes, described in Conversions.h and GammaEncoder.h.
+/// The conversions of one CPU level to bytes. Conversions.h and GammaEncoder.h describe them.
 struct ToBytesKernels
 {
     using ToBytes = void (*)(const Rgb* source, std::uint8_t* destination, std::size_t count);
@@ -53,9 +53,9 @@ struct ToFloatsKernels
     ToRgb bgra8ToRgb;
 };
 
-// The wider levels are compiled with instructions that not every processor has. Their files must therefore
-// emit nothing that the linker could merge with the same function of another file: helpers live in anonymous
-// namespaces, and of headers they use types, constants and intrinsics only, no inline functions and no
+// The wider levels are compiled with instructions that not every processor has. The linker must not merge a
+// function of their files with the same function of another file. So these files define their functions in
+// anonymous namespaces, and use only types, constants and intrinsics of headers: no inline functions and no
 // templates of the standard library.
 extern const ToBytesKernels SSE2_TO_BYTES;
 extern const ToBytesKernels AVX2_TO_BYTES;
@@ -69,18 +69,18 @@ struct KernelTable
     const ToFloatsKernels& toFloats;
 };
 
-/// The kernels in use.
+/// The table of the level in use.
 const KernelTable& activeKernels();
 
-/// From this many bytes of output on a kernel writes past the caches: the output would not stay in them
-/// anyway, and memory need not be read before it is written over.
+/// A kernel writes outputs of at least this many bytes past the caches. They would not stay in the caches
+/// anyway, and the processor then does not read the memory before overwriting it.
 inline constexpr std::size_t STREAMING_BYTES = std::size_t(16) << 20;
 
-/// How far ahead such a kernel asks for the pixels it will read. Measured: without asking it waits for memory
-/// half of the time, since what the processor fetches by itself ends with the page.
+/// How far ahead such a kernel prefetches its source. Without that it was measured to wait for memory half of
+/// the time, since the processor itself prefetches only to the end of the page.
 inline constexpr std::size_t PREFETCH_PIXELS = 512;
 
-/// The single-precision numbers next to 1/255 and 1/65535: bits 3B808081 and 37800080.
+/// The single-precision numbers nearest to 1/255 and 1/65535: bits 3B808081 and 37800080.
 inline constexpr float UINT8_SCALE = 1.0f / 255.0f;
 inline constexpr float UINT16_SCALE = 1.0f / 65535.0f;
 

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::size_t ALIGNMENT = 16;
 
-/// The bytes a conversion writes: one plane, or one for the colours and one for alpha.
+/// The destination of a conversion: one plane, or one plane for the colours and one for alpha.
 struct Planes
 {
     std::uint8_t* colour;
@@ -22,9 +22,9 @@ std::uint32_t lowDword(__m128i bytes)
     return static_cast<std::uint32_t>(_mm_cvtsi128_si32(bytes));
 }
 
-// Readers: four() makes 16 bytes of four pixels, one() four bytes of one.
+// Readers. four() makes 16 bytes of four pixels, and one() makes four bytes of one pixel.
 
-/// By the colour rule, alpha by the alpha rule on demand, red and blue swapped on demand.
+/// Applies the colour rule. On demand applies the alpha rule to alpha, and swaps red and blue.
 template<bool TRUNCATES_ALPHA, bool SWAPS>
 struct LinearReader
 {
@@ -33,8 +33,8 @@ struct LinearReader
         __m128 values = _mm_loadu_ps(pixel);
         if constexpr (SWAPS)
             values = _mm_shuffle_ps(values, values, _MM_SHUFFLE(3, 0, 1, 2));
-        // This order of the operands keeps NaN, which becomes the smallest integer and, when it is packed, 0,
-        // as everything negative does.
+        // This order of the operands keeps NaN. NaN becomes the smallest integer, and packing makes 0 of all
+        // negative integers.
         return _mm_mul_ps(_mm_min_ps(_mm_set1_ps(1.0f), values), _mm_set1_ps(255.0f));
     }
 
@@ -60,7 +60,7 @@ struct LinearReader
     }
 };
 
-/// By the table of a GammaEncoder.
+/// Uses the table of a GammaEncoder.
 class GammaReader
 {
 public:
@@ -86,7 +86,7 @@ private:
         const __m128i infinite = _mm_cmpeq_epi32(bits, _mm_set1_epi32(static_cast<int>(0xff80'0000)));
         const __m128i flip = _mm_and_si128(infinite, _mm_set1_epi32(static_cast<int>(m_lookup.infinityFlip)));
         const __m128 values = _mm_castsi128_ps(_mm_xor_si128(bits, flip));
-        // NaN becomes the second operand of the maximum.
+        // The maximum of NaN and a number is the second operand.
         const __m128 lifted = _mm_max_ps(values, _mm_set1_ps(m_lookup.lowest));
         return _mm_castps_si128(_mm_min_ps(lifted, _mm_set1_ps(1.0f)));
     }
@@ -100,8 +100,8 @@ private:
     GammaLookup m_lookup;
 };
 
-// Writers: four() takes 16 bytes of four pixels, one() four bytes of one. STREAMS: large outputs only,
-// written past the caches.
+// Writers. four() takes 16 bytes of four pixels, and one() takes four bytes of one pixel. Writers with
+// STREAMS write large outputs past the caches.
 
 class RgbaWriter
 {
@@ -126,7 +126,7 @@ protected:
     std::uint8_t* m_to;
 };
 
-/// To an aligned destination.
+/// The destination must be aligned.
 class StreamingRgbaWriter : public RgbaWriter
 {
 public:
@@ -166,7 +166,7 @@ public:
     }
 
 private:
-    /// The colours of the two lower pixels.
+    /// Returns the colours of the two lower pixels.
     static std::uint64_t sixBytes(__m128i pixels)
     {
         const auto both = static_cast<std::uint64_t>(_mm_cvtsi128_si64(pixels));

@@ -21,7 +21,7 @@ __m128 swapped(__m128 pixel)
     return _mm_shuffle_ps(pixel, pixel, _MM_SHUFFLE(3, 0, 1, 2));
 }
 
-/// CHANNELS numbers of two bytes, in the lower words.
+/// Loads CHANNELS numbers of two bytes into the lower words.
 template<std::size_t CHANNELS>
 __m128i loadWords(const std::byte* pixel)
 {
@@ -30,7 +30,7 @@ __m128i loadWords(const std::byte* pixel)
     return _mm_cvtsi64_si128(static_cast<long long>(words));
 }
 
-// Readers: BYTES is the size of a pixel, channels() gives what is there of it, in the lower floats.
+// Readers. BYTES is the size of a pixel. channels() returns the channels of a pixel in the lower floats.
 
 template<std::size_t CHANNELS>
 struct Uint8Reader
@@ -72,8 +72,8 @@ struct Float16Reader
     }
 
 private:
-    /// The exponents of the two formats differ by 112, the lengths of the fractions by 13 bits. A product
-    /// rather than a sum of exponents also normalises what is denormal as a half.
+    /// The exponents of the two formats differ by 112, and the lengths of the fractions by 13 bits.
+    /// Multiplying, instead of adding to the exponent, normalises the denormal halves too.
     static __m128i magnitude(__m128i half)
     {
         const __m128 shifted = _mm_castsi128_ps(_mm_slli_epi32(half, 13));
@@ -81,8 +81,7 @@ private:
         return _mm_or_si128(finite, notFinite(half));
     }
 
-    /// The bits that infinities and NaNs have besides: the highest exponent, and what makes a NaN a quiet
-    /// one.
+    /// The additional bits of infinities and NaNs: the highest exponent, and the bit of a quiet NaN.
     static __m128i notFinite(__m128i half)
     {
         const __m128i infiniteOrNan = _mm_cmpgt_epi32(half, _mm_set1_epi32(0x7bff));
@@ -105,7 +104,8 @@ struct Float32Reader
     }
 };
 
-// Pixels of one, three, four channels, and of three and four with red and blue swapped.
+// Makers of pixels from one, three and four channels, and from three and four channels with red and blue
+// swapped.
 
 template<class Reader>
 struct Grey : Reader

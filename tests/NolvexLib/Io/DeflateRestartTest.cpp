@@ -163,7 +163,7 @@ TEST(DeflateRestartTest, write_byteByByteWithAFlushAfterEach_isReadableSliceBySl
 TEST(DeflateRestartTest, write_withAnotherInterval_restartsThere)
 {
     const std::string text = documentText(100'000) + Tests::incompressibleText(100'000);
-    for (const int interval : {DeflateOutputStream::LEAST_RESTART_INTERVAL, 257, 1000, 65535, 100'000'000}) {
+    for (const int interval : {DeflateOutputStream::MIN_RESTART_INTERVAL, 257, 1000, 65535, 100'000'000}) {
         const Array<std::byte> bytes = compress(text, LEVEL, interval);
         EXPECT_EQ(decompressSliceBySlice(bytes, static_cast<std::size_t>(interval)), text) << interval;
     }
@@ -276,7 +276,7 @@ TEST(DeflateRestartTest, destructor_finishesTheLastPiece)
 TEST(DeflateRestartTest, constructor_withShorterIntervalThanTheLeast_isAProgrammingError)
 {
     MemoryOutputStream target;
-    EXPECT_THROW(DeflateOutputStream(target, LEVEL, DeflateOutputStream::LEAST_RESTART_INTERVAL - 1),
+    EXPECT_THROW(DeflateOutputStream(target, LEVEL, DeflateOutputStream::MIN_RESTART_INTERVAL - 1),
                  StopException);
     EXPECT_THROW(DeflateOutputStream(target, LEVEL, 0), StopException);
     EXPECT_THROW(DeflateOutputStream(target, LEVEL, -65536), StopException);

@@ -91,7 +91,7 @@ void expectAsReference(const std::vector<float>& values)
             << conversion.name;
 }
 
-constexpr std::size_t MOST_PIXELS = 70;
+constexpr std::size_t MAX_PIXELS = 70;
 constexpr std::size_t ALIGNMENTS = 32;
 constexpr std::uint8_t GUARD = 0xa5;
 
@@ -123,7 +123,7 @@ public:
 private:
     std::size_t m_bytesPerPixel;
     std::size_t m_start = 0;
-    Bytes m_bytes = Bytes(MOST_PIXELS * 4 + 5 * ALIGNMENTS);
+    Bytes m_bytes = Bytes(MAX_PIXELS * 4 + 5 * ALIGNMENTS);
 };
 
 /// One count and source, all alignments of the destination.
@@ -211,14 +211,14 @@ TEST_P(ConversionsToBytesTest, everyByte_comesBackFromItsFloat)
 
 TEST_P(ConversionsToBytesTest, everyCountAndAlignment_writesItsBytesOnly)
 {
-    const std::vector<Rgb> pixels = Reference::pixelsOf(Reference::randomFractions(MOST_PIXELS));
-    std::vector<float> memory(MOST_PIXELS * 4 + 16);
+    const std::vector<Rgb> pixels = Reference::pixelsOf(Reference::randomFractions(MAX_PIXELS));
+    std::vector<float> memory(MAX_PIXELS * 4 + 16);
     for (const Conversion& conversion : CONVERSIONS) {
         const Planes expected = expectedPlanes(conversion, pixels);
         for (std::size_t offset = 0; offset < ALIGNMENTS / sizeof(float); ++offset) {
             Rgb* const source = reinterpret_cast<Rgb*>(memory.data() + offset);
             std::ranges::copy(pixels, source);
-            for (std::size_t count = 0; count <= MOST_PIXELS; ++count)
+            for (std::size_t count = 0; count <= MAX_PIXELS; ++count)
                 ASSERT_TRUE(fitsEverywhere(conversion, expected, source, count))
                     << conversion.name << ", source " << offset;
         }
@@ -227,7 +227,7 @@ TEST_P(ConversionsToBytesTest, everyCountAndAlignment_writesItsBytesOnly)
 
 TEST_P(ConversionsToBytesTest, everyCount_readsItsPixelsOnly)
 {
-    for (std::size_t count = 1; count <= MOST_PIXELS; ++count)
+    for (std::size_t count = 1; count <= MAX_PIXELS; ++count)
         expectAsReference(Reference::randomFractions(count));
 }
 

@@ -4,8 +4,6 @@
 #include "AtEachLevel.h"
 #include "Reference.h"
 
-#include "NolvexLib/StopException.h"
-
 #include <algorithm>
 #include <bit>
 #include <cstring>
@@ -97,7 +95,7 @@ Bytes allWords()
     return bytes;
 }
 
-constexpr std::size_t MOST_PIXELS = 70;
+constexpr std::size_t MAX_PIXELS = 70;
 constexpr std::size_t ALIGNMENTS = 32;
 constexpr float GUARD = -7.5f;
 
@@ -105,7 +103,7 @@ constexpr float GUARD = -7.5f;
 testing::AssertionResult fitsEverywhere(const Conversion& conversion, const std::byte* source,
                                         std::size_t count)
 {
-    std::vector<float> memory(MOST_PIXELS * 4 + 24);
+    std::vector<float> memory(MAX_PIXELS * 4 + 24);
     const auto isGuard = [](float value) { return value == GUARD; };
     for (std::size_t offset = 8; offset < 8 + ALIGNMENTS / sizeof(float); ++offset) {
         std::ranges::fill(memory, GUARD);
@@ -184,10 +182,10 @@ TEST_P(ConversionsToFloatsTest, floats_keepTheirBits)
 
 TEST_P(ConversionsToFloatsTest, everyCountAndAlignment_writesItsPixelsOnly)
 {
-    const Bytes memory = randomBytes(MOST_PIXELS * 16 + ALIGNMENTS);
+    const Bytes memory = randomBytes(MAX_PIXELS * 16 + ALIGNMENTS);
     for (const Conversion& conversion : allConversions()) {
         for (std::size_t misalignment = 0; misalignment < ALIGNMENTS; misalignment += 3) {
-            for (std::size_t count = 0; count <= MOST_PIXELS; ++count)
+            for (std::size_t count = 0; count <= MAX_PIXELS; ++count)
                 ASSERT_TRUE(fitsEverywhere(conversion, memory.data() + misalignment, count));
         }
     }
@@ -196,7 +194,7 @@ TEST_P(ConversionsToFloatsTest, everyCountAndAlignment_writesItsPixelsOnly)
 TEST_P(ConversionsToFloatsTest, everyCount_readsItsPixelsOnly)
 {
     for (const Conversion& conversion : allConversions()) {
-        for (std::size_t count = 1; count <= MOST_PIXELS; ++count) {
+        for (std::size_t count = 1; count <= MAX_PIXELS; ++count) {
             // A block that ends where the pixels end: the sanitizers see reads beyond it.
             const Bytes exact = randomBytes(count * Reference::pixelBytes(conversion.format));
             EXPECT_TRUE(convertsAsReference(conversion, exact));
@@ -224,14 +222,6 @@ TEST_P(ConversionsToFloatsTest, largeOutput_equalsItsPartsAtEveryAlignment)
             EXPECT_EQ(memory[offset + 4 * COUNT], GUARD) << conversion;
         }
     }
-}
-
-TEST(ConversionsTest, toRgb_ofAnInvalidFormat_isAProgrammingError)
-{
-    const std::byte source[16] = {};
-    Rgb pixel;
-    EXPECT_THROW(toRgb(static_cast<PixelFormat>(PIXEL_FORMAT_COUNT), source, &pixel, 1), StopException);
-    EXPECT_THROW(toRgb(static_cast<PixelFormat>(-1), source, &pixel, 1), StopException);
 }
 
 } // namespace Nolvex::Pixels

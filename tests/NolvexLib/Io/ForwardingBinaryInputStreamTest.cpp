@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLib/Io/ForwardingBinaryInputStream.h"
-#include "NolvexLib/Io/ForwardingBinaryOutputStream.h"
 
 #include "Bytes.h"
 #include "NolvexLib/Io/MemoryInputStream.h"
-#include "NolvexLib/Io/MemoryOutputStream.h"
 
 #include <gtest/gtest.h>
 
@@ -34,25 +32,6 @@ TEST(ForwardingBinaryInputStreamTest, putBack_isReadFromEitherStream)
     EXPECT_EQ(stream.read(&byte, 1), 1);
     EXPECT_EQ(byte, 'a');
     EXPECT_EQ(Tests::readAll(source), "b");
-}
-
-class FlushCountingStream : public MemoryOutputStream
-{
-public:
-    void flush() override { ++flushes; }
-
-    int flushes = 0;
-};
-
-TEST(ForwardingBinaryOutputStreamTest, writeAndFlush_goToTheTarget)
-{
-    FlushCountingStream target;
-    ForwardingBinaryOutputStream stream(target);
-    Tests::writeText(stream, "abc");
-    EXPECT_EQ(target.bytes(), Tests::bytesOf("abc"));
-    EXPECT_EQ(target.flushes, 0);
-    stream.flush();
-    EXPECT_EQ(target.flushes, 1);
 }
 
 } // namespace
