@@ -104,6 +104,33 @@ TEST_F(HostilePeerTest, sizeThatNeverArrives_costsNoMemory)
     EXPECT_LE(data.get<ReceivedRawData>().data.capacity(), 4u << 20);
 }
 
+TEST_F(HostilePeerTest, headersWithoutEnd_leaveNoMemoryWithTheProcess)
+{
+    constexpr std::size_t LIMIT = 24 << 20;
+    constexpr int PEERS = 3;
+    const std::string endless(LIMIT + 1'000'000, 'x');
+    const auto sendAll = [&] {
+        std::vector<std::thread> threads;
+        for (int i = 0; i < PEERS; ++i) {
+            threads.emplace_back([&] { connect().send(endless); });
+            threads.emplace_back([&] {
+                TcpSocket socket = m_listener.acceptConnection(true);
+                socket.setHeaderSizeLimit(LIMIT);
+                XmlString text;
+                EXPECT_EQ(socket.readString(text), SocketResult::Error);
+            });
+        }
+        for (std::thread& thread : threads)
+            thread.join();
+    };
+    const std::size_t before = Tests::heldMemory();
+    sendAll();
+    Tests::freeDestroyedSockets();
+#ifndef NOLVEX_SANITIZED
+    EXPECT_LT(Tests::heldMemory(), before + LIMIT);
+#endif
+}
+
 TEST_F(HostilePeerTest, silenceInsteadOfRawData_endsAfterFiveSeconds)
 {
     RawSocket peer = connect();

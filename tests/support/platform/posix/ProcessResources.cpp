@@ -14,6 +14,12 @@ std::size_t Tests::privateMemory()
     return info.uordblks + info.hblkhd;
 }
 
+std::size_t Tests::heldMemory()
+{
+    const struct mallinfo2 info = mallinfo2();
+    return info.arena + info.hblkhd;
+}
+
 std::size_t Tests::openHandles()
 {
     const std::filesystem::directory_iterator descriptors("/proc/self/fd");

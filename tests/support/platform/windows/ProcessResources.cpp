@@ -16,6 +16,11 @@ std::size_t Tests::privateMemory()
     return counters.PrivateUsage;
 }
 
+std::size_t Tests::heldMemory()
+{
+    return privateMemory();
+}
+
 std::size_t Tests::openHandles()
 {
     DWORD count = 0;
