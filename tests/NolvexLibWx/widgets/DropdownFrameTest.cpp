@@ -131,7 +131,7 @@ TEST_F(DropdownFrameTest, open_leavesFocusAndKeysWithTheOwnersFrame)
 
 TEST_F(DropdownFrameTest, ownerThatTakesTheFocus_stillTakesIt)
 {
-    new wxTextCtrl(dropdown, wxID_ANY);
+    new wxTextCtrl(dropdown, wxID_ANY, {}, wxPoint(60, 30));
     showFrame();
     int keys = 0;
     owner->Bind(wxEVT_KEY_DOWN, [&](wxKeyEvent&) { ++keys; });
