@@ -22,7 +22,7 @@ namespace {
 static_assert(std::is_base_of_v<wxFrame, DropdownFrame>);
 
 constexpr RgbBytes GREEN{0, 255, 0};
-const wxSize SIZE(120, 60);
+const wxSize LIST_SIZE(120, 60);
 
 // As the contents of a drop-down frame have to be.
 class Contents : public wxWindow
@@ -45,8 +45,8 @@ struct DropdownFrameTest : Tests::FrameFixture
 
     DropdownFrameTest()
     {
-        dropdown->SetClientSize(SIZE);
-        contents->SetSize(SIZE);
+        dropdown->SetClientSize(LIST_SIZE);
+        contents->SetSize(LIST_SIZE);
     }
 
     wxPoint below() const { return owner->GetScreenPosition() + wxPoint(0, owner->GetSize().y); }
@@ -85,7 +85,7 @@ TEST_F(DropdownFrameTest, open_showsItDirectlyBelowItsOwner)
     open();
     EXPECT_EQ(dropdown->GetScreenPosition(), below());
     EXPECT_EQ(contents->GetScreenPosition(), below());
-    EXPECT_EQ(dropdown->GetSize(), SIZE);
+    EXPECT_EQ(dropdown->GetSize(), LIST_SIZE);
 }
 
 TEST_F(DropdownFrameTest, open_placesItBeforeItIsShown)
@@ -131,7 +131,7 @@ TEST_F(DropdownFrameTest, open_leavesFocusAndKeysWithTheOwnersFrame)
 
 TEST_F(DropdownFrameTest, ownerThatTakesTheFocus_stillTakesIt)
 {
-    new wxTextCtrl(dropdown, wxID_ANY);
+    new wxTextCtrl(dropdown, wxID_ANY, {}, wxPoint(60, 30));
     showFrame();
     int keys = 0;
     owner->Bind(wxEVT_KEY_DOWN, [&](wxKeyEvent&) { ++keys; });
