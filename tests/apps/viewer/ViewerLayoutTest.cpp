@@ -10,7 +10,7 @@ namespace {
 
 struct ViewerLayoutTest : Tests::ViewerFixture
 {
-    ViewerLayoutTest() { show(wxBitmap(600, 400, 24)); }
+    ViewerLayoutTest() { show(Tests::coordinates(600, 400)); }
 };
 
 } // namespace
