@@ -6,9 +6,11 @@
 
 #include <wx/accel.h>
 #include <wx/menu.h>
+#include <wx/timer.h>
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <set>
 
 using namespace Nolvex;
@@ -17,6 +19,21 @@ using Tests::pumpUntil;
 using Tests::typeKey;
 
 namespace {
+
+// Types a key a little later, from a timer: on Windows an open menu runs its own event loop, from which the
+// opening call returns only when the menu is closed.
+class DelayedKey : public wxTimer
+{
+public:
+    explicit DelayedKey(int key) : m_key(key) { StartOnce(DELAY); }
+
+    void Notify() override { wxUIActionSimulator().Char(m_key); }
+
+private:
+    static constexpr int DELAY = 400; // milliseconds; time for the menu to open
+
+    int m_key;
+};
 
 struct ViewerKeyboardTest : Tests::ViewerFixture
 {
@@ -36,13 +53,21 @@ struct ViewerKeyboardTest : Tests::ViewerFixture
         });
     }
 
-    void openMenuByKey(char mnemonic)
+    // Runs what opens a menu, and types the key into the menu.
+    void typeIntoMenu(int key, const std::function<void()>& open)
     {
         const int before = opened;
-        wxUIActionSimulator().Char(mnemonic, wxMOD_ALT);
+        const DelayedKey delayed(key);
+        open();
         ASSERT_TRUE(pumpUntil([&] { return opened > before; }));
+        EXPECT_TRUE(pumpUntil([&] { return closed == opened; }));
     }
 };
+
+void pressAlt(char mnemonic)
+{
+    wxUIActionSimulator().Char(mnemonic, wxMOD_ALT);
+}
 
 } // namespace
 
@@ -58,13 +83,8 @@ TEST_F(ViewerKeyboardTest, escapeInAMenu_closesTheMenuOnly)
     });
     // GTK sends the keys to the window first when the mouse has opened the menu. The menu bar lies above the
     // client area.
-    Tests::clickAt(frame, wxPoint(20, -10));
-    ASSERT_TRUE(pumpUntil([&] { return opened > 0; }));
-    typeKey(WXK_ESCAPE);
-    EXPECT_TRUE(pumpUntil([&] { return closed == opened; }));
-    openMenuByKey('v');
-    typeKey(WXK_ESCAPE);
-    EXPECT_TRUE(pumpUntil([&] { return closed == opened; }));
+    typeIntoMenu(WXK_ESCAPE, [&] { Tests::clickAt(frame, wxPoint(20, -10)); });
+    typeIntoMenu(WXK_ESCAPE, [] { pressAlt('v'); });
     Tests::pumpEvents(200);
     EXPECT_FALSE(isClosing);
     typeKey(WXK_ESCAPE);
@@ -76,8 +96,7 @@ TEST_F(ViewerKeyboardTest, letterInAMenu_runsItsCommand)
     show(coordinates(60, 40));
     focus(view);
     watchMenus();
-    openMenuByKey('v');
-    typeKey('s');
+    typeIntoMenu('s', [] { pressAlt('v'); });
     EXPECT_TRUE(pumpUntil([&] { return frame->hasLightSurround(); }));
 }
 
