@@ -19,7 +19,7 @@ trap stop EXIT
 
 # show_controls COMMAND...
 show_controls() {
-  G_DEBUG=fatal-criticals timeout 100 "$@" >"$work/program.log" 2>&1 </dev/null &
+  G_DEBUG=fatal-criticals timeout 200 "$@" >"$work/program.log" 2>&1 </dev/null &
   program=$!
 }
 
@@ -27,7 +27,7 @@ show_controls() {
 read_controls() {
   local expected=$1 status=0
   shift
-  if ! timeout 100 "$@" <"$expected"; then
+  if ! timeout 200 "$@" <"$expected"; then
     tail -n 20 "$work/program.log"
     return 1
   fi
