@@ -44,7 +44,7 @@ private:
 std::size_t inheritableSockets();
 
 /// Calls the function while signals, where there are any, interrupt this thread every few milliseconds.
-/// Returns how many of them this thread handled meanwhile.
+/// Returns how many of them this thread handled meanwhile, -1 where there are no signals.
 int whileInterrupted(const std::function<void()>& function);
 
 /// `rounds`, or a fraction of it where each call of the system takes long.

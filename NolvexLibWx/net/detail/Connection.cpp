@@ -23,7 +23,7 @@ Connection::Connection(SocketOwner socket) : m_socket(std::move(socket)), m_desc
 
 bool Connection::isOpen() const
 {
-    return m_socket->IsOk() && !m_isEnded && !m_isLost;
+    return m_socket->IsOk() && !m_ended && !m_lost;
 }
 
 void Connection::setTimeout(std::int64_t seconds)
@@ -73,7 +73,7 @@ std::int64_t Connection::send(const void* buffer, std::int64_t count, Deadline d
 {
     const auto* const bytes = static_cast<const std::byte*>(buffer);
     std::int64_t done = 0;
-    while (done < count && !m_isEnded && !m_isLost) {
+    while (done < count && !m_ended && !m_lost) {
         const std::int64_t piece =
             note(Platform::sendAtOnce(m_descriptor, bytes + done, static_cast<std::size_t>(count - done)));
         done += piece;
@@ -89,14 +89,14 @@ std::int64_t Connection::send(const void* buffer, std::int64_t count, Deadline d
 std::int64_t Connection::note(std::int64_t count)
 {
     if (count < 0)
-        m_isLost = true;
+        m_lost = true;
     return std::max<std::int64_t>(count, 0);
 }
 
 // Returns 0 only if the connection has ended or the deadline has passed.
 std::int64_t Connection::receiveSome(void* buffer, std::size_t size, const Deadline& deadline)
 {
-    while (!m_isEnded && !m_isLost) {
+    while (!m_ended && !m_lost) {
         const auto left = deadline.left();
         const std::int64_t count =
             note(Platform::receiveWithin(m_descriptor, buffer, size, std::min(left, END_CHECK_PERIOD)));
@@ -108,7 +108,7 @@ std::int64_t Connection::receiveSome(void* buffer, std::size_t size, const Deadl
 
 bool Connection::waitForRoom(const Deadline& deadline) const
 {
-    while (!m_isEnded && !m_isLost) {
+    while (!m_ended && !m_lost) {
         // A socket that is called ready but takes nothing gets no more time by that.
         const auto left = deadline.left();
         if (left == left.zero())

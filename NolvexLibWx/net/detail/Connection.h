@@ -33,7 +33,7 @@ public:
     bool isOpen() const;
 
     /// A transfer on another thread gives up within 100 ms.
-    void end() { m_isEnded = true; }
+    void end() { m_ended = true; }
 
     wxSocketBase& socket() { return *m_socket; }
 
@@ -61,9 +61,9 @@ private:
 
     SocketOwner m_socket;
     wxSOCKET_T m_descriptor;
-    std::atomic<bool> m_isEnded = false;
+    std::atomic<bool> m_ended = false;
     // The peer has gone, which wxWidgets does not know.
-    std::atomic<bool> m_isLost = false;
+    std::atomic<bool> m_lost = false;
     // The bytes that were read ahead lie between the two indices.
     std::array<char, 16384> m_ahead;
     std::size_t m_aheadBegin = 0;

@@ -22,7 +22,7 @@ HostSocket::HostSocket(wxSocketBase& socket)
     : m_socket(socket),
       m_hostsFlags(socket.GetFlags()),
       m_hostsTimeout(socket.GetTimeout()),
-      m_isLost(!Platform::isDescriptorUsable(socket.GetSocket()))
+      m_lost(!Platform::isDescriptorUsable(socket.GetSocket()))
 {
     // Each call then moves what can be moved at once.
     m_socket.SetFlags(m_hostsFlags & ~(wxSOCKET_WAITALL | wxSOCKET_NOWAIT));
@@ -76,7 +76,7 @@ bool HostSocket::receiveText(std::string& text, std::size_t maxSize)
     Deadline end = deadline(wxSOCKET_NOWAIT_READ);
     for (;;) {
         const std::int64_t count = receiveTextPiece(piece.data(), piece.size(), end);
-        if (m_isLost || (count == 0 && end.hasPassed()))
+        if (m_lost || (count == 0 && end.hasPassed()))
             return false;
         if (count == 0)
             continue;
@@ -122,7 +122,7 @@ Deadline HostSocket::deadline(wxSocketFlags flagAgainstWaiting) const
 
 bool HostSocket::wait(SocketReadiness readiness, const Deadline& deadline) const
 {
-    return !m_isLost && Platform::waitForSocket(m_socket.GetSocket(), readiness, deadline.left());
+    return !m_lost && Platform::waitForSocket(m_socket.GetSocket(), readiness, deadline.left());
 }
 
 std::int64_t HostSocket::receivePiece(void* buffer, std::int64_t count)
@@ -130,7 +130,7 @@ std::int64_t HostSocket::receivePiece(void* buffer, std::int64_t count)
     m_socket.Read(buffer, static_cast<wxUint32>(std::min(count, MAX_CALL_SIZE)));
     const std::int64_t done = m_socket.LastReadCount();
     // A socket that is ready but gives nothing has reached the end of its connection.
-    m_isLost = done == 0 && (m_socket.IsClosed() || m_socket.LastError() == wxSOCKET_IOERR);
+    m_lost = done == 0 && (m_socket.IsClosed() || m_socket.LastError() == wxSOCKET_IOERR);
     return done;
 }
 
@@ -138,7 +138,7 @@ std::int64_t HostSocket::sendPiece(const void* buffer, std::int64_t count)
 {
     m_socket.Write(buffer, static_cast<wxUint32>(std::min(count, MAX_CALL_SIZE)));
     const std::int64_t done = m_socket.LastWriteCount();
-    m_isLost = done == 0 && m_socket.LastError() == wxSOCKET_IOERR;
+    m_lost = done == 0 && m_socket.LastError() == wxSOCKET_IOERR;
     return done;
 }
 

@@ -47,7 +47,7 @@ private:
     wxSocketBase& m_socket;
     wxSocketFlags m_hostsFlags;
     long m_hostsTimeout;
-    bool m_isLost;
+    bool m_lost;
 };
 
 } // namespace Nolvex::Wx::Detail

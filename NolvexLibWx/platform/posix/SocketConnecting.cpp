@@ -52,13 +52,13 @@ public:
     bool succeedsBefore(Clock::time_point end)
     {
         std::unique_lock lock(m_mutex);
-        const auto isOver = [this] { return m_isOver; };
-        if (m_over.wait_until(lock, end, isOver))
-            return m_isConnected;
+        const auto isOver = [this] { return m_over; };
+        if (m_end.wait_until(lock, end, isOver))
+            return m_connected;
         // The connect may be just about to begin, so it is cut again and again.
         do
             cut();
-        while (!m_over.wait_for(lock, std::chrono::milliseconds(10), isOver));
+        while (!m_end.wait_for(lock, std::chrono::milliseconds(10), isOver));
         return false;
     }
 
@@ -68,9 +68,9 @@ private:
         const bool isConnected = m_client.Connect(m_address, true);
         // Under the lock to the end: the condition does not outlive the wait.
         const std::lock_guard lock(m_mutex);
-        m_isConnected = isConnected;
-        m_isOver = true;
-        m_over.notify_one();
+        m_connected = isConnected;
+        m_over = true;
+        m_end.notify_one();
     }
 
     void cut() const
@@ -82,9 +82,9 @@ private:
     wxSocketClient& m_client;
     const wxIPV4address& m_address;
     std::mutex m_mutex;
-    std::condition_variable m_over;
-    bool m_isConnected = false;
-    bool m_isOver = false;
+    std::condition_variable m_end;
+    bool m_connected = false;
+    bool m_over = false;
     std::thread m_thread;
 };
 

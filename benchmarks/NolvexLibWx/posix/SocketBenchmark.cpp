@@ -13,7 +13,9 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
+#include <atomic>
 #include <cstdlib>
 #include <memory>
 #include <stdexcept>
@@ -164,7 +166,7 @@ std::string headersOfOneKilobyte()
     return all;
 }
 
-// What the toolkit offers to whoever must not read past the end: one byte a call.
+// The only way that wxWidgets has for a caller who must not read past the end: one byte a call.
 void readByteByByte(wxSocketBase& socket)
 {
     for (int i = 0; i < HEADERS; ++i) {
@@ -238,7 +240,7 @@ struct Free
     void operator()(char* block) const { std::free(block); }
 };
 
-// From memory to memory that is fresh each time, as what the library hands over is.
+// Moves the body into memory that is fresh each time, as the memory is that the library hands over.
 void moveRaw(const RawPair& pair, const std::vector<std::byte>& body)
 {
     const OneCore oneCore;
@@ -314,9 +316,47 @@ Contest requests()
             [pair, message] { exchangeByLibrary(*pair, message); }};
 }
 
-const Figure HEADER_READING("socket_header_reading", 25.0, headerReading);
+// While it lives, as many threads as there are cores have something else to do.
+class OtherWork
+{
+public:
+    OtherWork()
+    {
+        for (unsigned i = 0; i < std::max(std::thread::hardware_concurrency(), 1U); ++i) {
+            m_threads.emplace_back([this] {
+                while (!m_over)
+                    benchmark::ClobberMemory();
+            });
+        }
+    }
+
+    ~OtherWork()
+    {
+        m_over = true;
+        for (std::thread& thread : m_threads)
+            thread.join();
+    }
+
+    OtherWork(const OtherWork&) = delete;
+    OtherWork& operator=(const OtherWork&) = delete;
+
+private:
+    std::atomic<bool> m_over = false;
+    std::vector<std::thread> m_threads;
+};
+
+Contest requestsBesideWork()
+{
+    Contest contest = requests();
+    const auto work = std::make_shared<OtherWork>();
+    const auto beside = [work](const Work& exchange) { return [work, exchange] { exchange(); }; };
+    return {beside(contest.peer), beside(contest.ours)};
+}
+
+const Figure HEADER_READING("socket_header_reading", 55.0, headerReading);
 const Figure BODIES("socket_raw_body", 0.85, bodies);
-const Figure REQUESTS("socket_request_and_answer", 0.75, requests);
+const Figure REQUESTS("socket_request_and_answer", 0.90, requests);
+const Figure REQUESTS_BESIDE_WORK("socket_request_and_answer_beside_work", 0.90, requestsBesideWork);
 
 } // namespace
 

@@ -109,6 +109,8 @@ TEST(TcpClientTest, signals_areHandledWhileConnecting)
         EXPECT_GE(Tests::elapsedMs(start), 900);
         EXPECT_LT(Tests::elapsedMs(start), 1500);
     });
+    if (handled < 0)
+        GTEST_SKIP() << "This system has no signals.";
     // A signal every few milliseconds; as many as two could wait until the end of the connect.
     EXPECT_GT(handled, 20);
 }

@@ -35,7 +35,7 @@ std::size_t inheritableSockets()
 int whileInterrupted(const std::function<void()>& function)
 {
     function();
-    return 0;
+    return -1;
 }
 
 int affordableRounds(int rounds)
