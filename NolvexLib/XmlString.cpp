@@ -3,7 +3,7 @@
 
 #include "NolvexLib/PlainName.h"
 #include "NolvexLib/StopException.h"
-#include "NolvexLib/XmlForm.h"
+#include "NolvexLib/detail/XmlForm.h"
 
 #include <pugixml.hpp>
 

@@ -4,7 +4,7 @@
 #include "NolvexLib/Exception.h"
 #include "NolvexLib/Lib.h"
 #include "NolvexLib/StopException.h"
-#include "NolvexLibWx/WindowDisabling.h"
+#include "NolvexLibWx/detail/WindowDisabling.h"
 #include "NolvexLibWx/platform/ToolkitModule.h"
 
 #include <wx/app.h>

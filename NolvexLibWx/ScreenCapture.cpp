@@ -3,7 +3,7 @@
 
 #include "NolvexLib/Array.h"
 #include "NolvexLibWx/GeometryConversions.h"
-#include "NolvexLibWx/ScreenRegion.h"
+#include "NolvexLibWx/detail/ScreenRegion.h"
 #include "NolvexLibWx/platform/ScreenPixels.h"
 
 #include <wx/app.h>

@@ -13,15 +13,12 @@ function(nolvex_platform_sources out)
   set(${out} ${sources} PARENT_SCOPE)
 endfunction()
 
-# nolvex_add_library(<name> EXPORT <set> [INTERNAL <headers...>]): the shared library made of the folder it is called in, with hidden
-# visibility, the generated header <name>/Export.h (macro <NAME>_EXPORT), headers and CMake package installed. EXPORT
-# names the set of targets that a user's find_package brings together, INTERNAL names headers that stay at home.
+# nolvex_add_library(<name> EXPORT <set>): the shared library made of the folder it is called in, with hidden visibility,
+# the generated header <name>/Export.h (macro <NAME>_EXPORT), headers and CMake package installed. EXPORT names the set of
+# targets that a user's find_package brings together. Headers in folders called detail, decoding, kernels, paint, platform
+# and resources are the library's own and are not installed.
 function(nolvex_add_library name)
-  cmake_parse_arguments(arg "" "EXPORT" "INTERNAL" ${ARGN})
-  set(excluded "")
-  foreach(header IN LISTS arg_INTERNAL)
-    list(APPEND excluded PATTERN ${header} EXCLUDE)
-  endforeach()
+  cmake_parse_arguments(arg "" "EXPORT" "" ${ARGN})
   nolvex_platform_sources(sources)
   add_library(${name} SHARED ${sources})
   add_library(Nolvex::${name} ALIAS ${name})
@@ -51,6 +48,6 @@ function(nolvex_add_library name)
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
   install(DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}/" DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${name}
     FILES_MATCHING PATTERN "*.h" PATTERN detail EXCLUDE PATTERN paint EXCLUDE PATTERN decoding EXCLUDE
-    PATTERN platform EXCLUDE PATTERN resources EXCLUDE PATTERN kernels EXCLUDE ${excluded})
+    PATTERN platform EXCLUDE PATTERN resources EXCLUDE PATTERN kernels EXCLUDE)
   install(FILES "${generated}/${name}/Export.h" DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${name})
 endfunction()

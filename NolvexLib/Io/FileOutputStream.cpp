@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLib/Io/FileOutputStream.h"
 
-#include "NolvexLib/Io/FileError.h"
+#include "NolvexLib/Io/detail/FileError.h"
 #include "NolvexLib/StopException.h"
 
 #include <cerrno>

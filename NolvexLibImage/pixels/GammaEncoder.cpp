@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibImage/pixels/GammaEncoder.h"
 
-#include "NolvexLibImage/pixels/GammaTable.h"
+#include "NolvexLibImage/pixels/detail/GammaTable.h"
 
 #include <cmath>
 

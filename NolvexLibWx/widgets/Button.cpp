@@ -7,7 +7,7 @@
 #include "NolvexLibWx/FontSetup.h"
 #include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/paint/PerScale.h"
-#include "NolvexLibWx/widgets/ButtonAccount.h"
+#include "NolvexLibWx/widgets/detail/ButtonAccount.h"
 
 #include <wx/dcclient.h>
 #include <wx/weakref.h>
@@ -18,7 +18,7 @@ namespace Nolvex {
 
 namespace {
 
-constexpr int MINIMUM_HEIGHT = 24;
+constexpr int MIN_HEIGHT = 24;
 constexpr RgbBytes DISABLED_LABEL{110, 110, 110};
 constexpr int BITMAP_INSET = 2;
 constexpr int BITMAP_INSET_WITHOUT_FRAME = 1;
@@ -58,7 +58,7 @@ Wx::Button::Button(wxWindow* parent, const GuiSkin& skin, int id, const wxString
     // Bound after the border's own handler, hence called instead of that.
     Bind(wxEVT_PAINT, &Button::onButtonPaint, this);
     Bind(wxEVT_MOUSE_CAPTURE_LOST, &Button::onMouseTaken, this);
-    SetMinSize(wxSize(-1, scaleByDpi(MINIMUM_HEIGHT)));
+    SetMinSize(wxSize(-1, scaleByDpi(MIN_HEIGHT)));
     OskaBorder::Enable(enabled);
     Refresh(false, nullptr);
     if (m_toggleBehaviour)

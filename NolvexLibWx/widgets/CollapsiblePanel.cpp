@@ -5,7 +5,7 @@
 #include "NolvexLibWx/ColourConversions.h"
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/FontSetup.h"
-#include "NolvexLibWx/LabelledAccount.h"
+#include "NolvexLibWx/detail/LabelledAccount.h"
 #include "NolvexLibWx/ScopedWindowFreezer.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/paint/CrispLines.h"

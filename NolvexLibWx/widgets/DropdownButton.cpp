@@ -8,7 +8,7 @@
 #include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/paint/CrispLines.h"
-#include "NolvexLibWx/widgets/ButtonAccount.h"
+#include "NolvexLibWx/widgets/detail/ButtonAccount.h"
 
 #include <wx/brush.h>
 #include <wx/dcclient.h>

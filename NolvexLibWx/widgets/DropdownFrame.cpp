@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/widgets/DropdownFrame.h"
 
-#include "NolvexLibWx/widgets/ModalDialogWatch.h"
+#include "NolvexLibWx/widgets/detail/ModalDialogWatch.h"
 
 #include <wx/event.h>
 

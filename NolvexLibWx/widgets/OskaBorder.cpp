@@ -4,7 +4,7 @@
 #include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/ColourConversions.h"
 #include "NolvexLibWx/GeometryConversions.h"
-#include "NolvexLibWx/LabelledAccount.h"
+#include "NolvexLibWx/detail/LabelledAccount.h"
 #include "NolvexLibWx/paint/CrispLines.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"
 

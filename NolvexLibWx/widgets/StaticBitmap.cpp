@@ -2,7 +2,7 @@
 #include "NolvexLibWx/widgets/StaticBitmap.h"
 
 #include "NolvexLibWx/Accessibility.h"
-#include "NolvexLibWx/LabelledAccount.h"
+#include "NolvexLibWx/detail/LabelledAccount.h"
 
 #include <wx/dcclient.h>
 

@@ -4,7 +4,7 @@
 #include "NolvexLib/StopException.h"
 #include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/ColourConversions.h"
-#include "NolvexLibWx/LabelledAccount.h"
+#include "NolvexLibWx/detail/LabelledAccount.h"
 #include "NolvexLibWx/paint/CrispLines.h"
 
 #include <wx/dcclient.h>

@@ -9,7 +9,7 @@
 #include "NolvexLibWx/ScopedWindowFreezer.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/platform/MouseTransparency.h"
-#include "NolvexLibWx/widgets/TooltipDismissal.h"
+#include "NolvexLibWx/widgets/detail/TooltipDismissal.h"
 
 #include <wx/brush.h>
 #include <wx/dcclient.h>

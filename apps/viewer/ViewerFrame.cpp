@@ -42,8 +42,8 @@ constexpr int MARGIN = 8;
 constexpr int BORDER = 2;
 constexpr RgbBytes LIGHT_SURROUND_COLOUR{200, 200, 200};
 constexpr int LOG_HEIGHT = 90;
-const wxSize SMALLEST(360, 300);
-const wxSize LEAST_VIEW(80, 60); // scroll bars need some room
+const wxSize MIN_SIZE(360, 300);
+const wxSize MIN_VIEW(80, 60); // scroll bars need some room
 
 // The time that a menu needs to leave the screen.
 constexpr int CAPTURE_DELAY_MS = 250;
@@ -56,7 +56,7 @@ wxSize clientSizeFor(const wxBitmap& picture, int heightAbove)
     const int around = 2 * (Wx::scaleByDpi(MARGIN) + BORDER);
     const wxSize frame(around + wxSystemSettings::GetMetric(wxSYS_VSCROLL_X), around + heightAbove);
     wxSize size = (picture.IsOk() ? picture.GetSize() : wxSize(0, 0)) + frame;
-    size.IncTo(Wx::scaleByDpi(SMALLEST));
+    size.IncTo(Wx::scaleByDpi(MIN_SIZE));
     size.DecTo(wxDisplay(0u).GetClientArea().GetSize() * 4 / 5);
     return size;
 }
@@ -112,7 +112,7 @@ wxWindow* ViewerFrame::makeView(wxWindow* parent, const SharedPicture& picture)
 {
     auto* border = new OskaBorder(parent);
     m_view = new ImageView(border, picture);
-    m_view->SetMinSize(Wx::scaleByDpi(LEAST_VIEW));
+    m_view->SetMinSize(Wx::scaleByDpi(MIN_VIEW));
     border->addChild(m_view);
     return border;
 }

@@ -22,8 +22,8 @@ constexpr std::size_t PAIRS = 25;
 
 /// Below this, in seconds, the clock and the change from one to the other would show; work is repeated for
 /// it.
-constexpr double SHORTEST_TURN = 0.004;
-constexpr double MOST_REPETITIONS = 1e6;
+constexpr double MIN_TURN = 0.004;
+constexpr double MAX_REPETITIONS = 1e6;
 
 std::map<std::string, Figure>& registry()
 {
@@ -44,7 +44,7 @@ int repetitionsFor(const Work& work)
 {
     secondsOf(work, 1);
     const double once = secondsOf(work, 1);
-    return static_cast<int>(std::clamp(std::ceil(SHORTEST_TURN / once), 1.0, MOST_REPETITIONS));
+    return static_cast<int>(std::clamp(std::ceil(MIN_TURN / once), 1.0, MAX_REPETITIONS));
 }
 
 struct Options

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/ScreenCapture.h"
-#include "NolvexLibWx/ScreenRegion.h"
+#include "NolvexLibWx/detail/ScreenRegion.h"
 
 #include "NolvexLib/Array.h"
 #include "NolvexLibWx/GeometryConversions.h"

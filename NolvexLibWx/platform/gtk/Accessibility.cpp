@@ -1,24 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/Accessibility.h"
 
-#include "NolvexLibWx/AccessibleRecord.h"
+#include "NolvexLibWx/detail/AccessibleRecord.h"
 #include "NolvexLibWx/MoveFocus.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/platform/gtk/AccessibleItem.h"
+#include "NolvexLibWx/platform/gtk/AtkVocabulary.h"
 #include "NolvexLibWx/platform/gtk/TextWidget.h"
 
 #include <gtk/gtk-a11y.h>
 
+#include <memory>
 #include <string>
 
 namespace Nolvex {
 
 namespace {
 
-using Wx::AccessibleRole;
-using Wx::AccessibleState;
-
-// Lives as long as the widget, which may be a little longer than the control.
 struct Described
 {
     Described(wxWindow& control, GtkWidget* widget) : record(control), items(widget, record) {}
@@ -31,11 +29,31 @@ struct Described
     std::string actionName;
 };
 
+// Kept with the widget. All that a control pays for in its construction is this small object; the rest is
+// made when it is first needed.
+struct Hook
+{
+    wxWindow& control;
+    GtkWidget* widget;
+    Wx::AccessibleMaker maker = nullptr;
+    bool isAsked = false; // whether the accessible object has been made
+    std::unique_ptr<Described> described;
+
+    Described& describe()
+    {
+        if (described == nullptr) {
+            described = std::make_unique<Described>(control, widget);
+            described->record.setMaker(maker);
+        }
+        return *described;
+    }
+};
+
 AtkObjectClass* s_parentClass = nullptr;
 
-GQuark describedKey()
+GQuark hookKey()
 {
-    static const GQuark KEY = g_quark_from_static_string("nolvex-described");
+    static const GQuark KEY = g_quark_from_static_string("nolvex-accessibility");
     return KEY;
 }
 
@@ -45,12 +63,17 @@ GQuark askedKey()
     return KEY;
 }
 
+Hook* hookOf(GtkWidget* widget)
+{
+    return static_cast<Hook*>(g_object_get_qdata(G_OBJECT(widget), hookKey()));
+}
+
 // Null if the widget is gone or has not been described.
 Described* describedBy(gpointer accessible)
 {
     GtkWidget* const widget = gtk_accessible_get_widget(GTK_ACCESSIBLE(accessible));
-    return widget != nullptr ? static_cast<Described*>(g_object_get_qdata(G_OBJECT(widget), describedKey()))
-                             : nullptr;
+    Hook* const hook = widget != nullptr ? hookOf(widget) : nullptr;
+    return hook != nullptr ? &hook->describe() : nullptr;
 }
 
 Wx::AccessibleControl* accountOf(gpointer accessible)
@@ -64,55 +87,10 @@ std::string utf8(const String& text)
     return Wx::toWxString(text).utf8_string();
 }
 
-AtkRole systemRole(AccessibleRole role)
-{
-    using enum AccessibleRole;
-    switch (role) {
-    case PUSH_BUTTON:
-    case DROPDOWN_BUTTON:
-        return ATK_ROLE_PUSH_BUTTON;
-    case TOGGLE_BUTTON:
-    case DISCLOSURE:
-        return ATK_ROLE_TOGGLE_BUTTON;
-    case CHECK_BOX:
-        return ATK_ROLE_CHECK_BOX;
-    case LABEL:
-        return ATK_ROLE_LABEL;
-    case LINK:
-        return ATK_ROLE_LINK;
-    case GROUP:
-        return ATK_ROLE_GROUPING;
-    case IMAGE:
-        return ATK_ROLE_IMAGE;
-    case SEPARATOR:
-        return ATK_ROLE_SEPARATOR;
-    case SPINNER:
-        return ATK_ROLE_SPIN_BUTTON;
-    case COMBO_BOX:
-        return ATK_ROLE_COMBO_BOX;
-    case BORDER:
-        break;
-    }
-    return ATK_ROLE_FILLER;
-}
-
-struct StatePair
-{
-    AccessibleState told;
-    AtkStateType system;
-};
-
-constexpr StatePair STATES[] = {
-    {AccessibleState::CHECKABLE, ATK_STATE_CHECKABLE}, {AccessibleState::CHECKED, ATK_STATE_CHECKED},
-    {AccessibleState::MIXED, ATK_STATE_INDETERMINATE}, {AccessibleState::EXPANDABLE, ATK_STATE_EXPANDABLE},
-    {AccessibleState::EXPANDED, ATK_STATE_EXPANDED},   {AccessibleState::HAS_POPUP, ATK_STATE_HAS_POPUP},
-    {AccessibleState::READ_ONLY, ATK_STATE_READ_ONLY},
-};
-
 AtkRole roleOf(AtkObject* accessible) noexcept
 {
     const Wx::AccessibleControl* const account = accountOf(accessible);
-    return account != nullptr ? systemRole(account->role()) : s_parentClass->get_role(accessible);
+    return account != nullptr ? Platform::atkRole(account->role()) : s_parentClass->get_role(accessible);
 }
 
 const gchar* nameOf(AtkObject* accessible) noexcept
@@ -140,8 +118,8 @@ AtkStateSet* refStateSet(AtkObject* accessible) noexcept
     const Wx::AccessibleControl* const account = accountOf(accessible);
     if (account == nullptr)
         return states;
-    const Flags<AccessibleState> told = account->states();
-    for (const StatePair& pair : STATES) {
+    const Flags<Wx::AccessibleState> told = account->states();
+    for (const Platform::AtkStatePair& pair : Platform::ATK_STATES) {
         if (told.has(pair.told))
             atk_state_set_add_state(states, pair.system);
     }
@@ -173,9 +151,13 @@ AtkObject* refChild(AtkObject* accessible, gint index) noexcept
 void initialize(AtkObject* accessible, gpointer widget) noexcept
 {
     s_parentClass->initialize(accessible, widget);
-    g_object_set_qdata(G_OBJECT(widget), askedKey(), widget);
-    if (Described* const described = describedBy(accessible))
-        described->record.markAnnounced();
+    Hook* const hook = hookOf(GTK_WIDGET(widget));
+    if (hook == nullptr) {
+        g_object_set_qdata(G_OBJECT(widget), askedKey(), widget);
+        return;
+    }
+    hook->isAsked = true;
+    hook->describe().record.markAnnounced();
 }
 
 gint countActions(AtkAction* accessible) noexcept
@@ -335,22 +317,16 @@ bool isOwnKind(GtkWidget* widget)
     return true;
 }
 
-Described& describe(wxWindow& control, GtkWidget* widget)
+Hook& hookFor(wxWindow& control, GtkWidget* widget)
 {
-    auto* described = static_cast<Described*>(g_object_get_qdata(G_OBJECT(widget), describedKey()));
-    if (described == nullptr) {
-        described = new Described(control, widget);
-        g_object_set_qdata_full(G_OBJECT(widget), describedKey(), described,
-                                [](gpointer data) { delete static_cast<Described*>(data); });
+    Hook* hook = hookOf(widget);
+    if (hook == nullptr) {
+        hook = new Hook{control, widget, nullptr, false, nullptr};
+        hook->isAsked = g_object_get_qdata(G_OBJECT(widget), askedKey()) != nullptr;
+        g_object_set_qdata_full(G_OBJECT(widget), hookKey(), hook,
+                                [](gpointer data) { delete static_cast<Hook*>(data); });
     }
-    return *described;
-}
-
-// While nobody has asked for the accessible object, nobody can have an outdated picture of the control.
-AtkObject* askedAccessible(GtkWidget* widget)
-{
-    return g_object_get_qdata(G_OBJECT(widget), askedKey()) != nullptr ? gtk_widget_get_accessible(widget)
-                                                                       : nullptr;
+    return *hook;
 }
 
 void announceItems(AtkObject* accessible, Described& described, const Wx::AccessibleRecord::Changes& changes)
@@ -376,8 +352,9 @@ void announce(AtkObject* accessible, Described& described)
     if (changes.value)
         g_object_notify(G_OBJECT(accessible), "accessible-value");
     const Wx::AccessibleControl* const account = described.record.account();
-    const Flags<AccessibleState> states = account != nullptr ? account->states() : Flags<AccessibleState>();
-    for (const StatePair& pair : STATES) {
+    const Flags<Wx::AccessibleState> states =
+        account != nullptr ? account->states() : Flags<Wx::AccessibleState>();
+    for (const Platform::AtkStatePair& pair : Platform::ATK_STATES) {
         if (changes.states.has(pair.told))
             atk_object_notify_state_change(accessible, pair.system, states.has(pair.told) ? TRUE : FALSE);
     }
@@ -391,23 +368,25 @@ void Wx::describeControl(wxWindow& control, AccessibleMaker maker)
     GtkWidget* const widget = widgetOf(control);
     if (!isOwnKind(widget))
         return;
-    Described& described = describe(control, widget);
-    described.record.setMaker(maker);
-    if (AtkObject* const accessible = askedAccessible(widget)) {
-        described.record.markAnnounced();
-        g_object_notify(G_OBJECT(accessible), "accessible-role");
-        g_object_notify(G_OBJECT(accessible), "accessible-name");
-    }
+    Hook& hook = hookFor(control, widget);
+    hook.maker = maker;
+    if (hook.described != nullptr)
+        hook.described->record.setMaker(maker);
+    if (!hook.isAsked)
+        return;
+    hook.describe().record.markAnnounced();
+    AtkObject* const accessible = gtk_widget_get_accessible(widget);
+    g_object_notify(G_OBJECT(accessible), "accessible-role");
+    g_object_notify(G_OBJECT(accessible), "accessible-name");
 }
 
 void Wx::updateAccessible(wxWindow& control)
 {
     GtkWidget* const widget = widgetOf(control);
-    AtkObject* const accessible = askedAccessible(widget);
-    if (accessible == nullptr)
-        return;
-    if (Described* const described = describedBy(accessible))
-        announce(accessible, *described);
+    Hook* const hook = hookOf(widget);
+    // While nobody has asked for the accessible object, nobody can have an outdated picture of the control.
+    if (hook != nullptr && hook->isAsked)
+        announce(gtk_widget_get_accessible(widget), hook->describe());
 }
 
 void Wx::setAccessibleName(wxWindow& window, const String& name)
@@ -417,7 +396,7 @@ void Wx::setAccessibleName(wxWindow& window, const String& name)
         atk_object_set_name(gtk_widget_get_accessible(widget), utf8(name).c_str());
         return;
     }
-    describe(window, widget).record.setName(name);
+    hookFor(window, widget).describe().record.setName(name);
     updateAccessible(window);
 }
 
@@ -428,7 +407,7 @@ void Wx::setAccessibleDescription(wxWindow& window, const String& description)
         atk_object_set_description(gtk_widget_get_accessible(widget), utf8(description).c_str());
         return;
     }
-    describe(window, widget).record.setDescription(description);
+    hookFor(window, widget).describe().record.setDescription(description);
     updateAccessible(window);
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/platform/gtk/AccessibleItem.h"
 
-#include "NolvexLibWx/AccessibleRecord.h"
+#include "NolvexLibWx/detail/AccessibleRecord.h"
 #include "NolvexLibWx/StringConversions.h"
 
 namespace Nolvex {

@@ -2,7 +2,7 @@
 #include "NolvexLibWx/platform/OwnWindowStaticText.h"
 
 #include "NolvexLibWx/Accessibility.h"
-#include "NolvexLibWx/LabelledAccount.h"
+#include "NolvexLibWx/detail/LabelledAccount.h"
 #include "NolvexLibWx/paint/LabelExtent.h"
 #include "NolvexLibWx/platform/gtk/HoverWatch.h"
 

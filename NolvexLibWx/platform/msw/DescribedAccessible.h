@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "NolvexLibWx/AccessibleRecord.h"
+#include "NolvexLibWx/detail/AccessibleRecord.h"
 #include "NolvexLibWx/platform/msw/ForwardingAccessible.h"
 
 namespace Nolvex::Platform {

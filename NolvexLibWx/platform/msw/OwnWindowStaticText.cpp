@@ -2,7 +2,7 @@
 #include "NolvexLibWx/platform/msw/OwnWindowStaticText.h"
 
 #include "NolvexLibWx/Accessibility.h"
-#include "NolvexLibWx/LabelledAccount.h"
+#include "NolvexLibWx/detail/LabelledAccount.h"
 #include "NolvexLibWx/paint/LabelExtent.h"
 
 namespace Nolvex {

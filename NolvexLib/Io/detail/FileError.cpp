@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "NolvexLib/Io/FileError.h"
+#include "NolvexLib/Io/detail/FileError.h"
 
 #include "NolvexLib/Exception.h"
 

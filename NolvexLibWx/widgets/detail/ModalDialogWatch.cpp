@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "NolvexLibWx/widgets/ModalDialogWatch.h"
+#include "NolvexLibWx/widgets/detail/ModalDialogWatch.h"
 
 #include <utility>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "NolvexLibImage/pixels/GammaTable.h"
+#include "NolvexLibImage/pixels/detail/GammaTable.h"
 
 #include <algorithm>
 #include <array>

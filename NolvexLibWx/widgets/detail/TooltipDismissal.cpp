@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "NolvexLibWx/widgets/TooltipDismissal.h"
+#include "NolvexLibWx/widgets/detail/TooltipDismissal.h"
 
-#include "NolvexLibWx/widgets/ModalDialogWatch.h"
+#include "NolvexLibWx/widgets/detail/ModalDialogWatch.h"
 #include "NolvexLibWx/widgets/Tooltip.h"
 
 #include <wx/event.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "NolvexLibWx/AccessibleRecord.h"
+#include "NolvexLibWx/detail/AccessibleRecord.h"
 
 #include <algorithm>
 #include <cmath>

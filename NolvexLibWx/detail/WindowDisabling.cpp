@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "NolvexLibWx/WindowDisabling.h"
+#include "NolvexLibWx/detail/WindowDisabling.h"
 
 #include "NolvexLib/GuiDisabler.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "NolvexLib/XmlForm.h"
+#include "NolvexLib/detail/XmlForm.h"
 
 #include "NolvexLib/PlainName.h"
 

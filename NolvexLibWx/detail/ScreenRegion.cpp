@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "NolvexLibWx/ScreenRegion.h"
+#include "NolvexLibWx/detail/ScreenRegion.h"
 
 #include "NolvexLibImage/pixels/Conversions.h"
 #include "NolvexLibWx/ScreenCapture.h"
