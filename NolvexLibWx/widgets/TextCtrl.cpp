@@ -51,6 +51,7 @@ Wx::TextCtrl::TextCtrl(wxWindow* parent, int id, const wxString& value, const wx
     : wxTextCtrl(parent, id, value, pos, size, style & ~RICH_STYLES)
 {
     Platform::adaptTextLook(*this);
+    Platform::removeLengthLimit(*this);
     Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent&) { m_capture.end(); });
     Bind(wxEVT_CHAR_HOOK, &TextCtrl::onCharHook, this);
     bindGroupExit(*this);
