@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibImage/pixels/GammaEncoder.h"
 
-#include "AtEachLevel.h"
+#include "../AtEachLevel.h"
+#include "../Reference.h"
 #include "NolvexLibImage/pixels/Conversions.h"
-#include "Reference.h"
 
 #include <algorithm>
 #include <array>
