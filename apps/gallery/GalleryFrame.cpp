@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/gallery/GalleryFrame.h"
 
+#include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/FontSetup.h"
 #include "NolvexLibWx/StringConversions.h"
@@ -67,6 +68,7 @@ GalleryFrame::GalleryFrame() : wxFrame(nullptr, wxID_ANY, L"Gallery"), m_pages(a
     m_log = new Wx::TextCtrl(logBorder, wxID_ANY, wxString(), wxDefaultPosition,
                              Wx::scaleByDpi(wxSize(-1, LOG_HEIGHT)),
                              wxTE_MULTILINE | wxTE_READONLY | wxBORDER_NONE);
+    Wx::setAccessibleName(*m_log, L"Log");
     logBorder->addChild(m_log);
 
     auto* right = new wxBoxSizer(wxVERTICAL);

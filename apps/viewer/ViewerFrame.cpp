@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/ViewerFrame.h"
 
+#include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/Clipboard.h"
 #include "NolvexLibWx/ColourConversions.h"
 #include "NolvexLibWx/DpiScaling.h"
@@ -121,6 +122,7 @@ wxWindow* ViewerFrame::makeLog(wxWindow* parent)
 {
     m_log = new Wx::TextCtrl(parent, wxID_ANY, {}, wxDefaultPosition, Wx::scaleByDpi(wxSize(-1, LOG_HEIGHT)),
                              wxTE_MULTILINE | wxTE_READONLY);
+    Wx::setAccessibleName(*m_log, L"Log");
     m_logTooltip = new Wx::Tooltip(m_log, String());
     m_log->Hide();
     return m_log;
@@ -271,6 +273,7 @@ void ViewerFrame::describePicture()
         SetTitle(L"Viewer");
         m_description = L"There is no picture yet.";
     }
+    Wx::setAccessibleName(*m_view, m_view->picture() ? m_view->picture()->name() : String(L"No picture"));
     setTooltips(m_tooltips);
 }
 

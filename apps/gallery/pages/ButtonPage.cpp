@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/widgets/AutoSizedButton.h"
 #include "NolvexLibWx/widgets/StaticText.h"
@@ -51,6 +52,8 @@ void addButton(wxWindow* parent, wxSizer* sizer, const ButtonState& state, const
     // applySkinRecursive() gives every button the plain colours, so that the state is set afterwards.
     button->CallAfter([button, toggled = state.toggled] { button->setToggled(toggled); });
     button->setTooltip(L"The button \"" + name + L"\"");
+    if (*state.label == L'\0')
+        Wx::setAccessibleName(*button, L"Icon");
     sizer->Add(button, 0, wxEXPAND);
 }
 
@@ -62,6 +65,8 @@ void addAutoSized(wxWindow* parent, wxSizer* sizer, const wchar_t* label, int mi
         button->setEnabledIcon(icon(32), iconSize);
         button->setDisabledIcon(icon(32).ConvertToDisabled(), iconSize);
     }
+    if (*label == L'\0')
+        Wx::setAccessibleName(*button, L"Icon");
     button->setClickCallback([log, name = String(label)] { log(L"\"" + name + L"\" was clicked."); });
     sizer->Add(button, 0, wxRIGHT | wxALIGN_CENTRE_VERTICAL, GAP);
 }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/widgets/CheckBox.h"
 #include "apps/gallery/Page.h"
 
@@ -18,6 +19,8 @@ Wx::CheckBox* addCheckBox(wxWindow* parent, wxSizer* rows, const wchar_t* label,
     box->setChangeCallback([log, name = String(label)](bool on) {
         log(L"The check box \"" + name + (on ? L"\" was checked." : L"\" was cleared."));
     });
+    if (*label == L'\0')
+        Wx::setAccessibleName(*box, L"Without a label");
     rows->Add(box, 0, wxTOP, GAP);
     return box;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLib/Rgb.h"
 #include "NolvexLibImage/Image.h"
+#include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/BitmapConverter.h"
 #include "NolvexLibWx/widgets/OskaBorder.h"
 #include "NolvexLibWx/widgets/StaticBitmap.h"
@@ -50,7 +51,9 @@ void build(wxWindow* parent, const Log& /*log*/)
     for (const bool withAlpha : {false, true}) {
         rows->Add(new Wx::StaticText(parent, wxID_ANY, withAlpha ? L"With alpha" : L"Without alpha"));
         auto* border = new OskaBorder(parent);
-        border->addChild(new Wx::StaticBitmap(border, wxID_ANY, glow(160, withAlpha)));
+        auto* picture = new Wx::StaticBitmap(border, wxID_ANY, glow(160, withAlpha));
+        Wx::setAccessibleName(*picture, withAlpha ? L"Glow with alpha" : L"Glow without alpha");
+        border->addChild(picture);
         rows->Add(border, 0, wxTOP | wxBOTTOM, GAP);
     }
     parent->SetSizer(rows);

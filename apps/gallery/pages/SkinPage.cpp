@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/ColourConversions.h"
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"
@@ -42,7 +43,9 @@ void build(wxWindow* parent, const Log& /*log*/)
     for (const auto& [name, colour] : colours) {
         grid->Add(new Wx::StaticText(parent, wxID_ANY, name), 0, wxALIGN_CENTRE_VERTICAL);
         auto* frame = new OskaBorder(parent); // shows where the colour of the background begins
-        frame->addChild(new Wx::StaticBitmap(frame, wxID_ANY, swatch(colour)));
+        auto* picture = new Wx::StaticBitmap(frame, wxID_ANY, swatch(colour));
+        Wx::setAccessibleName(*picture, name);
+        frame->addChild(picture);
         grid->Add(frame);
     }
     parent->SetSizer(grid);

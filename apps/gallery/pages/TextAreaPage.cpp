@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/widgets/AutoSizedButton.h"
 #include "NolvexLibWx/widgets/StaticText.h"
@@ -26,6 +27,7 @@ Wx::TextCtrl* addArea(wxWindow* parent, wxSizer* grid, const wchar_t* name, cons
     auto* column = new wxBoxSizer(wxVERTICAL);
     auto* area = new Wx::TextCtrl(parent, wxID_ANY, text, wxDefaultPosition, Wx::scaleByDpi(AREA_SIZE),
                                   wxTE_MULTILINE | style);
+    Wx::setAccessibleName(*area, name);
     column->Add(new Wx::StaticText(parent, wxID_ANY, name), 0, wxBOTTOM, GAP / 2);
     column->Add(area);
     grid->Add(column);
