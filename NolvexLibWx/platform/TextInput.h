@@ -7,10 +7,10 @@ class WXDLLIMPEXP_FWD_CORE wxTextCtrl;
 
 namespace Nolvex::Platform {
 
-/// To be called before wxWidgets captures the mouse for the control.
+/// Must be called before wxWidgets captures the mouse for the control.
 void prepareCapture(wxTextCtrl& text);
 
-/// To be called when wxWidgets has captured the mouse for the control: lets the events of the mouse go on to
+/// Must be called when wxWidgets has captured the mouse for the control. Directs the events of the mouse to
 /// the part of the control that holds the text.
 void directCapture(wxTextCtrl& text);
 
