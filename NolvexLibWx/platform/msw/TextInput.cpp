@@ -3,7 +3,7 @@
 
 namespace Nolvex {
 
-// The control is one window.
+// On Windows the control is a single window, which needs no preparation.
 
 void Platform::prepareCapture(wxTextCtrl& /*text*/) {}
 
