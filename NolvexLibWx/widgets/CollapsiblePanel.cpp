@@ -57,7 +57,7 @@ private:
     Wx::CollapsiblePanel::Tick& m_tick;
 };
 
-// Returns the pixels of the outline. Every second pixel is painted.
+// Paints every second pixel of the outline, so that the mark looks dotted.
 void drawFocusMark(wxDC& dc, wxSize size, const wxColour& colour)
 {
     dc.SetPen(wxPen(colour));

@@ -221,7 +221,7 @@ ImagePointer fetchImage(const Root& root, Pixel corner, Pixel size)
                                   ZPixmap));
 }
 
-// Reads one channel of a pixel in any format of the screen.
+// One colour channel of a pixel. The mask tells its place in any format of the screen.
 class Channel
 {
 public:
