@@ -30,8 +30,8 @@ enum class AccessibleRole : int
     COMBO_BOX,
 };
 
-/// The states that only the control itself knows. Whether it is enabled, shown, focusable or focused is seen
-/// from outside.
+/// The states that only the control itself knows. The library finds out by itself whether the control is
+/// enabled, shown, focusable or focused.
 enum class AccessibleState : std::uint32_t
 {
     CHECKABLE = 1,
@@ -69,10 +69,11 @@ public:
 
     virtual AccessibleRole role() const = 0;
 
-    /// The label as it is shown, without mnemonics. A name given by setAccessibleName comes first.
+    /// Returns the label as it is shown, without mnemonics. A name that setAccessibleName has set takes
+    /// precedence.
     virtual String name() const = 0;
 
-    /// A tooltip comes first.
+    /// The text of a tooltip takes precedence over this description.
     virtual String description() const { return {}; }
 
     virtual Flags<AccessibleState> states() const { return {}; }
@@ -80,7 +81,7 @@ public:
     /// The names of what can be done to the control, the most common action first.
     virtual Array<String> actions() const { return {}; }
 
-    /// `index` is a place in `actions()`.
+    /// `index` is an index into `actions()`.
     virtual void doAction(int index);
 
     /// The number in a spinner or slider.

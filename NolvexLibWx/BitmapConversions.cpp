@@ -15,7 +15,7 @@ namespace {
 constexpr int DEPTH_OPAQUE = 24;
 constexpr int DEPTH_ALPHA = 32;
 
-// Raw pixels of wxWidgets have the order of channels that the system draws fastest.
+// The raw pixels of wxWidgets have the order of channels that the system draws fastest.
 template<class PixelData>
 constexpr bool RED_FIRST = PixelData::Iterator::PixelFormat::RED == 0;
 

@@ -15,7 +15,7 @@ namespace Nolvex {
 
 namespace {
 
-// Without an application object wxWidgets has no display to open a clipboard on.
+// Without an application object wxWidgets has no display whose clipboard could be opened.
 bool hasApplication()
 {
     return wxAppConsoleBase::GetInstance() != nullptr;

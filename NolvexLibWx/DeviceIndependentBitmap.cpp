@@ -13,7 +13,7 @@ constexpr std::size_t PIXELS_OFFSET =
 constexpr std::uint16_t COLOUR_PLANES = 1;
 constexpr std::uint16_t BITS_PER_PIXEL = 24;
 constexpr std::uint32_t NOT_COMPRESSED = 0;
-// 72 pixels an inch.
+// 2835 pixels a metre are 72 pixels an inch.
 constexpr std::uint32_t PIXELS_PER_METRE = 2835;
 
 // Returns 0 for a file that would be too large.

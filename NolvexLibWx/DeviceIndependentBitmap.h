@@ -25,20 +25,21 @@ public:
     static constexpr std::size_t FILE_HEADER_SIZE = 14;
     static constexpr std::size_t HEADER_SIZE = 40;
 
-    /// The size of a whole file. Programs that receive one count its bytes in 32 bits.
+    /// The largest size of a whole file. Programs that receive a file count its bytes in 32 bits.
     static constexpr std::int64_t MAX_FILE_SIZE = 0x7fff'ffff;
 
-    /// The bytes of a row: 3 * width rounded up to a multiple of 4.
+    /// Returns the bytes of a row: 3 * width rounded up to a multiple of 4.
     static constexpr std::int64_t stride(std::int32_t width) { return (std::int64_t(width) * 3 + 3) / 4 * 4; }
 
-    /// Becomes empty for an empty image and for one that would exceed MAX_FILE_SIZE. Throws std::bad_alloc.
+    /// The bitmap is empty for an empty image and for an image that would exceed MAX_FILE_SIZE. Throws
+    /// std::bad_alloc.
     explicit DeviceIndependentBitmap(const BitmapImpl<Rgb>& image);
 
     bool isEmpty() const { return m_file.empty(); }
 
     Pixel size() const { return m_size; }
 
-    /// Whether red, green and blue are the same bytes in every pixel. An empty bitmap is grey.
+    /// Returns true if red, green and blue are the same bytes in every pixel. An empty bitmap is grey.
     bool isGrey() const { return m_grey; }
 
     /// Changes the blue byte of the first pixel of a grey bitmap by one level: 0 becomes 1, any other byte
@@ -46,13 +47,13 @@ public:
     /// coloured or an empty bitmap.
     void disguiseGrey();
 
-    /// The header and the rows, as the Windows clipboard takes them.
+    /// Returns the header and the rows, the form in which the Windows clipboard takes them.
     ArrayView<const std::uint8_t> bytes() const;
 
-    /// The whole BMP file: 14 more bytes in front of bytes().
+    /// Returns the whole BMP file, which has 14 more bytes in front of bytes().
     ArrayView<const std::uint8_t> fileBytes() const { return m_file; }
 
-    /// The first pixel of a row. `y` is not checked: 0 <= y < height.
+    /// Returns the first pixel of a row. `y` is not checked: 0 <= y < height.
     const std::uint8_t* row(std::int32_t y) const;
 
 private:

@@ -11,8 +11,9 @@ namespace Nolvex {
 
 namespace {
 
-// With a stack of its own instead of recursion: how deep windows are nested is the host's affair. Visits
-// children last to first, parents before children, until `visit` is false; `enter` decides about subtrees.
+// Uses a stack instead of recursion, because the host decides how deep windows are nested. Visits children
+// last to first and parents before children, until `visit` returns false. A subtree is skipped if `enter`
+// returns false.
 template<class Enter, class Visit>
 void walkTree(wxWindow* root, const Enter& enter, const Visit& visit)
 {

@@ -15,31 +15,32 @@ class WXDLLIMPEXP_FWD_CORE wxWindow;
 
 namespace Nolvex::Wx {
 
-/// What a search by position looks at besides windows that are shown and enabled.
+/// The windows that a search by position includes besides those that are shown and enabled.
 enum class FindWindowFlag : std::uint32_t
 {
     INCLUDE_HIDDEN = 1,
     INCLUDE_DISABLED = 2,
 };
 
-/// The deepest window of the tree, the root included, whose rectangle on the screen contains the point; null
-/// when there is none or `root` is null. Of siblings that overlap, the one first in its parent's list of
-/// children.
+/// Returns the deepest window of the tree, the root included, whose rectangle on the screen contains the
+/// point. Of siblings that overlap, the first in the parent's list of children is returned. Returns null if
+/// no window contains the point or `root` is null.
 ///
-/// Hidden windows and disabled ones are passed over together with all they contain, unless the flags include
-/// them. A child may reach beyond its parent: each window's own rectangle counts.
+/// Hidden and disabled windows are skipped together with all their descendants, unless the flags include
+/// them. A child is found also where it reaches beyond its parent, because only its own rectangle counts.
 [[nodiscard]] NOLVEXLIBWX_EXPORT wxWindow* findWindowByPosition(wxWindow* root, Pixel screenPoint,
                                                                 Flags<FindWindowFlag> flags);
 
-/// The window of the tree, the root included, that has the native handle, hidden or not; null for a null
-/// handle.
+/// Returns the window of the tree, the root included, that has the native handle. Hidden windows are found
+/// too. Returns null for a null handle.
 [[nodiscard]] NOLVEXLIBWX_EXPORT wxWindow* findWindowByNativeHandle(wxWindow* root, WindowHandle handle);
 
-/// Among the toolkit's top-level windows; null for a null handle and for windows that are not the toolkit's.
+/// Searches the top-level windows of wxWidgets. Returns null for a null handle and for the handle of any
+/// other window.
 [[nodiscard]] NOLVEXLIBWX_EXPORT wxTopLevelWindow* findTopLevelWxWindowForNativeHandle(WindowHandle handle);
 
-/// The window without parent at the end of the line of parents, which may be the window itself; null for
-/// null. A dialog's parent counts like a control's.
+/// Follows the parents of the window to the last, which has no parent and may be the window itself. Returns
+/// null for null. A dialog's parent counts like a control's.
 [[nodiscard]] NOLVEXLIBWX_EXPORT wxWindow* topMostParent(wxWindow* window);
 
 } // namespace Nolvex::Wx

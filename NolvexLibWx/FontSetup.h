@@ -22,7 +22,7 @@ enum class TextFlag : std::uint32_t
 NOLVEXLIBWX_EXPORT wxFont setDefaultFontSize(wxFont font, float factor);
 
 /// Returns a font of the same face with a character height of 12 design units. The flags alone decide whether
-/// it is bold or italic: the weight, the style and the lines of the font passed in are dropped.
+/// the font is bold or italic: the weight, the style and the lines of the font passed in are dropped.
 NOLVEXLIBWX_EXPORT wxFont setupStaticTextFont(wxFont font, Flags<TextFlag> flags);
 
 } // namespace Nolvex::Wx

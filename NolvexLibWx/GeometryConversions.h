@@ -17,8 +17,8 @@ namespace Nolvex::Wx {
 
 namespace Detail {
 
-// Sums that are too large wrap around, so that a rectangle with any corners survives the way to wxRect and
-// back.
+// Sums that are too large wrap around, so that a rectangle with any corners is the same after the conversion
+// to wxRect and back.
 constexpr std::int32_t wrappingAdd(std::int32_t a, std::int32_t b)
 {
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(a) + static_cast<std::uint32_t>(b));

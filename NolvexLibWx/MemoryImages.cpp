@@ -19,7 +19,7 @@ using Decoding::SoundImage;
 
 constexpr std::size_t MAX_SIZE = std::numeric_limits<std::int32_t>::max();
 
-// Some decoders assert on headers that make no sense, but a broken file is no defect of the program.
+// Some decoders assert when a header makes no sense, but a broken file is no defect of the program.
 class ScopedSilence
 {
 public:
@@ -35,7 +35,7 @@ private:
     wxAssertHandler_t m_assertHandler;
 };
 
-// Formats that the host has registered by itself are its own affair.
+// Files of a format that the host has registered itself are not checked.
 CheckedImage check(wxBitmapType type, ArrayView<const std::byte> bytes)
 {
     switch (type) {
@@ -58,7 +58,7 @@ CheckedImage check(wxBitmapType type, ArrayView<const std::byte> bytes)
     }
 }
 
-// Turns the picture from the way its rows and columns are stored to the way they are shown.
+// Turns a picture whose rows and columns are stored in another order than they are shown in.
 wxImage upright(const wxImage& image, int orientation)
 {
     switch (orientation) {
@@ -95,7 +95,8 @@ Expected<wxImage, String> decodeAs(wxImageHandler& handler, ArrayView<const std:
     if (!sound->isWhole && cut == Cut::REFUSE)
         return Decoding::refuseShort();
     wxMemoryInputStream stream(sound->bytes().data(), sound->bytes().size());
-    // Some decoders leave what they had read so far in an image that they failed to load.
+    // The image is a new one for each decoder, because some decoders fail and leave in it what they have read
+    // so far.
     wxImage image;
     // Without this flag libjpeg writes to the standard error stream.
     image.SetLoadFlags(image.GetLoadFlags() & ~wxImage::Load_Verbose);
@@ -110,8 +111,9 @@ bool recognises(wxImageHandler& handler, ArrayView<const std::byte> bytes)
     return handler.CanRead(stream);
 }
 
-// As wxImage does it: the first handler that recognises the bytes and decodes them. The error is the one of
-// the first that recognised them, since the later ones recognise more than their own format.
+// Like wxImage, returns the picture of the first handler that recognises the bytes and decodes them. If all
+// fail, the error of the first handler is returned, since later handlers recognise more than their own
+// format.
 Expected<wxImage, String> decode(ArrayView<const std::byte> bytes, wxBitmapType type, Cut cut)
 {
     Optional<String> error;
@@ -127,7 +129,7 @@ Expected<wxImage, String> decode(ArrayView<const std::byte> bytes, wxBitmapType 
     return error ? Unexpected{*error} : Decoding::refuseDamaged();
 }
 
-// Runs out of memory without an exception: wxWidgets' decoders may throw one.
+// Returns an error if there is not enough memory, because decoders of wxWidgets may throw std::bad_alloc.
 Expected<wxImage, String> decodeSilently(ArrayView<const std::byte> bytes, wxBitmapType type, Cut cut)
 {
     const ScopedSilence silence;

@@ -31,9 +31,9 @@ NOLVEXLIBWX_EXPORT wxImage convertStreamToImage(wxInputStream& stream, wxBitmapT
 /// wxBITMAP_TYPE_ANY.
 NOLVEXLIBWX_EXPORT wxBitmap convertMemoryToBitmap(const unsigned* data, int size, wxBitmapType type);
 
-/// Decodes an image of any known format and tells why if it cannot: the error is a part of a sentence, "it
-/// ...". Stricter than the functions above, which accept a JPEG file that was cut off and fill what is
-/// missing with grey.
+/// Decodes an image of any known format, or returns the reason for the failure as the rest of a sentence, "it
+/// ...". This function is stricter than those above, which accept a JPEG file that was cut off and fill the
+/// missing part with grey.
 NOLVEXLIBWX_EXPORT Expected<wxImage, String> decodeWholeImage(ArrayView<const std::byte> bytes);
 
 } // namespace Nolvex::Wx

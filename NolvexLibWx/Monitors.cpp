@@ -19,7 +19,7 @@ namespace {
 
 int nearestDisplay(Pixel point)
 {
-    // Without an application the toolkit has no display to ask.
+    // Without an application wxWidgets has no display to ask.
     const unsigned count = wxAppConsoleBase::GetInstance() == nullptr ? 0 : wxDisplay::GetCount();
     Array<wxRect> geometries;
     for (unsigned index = 0; index < count; ++index)
@@ -30,14 +30,14 @@ int nearestDisplay(Pixel point)
 wxRect monitorRect(Pixel point, Wx::MonitorRegionType type)
 {
     const int index = nearestDisplay(point);
-    // What the toolkit says about a display that does not exist, without its assertion.
+    // wxDisplay asserts if the display does not exist, and then returns this.
     if (index < 0)
         return {};
     const wxDisplay display(static_cast<unsigned>(index));
     return type == Wx::MonitorRegionType::WORK_AREA ? display.GetClientArea() : display.GetGeometry();
 }
 
-// One coordinate; wider than the screen's, whose sums may overflow.
+// Limits one coordinate. Computes in 64 bits, because the sums may exceed 32.
 std::int32_t clampedStart(std::int64_t areaStart, std::int64_t areaLength, std::int64_t length,
                           std::int64_t start)
 {
@@ -86,7 +86,8 @@ void Wx::smartPositionWindow(wxWindow* window, Pixel topLeft)
         return;
     const wxRect workArea = monitorRect(topLeft, MonitorRegionType::WORK_AREA);
     const Pixel position = Detail::positionInWorkArea(workArea, window->GetSize(), topLeft);
-    // Left of or above the first monitor -1 is a place like any other, not the toolkit's "as it is".
+    // Left of or above the first monitor -1 is a valid coordinate, and must not mean "unchanged" to
+    // wxWidgets.
     window->Move(toWxPoint(position), wxSIZE_USE_EXISTING | wxSIZE_ALLOW_MINUS_ONE);
 }
 

@@ -19,27 +19,27 @@ enum class MonitorRegionType : int
     FULL_AREA = 1,
 };
 
-/// The region, on the screen, of the monitor nearest to the point, which need not lie on any; at equal
-/// distance the one the toolkit lists first. Empty, at the origin, when there is no monitor, as before the
-/// toolkit's start.
+/// Returns the region, on the screen, of the monitor nearest to the point, which may lie outside of every
+/// monitor. Of monitors at the same distance, the first in the list of wxWidgets counts. The region is empty,
+/// at the origin, if there is no monitor or wxWidgets has not been started.
 [[nodiscard]] NOLVEXLIBWX_EXPORT Bucket getMonitorRegionByPoint(Pixel point, MonitorRegionType type);
 
-/// Of the monitor nearest to the centre of the window; empty without a window.
+/// Returns the region of the monitor nearest to the centre of the window, or an empty region for null.
 [[nodiscard]] NOLVEXLIBWX_EXPORT Bucket getMonitorRegionByWindow(wxWindow* window, MonitorRegionType type);
 
-/// Moves the window's corner to the point, or as near as it gets with the window inside the work area of the
-/// monitor nearest to the point. A window larger than the work area starts at its left or top edge. For
-/// top-level windows and popups, whose positions are those of the screen.
+/// Moves the window's top left corner to the point, or as near to the point as the work area of the nearest
+/// monitor allows. A window larger than the work area starts at its left or top edge. `window` is a top-level
+/// window or a popup, whose position is given in screen coordinates.
 NOLVEXLIBWX_EXPORT void smartPositionWindow(wxWindow* window, Pixel topLeft);
 
 namespace Detail {
 
-// The arithmetic alone, for any arrangement of monitors.
+// The calculations behind the functions above, for any arrangement of monitors.
 
-/// The index of the rectangle nearest to the point, the first of those equally near; -1 when there is none.
+/// Returns the index of the rectangle nearest to the point, the lowest of several, or -1 if there is none.
 [[nodiscard]] NOLVEXLIBWX_EXPORT int nearestMonitor(ArrayView<const wxRect> geometries, Pixel point);
 
-/// Where a window of the size goes that was asked to go to the point.
+/// Returns the corner of a window of the given size that should have its corner at `topLeft`.
 [[nodiscard]] NOLVEXLIBWX_EXPORT Pixel positionInWorkArea(const wxRect& workArea, wxSize size, Pixel topLeft);
 
 } // namespace Detail

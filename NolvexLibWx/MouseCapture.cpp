@@ -44,8 +44,8 @@ private:
     {
         wxWindow* const window = m_window;
         m_capture.end();
-        // Not at once: wxWidgets is in the middle of hiding, disabling or moving the window, which a handler
-        // might destroy.
+        // The event is sent later, because wxWidgets is still hiding, disabling or moving the window, and a
+        // handler might destroy the window.
         auto* event = new wxMouseCaptureLostEvent(window->GetId());
         event->SetEventObject(window);
         wxQueueEvent(window->GetEventHandler(), event);
@@ -84,8 +84,8 @@ void Wx::MouseCapture::begin()
 
 void Wx::MouseCapture::end()
 {
-    // wxWidgets keeps a stack of captures of which only the top one can be released: the windows above this
-    // one step aside for a moment.
+    // wxWidgets keeps a stack of captures and releases only the topmost, so the windows above this window
+    // release the mouse and capture it again afterwards.
     Array<wxWindow*> above;
     for (wxWindow* top = wxWindow::GetCapture(); m_watch && top != nullptr && top != m_window;
          top = wxWindow::GetCapture()) {
@@ -107,7 +107,7 @@ bool Wx::MouseCapture::isHeld() const
 void Wx::MouseCapture::onDestroyed(wxWindowDestroyEvent& event)
 {
     event.Skip();
-    // The events of child windows come here, too.
+    // The destroy events of child windows arrive here, too.
     if (event.GetEventObject() != m_window)
         return;
     end();

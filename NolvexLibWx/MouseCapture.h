@@ -53,10 +53,10 @@ private:
 
     void onDestroyed(wxWindowDestroyEvent& event);
 
-    wxWindow* m_window; // null when the window has been destroyed first
+    wxWindow* m_window; // null after the window has been destroyed
     WhenDisabled m_whenDisabled;
-    bool m_hasBegunEver = false;    // and so listens for the destruction of the window
-    std::unique_ptr<Watch> m_watch; // from begin to end
+    bool m_hasBegunEver = false;    // then this object listens for the destruction of the window
+    std::unique_ptr<Watch> m_watch; // exists from begin to end
 };
 
 } // namespace Nolvex::Wx

@@ -59,7 +59,8 @@ bool isWithin(const wxWindow* window, const wxWindow& ancestor)
     return window != nullptr;
 }
 
-// A Focusable may be made of several windows, as a text field with two arrows: its parts belong to the group.
+// A Focusable may consist of several windows, such as a text field with two arrows; all of them belong to the
+// group.
 bool isInGroupOf(const wxWindow& member, const wxWindow* stop)
 {
     if (isWithin(stop, member))

@@ -9,7 +9,7 @@ namespace Nolvex {
 
 namespace {
 
-// More owners in a line than that are a circle that somebody else has made.
+// A longer chain of owners must be a circle that other code has made.
 constexpr int MAX_OWNERS = 1000;
 
 bool isOwnedBy(WindowHandle window, WindowHandle owner)
@@ -41,7 +41,7 @@ WindowHandle Wx::getOwnerAsNativeHandle(WindowHandle window)
 
 WindowHandle Wx::setOwnerFromNativeHandle(WindowHandle window, WindowHandle owner)
 {
-    // Systems follow the line of owners to its end when they restack windows.
+    // A circle of owners would hang the system, which follows the owners to the end when it restacks windows.
     if (!isOwnedBy(owner, window))
         Platform::setWindowOwner(window, owner);
     return window;

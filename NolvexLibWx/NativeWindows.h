@@ -11,27 +11,27 @@ class WXDLLIMPEXP_FWD_CORE wxWindow;
 
 namespace Nolvex::Wx {
 
-// Handles may name windows of others in the process, the host's for instance. A null handle and one whose
-// window is gone or going are allowed everywhere.
+// A handle may name any window of the process, such as a window of the host. Null handles and handles of
+// windows that have been destroyed, or are being destroyed, are allowed everywhere.
 
-/// Null for null.
+/// Returns a null handle for null.
 [[nodiscard]] NOLVEXLIBWX_EXPORT WindowHandle getWindowNativeHandle(const wxWindow* window);
 
-/// The native window's rectangle on the screen, a top-level window's with its frame. Empty, at the origin,
-/// for no window. On GTK a window that has never been shown has none either, and one that is hidden has lost
-/// its frame.
+/// Returns the native window's rectangle on the screen, which includes the frame of a top-level window. The
+/// region is empty, at the origin, if there is no such window. On GTK the region is also empty before the
+/// window is first shown, and has no frame while the window is hidden.
 [[nodiscard]] NOLVEXLIBWX_EXPORT Bucket getScreenRegion(WindowHandle window);
 
-/// The window that `window` stays in front of and is minimised with; null when there is none or `window` is
-/// no window. On GTK the one it is transient for, null for a widget that is no window; on Windows a child
-/// window's owner is its parent.
+/// Returns the window that `window` stays in front of and is minimised with. Returns null if `window` has no
+/// owner or is no window. On GTK the owner is the window that `window` is transient for, and a widget inside
+/// a window has none. On Windows the owner of a child window is its parent.
 [[nodiscard]] NOLVEXLIBWX_EXPORT WindowHandle getOwnerAsNativeHandle(WindowHandle window);
 
-/// Gives `window` another owner, or none for null, whatever parents the toolkit knows; returns `window`.
-/// Nothing changes when either is no window any more, nor when `owner` is `window` or owned by it, however
-/// indirectly. Both are meant to be top-level windows: on GTK nothing changes for a widget inside one; on
-/// Windows handles of child windows go to the system as they are, and a child given an owner is moved into
-/// it, out of its parent. There, a destroyed owner takes along what it owns.
+/// Makes `owner` the owner of `window`, or removes the owner if `owner` is null, and returns `window`. The
+/// parents of wxWidgets do not matter. Nothing changes if either window has been destroyed, or if `owner` is
+/// `window` itself or is owned by it, directly or indirectly. Both should be top-level windows: GTK ignores a
+/// widget inside a window, and Windows moves a child window out of its parent into the owner. When Windows
+/// destroys an owner, it destroys the owned windows, too.
 NOLVEXLIBWX_EXPORT WindowHandle setOwnerFromNativeHandle(WindowHandle window, WindowHandle owner);
 
 } // namespace Nolvex::Wx

@@ -40,11 +40,11 @@ constexpr int PROCESS_EVENTS_PERIOD_MS = 2000;
 
 std::int32_t g_startCount = 0;
 
-// Read in a debugger, when a process died in between. Being volatile keeps the compiler from dropping it.
+// Tells in a debugger that a process died while starting or stopping. The compiler may not remove a volatile.
 volatile std::uint8_t g_inTransition = 0;
 
-// Not a smart pointer: if the host forgets to stop the library, that would delete the timer when the process
-// ends, after wxWidgets is gone.
+// This is no smart pointer: if the host forgets to stop the library, a smart pointer would delete the timer
+// at the end of the process, after wxWidgets is gone.
 ProcessEventsTimer* g_processEventsTimer = nullptr;
 
 void replaceProcessEventsTimer(ProcessEventsTimer* timer)
@@ -61,7 +61,7 @@ void installApplication()
     wxAppConsoleBase::SetInstance(app);
 }
 
-// Remembers which handlers wxImage took, as it deletes the second one of a type.
+// Remembers only the handlers that wxImage keeps: wxImage deletes a second handler of the same type.
 void addImageHandler(wxImageHandler* handler, std::vector<wxString>& added)
 {
     const wxString name = handler->GetName();
@@ -72,7 +72,7 @@ void addImageHandler(wxImageHandler* handler, std::vector<wxString>& added)
         added.push_back(name);
 }
 
-// Returns the names of those that the host had not added before.
+// Returns the names of the handlers that the host had not added before.
 std::vector<wxString> addImageHandlers()
 {
     std::vector<wxString> added;
@@ -86,8 +86,8 @@ std::vector<wxString> addImageHandlers()
     return added;
 }
 
-// wxInitialize counts a failed start too, deletes the application object and leaves lists behind. All of
-// that is undone, so that a host that finds a display later can try again.
+// When wxInitialize fails, it still counts the start, deletes the application object and leaves lists behind.
+// All of this is undone, so that a host can try again when it has a display.
 [[noreturn]] void giveUpStart(const std::vector<wxString>& imageHandlers, bool wasLogging)
 {
     wxUninitialize();
@@ -112,7 +112,7 @@ bool isApplicationType(LibWx::ApplicationType type)
     return false;
 }
 
-// Dialogs may be shown by OnInit already, and disable the other windows.
+// Window disabling is installed first, because OnInit may show a dialog, which disables the other windows.
 void initialiseApplication(LibWx::ApplicationType type)
 {
     WindowDisabling::install();
@@ -136,7 +136,7 @@ void startFirst(LibWx::ApplicationType type)
         giveUpStart(imageHandlers, wasLogging);
     wxSocketBase::Initialize();
 
-    // The number is part of the message that users report; it stays when lines move.
+    // Users report this number as a part of the message, so it stays the same when lines move.
     if (!isApplicationType(type))
         Detail::throwStopException("NolvexLibWx", 177);
     initialiseApplication(type);

@@ -7,8 +7,8 @@
 
 namespace Nolvex::Wx {
 
-/// While it lives, nothing is drawn on the DC outside the rectangle (nor outside the clipping region that the
-/// DC had before). At its end the DC is not clipped at all.
+/// While an object of this class lives, nothing is drawn on the DC outside the rectangle, nor outside the
+/// clipping region that the DC had before. The destructor removes all clipping from the DC.
 class ScopedClippingRegion : private Noncopyable
 {
 public:

@@ -5,13 +5,13 @@
 
 #include <wx/window.h>
 
-// Does not include all that it needs, and so comes after.
+// wx/weakref.h does not include all headers that it needs, and therefore follows wx/window.h.
 #include <wx/weakref.h>
 
 namespace Nolvex::Wx {
 
-/// While it lives, changes to the window are not shown; at its end they appear at once. Nests. The window may
-/// be destroyed meanwhile; of no window it does nothing.
+/// Keeps changes to the window from being shown while an object of this class lives; they appear together
+/// when it ends. Guards may be nested. The window may be null, and may be destroyed before the guard.
 class ScopedWindowFreezer : private Noncopyable
 {
 public:

@@ -7,7 +7,8 @@
 
 namespace Nolvex::Wx {
 
-// Both hold wide text on every system; nothing is lost either way, zero characters included.
+// String and wxString hold wide text on every system, so the conversions lose nothing, not even zero
+// characters.
 
 inline wxString toWxString(StringView text)
 {

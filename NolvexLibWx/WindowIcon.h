@@ -10,12 +10,12 @@ class WXDLLIMPEXP_FWD_CORE wxTopLevelWindow;
 
 namespace Nolvex::Wx {
 
-// Both do nothing without a window.
+// Both functions do nothing if `window` is null.
 
-/// The picture in the window's title and in the task bar. An invalid bitmap takes the icon away.
+/// Sets the icon in the window's title and in the task bar. An invalid bitmap removes the icon.
 NOLVEXLIBWX_EXPORT void setIcon(wxTopLevelWindow* window, const wxBitmap& bitmap);
 
-/// The library's own application icon.
+/// Sets the application icon of the library.
 NOLVEXLIBWX_EXPORT void setZephraIcon(wxTopLevelWindow* window);
 
 } // namespace Nolvex::Wx

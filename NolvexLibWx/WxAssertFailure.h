@@ -9,10 +9,9 @@
 
 namespace Nolvex::Wx {
 
-/// The message for a failed assertion of the toolkit, or none for one that is known to be harmless: the
-/// locale check of hosts that set a locale, and everything about capturing the mouse. For the assertion
-/// handler that a host installs
-/// (`wxSetAssertHandler`); the library installs none.
+/// Returns the message for a failed assertion of wxWidgets, or nullopt for an assertion that is known to be
+/// harmless: the locale check, which fails in hosts that set a locale, and all assertions of CaptureMouse.
+/// Intended for the assertion handler of a host (`wxSetAssertHandler`), as the library installs none.
 NOLVEXLIBWX_EXPORT Optional<String> formatWxAssertFailure(const wxString& file, int line,
                                                           const wxString& func, const wxString& cond,
                                                           const wxString& msg);

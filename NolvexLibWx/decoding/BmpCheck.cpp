@@ -6,9 +6,9 @@
 
 #include <algorithm>
 
-// wxBMPHandler writes where run-length codes say, inside of the picture or not, reads beyond short palettes,
-// and allocates what the header claims before the first pixel. Run-length encoding, 16 bits a pixel and bit
-// fields it reads wrongly or not at all.
+// wxBMPHandler writes wherever run-length codes lead, even outside of the picture, reads beyond short
+// palettes, and allocates as much as the header claims before it reads the first pixel. It decodes run-length
+// encoding, 16 bits a pixel and bit fields wrongly or not at all.
 
 namespace Nolvex {
 

@@ -9,7 +9,7 @@
 
 namespace Nolvex::Decoding {
 
-/// Reads whole numbers from bytes that may end anywhere. A read past the end gives 0 and is remembered.
+/// Reads whole numbers from bytes. A read past the end returns 0, and `ranOut` then returns true.
 class ByteReader
 {
 public:
@@ -24,7 +24,7 @@ public:
 
     std::uint32_t read32() { return static_cast<std::uint32_t>(read(4)); }
 
-    /// A number of 1 to 8 bytes.
+    /// Reads a number of 1 to 8 bytes.
     std::uint64_t read(std::size_t size)
     {
         if (size > left()) {

@@ -19,7 +19,7 @@ constexpr std::uint32_t MAX_COLOURS = 256;
 void setHeight(DibHeader& header, std::int32_t height)
 {
     header.isTopDown = height < 0;
-    // The lowest number has no counterpart, and is no usual height either.
+    // The lowest number cannot be negated. The height then stays 0 and is refused.
     if (height != std::numeric_limits<std::int32_t>::min())
         header.height = height < 0 ? -height : height;
 }
@@ -53,7 +53,7 @@ void readCore(ByteReader& reader, DibHeader& header)
     header.paletteEntrySize = 3;
 }
 
-// The masks follow the shortest header, and are a part of the longer ones.
+// The masks follow the shortest header and are part of the longer headers.
 void readInfo(ByteReader& reader, DibHeader& header, std::uint32_t size)
 {
     header.width = static_cast<std::int32_t>(reader.read32());

@@ -10,7 +10,7 @@
 
 namespace Nolvex::Decoding {
 
-/// What the header of a device-independent bitmap says: the part that BMP and ICO files share.
+/// The contents of the header of a device-independent bitmap, which BMP and ICO files share.
 struct DibHeader
 {
     enum class Compression : std::uint32_t
@@ -21,7 +21,7 @@ struct DibHeader
         BIT_FIELDS = 3,
     };
 
-    /// Of the sides, as in wxBMPHandler.
+    /// The largest width and height, the same as in wxBMPHandler.
     static constexpr std::int32_t MAX_SIDE = 32767;
 
     std::int32_t width = 0;
@@ -29,32 +29,33 @@ struct DibHeader
     bool isTopDown = false;
     std::uint32_t bits = 0;
     Compression compression = Compression::NONE;
-    /// Of red, green, blue and alpha; for bit fields only.
+    /// The masks of red, green, blue and alpha, which are set for bit fields only.
     std::array<std::uint32_t, 4> masks{};
-    /// Zero where there is no palette.
+    /// The number of colours in the palette, or 0 if there is no palette.
     std::uint32_t colours = 0;
     std::size_t paletteStart = 0;
     std::size_t paletteEntrySize = 4;
-    /// Behind header and palette. A BMP file may say that the pixels start later.
+    /// The position behind header and palette. A BMP file may tell a later position for its pixels.
     std::size_t end = 0;
 
     bool isUsualSize() const { return width > 0 && width <= MAX_SIDE && height > 0 && height <= MAX_SIDE; }
 
-    /// The bytes of a row without compression, for this many bits a pixel.
+    /// Returns the bytes of an uncompressed row with this many bits a pixel.
     std::size_t stride(std::uint32_t bitsPerPixel) const
     {
         return (static_cast<std::size_t>(width) * bitsPerPixel + 31) / 32 * 4;
     }
 
-    /// Whether the rows, not compressed, are there from `start` on. The last one may lack its padding.
+    /// Returns true if the file holds all uncompressed rows from `start` on. The last row may lack its
+    /// padding.
     bool hasRows(std::size_t start, std::size_t fileSize) const;
 
-    /// Whether each pixel of such rows has its colour in the palette.
+    /// Returns true if each pixel of these rows has its colour in the palette.
     bool pixelsAreInPalette(ArrayView<const std::byte> file, std::size_t start) const;
 };
 
-/// The header that begins at `start`; none if it is cut off, of an unknown kind or contradicts itself. An
-/// icon's header counts the rows of picture and mask: its height is halved.
+/// Reads the header at `start`. Returns nullopt if the header is cut off, is of an unknown kind or
+/// contradicts itself. The height in an icon counts the rows of picture and mask, so half of it is returned.
 Optional<DibHeader> readDibHeader(ArrayView<const std::byte> file, std::size_t start, bool isIcon);
 
 } // namespace Nolvex::Decoding

@@ -5,9 +5,9 @@
 
 #include <array>
 
-// wxGIFDecoder asks for a sub-block of 4 GiB where the data end between two sub-blocks, writes behind its
-// tables for large code sizes, shows memory that nobody has written where pixels are missing, and takes data
-// behind the last pixel for further frames.
+// wxGIFDecoder asks for a sub-block of 4 GiB if the data end between two sub-blocks, writes beyond its tables
+// for large code sizes, shows uninitialised memory where pixels are missing, and decodes data behind the last
+// pixel as further frames.
 
 namespace Nolvex {
 
@@ -30,7 +30,7 @@ struct Frame
     std::uint32_t codeSize = 0;
 };
 
-// The number of colours of the palette that the flags announce, which is skipped; 0 for none.
+// Skips the palette that the flags announce. Returns the number of its colours, or 0 if there is none.
 int skipPalette(ByteReader& reader, std::uint32_t flags)
 {
     if ((flags & PALETTE_FLAG) == 0)
@@ -46,7 +46,7 @@ void skipSubBlocks(ByteReader& reader)
         reader.skip(size);
 }
 
-// False for a graphic control of another size than the only one that wxGIFDecoder expects.
+// Returns false for a graphic control whose size is not the size that wxGIFDecoder expects.
 bool readExtension(ByteReader& reader, int& transparent)
 {
     constexpr std::uint32_t CONTROL_SIZE = 4;
@@ -62,13 +62,13 @@ bool readExtension(ByteReader& reader, int& transparent)
     return sized && reader.read8() == 0;
 }
 
-// Takes codes of a varying number of bits out of the sub-blocks.
+// Reads codes, whose number of bits varies, from the sub-blocks.
 class Codes
 {
 public:
     explicit Codes(ByteReader& reader) : m_reader(reader) {}
 
-    // None behind the last sub-block.
+    // Returns nullopt after the last sub-block.
     Optional<std::uint32_t> next(std::uint32_t bits)
     {
         while (m_bitCount < bits) {
@@ -86,7 +86,7 @@ public:
         return code;
     }
 
-    // wxGIFDecoder reads whole sub-blocks.
+    // Skips the rest of the current sub-block, because wxGIFDecoder reads whole sub-blocks.
     void skipSubBlock() { m_reader.skip(m_left); }
 
 private:
@@ -96,7 +96,7 @@ private:
     std::uint32_t m_bitCount = 0;
 };
 
-// Follows the codes of a frame without making pixels: a string is known by its length alone.
+// Follows the codes of a frame without producing pixels. Only the length of each string is stored.
 class LzwWalk
 {
 public:
@@ -106,7 +106,7 @@ public:
         m_lengths.fill(1);
     }
 
-    // Whether the codes give every pixel of the frame. The sub-block of the last pixel has been read then.
+    // Returns true if the codes give every pixel. The reader is then behind the sub-block of the last pixel.
     bool reachesLastPixel(ByteReader& reader)
     {
         Codes codes(reader);
@@ -167,8 +167,8 @@ private:
     std::array<std::uint32_t, 1u << MAX_BITS> m_lengths{};
 };
 
-// What stands from here to the last pixel of the first frame, and a trailer. wxGIFDecoder would decode every
-// frame to return the first.
+// Returns the file up to the last pixel of the first frame, closed by a trailer. From the whole file
+// wxGIFDecoder would decode every frame in order to return the first.
 Decoding::CheckedImage checkFrame(ArrayView<const std::byte> file, ByteReader& reader, int globalColours,
                                   int transparent)
 {

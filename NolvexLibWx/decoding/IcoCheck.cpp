@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <array>
 
-// wxICOHandler shares its faults with wxBMPHandler and wxPNGHandler.
+// wxICOHandler has the same faults as wxBMPHandler and wxPNGHandler.
 
 namespace Nolvex {
 
@@ -17,8 +17,8 @@ using Decoding::ByteReader;
 constexpr std::size_t COUNT_PLACE = 4;
 constexpr std::size_t DIRECTORY_START = 6;
 
-// Where the picture begins that wxICOHandler chooses: of the widest the one with the most colours, of equal
-// ones the last. 0 when the directory is cut off.
+// Returns the position of the picture that wxICOHandler chooses: the widest, of these the one with the most
+// colours, and of equal pictures the last. Returns 0 if the directory is cut off.
 std::size_t findChosenPicture(ArrayView<const std::byte> file)
 {
     std::uint32_t widest = 0;
@@ -51,7 +51,7 @@ bool isPng(ArrayView<const std::byte> picture)
                       [](unsigned char a, std::byte b) { return std::byte(a) == b; });
 }
 
-// The picture's rows, then those of a mask of one bit a pixel.
+// Checks the picture's rows and the mask with one bit a pixel that follows them.
 Decoding::CheckedImage checkDib(ArrayView<const std::byte> file, std::size_t start)
 {
     const Optional<Decoding::DibHeader> header = Decoding::readDibHeader(file, start, true);

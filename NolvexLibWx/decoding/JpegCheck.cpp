@@ -3,8 +3,8 @@
 #include "NolvexLibWx/decoding/ByteReader.h"
 #include "NolvexLibWx/decoding/SoundImage.h"
 
-// libjpeg survives damaged data, but wxJPEGHandler allocates and fills what the header claims before the
-// first pixel, and every scan of a progressive file costs a walk over the whole picture.
+// libjpeg survives damaged data, but wxJPEGHandler allocates and fills as much as the header claims before it
+// reads the first pixel, and every scan of a progressive file costs a pass over the whole picture.
 
 namespace Nolvex {
 
@@ -16,7 +16,7 @@ constexpr std::uint32_t MARKER = 0xFF;
 constexpr std::uint32_t END_OF_IMAGE = 0xD9;
 constexpr std::uint32_t START_OF_SCAN = 0xDA;
 
-// Programs write about ten.
+// Encoders write about ten scans.
 constexpr int MAX_SCANS = 500;
 
 struct Structure
@@ -36,8 +36,8 @@ bool isFrameHeader(std::uint32_t marker)
            marker != ARITHMETIC_TABLES;
 }
 
-// The next marker, behind entropy-coded data or filling if there are any: in such data 0xFF is followed by 0
-// or by a restart marker. None when the file ends.
+// Returns the next marker, or nullopt if the file ends before it. Skips filling and entropy-coded data, in
+// which 0xFF is followed by 0 or is part of a restart marker.
 Optional<std::uint32_t> nextMarker(ByteReader& reader)
 {
     std::uint32_t previous = 0;

@@ -16,11 +16,11 @@ using Compression = DibHeader::Compression;
 constexpr std::size_t FILE_HEADER_SIZE = 14;
 constexpr std::size_t INFO_SIZE = 40;
 
-// Writes the new file: headers first, then pixels wherever they are set. What is never set stays black.
+// Writes the new file, which consists of headers and pixels. A pixel that is never set stays black.
 class PlainFile
 {
 public:
-    // Of the files that had runs.
+    // The bits a pixel of a file that had run-length encoding.
     static constexpr std::uint32_t RUN_BITS = 24;
 
     PlainFile(const DibHeader& header, std::uint32_t bits)
@@ -41,7 +41,7 @@ public:
         m_bytes[28] = static_cast<std::byte>(bits);
     }
 
-    // The first byte of a pixel, which has blue, green, red and perhaps alpha; rows in the order of the file.
+    // Returns the first byte of a pixel: blue, green, red and perhaps alpha. Row 0 is the first in the file.
     std::byte* pixel(std::int32_t x, std::int32_t y)
     {
         return m_bytes.data() + FILE_HEADER_SIZE + INFO_SIZE +
@@ -63,8 +63,8 @@ private:
     Array<std::byte> m_bytes;
 };
 
-// Decodes RLE4 and RLE8. Nothing is written outside of the picture: runs, delta jumps and rows that reach
-// beyond it are damage.
+// Decodes RLE4 and RLE8. Nothing is written outside of the picture: jumps and rows that lead beyond it count
+// as damage, and runs are cut off at the end of the row.
 class RunDecoder
 {
 public:
@@ -72,7 +72,7 @@ public:
         : m_file(file), m_header(header), m_reader(file, start), m_to(to)
     {}
 
-    // Whether the end marker or the last pixel was reached, and all was well.
+    // Returns true if the end marker or the last pixel was reached without an error.
     bool decode()
     {
         fillWithFirstColour();
@@ -93,7 +93,7 @@ private:
     static constexpr std::uint32_t END_OF_PICTURE = 1;
     static constexpr std::uint32_t JUMP = 2;
 
-    // One pixel after the other in the first row, whole rows above it.
+    // Fills the first row pixel by pixel, then copies it to all other rows.
     void fillWithFirstColour()
     {
         while (m_x < m_header.width)
@@ -120,14 +120,14 @@ private:
         }
     }
 
-    // Of RLE4, the two colours of the byte take turns.
+    // In RLE4 the two colours of the byte alternate.
     void writeRun(std::uint32_t count, std::uint32_t value)
     {
         for (std::uint32_t i = 0; i < count; ++i)
             write(colourOf(value, i));
     }
 
-    // Padded to an even number of bytes.
+    // Literals are padded to an even number of bytes.
     void writeLiterals(std::uint32_t count)
     {
         const std::uint32_t perByte = m_header.compression == Compression::RLE4 ? 2 : 1;
@@ -171,7 +171,7 @@ private:
     bool m_isSound = true;
 };
 
-// One channel of a pixel of bit fields, spread over the range of a byte.
+// One channel of a pixel with bit fields, scaled to the range of a byte.
 class BitField
 {
 public:
@@ -193,7 +193,7 @@ private:
     int m_shift;
 };
 
-// The order of a BMP file: blue, green, red, alpha.
+// Returns the fields in the order of a BMP file: blue, green, red, alpha.
 std::array<BitField, 4> bitFieldsOf(const DibHeader& header)
 {
     if (header.compression == Compression::BIT_FIELDS)

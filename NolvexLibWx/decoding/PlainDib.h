@@ -8,9 +8,9 @@
 
 namespace Nolvex::Decoding {
 
-/// The BMP file written anew with 24 bits a pixel, or 32 where it has alpha, and without compression. For
-/// files with run-length encoding, with 16 bits a pixel or with bit fields, whose pixels start at `start`.
-/// The error is a part of a sentence: "it ...".
+/// Returns the BMP file rewritten without compression, with 24 bits a pixel or, if it has alpha, 32. The file
+/// must have run-length encoding, 16 bits a pixel or bit fields, and its pixels must begin at `start`. The
+/// error is the rest of a sentence, "it ...".
 Expected<Array<std::byte>, String> toPlainBmp(ArrayView<const std::byte> file, const DibHeader& header,
                                               std::size_t start);
 

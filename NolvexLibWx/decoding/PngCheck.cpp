@@ -2,8 +2,8 @@
 #include "NolvexLibWx/decoding/ByteReader.h"
 #include "NolvexLibWx/decoding/SoundImage.h"
 
-// libpng checks what it reads, but wxPNGHandler allocates what the header claims before the first pixel, and
-// gives libpng bytes that nobody has written where the file ends.
+// libpng checks its input, but wxPNGHandler allocates as much as the header claims before it reads the first
+// pixel, and passes uninitialised bytes to libpng where the file ends.
 
 namespace Nolvex {
 

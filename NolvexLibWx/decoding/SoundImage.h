@@ -12,15 +12,15 @@
 
 namespace Nolvex::Decoding {
 
-/// An encoded image whose structure has been checked: wxWidgets' decoder of its format reads no byte outside
-/// of it, writes none outside of its own memory, and finds every pixel that the header claims.
+/// An encoded image whose structure has been checked: the decoder of wxWidgets reads no byte outside of the
+/// image, writes no byte outside of its own memory, and finds every pixel that the header claims.
 class SoundImage
 {
 public:
-    /// The bytes as they are, which must outlive this object.
+    /// Refers to the bytes of the file, which must outlive this object.
     explicit SoundImage(ArrayView<const std::byte> bytes) : m_bytes(bytes) {}
 
-    /// The same image, written anew in a form that wxWidgets reads rightly.
+    /// Takes the same image, rewritten in a form that wxWidgets decodes correctly.
     explicit SoundImage(Array<std::byte> rewritten) : m_rewritten(std::move(rewritten)) {}
 
     ArrayView<const std::byte> bytes() const
@@ -28,10 +28,10 @@ public:
         return m_rewritten.empty() ? m_bytes : ArrayView<const std::byte>(m_rewritten);
     }
 
-    /// How the decoded image has to be turned to stand upright: 1 to 8, as the orientation of a TIFF file.
+    /// The turn that brings the decoded image upright: 1 to 8, like the orientation of a TIFF file.
     int orientation = 1;
 
-    /// False of a JPEG file that ends before its end marker. Its decoder fills the missing part with grey.
+    /// False for a JPEG file without an end marker. The decoder fills the missing part with grey.
     bool isWhole = true;
 
 private:
@@ -39,7 +39,7 @@ private:
     Array<std::byte> m_rewritten;
 };
 
-/// The error is a part of a sentence: "it ...".
+/// The error is the rest of a sentence, "it ...".
 using CheckedImage = Expected<SoundImage, String>;
 
 inline Unexpected<String> refuseDamaged()
@@ -57,12 +57,12 @@ inline Unexpected<String> refuseLarge()
     return {L"it is too large"};
 }
 
-/// Whether a wxImage can have this size: its colours are counted in int.
+/// Returns true if a wxImage can have this size. A wxImage counts its bytes of colour in int.
 bool fitsWxImage(std::uint64_t width, std::uint64_t height);
 
-/// Whether a compressed file of this many bytes can hold an image of this many pixels. Every image up to
-/// 64 Mi pixels passes. A larger one needs the bytes that the tightest usual compression takes, so that a
-/// file of a few bytes cannot ask for gigabytes.
+/// Returns true if a compressed file of this many bytes can hold an image of this many pixels. Every image up
+/// to 64 Mi pixels passes. A larger image needs at least the bytes that the tightest common compression
+/// takes, so that a file of a few bytes cannot claim gigabytes.
 bool isPlausible(std::uint64_t pixels, std::size_t fileSize);
 
 CheckedImage checkBmp(ArrayView<const std::byte> file);

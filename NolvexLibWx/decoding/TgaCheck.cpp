@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-// wxTGAHandler reads and writes outside of palettes that do not start at colour 0, writes through null where
-// palettes and depths do not match, shows memory that nobody has written where pixels are missing, subtracts
+// wxTGAHandler reads and writes outside of palettes that do not start at colour 0, writes through a null
+// pointer if palette and depth do not match, shows uninitialised memory where pixels are missing, subtracts
 // the position of the image from its size, and ignores that rows may run leftwards.
 
 namespace Nolvex {
@@ -58,7 +58,7 @@ Header readHeader(ArrayView<const std::byte> file)
     return header;
 }
 
-// The combinations that wxTGAHandler decodes without harm.
+// Returns true for the combinations that wxTGAHandler decodes safely.
 bool isKnownKind(const Header& header)
 {
     if (header.type == MAPPED) {
@@ -75,7 +75,7 @@ bool isKnownKind(const Header& header)
     return header.type == GREY && (header.bits == 8 || header.bits == 16);
 }
 
-// Whether the packets hold the pixels exactly, none of them reaching beyond the last.
+// Returns true if the packets hold all pixels and the last packet ends with the last pixel.
 bool packetsHold(ByteReader& reader, std::uint64_t pixels, std::size_t pixelSize)
 {
     constexpr std::uint32_t RUN_FLAG = 0x80;

@@ -5,9 +5,9 @@
 
 #include <algorithm>
 
-// libtiff checks what it reads, but wxTIFFHandler allocates and fills what the header claims before the first
-// pixel, takes damaged strips for decoded ones, reads a palette's numbers with alpha as grey, and turns a
-// picture by its orientation only where that keeps its sides.
+// libtiff checks its input, but wxTIFFHandler allocates and fills as much as the header claims before it
+// reads the first pixel, accepts damaged strips as decoded, shows the indices of a palette with alpha as
+// grey, and turns a picture by its orientation only if width and height are not exchanged.
 
 namespace Nolvex {
 
@@ -32,7 +32,7 @@ enum Tag : std::uint32_t
     TILE_SIZES = 325,
 };
 
-// Values of an entry of a directory. Their numbers lie in the file, in the entry itself if they fit.
+// An entry of a directory. Its values lie elsewhere in the file, or in the entry itself if they fit.
 struct Entry
 {
     std::uint32_t tag = 0;
@@ -41,7 +41,7 @@ struct Entry
     std::size_t start = 0;
 };
 
-// 0 for what is no whole number without a sign.
+// Returns the bytes of one value, or 0 for a type other than an unsigned integer.
 std::size_t valueSizeOf(std::uint32_t type)
 {
     constexpr std::uint32_t BYTE = 1;
@@ -51,7 +51,7 @@ std::size_t valueSizeOf(std::uint32_t type)
     return type == BYTE ? 1 : type == SHORT ? 2 : type == LONG ? 4 : type == LONG8 ? 8 : 0;
 }
 
-// The first directory of a file, with offsets of 32 or, in a BigTIFF, 64 bits.
+// The first directory of a file, whose offsets have 32 bits, or 64 bits in a BigTIFF.
 class Directory
 {
 public:
@@ -73,14 +73,14 @@ public:
 
     bool has(Tag tag) const { return find(tag) != nullptr; }
 
-    // The first value of the tag, or `otherwise` without such a tag; none if it is no sound number.
+    // Returns the first value of the tag, or `otherwise` without such a tag, or nullopt for an invalid value.
     Optional<std::uint64_t> number(Tag tag, Optional<std::uint64_t> otherwise = {}) const
     {
         const Entry* const entry = find(tag);
         return entry == nullptr ? otherwise : value(*entry, 0);
     }
 
-    // Whether these parts of the file are inside of it, and how many bytes they have together.
+    // Returns the total bytes of these parts of the file, or nullopt if a part reaches beyond the file.
     Optional<std::uint64_t> sizeOfParts(Tag offsets, Tag sizes) const
     {
         const Entry* const starts = find(offsets);
@@ -98,7 +98,7 @@ public:
         return whole;
     }
 
-    // The same file with the orientation that needs no turning. std::bad_alloc.
+    // Returns a copy of the file with the upright orientation. Throws std::bad_alloc.
     Array<std::byte> withoutOrientation() const
     {
         Array<std::byte> copy(m_file.begin(), m_file.end());
@@ -113,7 +113,7 @@ public:
     }
 
 private:
-    // A position beyond the end for whatever memory cannot count.
+    // Returns the end of the file for an offset that lies behind the end.
     std::size_t place(std::uint64_t offset) const
     {
         return static_cast<std::size_t>(std::min<std::uint64_t>(offset, m_file.size()));
@@ -129,13 +129,13 @@ private:
         const std::uint64_t offset = reader.read(m_offsetSize);
         if (entry.valueSize > 0 && entry.count > m_offsetSize / entry.valueSize)
             entry.start = place(offset);
-        // Values beyond the end are none.
+        // Values that reach beyond the file are treated as missing.
         if (entry.valueSize > 0 && entry.count > (m_file.size() - entry.start) / entry.valueSize)
             entry.valueSize = 0;
         m_entries.push_back(entry);
     }
 
-    // libtiff takes the first of several entries, too.
+    // Finds the first of several entries with the same tag, as libtiff does.
     const Entry* find(Tag tag) const
     {
         const auto found = std::ranges::find(m_entries, static_cast<std::uint32_t>(tag), &Entry::tag);
@@ -171,11 +171,11 @@ struct Layout
 
     bool hasTiles() const { return tileWidth > 0; }
 
-    // Decoded; colours may be stored for several pixels at once.
+    // The bytes after decoding. Before it, several pixels may share their colour.
     std::uint64_t byteCount() const { return (width * samples * bits + 7) / 8 * height; }
 };
 
-// None where a number is missing or too large to count with.
+// Returns nullopt if a number is missing or exceeds its limit.
 Optional<Layout> readLayout(const Directory& directory)
 {
     constexpr std::uint64_t MAX_BITS = 64;

@@ -10,13 +10,13 @@
 
 namespace Nolvex::Wx {
 
-/// What both systems need to know of one described or named window: its account, the texts that were set from
-/// outside, and the state that was announced last. Each system keeps the record together with the native
-/// window.
+/// Holds the data that both systems need for a described or named window: the account, the texts that were
+/// set from outside, and the state that was announced last. Each system keeps the record together with the
+/// native window.
 class AccessibleRecord : private Noncopyable
 {
 public:
-    /// What differs from the last announcement.
+    /// The differences from the last announcement.
     struct Changes
     {
         bool name = false;
@@ -37,29 +37,29 @@ public:
 
     void setDescription(const String& description) { m_description = description; }
 
-    /// Null if the control has not been described or is being destroyed.
+    /// Returns null if the control has not been described or is being destroyed.
     AccessibleControl* account();
 
-    /// Null if the control is being destroyed.
+    /// Returns null if the control is being destroyed.
     wxWindow* control() const;
 
-    /// Empty if neither the account nor setName has given a name.
+    /// Returns an empty text if neither the account nor setName has given a name.
     String name();
     String description();
 
-    /// Whether the account may be asked to change something.
+    /// Returns true if the account may be asked to change something.
     bool isOperable() const;
 
-    /// Each of the three runs the account's function later, as assistive technology waits for the answer to
-    /// its request, and what follows may open a dialog. They return whether the request makes sense now.
+    /// These three functions return true if the request makes sense now. The account's function runs later,
+    /// because assistive technology waits for the answer to its request and a callback may open a dialog.
     bool doAction(int index);
     bool setValue(double value);
     bool selectItem(int index);
 
-    /// Takes the present state for announced.
+    /// Remembers the present state as announced.
     void markAnnounced();
 
-    /// Nothing before the first call of `markAnnounced`.
+    /// Returns no differences before the first call of `markAnnounced`.
     Changes takeChanges();
 
 private:

@@ -8,8 +8,8 @@
 
 namespace Nolvex::Wx {
 
-/// The account of a window that does nothing. Labels and groups have their label for a name, others have
-/// none.
+/// The account of a window that the user cannot operate. The name of a label or group is its text; other
+/// windows have no name.
 class LabelledAccount : public AccessibleControl
 {
 public:
@@ -19,7 +19,7 @@ public:
 
     String name() const override
     {
-        // On Windows a panel that shows no text has its wxWidgets name for its label.
+        // On Windows the label of a panel without a text is the name that wxWidgets knows the panel by.
         const bool showsLabel = m_role == AccessibleRole::LABEL || m_role == AccessibleRole::GROUP;
         return showsLabel ? toString(m_window.GetLabel()) : String();
     }

@@ -15,7 +15,7 @@ constexpr std::size_t BYTES_PER_PIXEL = 4;
 constexpr std::size_t ALPHA = 3;
 constexpr std::uint8_t OPAQUE_ALPHA = 255;
 
-// Empty for a region without pixels or with too many. Its corners may lie further apart than 32 bits count.
+// Returns an empty image for no pixels or too many. The corners may lie further apart than 32 bits can count.
 BitmapImpl<Rgb> transparentImage(const Bucket& region)
 {
     if (region.isEmpty())

@@ -12,11 +12,11 @@
 
 namespace Nolvex::Wx::Detail {
 
-/// Hands over the rows that can be read inside the area, which is not empty: Platform::readScreen, or a
-/// test's own source of pixels.
+/// Passes on the rows that can be read inside the area, which is not empty. The function is
+/// Platform::readScreen, or a test's own source of pixels.
 using ReadScreen = std::function<void(const Bucket& area, const Platform::TakeScreenRow& take)>;
 
-/// getScreenRegionColors for these displays and this source of pixels.
+/// Does the work of getScreenRegionColors, with these displays and this source of pixels.
 NOLVEXLIBWX_EXPORT BitmapImpl<Rgb> composeScreenRegion(const Bucket& region, ArrayView<const Bucket> displays,
                                                        const ReadScreen& read);
 

@@ -12,13 +12,13 @@ namespace Nolvex {
 
 namespace {
 
-/// The coordinate across a slanted line, where GDI rounds halves to the smaller coordinate.
+/// Returns the coordinate across a slanted line. GDI rounds halves to the smaller coordinate.
 int roundedHalfDown(int numerator, int denominator)
 {
     return static_cast<int>(std::ceil(static_cast<double>(numerator) / denominator - 0.5));
 }
 
-/// The pixel that a line from `from` to `to` has `step` pixels after its start.
+/// Returns the pixel at a distance of `step` pixels from the start of the line from `from` to `to`.
 wxPoint pixelOfLine(wxPoint from, wxPoint to, int step)
 {
     const int width = to.x - from.x;
@@ -66,9 +66,9 @@ void CrispLines::drawLine(wxPoint from, wxPoint to)
 
 void CrispLines::drawStraight(wxPoint from, wxPoint to)
 {
-    // Graphics contexts cover the pixels between the two coordinates, and so does wxWidgets on Windows, where
-    // it fills a rectangle instead of calling GDI. Of a line that leads to the left or upwards, from 30 to
-    // 10, these would be the pixels 29 down to 10 instead of 30 down to 11.
+    // Graphics contexts cover the pixels between the two coordinates, and so does wxWidgets on Windows, which
+    // fills a rectangle instead of calling GDI. A line that leads to the left or upwards, such as from 30 to
+    // 10, would have the pixels 29 down to 10 instead of 30 down to 11.
     if (to.x < from.x || to.y < from.y) {
         const wxPoint step(to.x < from.x ? 1 : 0, to.y < from.y ? 1 : 0);
         std::swap(from, to);
@@ -91,7 +91,8 @@ void CrispLines::drawRectangle(const wxRect& rect)
 {
     if (rect.width < 1 || rect.height < 1)
         return;
-    // An outline without an inside is a line. The systems disagree about rectangles that thin.
+    // An outline without an inside is drawn as a line, because the systems draw such thin rectangles
+    // differently.
     if (rect.height == 1)
         drawLine(rect.GetTopLeft(), {rect.x + rect.width, rect.y});
     else if (rect.width == 1)

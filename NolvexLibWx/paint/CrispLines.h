@@ -9,9 +9,9 @@
 
 namespace Nolvex {
 
-/// Draws the lines of one pixel that borders and marks are made of, with the same pixels on every system:
-/// every pixel is covered wholly or not at all, and outlines may have any size. A DC must not have two of
-/// these at the same time.
+/// Draws the lines of one pixel that borders and marks consist of. The pixels are the same on every system:
+/// each is covered wholly or not at all, and outlines may have any size. A DC must not have two objects of
+/// this class at the same time.
 ///
 /// GDI, by which Windows draws, covers whole pixels by itself. Graphics contexts, by which GTK draws, blend
 /// the ends of a line with the pixels beside them, so their antialiasing is off while the object lives.
@@ -36,7 +36,7 @@ public:
         m_dc.DrawPolygon(static_cast<int>(COUNT), points.data(), 0, 0, wxWINDING_RULE);
     }
 
-    /// Draws the outline. A rectangle without width or height has none.
+    /// Draws the outline, but nothing for a rectangle without width or height.
     void drawRectangle(const wxRect& rect);
 
 private:

@@ -9,8 +9,8 @@
 
 namespace Nolvex {
 
-/// Values that were found by eye for the scales 1, 2 and 3. A scale here is what one design unit becomes: 1
-/// at 125 %, 2 at 150 %.
+/// Values that were found by eye for the scales 1, 2 and 3. The scale is the number of pixels that one design
+/// unit becomes: 1 at 125 %, 2 at 150 %.
 template<class T>
 using PerScale = std::array<T, 3>;
 

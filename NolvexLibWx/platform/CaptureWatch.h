@@ -10,18 +10,18 @@
 
 namespace Nolvex::Platform {
 
-/// Whether the window is on the screen, without which GTK does not let a window capture the mouse.
+/// Returns true if the window is on the screen. GTK lets no other window capture the mouse.
 bool canCaptureMouse(const wxWindow& window);
 
-/// Watches a window that has captured the mouse, as long as this object lives, and tells when the window can
-/// no longer use the capture although the system leaves it alone: when the window or a parent is hidden, and,
-/// on GTK, when one of them is disabled or the window gets another parent.
+/// Watches a window that has captured the mouse while this object lives, and reports that the window can no
+/// longer use the capture although the system does not end it: when the window or a parent is hidden and, on
+/// GTK, when one of them is disabled or the window gets another parent.
 class CaptureWatch : private Noncopyable
 {
 public:
-    /// The window must outlive this object. With `staysWhenDisabled`, being disabled does not count, and GTK,
-    /// which sends no input to what is disabled, passes the events of the mouse on to the window
-    /// nevertheless. `onUseless` may destroy this object.
+    /// The window must outlive this object. With `staysWhenDisabled`, disabling the window is not reported,
+    /// and on GTK the events of the mouse still reach the window, although GTK sends no input to disabled
+    /// windows. `onUseless` may destroy this object.
     CaptureWatch(wxWindow& window, bool staysWhenDisabled, std::function<void()> onUseless);
     ~CaptureWatch();
 

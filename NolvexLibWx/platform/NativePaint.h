@@ -11,13 +11,13 @@
 
 namespace Nolvex::Platform {
 
-/// While it lives, a native text control that is disabled is painted by a function instead of by itself: its
-/// background is there already, the DC has its font and begins inside its border. While it is enabled, it
-/// paints itself.
+/// While an object of this class lives, a function paints a native text control whenever the control is
+/// disabled. The background is painted before, the DC has the control's font, and its origin lies inside the
+/// control's border. While the control is enabled, it paints itself.
 class NativePaint : private Noncopyable
 {
 public:
-    /// The control must outlive this. Call it when the control's window has been created.
+    /// The control's window must have been created, and must outlive this object.
     NativePaint(wxWindow& control, std::function<void(wxDC&)> paint);
     ~NativePaint();
 

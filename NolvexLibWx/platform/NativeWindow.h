@@ -6,16 +6,16 @@
 
 namespace Nolvex::Platform {
 
-// The system's own windows. All take any handle: null, and those of windows that have been destroyed.
+// Functions for the windows of the system. All of them accept null handles and handles of destroyed windows.
 
-/// Empty, at the origin, for none and where the system knows no place for the window yet.
+/// Returns an empty region, at the origin, if there is no window or the system has not yet placed it.
 Bucket windowRegion(WindowHandle window);
 
-/// Null for none.
+/// Returns null if the window has no owner or does not exist.
 WindowHandle windowOwner(WindowHandle window);
 
-/// A null owner makes the window unowned. Does nothing when one of them is no window that can be part of
-/// it. The caller sees to it that nobody becomes his own owner.
+/// Sets the owner of the window, or removes it for null. Does nothing if one of the windows does not exist
+/// or, on GTK, is no top-level window. The caller must make sure that no window becomes its own owner.
 void setWindowOwner(WindowHandle window, WindowHandle owner);
 
 } // namespace Nolvex::Platform

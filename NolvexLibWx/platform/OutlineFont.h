@@ -5,8 +5,8 @@
 
 namespace Nolvex::Platform {
 
-/// The font under the name of the letters that it is drawn with. Fonts of the system may have a name that
-/// only stands for another one; a wxGraphicsContext does not know these, and draws nothing.
+/// Returns the font under the name of the family that Windows really draws it with. The name of a system font
+/// may only stand for another font; a wxGraphicsContext does not know such names and draws nothing.
 wxFont outlineFont(const wxFont& font);
 
 } // namespace Nolvex::Platform

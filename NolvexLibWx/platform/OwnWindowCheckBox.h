@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// Platform::OwnWindowCheckBox: a wxCheckBox that leaves all painting to whoever derives from it, with
-/// wxEVT_PAINT, and keeps the Tab key for itself. The base of a public control, hence chosen here and not by
-/// the build.
+/// Platform::OwnWindowCheckBox: a wxCheckBox that is painted by its derived class in wxEVT_PAINT and receives
+/// the Tab key. As a base class of a public control, it is chosen in this header and not by the build, so
+/// that programs can compile the header.
 #include <wx/defs.h>
 
 #ifdef __WXGTK__

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// Platform::PopupFrame: a wxFrame that the window system treats as a popup. A base class of public classes,
-/// hence chosen here and not by the build.
+/// Platform::PopupFrame: a wxFrame that the window system treats as a popup. As a base class of public
+/// classes, it is chosen in this header and not by the build.
 #include <wx/defs.h>
 
 #ifdef __WXGTK__

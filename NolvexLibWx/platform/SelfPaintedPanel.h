@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// Platform::SelfPaintedPanel: a wxPanel for controls that paint themselves, whose font and colours cost
-/// nothing to change. The base of public controls, hence chosen here and not by the build.
+/// Platform::SelfPaintedPanel: a wxPanel for controls that paint themselves, whose font and colours are cheap
+/// to change. As a base class of public controls, it is chosen in this header and not by the build.
 #include <wx/defs.h>
 
 #ifdef __WXGTK__

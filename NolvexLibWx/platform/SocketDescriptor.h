@@ -12,7 +12,7 @@
 
 namespace Nolvex::Platform {
 
-// The system's side of the sockets of wxWidgets. All functions take descriptors of open sockets.
+// System calls on the sockets of wxWidgets. All functions take descriptors of open sockets.
 
 enum class SocketReadiness
 {
@@ -20,8 +20,8 @@ enum class SocketReadiness
     WRITABLE,
 };
 
-/// Waits until the socket can be read from (or accepted from) or written to, or its connection has ended.
-/// Returns false if the time, 0 for a mere look, is over before that. Signals do not end the wait.
+/// Waits until the socket is ready for reading (or accepting) or writing, or its connection has ended.
+/// Returns false if the time is over before that; a time of 0 only checks. Signals do not end the wait.
 bool waitForSocket(wxSOCKET_T descriptor, SocketReadiness readiness, std::chrono::milliseconds time);
 
 /// Copies the waiting bytes, at most `size`, and leaves them in the socket. Returns how many were copied; 0
@@ -51,13 +51,13 @@ void dropDatagram(wxSOCKET_T descriptor);
 /// Returns true if wxWidgets can wait for a socket with that number.
 bool isDescriptorUsable(wxSOCKET_T descriptor);
 
-// Each of the three also keeps child processes from inheriting the socket.
+// Each of these three functions also keeps child processes from inheriting the socket.
 
 /// Prepares a socket for datagrams: operations do not wait, and a datagram that nothing listened to does not
 /// disturb receiving.
 void prepareDatagramSocket(wxSOCKET_T descriptor);
 
-/// Prepares a connected socket for receiveWithin and sendAtOnce: what is written goes out at once.
+/// Prepares a connected socket for receiveWithin and sendAtOnce. The system sends written data without delay.
 void prepareStreamSocket(wxSOCKET_T descriptor);
 
 /// Prepares a listening socket: operations do not wait, and as many connections as the system allows may.

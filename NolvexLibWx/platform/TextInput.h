@@ -11,10 +11,10 @@ namespace Nolvex::Platform {
 /// new; wxWidgets raises the limit when an insertion reaches it, but undoes what was inserted before as well.
 void removeLengthLimit(wxTextCtrl& text);
 
-/// To be called before wxWidgets captures the mouse for the control.
+/// Must be called before wxWidgets captures the mouse for the control.
 void prepareCapture(wxTextCtrl& text);
 
-/// To be called when wxWidgets has captured the mouse for the control: lets the events of the mouse go on to
+/// Must be called when wxWidgets has captured the mouse for the control. Directs the events of the mouse to
 /// the part of the control that holds the text.
 void directCapture(wxTextCtrl& text);
 

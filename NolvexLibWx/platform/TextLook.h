@@ -7,9 +7,9 @@ class WXDLLIMPEXP_FWD_CORE wxTextCtrl;
 
 namespace Nolvex::Platform {
 
-/// Makes a native text control follow the skin where wxWidgets does not: its border is a shade of the text
-/// colour, text keeps a distance from the border, and a disabled control looks disabled. To be called once,
-/// when the control has been created.
+/// Makes a native text control follow the skin where wxWidgets does not: the border is a shade of the text
+/// colour, the text keeps a distance from the border, and a disabled control looks disabled. Must be called
+/// once, after the control has been created.
 void adaptTextLook(const wxTextCtrl& text);
 
 } // namespace Nolvex::Platform

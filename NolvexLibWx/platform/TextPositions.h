@@ -7,40 +7,40 @@ class WXDLLIMPEXP_FWD_CORE wxTextCtrl;
 
 namespace Nolvex::Platform {
 
-/// The index, from 0, of the place between characters nearest to a point of the client area. For a point
-/// beyond the text, the nearest place in it.
+/// Returns the text position (0 before the first character) that is nearest to a point of the client area,
+/// also for a point beyond the text.
 int textIndexAt(const wxTextCtrl& text, const wxPoint& point);
 
-/// A line as it is shown: of a text that wraps, a part of what stands between two breaks.
+/// A line as shown on the screen. A line of the text that is wrapped counts as several.
 struct TextLine
 {
     long start;
 
-    /// Of the last line the end of the text. Of every other one a place before the start of the next, so that
-    /// the break, or the character at which it is wrapped, is left out.
+    /// The end of the text for the last line. For every other line, the position before the start of the
+    /// next, which leaves out the line break or the last character of a wrapped line.
     long end;
 };
 
-/// The line at a point of the client area, or the one nearest to it.
+/// Returns the line at a point of the client area, or the nearest line.
 TextLine textLineAt(const wxTextCtrl& text, const wxPoint& point);
 
-/// Shows the last line. Moves nothing but the view.
+/// Scrolls to the last line. The caret and the selection stay.
 void scrollToEnd(const wxTextCtrl& text);
 
-/// Shows the position, also in a control that is frozen.
+/// Scrolls to the position, also in a frozen control.
 void scrollToPosition(wxTextCtrl& text, long position);
 
-/// What of a text is in view: its first line and how far it is scrolled to the right.
+/// The visible part of a text: the first line and the distance that the text is scrolled to the right.
 struct TextView
 {
     int firstLine;
     int left;
 };
 
-/// For scrollBackTo, where setting a selection scrolls to it; zeros where it does not.
+/// Returns the part for scrollBackTo. Returns zeros on GTK, where setting a selection does not scroll.
 TextView visiblePart(const wxTextCtrl& text);
 
-/// Shows that part again.
+/// Scrolls back to the part that visiblePart returned.
 void scrollBackTo(const wxTextCtrl& text, const TextView& view);
 
 } // namespace Nolvex::Platform

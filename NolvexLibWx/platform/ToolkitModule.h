@@ -3,8 +3,8 @@
 
 namespace Nolvex::Platform {
 
-/// Tells the toolkit which module it lives in, where it wants to know: it loads its cursors and window
-/// classes from there. Called before the toolkit is initialised.
+/// Tells wxWidgets on Windows which module it is part of, because it loads its cursors and window classes
+/// from there. Must be called before wxWidgets is initialised.
 void announceToolkitModule();
 
 } // namespace Nolvex::Platform

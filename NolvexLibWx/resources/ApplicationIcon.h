@@ -3,10 +3,10 @@
 
 namespace Nolvex::Resources {
 
-/// ApplicationIcon.png, in words of little-endian byte order; made by tools/artwork/application_icon.py.
+/// The bytes of ApplicationIcon.png in little-endian words, written by tools/artwork/application_icon.py.
 extern const unsigned APPLICATION_ICON[];
 
-/// In bytes; what remains of the last word is padding.
+/// The size in bytes. The rest of the last word is padding.
 extern const int APPLICATION_ICON_SIZE;
 
 } // namespace Nolvex::Resources

@@ -23,10 +23,10 @@ public:
     /// The longest side of a resized icon, in pixels of the screen. A square of that side takes 800 MB.
     static constexpr int MAX_ICON_LENGTH = 16'384;
 
-    /// Sets the icon of the enabled button, which the disabled button does not show. With a `size`, the icon
-    /// is resized to a square of `size` times the whole factor of the screen's scale, in pixels; without,
-    /// the icon is enlarged by that factor. An invalid icon, or a size below 1, removes the icon. Returns
-    /// false, and changes nothing, if the square would be longer than MAX_ICON_LENGTH.
+    /// Sets the icon of the enabled button; the disabled button does not show this icon. With a `size`, the
+    /// icon is resized to a square of `size` times the whole factor of the screen's scale, in pixels; without
+    /// a `size`, the icon is enlarged by that factor. An invalid icon, or a size below 1, removes the icon.
+    /// Returns false, and changes nothing, if the square would be longer than MAX_ICON_LENGTH.
     bool setEnabledIcon(const wxBitmap& icon, Optional<int> size = {});
 
     /// Sets the icon of the disabled button in the same way.

@@ -83,10 +83,11 @@ bool Wx::Button::Enable(bool enable)
     return changed;
 }
 
-// On Windows also called when a parent is disabled or enabled.
+// On Windows wxWidgets calls this function also when a parent is disabled or enabled.
 void Wx::Button::DoEnable(bool enable)
 {
-    // Windows takes the mouse from a window that it disables, but a press that has begun is to be completed.
+    // Windows ends the mouse capture of a window that it disables, but a press that has begun must be
+    // completed.
     m_keepsPress = isPressed();
     OskaBorder::DoEnable(enable);
     if (std::exchange(m_keepsPress, false))

@@ -31,7 +31,7 @@ public:
         TOGGLE = 1, ///< stays in the accent colour after every second click
     };
 
-    /// All that is seen of a button but its background.
+    /// All visible properties of a button except its background.
     struct Face
     {
         Flags<OskaBorderState> border;
@@ -41,8 +41,8 @@ public:
         wxColour textColour;
     };
 
-    /// Both bitmaps may be invalid: without `bitmap` there is none, without `disabledBitmap` the disabled
-    /// button shows `bitmap` too. `onClick` may be empty.
+    /// Both bitmaps may be invalid. Without `bitmap` the button shows no bitmap, and without `disabledBitmap`
+    /// the disabled button shows `bitmap` too. `onClick` may be empty.
     Button(wxWindow* parent, const GuiSkin& skin, int id, const wxString& label, const wxBitmap& bitmap,
            const wxBitmap& disabledBitmap, Function<void()> onClick, Behavior behavior, bool enabled,
            Flags<OskaBorderState> borderFlags);
@@ -52,14 +52,15 @@ public:
 
     wxString GetLabel() const override { return m_label; }
 
-    /// A press that has begun is completed by its release, also when a parent is disabled.
+    /// A press that has begun is completed when the mouse is released, even if a parent is disabled
+    /// meanwhile.
     bool Enable(bool enable = true) override;
 
-    /// Always false: the button is for the mouse.
+    /// Always returns false, because the button is operated by the mouse.
     bool AcceptsFocusFromKeyboard() const override { return false; }
 
-    /// Clicks the button, also a disabled one. `position`, in pixels from the button's corner, goes into the
-    /// event.
+    /// Clicks the button, even if it is disabled. The event has the `position`, in pixels from the button's
+    /// top left corner.
     void doClick(wxPoint position);
 
     /// Sends no event and calls no callback.
@@ -69,11 +70,11 @@ public:
 
     bool isPressed() const { return m_press.isHeld(); }
 
-    /// What the button shows now.
+    /// Returns the present appearance of the button.
     Face face() const;
 
     /// Paints the face of a button that fills `rect`. The border is exact for a `rect` that starts at (0, 0),
-    /// as OskaBorder::draw says.
+    /// as explained at OskaBorder::draw.
     static void draw(wxDC& dc, const Bucket& rect, const Face& face);
 
 protected:
@@ -82,7 +83,7 @@ protected:
     virtual void onCaptureLost(wxMouseCaptureLostEvent& event);
     virtual void onButtonPaint(wxPaintEvent& event);
 
-    // For a button that is made of several.
+    // The following functions are for a button that consists of several buttons.
 
     static void passMouseUp(Button& part, wxMouseEvent& event) { part.onMouseUp(event); }
 
@@ -91,13 +92,13 @@ protected:
 
     static void swapCallbacks(Button& one, Button& other);
 
-    /// Becomes pressed and captures the mouse.
+    /// Makes the button pressed and captures the mouse.
     void beginPress();
 
-    /// Is no longer pressed, without a click.
+    /// Ends the press without a click.
     void cancelPress();
 
-    /// Gives the mouse back while the button stays pressed; `onMouseUp` completes the press.
+    /// Releases the mouse capture while the button stays pressed. `onMouseUp` completes the press.
     void freeMouse() { m_press.freeMouse(); }
 
     bool isToggle() const { return m_toggleBehaviour; }
@@ -108,7 +109,7 @@ protected:
 
     const wxBitmap& bitmapWhenDisabled() const { return m_bitmapWhenDisabled; }
 
-    /// Neither of these repaints the button.
+    /// Neither of the two setters repaints the button.
     void setBitmap(const wxBitmap& bitmap) { m_bitmap = bitmap; }
 
     void setBitmapWhenDisabled(const wxBitmap& bitmap) { m_bitmapWhenDisabled = bitmap; }
@@ -124,7 +125,7 @@ private:
     wxBitmap m_bitmap;
     bool m_toggleBehaviour;
     bool m_toggled = false;
-    bool m_keepsPress = false; // while Windows takes the mouse from what is being disabled
+    bool m_keepsPress = false; // true while Windows ends the capture of a disabled window
     GuiSkin m_skin;
     Function<void()> m_clickCallback;
     Press m_press{this, Press::WhenDisabled::STAYS};

@@ -58,7 +58,8 @@ void drawCheckMark(wxGraphicsContext& context, const wxPoint& corner)
 void drawFocusMark(wxGraphicsContext& context, const wxPoint& corner, const wxSize& text,
                    const wxColour& colour)
 {
-    // The pen refers to the dashes. They stay those of the first focused paint, whatever the scale is later.
+    // The pen refers to the dashes. They are computed at the first focused paint, and stay so at any later
+    // scale.
     static std::array<wxDash, 2> dashes = atScreenScale(FOCUS_DASHES);
     wxPen pen(colour, Wx::scaleByDpi(1), wxPENSTYLE_USER_DASH);
     pen.SetDashes(static_cast<int>(dashes.size()), dashes.data());
@@ -112,7 +113,7 @@ Wx::CheckBox::~CheckBox() = default;
 
 bool Wx::CheckBox::SetFont(const wxFont& font)
 {
-    // A native check box would do more with the font than any control does.
+    // The function of a native check box would do more with the font than other controls do.
     return wxControlBase::SetFont(setDefaultFontSize(font, 1.0f)); // NOLINT(bugprone-parent-virtual-call)
 }
 

@@ -22,7 +22,7 @@ namespace Nolvex::Wx {
 class NOLVEXLIBWX_EXPORT CheckBox : public Platform::OwnWindowCheckBox, public Focusable
 {
 public:
-    /// All that is seen of a check box but its background.
+    /// All visible properties of a check box except its background.
     struct Face
     {
         wxString label; ///< without the marks of mnemonics
@@ -33,8 +33,8 @@ public:
         bool focused = false;
     };
 
-    /// `size` is in design units. By default it is that of the box if the label is empty, and as wide as the
-    /// label needs otherwise.
+    /// `size` is in design units. By default the check box has the size of the box if the label is empty, and
+    /// otherwise the width that the label needs.
     CheckBox(wxWindow* parent, int id, const String& label, const wxPoint& pos = wxDefaultPosition,
              const wxSize& size = wxDefaultSize, bool enabled = true);
     ~CheckBox() override;
@@ -42,16 +42,16 @@ public:
     /// Brings the font to the library's default size.
     bool SetFont(const wxFont& font) override;
 
-    /// With `notify`, everything happens as if the user had changed the value, also if it stays the same.
+    /// With `notify`, acts as if the user had changed the value, even if the value stays the same.
     void setValue(bool value, bool notify);
 
     void setChangeCallback(Function<void(bool)> onChange);
 
-    /// What the check box shows now.
+    /// Returns the present appearance of the check box.
     Face face() const;
 
-    /// Paints the face of a check box from the corner of `rect` on. The box is exact for a `rect` that starts
-    /// at (0, 0), as OskaBorder::draw says; a label that is too long goes beyond the `rect`.
+    /// Paints the face of a check box at the corner of `rect`. The box is exact for a `rect` that starts at
+    /// (0, 0), as explained at OskaBorder::draw. A label that is too long extends beyond the `rect`.
     static void draw(wxDC& dc, const Bucket& rect, const Face& face);
 
 private:

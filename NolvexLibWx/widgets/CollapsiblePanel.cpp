@@ -5,9 +5,9 @@
 #include "NolvexLibWx/ColourConversions.h"
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/FontSetup.h"
-#include "NolvexLibWx/detail/LabelledAccount.h"
 #include "NolvexLibWx/ScopedWindowFreezer.h"
 #include "NolvexLibWx/StringConversions.h"
+#include "NolvexLibWx/detail/LabelledAccount.h"
 #include "NolvexLibWx/paint/CrispLines.h"
 #include "NolvexLibWx/widgets/StaticLine.h"
 #include "NolvexLibWx/widgets/StaticText.h"
@@ -28,7 +28,7 @@ namespace {
 constexpr long PANEL_STYLE = wxTAB_TRAVERSAL | wxNO_BORDER;
 constexpr int TICK_LENGTH = 9;
 
-// The triangle speaks for its panel: it has the label, and it folds and unfolds.
+// The triangle represents its panel to assistive technology: it has the label, and it folds and unfolds.
 class TickAccount : public Wx::AccessibleControl
 {
 public:
@@ -57,7 +57,7 @@ private:
     Wx::CollapsiblePanel::Tick& m_tick;
 };
 
-// The pixels of the outline, every second one of which is painted.
+// Paints every second pixel of the outline, so that the mark looks dotted.
 void drawFocusMark(wxDC& dc, wxSize size, const wxColour& colour)
 {
     dc.SetPen(wxPen(colour));
@@ -92,7 +92,7 @@ Wx::CollapsiblePanel::CollapsiblePanel(wxWindow* parent, const GuiSkin& skin, co
     m_tick->Bind(wxEVT_CHAR_HOOK, &CollapsiblePanel::onTickKey, this);
     describeAs<LabelledAccount, AccessibleRole::GROUP>(*this);
     describeAs<TickAccount>(*tick());
-    // All start collapsed: the content is shown now.
+    // The content is still shown, and every panel must start collapsed.
     toggleCollapsed();
 }
 
@@ -160,7 +160,8 @@ void Wx::CollapsiblePanel::toggleCollapsed()
     const wxWeakRef<CollapsiblePanel> self(this);
     const bool show = isCollapsed();
     showContent(show);
-    // A handler that hears of the showing or hiding may have destroyed the panel, and so may the callback.
+    // The callback may have destroyed the panel, and so may a handler of the event that shows or hides the
+    // content.
     if (self && m_toggleCallback)
         m_toggleCallback(!show);
     if (!self)

@@ -34,7 +34,7 @@ wxSize itemSize()
     return Wx::scaleByDpi(wxSize(73, 24));
 }
 
-// Returns the ids, for the caller to read the first entries of the arrays only after this check.
+// Returns the ids, so that the caller reads the first entries of the arrays only after this check.
 const Array<int>& checked(const Array<int>& ids, const Array<wxString>& labels,
                           const Array<Function<void()>>& callbacks)
 {
@@ -135,8 +135,8 @@ void Wx::DropdownButton::closeDropdown()
         m_popup->Hide();
 }
 
-// The mouse position relative to an item comes from the screen positions, as the frame with the items is no
-// part of the button.
+// The mouse position relative to an item is calculated from screen positions, because the frame with the
+// items is a top-level window.
 bool Wx::DropdownButton::isOver(const Button& item, const wxMouseEvent& event) const
 {
     const wxPoint offset = event.GetPosition() + GetScreenPosition() - item.GetScreenPosition();

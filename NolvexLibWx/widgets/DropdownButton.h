@@ -16,7 +16,7 @@ namespace Nolvex::Wx {
 /// in the corner marks the button.
 ///
 /// The main choice is a click as of any Button; the other choices only call their callbacks. Every callback
-/// may destroy the button. When a callback of the frame throws, the press is over and the frame closed.
+/// may destroy the button. If a callback of the frame throws, the press ends and the frame closes.
 class NOLVEXLIBWX_EXPORT DropdownButton : public Button
 {
 public:
@@ -27,7 +27,7 @@ public:
         SWAP = 2,   ///< push; a choice made in the frame changes places with the main choice
     };
 
-    /// All that is seen of a drop-down button but its background.
+    /// All visible properties of a drop-down button except its background.
     struct Face
     {
         Button::Face button;
@@ -45,11 +45,11 @@ public:
     /// Any other index is a programming error (StopException).
     void setText(int index, const String& text);
 
-    /// What the button shows now.
+    /// Returns the present appearance of the button.
     Face face() const;
 
     /// Paints the face of a button that fills `rect`. The border is exact for a `rect` that starts at (0, 0),
-    /// as OskaBorder::draw says.
+    /// as explained at OskaBorder::draw.
     static void draw(wxDC& dc, const Bucket& rect, const Face& face);
 
 protected:

@@ -59,7 +59,7 @@ bool Wx::DropdownFrame::isOwnerUsable() const
 
 void Wx::DropdownFrame::moveBelowOwner()
 {
-    // A coordinate of -1 lies on the monitor to the left or above.
+    // A coordinate of -1 is valid on a monitor to the left or above.
     Move(m_owner->GetScreenPosition() + wxPoint(0, m_owner->GetSize().y), wxSIZE_ALLOW_MINUS_ONE);
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// Controls find their marker beside the other widgets. The class itself lies a folder higher, where
-/// moveFocus, which knows no control, can include it.
+/// Lets controls include their marker from the folder of the widgets. The class itself is in the parent
+/// folder, because moveFocus includes it and must not depend on controls.
 #include "NolvexLibWx/Focusable.h"

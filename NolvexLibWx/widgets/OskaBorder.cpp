@@ -93,9 +93,9 @@ void OskaBorder::draw(wxDC& dc, const Bucket& rect, Flags<OskaBorderState> flags
     if (!framed)
         return;
 
-    // These lines start at absolute coordinates and end at the width and height, so that they follow the
-    // bottom edge only of a rectangle at the origin. Existing programs depend on the pixels; the formulas
-    // must stay.
+    // These lines start at absolute coordinates and end at the width and height, so they follow the bottom
+    // edge only if the rectangle starts at the origin. The formulas must stay, because existing programs
+    // depend on the pixels.
     lines.setPen(BOTTOM_OUTER());
     lines.drawLine({rect.min.x, rect.max.y - 1}, {rect.width(), rect.height() - 1});
     lines.setPen(BOTTOM_INNER());

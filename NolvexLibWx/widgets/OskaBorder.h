@@ -46,8 +46,8 @@ public:
 
     Flags<OskaBorderState> borderState() const { return m_state; }
 
-    /// Lights the border up as if the mouse were inside, or ends that. Repaints the panel if that changes
-    /// anything.
+    /// Highlights the border as if the mouse were inside, or removes the highlight. Repaints the panel if the
+    /// state changes.
     void setHovered(bool hovered);
 
     /// Draws the lines of the border into `rect`, with the highlight of the default skin. `rect` should start
@@ -58,7 +58,7 @@ public:
     static wxPen INNER();
     static wxPen BOTTOM_OUTER();
     static wxPen BOTTOM_INNER();
-    /// Has the highlight colour of the default skin at the time of the call.
+    /// Returns a pen in the highlight colour that the default skin has at the time of the call.
     static wxPen SELECTED();
 
 protected:

@@ -9,12 +9,12 @@ class WXDLLIMPEXP_FWD_CORE wxPoint;
 
 namespace Nolvex::Wx {
 
-/// The press of a control: a member of every control that acts when it is released. It begins with a button
-/// of the mouse or a key going down, and is over when that is released, or when the control cancels the
-/// press. A press by the mouse captures the mouse for as long as it lasts.
+/// The press of a control. Every control that acts on release has a member of this class. A press begins when
+/// a mouse button or a key goes down, and ends when the button or key is released or the control cancels the
+/// press. A press by the mouse captures the mouse until the press ends.
 ///
-/// The control handles wxEVT_MOUSE_CAPTURE_LOST by a call of `cancel`. MouseCapture says when that event
-/// comes.
+/// The control must handle wxEVT_MOUSE_CAPTURE_LOST by calling `cancel`. MouseCapture explains when this
+/// event is sent.
 class NOLVEXLIBWX_EXPORT Press : private Noncopyable
 {
 public:
@@ -37,29 +37,29 @@ public:
     explicit Press(wxWindow* control, WhenDisabled whenDisabled = WhenDisabled::ENDS);
     ~Press();
 
-    /// A press that has begun already goes on, by these means from now on.
+    /// If a press has already begun, it continues, and `means` replaces its means.
     void begin(Means means);
 
-    /// Whether the control is pressed, by whatever means.
+    /// Returns true if the control is pressed by any means.
     bool isHeld() const { return m_held; }
 
     bool isHeldBy(Means means) const { return m_held && m_means == means; }
 
-    /// The button of the mouse was released at a place in the control's client coordinates. Ends a press by
-    /// the mouse and gives the mouse back.
+    /// Must be called when the mouse button is released. Ends a press by the mouse and its capture.
+    /// `position` is in client coordinates of the control.
     Outcome release(const wxPoint& position);
 
-    /// The key was released. Ends a press by the keyboard.
+    /// Must be called when the key is released. Ends a press by the keyboard.
     Outcome releaseKey();
 
-    /// Ends any press and gives the mouse back. Returns whether there was a press.
+    /// Ends any press and releases the mouse capture. Returns true if there was a press.
     bool cancel();
 
-    /// Gives the mouse back before the release is made known, so that code of the control's user can be
-    /// called in between.
+    /// Releases the mouse capture before `release` is called, so that the control can call code of its user
+    /// in between.
     void freeMouse();
 
-    /// Captures the mouse again for a press that goes on although the system has taken the capture away.
+    /// Captures the mouse again for a press that continues although the system has ended the capture.
     void captureAgain();
 
 private:

@@ -8,7 +8,7 @@
 
 namespace Nolvex::Wx {
 
-/// Adds a skin to `Control`, a control of wxWidgets. The skin sets its background and foreground colours. The
+/// Adds a skin to `Control`, a control of wxWidgets. The skin sets the background and foreground colours. The
 /// constructor takes the arguments of the control, and stores the default skin without applying it.
 template<class Control>
 class SkinnableMixin : public Control, public ISkinnable

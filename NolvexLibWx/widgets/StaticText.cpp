@@ -31,7 +31,8 @@ void Wx::StaticText::Wrap(int width)
 {
     const String unwrapped = m_label;
     Platform::OwnWindowStaticText::SetLabel(toWxString(unwrapped));
-    // This sets the wrapped text by SetLabel(), which takes it for the text of the caller.
+    // wxStaticTextBase::Wrap() passes the wrapped text to SetLabel(), which stores it as the text of the
+    // caller.
     wxStaticTextBase::Wrap(width);
     m_label = unwrapped;
 }

@@ -10,32 +10,32 @@
 
 namespace Nolvex::Wx {
 
-/// Text to click on: a hyperlink, or a button that is nothing but its text. It has the hand cursor and a
-/// colour of its own while the mouse is over it, and another one when it has been visited.
+/// A clickable text: a hyperlink, or a button without a border. While the mouse is over the text, it has a
+/// hover colour and the hand cursor. A visited link has a colour of its own.
 ///
-/// A release of the left button over it calls the callback, which may destroy it, and changes nothing else:
-/// to mark a link as visited is up to the callback.
+/// When the left button is released over the text, the callback is called, and may destroy the control. A
+/// click changes nothing else: the callback decides whether to call `setVisited`.
 class NOLVEXLIBWX_EXPORT TextButton : public StaticText, public Focusable
 {
 public:
-    /// All colours are the window's foreground colour to begin with. `pos` in pixels, `size` in design units.
+    /// All colours are at first the window's foreground colour. `pos` is in pixels, `size` in design units.
     TextButton(wxWindow* parent, int id, const String& label, const Function<void()>& onClick,
                const wxPoint& pos = wxDefaultPosition, const wxSize& size = wxDefaultSize);
 
-    /// A hyperlink: a click opens the address in the default browser.
+    /// Makes a hyperlink: a click opens the address in the default browser.
     TextButton(wxWindow* parent, int id, const String& label, const String& url);
     ~TextButton() override;
 
     void setClickCallback(const Function<void()>& onClick);
 
-    /// Has a click open the address in the default browser instead.
+    /// Replaces the callback: a click opens the address in the default browser.
     void setHyperlink(const String& url);
 
     void setNormalColour(const wxColour& colour);
     void setHoverColour(const wxColour& colour);
     void setVisitedColour(const wxColour& colour);
 
-    /// While the mouse is over the text it shows that first.
+    /// While the mouse is over the text, the hover colour is shown first.
     void setVisited(bool visited);
 
     bool isVisited() const { return m_visited; }

@@ -19,7 +19,7 @@ Wx::TextControl::TextControl(wxWindow* parent, int id, const String& value, unsi
 {
     Platform::adaptTextLook(*this);
     SetFont(setupStaticTextFont(GetFont(), flags));
-    // A rich control of Windows would let the user undo the value and the font that it was made with.
+    // In a rich control of Windows, the user could otherwise undo the initial value and the font.
     EmptyUndoBuffer();
 }
 
@@ -28,7 +28,7 @@ Wx::TextControl::~TextControl() = default;
 void Wx::TextControl::applySkin(const GuiSkin& skin)
 {
     SkinnableMixin<wxTextCtrl>::applySkin(skin);
-    // wxWidgets repaints when the two colours that it knows change, but does not know the disabled one.
+    // wxWidgets repaints when one of its two colours changes, but does not know the disabled colour.
     Refresh();
 }
 

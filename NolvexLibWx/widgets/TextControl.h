@@ -22,8 +22,8 @@ class NativePaint;
 
 namespace Nolvex::Wx {
 
-/// A wxTextCtrl with a skin. While it is disabled, it shows its value in the `disabledText` colour of the
-/// skin, in a wxTE_PASSWORD field as bullets. The Tab key skips a read-only field.
+/// A wxTextCtrl with a skin. A disabled field shows its value in the `disabledText` colour of the skin, and a
+/// disabled wxTE_PASSWORD field shows bullets. The Tab key skips a read-only field.
 class NOLVEXLIBWX_EXPORT TextControl : public SkinnableMixin<wxTextCtrl>, public TooltipWindow
 {
 public:
@@ -35,7 +35,7 @@ public:
 
     void applySkin(const GuiSkin& skin) override;
 
-    /// Returns false if the style has wxTE_READONLY. A call of SetEditable() does not matter.
+    /// Returns false if the style has wxTE_READONLY. Calls of SetEditable() make no difference.
     bool AcceptsFocusFromKeyboard() const override;
 
 private:

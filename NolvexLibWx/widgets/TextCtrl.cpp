@@ -14,10 +14,10 @@ namespace Nolvex {
 
 namespace {
 
-// With any of these styles wxWidgets makes a rich control on Windows.
+// wxWidgets creates a rich control on Windows if the style has any of these bits.
 constexpr long RICH_STYLES = wxTE_RICH | wxTE_RICH2 | wxTE_AUTO_URL;
 
-// The point of the client area that is nearest to a point which may be outside.
+// Returns the point of the client area that is nearest to `point`, which may lie outside.
 wxPoint clampedTo(const wxSize& area, const wxPoint& point)
 {
     return {std::max(std::min(point.x, area.x - 1), 0), std::max(std::min(point.y, area.y - 1), 0)};
@@ -63,8 +63,8 @@ void Wx::TextCtrl::AppendText(const wxString& text)
 {
     const ScopedWindowFreezer frozen(this);
     appendFrozen(text);
-    // A frozen control leaves the painting to the next paint event: a paint for every line of a log would
-    // take many times as long as the append.
+    // Painting is left to the next paint event, because painting after every line of a log would take many
+    // times as long as appending the line.
     Update();
 }
 
@@ -95,7 +95,7 @@ void Wx::TextCtrl::ShowPosition(long pos)
 
 void Wx::TextCtrl::SetInsertionPoint(long pos)
 {
-    // On GTK wxWidgets would remember to scroll to the caret later.
+    // On GTK, wxTextCtrl::SetInsertionPoint in a frozen control would scroll to the caret when it thaws.
     if (IsFrozen()) {
         const long place = pos == -1 ? GetLastPosition() : pos;
         SetSelection(place, place);
@@ -106,13 +106,13 @@ void Wx::TextCtrl::SetInsertionPoint(long pos)
 
 void Wx::TextCtrl::Update()
 {
-    // A frozen control that is painted would be a hole in its parent for a moment.
+    // Painting a frozen control would leave a hole in its parent for a moment.
     if (!IsFrozen())
         wxTextCtrl::Update();
 }
 
-// These pass over the functions of wxTextCtrl, which on GTK takes the whole text from the view and gives it
-// back: that loses the place the view was scrolled to and takes longer the longer the text is.
+// These functions skip those of wxTextCtrl. On GTK, wxTextCtrl takes the text out of the view and puts it
+// back, which loses the scroll position and takes the longer, the longer the text is.
 
 void Wx::TextCtrl::DoFreeze()
 {
@@ -131,17 +131,17 @@ void Wx::TextCtrl::DoCaptureMouse()
     Platform::directCapture(*this);
 }
 
-// The text is painted with its background, and appending does not flicker as long as nothing is erased.
+// The background is painted together with the text. Erasing it first would make the control flicker.
 void Wx::TextCtrl::onEraseBackground(wxEraseEvent& /*event*/) {}
 
 void Wx::TextCtrl::onLeftDown(wxMouseEvent& event)
 {
     m_selectionAnchor = Platform::textIndexAt(*this, event.GetPosition());
     SetSelection(m_selectionAnchor, m_selectionAnchor);
-    // A handler of the focus may have destroyed, hidden or disabled the control.
+    // A handler of a focus event may have destroyed, hidden or disabled the control.
     if (!Platform::transferFocus(*this) || !IsShownOnScreen() || !IsEnabled())
         return;
-    // GTK selects the whole text of a single line that gets the focus.
+    // GTK selects the whole text when a single-line control gets the focus, so the caret is placed again.
     SetSelection(m_selectionAnchor, m_selectionAnchor);
     m_selecting = true;
     m_capture.begin();
@@ -169,7 +169,7 @@ void Wx::TextCtrl::onMotion(wxMouseEvent& event)
 
 void Wx::TextCtrl::onEnter(wxMouseEvent& event)
 {
-    // The button of a drag may have been released elsewhere.
+    // The mouse button may have been released outside the control.
     if (!event.LeftIsDown())
         m_selecting = false;
 }
@@ -183,8 +183,8 @@ void Wx::TextCtrl::onKeyDown(wxKeyEvent& event)
         Copy();
 }
 
-// The accelerators of a menu come before the key-down on Windows, and so does the Tab of wxWidgets, which
-// knows nothing of Focusable. This event comes before both.
+// This event comes before the accelerators of a menu and before the Tab key of wxWidgets, which does not know
+// Focusable. On Windows the key-down event would come after both.
 void Wx::TextCtrl::onCharHook(wxKeyEvent& event)
 {
     if (event.GetKeyCode() == WXK_TAB && !event.ControlDown() && !event.AltDown())

@@ -11,35 +11,35 @@
 
 namespace Nolvex::Wx {
 
-/// A plain text area for logs and read-only texts, never a rich one. It has its own selection by the mouse
-/// (a click places the caret, dragging extends, a double click takes what is shown as one line), selects
-/// everything on Ctrl+A and copies the selection on Ctrl+C. Tab and Shift+Tab move the focus to the next or
-/// previous Focusable, Ctrl+Tab and Ctrl+Shift+Tab to a control outside the group. Every other key-down is
-/// consumed. Text that is appended stays in view while the user
-/// leaves the end alone.
+/// A plain text area for logs and read-only texts; it is never a rich control. A click places the caret,
+/// dragging selects, and a double click selects one line as shown on the screen. Ctrl+A selects everything
+/// and Ctrl+C copies the selection. Tab and Shift+Tab move the focus to the next or previous Focusable,
+/// Ctrl+Tab and Ctrl+Shift+Tab to a control outside the group. Every other key-down event is consumed. The
+/// view follows appended text unless the user has left the end.
 ///
-/// Windows tells the place under the mouse in 16 bits: beyond 65,535 characters or lines a click puts the
-/// caret, and a double click selects, at the wrong place, 65,536 or a multiple of that too early.
+/// Windows reports the position under the mouse in 16 bits. In a text of more than 65,535 characters or
+/// lines, a click or double click behind this limit acts at a place that is 65,536 or a multiple of it too
+/// early.
 class NOLVEXLIBWX_EXPORT TextCtrl : public wxTextCtrl, public Focusable
 {
 public:
-    /// `size` is in pixels. wxTE_RICH, wxTE_RICH2 and wxTE_AUTO_URL are taken out of the style.
+    /// `size` is in pixels. wxTE_RICH, wxTE_RICH2 and wxTE_AUTO_URL are removed from the style.
     TextCtrl(wxWindow* parent, int id, const wxString& value = {}, const wxPoint& pos = wxDefaultPosition,
              const wxSize& size = wxDefaultSize, long style = 0);
     ~TextCtrl() override;
 
-    /// Caret and view follow the end if nothing is selected and the control has either no focus or its caret
-    /// at the end. Otherwise the selection and the view stay where they are. The new text is painted with the
-    /// next paint event, so that many single appends cost one painting.
+    /// Caret and view follow the end if nothing is selected and the control does not have the focus or its
+    /// caret is at the end. Otherwise the selection and the view stay where they are. The new text is painted
+    /// at the next paint event, so that many appends cost one painting.
     void AppendText(const wxString& text) override;
 
-    /// Works in a frozen control too; the effect is seen when the control is thawed.
+    /// Also works in a frozen control, which shows the effect when it is thawed.
     void ShowPosition(long pos) override;
 
-    /// Leaves the view where it is while the control is frozen.
+    /// Does not scroll while the control is frozen.
     void SetInsertionPoint(long pos) override;
 
-    /// Paints nothing while frozen.
+    /// Paints nothing while the control is frozen.
     void Update() override;
 
 protected:

@@ -30,13 +30,13 @@ constexpr int MARGIN = 3;
 constexpr std::int64_t WATCH_INTERVAL = 200; // milliseconds
 constexpr Pixel MOUSE_DISTANCE{10, 5};
 
-// An empty line is as high as a space.
+// An empty line is as high as a line with a space.
 wxString visibleLine(const String& line)
 {
     return line.isEmpty() ? wxString(L" ") : Wx::toWxString(line);
 }
 
-// The tooltip colours of GTK themes may be translucent, which a popup cannot be.
+// Makes a colour opaque, because tooltip colours of GTK themes may be translucent, and a popup cannot be.
 wxColour opaqueSystemColour(wxSystemColour index)
 {
     return Wx::toWxColour(Wx::toRgbBytes(wxSystemSettings::GetColour(index)));
@@ -102,7 +102,7 @@ Wx::Tooltip::Tooltip(wxWindow* owner, const String& text) : m_owner(owner)
 Wx::Tooltip::~Tooltip()
 {
     TooltipDismissal::instance().remove(this);
-    // wxWidgets would unbind the handlers too, but not before the members of the tooltip are gone.
+    // wxWidgets would unbind the handlers too, but only after the members of the tooltip have been destroyed.
     if (!m_owner)
         return;
     m_owner->Unbind(wxEVT_LEAVE_WINDOW, &Tooltip::onOwnerLeftOrClicked, this);
@@ -151,8 +151,8 @@ void Wx::Tooltip::onOwnerLeftOrClicked(wxMouseEvent& event)
 void Wx::Tooltip::onOwnerMoved(wxMouseEvent& event)
 {
     event.Skip();
-    // Where the mouse has been moved onto the tooltip, the user wants to see what lies below. Systems also
-    // report a movement to the same place when the tooltip appears.
+    // When the user moves the mouse onto the tooltip, it hides to show the windows below. Systems also report
+    // a movement to the same position when the tooltip appears.
     const wxPoint mouse = wxGetMousePosition();
     if (IsShown() && mouse != m_mouseWhenShown && GetScreenRect().Contains(mouse))
         hide();

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/Accessibility.h"
 
-#include "NolvexLibWx/detail/AccessibleRecord.h"
 #include "NolvexLibWx/MoveFocus.h"
 #include "NolvexLibWx/StringConversions.h"
+#include "NolvexLibWx/detail/AccessibleRecord.h"
 #include "NolvexLibWx/platform/gtk/AccessibleItem.h"
 #include "NolvexLibWx/platform/gtk/AtkVocabulary.h"
 #include "NolvexLibWx/platform/gtk/TextWidget.h"
@@ -29,8 +29,8 @@ struct Described
     std::string actionName;
 };
 
-// Kept with the widget. All that a control pays for in its construction is this small object; the rest is
-// made when it is first needed.
+// Stored with the widget. A control creates only this small object in its constructor; the rest is created
+// when it is first needed.
 struct Hook
 {
     wxWindow& control;
@@ -68,7 +68,7 @@ Hook* hookOf(GtkWidget* widget)
     return static_cast<Hook*>(g_object_get_qdata(G_OBJECT(widget), hookKey()));
 }
 
-// Null if the widget is gone or has not been described.
+// Returns null if the widget is gone or has not been described.
 Described* describedBy(gpointer accessible)
 {
     GtkWidget* const widget = gtk_accessible_get_widget(GTK_ACCESSIBLE(accessible));
@@ -198,7 +198,7 @@ void getValueAndText(AtkValue* accessible, gdouble* value, gchar** text) noexcep
 
 AtkRange* getRange(AtkValue* accessible) noexcept
 {
-    // The bridge to the bus looks into the range without asking whether there is one.
+    // The bridge to the accessibility bus uses the range without checking for null.
     const Wx::AccessibleValue told = valueOf(accessible).value_or(Wx::AccessibleValue{});
     return atk_range_new(told.minimum, told.maximum, nullptr);
 }
@@ -298,7 +298,7 @@ GType registerType()
     return type;
 }
 
-// The native widget that gets the focus: of a window with scroll bars, the part that scrolls.
+// Returns the native widget that gets the focus. In a window with scroll bars, that is the scrolled widget.
 GtkWidget* widgetOf(const wxWindow& window)
 {
     return window.m_wxwindow != nullptr ? window.m_wxwindow : Platform::textWidget(window);
@@ -384,7 +384,8 @@ void Wx::updateAccessible(wxWindow& control)
 {
     GtkWidget* const widget = widgetOf(control);
     Hook* const hook = hookOf(widget);
-    // While nobody has asked for the accessible object, nobody can have an outdated picture of the control.
+    // Before assistive technology has asked for the accessible object, it holds no data that could be
+    // outdated.
     if (hook != nullptr && hook->isAsked)
         announce(gtk_widget_get_accessible(widget), hook->describe());
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/platform/gtk/AccessibleItem.h"
 
-#include "NolvexLibWx/detail/AccessibleRecord.h"
 #include "NolvexLibWx/StringConversions.h"
+#include "NolvexLibWx/detail/AccessibleRecord.h"
 
 namespace Nolvex {
 
@@ -10,7 +10,7 @@ namespace {
 
 constexpr const char* SELECT = "click";
 
-// GLib allocates and clears these structures, so they hold nothing with a constructor.
+// GLib allocates and clears these structures, so their members must not have constructors.
 struct Item
 {
     AtkObject base;
@@ -157,7 +157,7 @@ AtkObject* makeItem(GtkWidget* widget, Wx::AccessibleRecord& record, int index)
     return object;
 }
 
-// Assistive technology may hold on to the object.
+// Marks the object as defunct, because assistive technology may still hold a reference to it.
 void abandonItem(AtkObject* accessible)
 {
     if (accessible == nullptr)
@@ -172,7 +172,7 @@ void announceName(AtkObject* accessible)
 {
     Item& item = *itemOf(accessible);
     gchar* const before = g_strdup(item.name);
-    // A name that was never handed out cannot be out of date.
+    // Without a name that was handed out before, there is no change to announce.
     if (before != nullptr && g_strcmp0(before, itemName(accessible)) != 0)
         g_object_notify(G_OBJECT(accessible), "accessible-name");
     g_free(before);

@@ -24,10 +24,10 @@ public:
     AccessibleItems(const AccessibleItems&) = delete;
     AccessibleItems& operator=(const AccessibleItems&) = delete;
 
-    /// The object of an item, which is made when first asked for. The caller gets no reference.
+    /// Returns the object of an item, which is created at the first call. The caller gets no reference.
     AtkObject* item(int index);
 
-    /// Announces names that have changed, and takes back the objects of items that are gone.
+    /// Announces names that have changed, and withdraws the objects of items that no longer exist.
     void update(int count);
 
     /// Announces that another item is selected.

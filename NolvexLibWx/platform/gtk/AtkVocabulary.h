@@ -7,7 +7,7 @@
 
 namespace Nolvex::Platform {
 
-/// The word of ATK for what a control is.
+/// Returns the ATK role for the role of a control.
 AtkRole atkRole(Wx::AccessibleRole role);
 
 struct AtkStatePair
@@ -16,7 +16,7 @@ struct AtkStatePair
     AtkStateType system;
 };
 
-/// The words of ATK for the states that controls tell.
+/// The ATK states for the states that controls report.
 inline constexpr AtkStatePair ATK_STATES[] = {
     {Wx::AccessibleState::CHECKABLE, ATK_STATE_CHECKABLE},
     {Wx::AccessibleState::CHECKED, ATK_STATE_CHECKED},

@@ -18,8 +18,9 @@ gboolean passOn(GtkWidget* /*invisible*/, GdkEvent* event, gpointer widget) noex
     return concernsMouse ? gtk_widget_event(GTK_WIDGET(widget), event) : FALSE;
 }
 
-// While it lives, the events of the mouse reach an insensitive widget that has the pointer grab. GTK would
-// drop them, but prefers a sensitive widget that has a GTK grab, which passes them on as they are.
+// While an object of this class lives, mouse events reach an insensitive widget that has the pointer grab.
+// GTK would drop them, but it sends them to a sensitive widget with a GTK grab, which passes them on
+// unchanged.
 class InsensitiveInput : private Noncopyable
 {
 public:
@@ -83,7 +84,7 @@ private:
 
     void tell() const
     {
-        // The function destroys this object, and itself with it.
+        // The copy is needed because the function destroys this object, and with it the original.
         const std::function<void()> onUseless = m_onUseless;
         onUseless();
     }

@@ -23,7 +23,7 @@ double screenResolution()
 
 void Platform::setCharacterHeight(wxFont& font, int pixels)
 {
-    // On GTK wxFont::SetPixelSize() means the height of a line and searches for the size by measuring.
+    // On GTK wxFont::SetPixelSize() sets the height of a line, and measures fonts to find the size.
     font.SetFractionalPointSize(pixels * POINTS_PER_INCH / screenResolution());
 }
 

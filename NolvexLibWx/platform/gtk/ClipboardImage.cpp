@@ -18,7 +18,7 @@ enum class Form : guint
     PNG,
 };
 
-// The formats that are offered. GTK wants texts that it may write to, but only reads them.
+// The formats that the clipboard offers. GTK declares these texts as writable, but only reads them.
 std::array<GtkTargetEntry, 2> targets()
 {
     static char bmp[] = "image/bmp";
@@ -36,7 +36,7 @@ using SharedBitmap = std::shared_ptr<const DeviceIndependentBitmap>;
 
 using PixbufPointer = std::unique_ptr<GdkPixbuf, Unreference>;
 
-// The same picture as the BMP file, whose first row is the bottom row. Null if there is no memory.
+// Makes the picture of the BMP file, whose first row is the bottom row. Returns null if memory runs out.
 PixbufPointer toPixbuf(const DeviceIndependentBitmap& bitmap)
 {
     const auto [width, height] = bitmap.size();
@@ -58,7 +58,7 @@ PixbufPointer toPixbuf(const DeviceIndependentBitmap& bitmap)
 
 void send(GtkSelectionData* selection, const guchar* bytes, std::size_t size)
 {
-    // GTK adds a zero byte and counts in int.
+    // GTK adds a zero byte and counts the bytes in int.
     if (size < static_cast<std::size_t>(G_MAXINT))
         gtk_selection_data_set(selection, gtk_selection_data_get_target(selection), 8, bytes,
                                static_cast<gint>(size));
@@ -71,7 +71,7 @@ void sendPng(const DeviceIndependentBitmap& bitmap, GtkSelectionData* selection)
         return;
     gchar* bytes = nullptr;
     gsize size = 0;
-    // Little compression is fast, and the program that pastes is waiting.
+    // Low compression is fast, and the program that pastes is waiting.
     if (gdk_pixbuf_save_to_buffer(pixbuf.get(), &bytes, &size, "png", nullptr, "compression", "1", nullptr) ==
         FALSE)
         return;
@@ -109,7 +109,7 @@ bool Platform::setClipboardImage(DeviceIndependentBitmap bitmap)
     auto* const given = new SharedBitmap(picture);
     if (gtk_clipboard_set_with_data(clipboard, offered.data(), count, sendPicture, freePicture, given) ==
         FALSE) {
-        // GTK may also have lost the clipboard to another program at once; then it has freed the picture.
+        // GTK may have lost the clipboard to another program in the meantime, and has then freed the picture.
         if (picture.use_count() > 1)
             delete given;
         return false;

@@ -29,7 +29,7 @@ bool Platform::transferFocus(wxWindow& window)
     window.SetFocus();
     if (weak)
         return true;
-    // GTK tells the window that loses the focus first, then remembers the one that was to get it.
+    // GTK first tells the old focus window that it loses the focus, then stores a pointer to the new widget.
     if (GTK_IS_WINDOW(topLevel.get()) && gtk_window_get_focus(GTK_WINDOW(topLevel.get())) == widget.get())
         gtk_window_set_focus(GTK_WINDOW(topLevel.get()), nullptr);
     return false;

@@ -52,13 +52,13 @@ void Platform::Mnemonic::onHierarchyChanged(GtkWidget* widget, GtkWidget* previo
 
 int Platform::Mnemonic::onMnemonic(GtkWidget* /*widget*/, int isShared, Mnemonic* self) noexcept
 {
-    // The function may destroy this object, and itself with it.
+    // The copy is needed because the function may destroy this object, and with it the original.
     const std::function<void(bool)> onStruck = self->m_onStruck;
     onStruck(isShared == FALSE);
     return TRUE;
 }
 
-// A widget that is in no window has the topmost of its parents, or itself, for its top level.
+// gtk_widget_get_toplevel returns another widget than a window if the widget is in no window.
 
 void Platform::Mnemonic::addTo(GtkWidget* topLevel) const
 {

@@ -11,17 +11,17 @@ typedef struct _GtkWidget GtkWidget;
 
 namespace Nolvex::Platform {
 
-/// The letter that, together with Alt, works a control from anywhere in its top-level window. GTK knows it
-/// only of a GtkLabel; this class makes it known for a widget that paints its label itself.
+/// The letter that, together with Alt, activates a control from anywhere in its top-level window. GTK
+/// supports such letters only for a GtkLabel; this class adds them to a widget that paints its label itself.
 class Mnemonic : private Noncopyable
 {
 public:
-    /// `onStruck` is called with whether the control is to be worked. It only gets the focus if several
-    /// controls share the letter. The widget must outlive this object.
+    /// `onStruck` is called with true if the control is to be activated, and with false if it only gets the
+    /// focus because several controls share the letter. The widget must outlive this object.
     Mnemonic(GtkWidget* widget, std::function<void(bool works)> onStruck);
     ~Mnemonic();
 
-    /// Takes the letter from a label that marks it with "&"; a label without one has none.
+    /// Takes the letter after the "&" of a label; a label without "&" has no letter.
     void setLabel(const wxString& label);
 
 private:
@@ -32,7 +32,7 @@ private:
 
     GtkWidget* m_widget;
     std::function<void(bool)> m_onStruck;
-    unsigned m_key = 0; // 0 for none
+    unsigned m_key = 0; // 0 if there is no letter
 };
 
 } // namespace Nolvex::Platform

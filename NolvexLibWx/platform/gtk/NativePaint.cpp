@@ -10,7 +10,7 @@
 
 namespace Nolvex {
 
-// The toolkit sends native widgets no wxEVT_PAINT, so the widget's own signal is listened to.
+// wxWidgets sends native widgets no wxEVT_PAINT, so this class listens to the "draw" signal of GTK.
 class Platform::NativePaint::Connection : private Noncopyable
 {
 public:
@@ -23,7 +23,7 @@ public:
 
     ~Connection()
     {
-        // A widget that has been destroyed has dropped the handler itself.
+        // GTK has already removed the handler if the widget has been destroyed.
         if (g_signal_handler_is_connected(m_widget, m_handler))
             g_signal_handler_disconnect(m_widget, m_handler);
         g_object_unref(m_widget);
@@ -37,11 +37,11 @@ private:
 
     gboolean draw(cairo_t* context) noexcept
     {
-        // What is frozen is not painted at all.
+        // The function does not paint a frozen control.
         if (m_control.IsEnabled() || m_control.IsFrozen())
             return FALSE;
         drawBackground(context);
-        // The frame is drawn inside the widget's window; as elsewhere, the control's area begins within it.
+        // GTK draws the frame inside the widget's window. The origin of the DC must lie inside the frame.
         const GtkBorder frame = frameWidths();
         cairo_translate(context, frame.left, frame.top);
         try {

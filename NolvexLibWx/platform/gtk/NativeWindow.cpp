@@ -33,8 +33,8 @@ Stack<GtkWidget*> topLevels()
     return widgets;
 }
 
-// The window of the handle, or null. A handle may outlive its widget, so it is looked for among those there
-// are before anything is asked of it.
+// Returns the window of the handle, or null. A handle may outlive its widget, so it is only compared with the
+// windows that exist, and never dereferenced.
 GtkWindow* findTopLevel(WindowHandle handle)
 {
     const Stack<GtkWidget*> windows = topLevels();
@@ -61,7 +61,7 @@ Bucket toBucket(const GdkRectangle& rect)
     return {{rect.x, rect.y}, {rect.x + rect.width, rect.y + rect.height}};
 }
 
-// A widget has a window of its own, which then has its place, or draws into its parent's at an offset.
+// A widget has its own GdkWindow, or draws at an offset into the GdkWindow of its parent.
 Bucket widgetRegion(GtkWidget* widget)
 {
     GdkRectangle rect;
@@ -74,7 +74,7 @@ Bucket widgetRegion(GtkWidget* widget)
     return toBucket(rect);
 }
 
-// While a window is not on the screen, only its place of last time is known, without its frame.
+// While a window is not on the screen, GTK knows only its last position and its size without the frame.
 Bucket topLevelRegion(GtkWindow* window)
 {
     GdkRectangle rect;

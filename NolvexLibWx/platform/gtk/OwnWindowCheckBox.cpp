@@ -8,7 +8,7 @@
 
 #include <gtk/gtk.h>
 
-// The calls of wxControl and wxWindow pass wxCheckBox over, whose functions use the GtkCheckButton.
+// These calls skip wxCheckBox, whose functions use the GtkCheckButton, and call wxControl and wxWindow.
 // NOLINTBEGIN(bugprone-parent-virtual-call)
 
 namespace Nolvex {
@@ -72,7 +72,7 @@ void Platform::OwnWindowCheckBox::SetLabel(const wxString& label)
 
 void Platform::OwnWindowCheckBox::updateMnemonic()
 {
-    // Few check boxes have a mnemonic.
+    // The object is created when it is first needed, because few check boxes have a mnemonic.
     const bool marked = FindAccelIndex(m_labelOrig) != wxNOT_FOUND;
     if (marked && !m_mnemonic)
         m_mnemonic = std::make_unique<Mnemonic>(m_widget, [this](bool works) { onMnemonic(works); });

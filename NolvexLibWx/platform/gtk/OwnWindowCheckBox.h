@@ -22,7 +22,7 @@ public:
     OwnWindowCheckBox();
     ~OwnWindowCheckBox() override;
 
-    /// To be called once, as wxCheckBox::Create.
+    /// Must be called once, like wxCheckBox::Create.
     bool Create(wxWindow* parent, wxWindowID id, const wxString& label,
                 const wxPoint& pos = wxDefaultPosition, const wxSize& size = wxDefaultSize, long style = 0,
                 const wxValidator& validator = wxDefaultValidator,
@@ -35,7 +35,7 @@ public:
     void SetLabel(const wxString& label) override;
 
 protected:
-    // All functions that would use the GtkCheckButton.
+    // The overrides of all functions that would use the GtkCheckButton.
     void DoSet3StateValue(wxCheckBoxState value) override;
 
     wxCheckBoxState DoGet3StateValue() const override { return m_value; }

@@ -8,7 +8,7 @@
 
 #include <utility>
 
-// The calls of wxStaticTextBase pass wxStaticText over, whose functions are about the GtkLabel.
+// These calls skip wxStaticText, whose functions use the GtkLabel, and call wxStaticTextBase.
 // NOLINTBEGIN(bugprone-parent-virtual-call)
 
 namespace Nolvex {
@@ -17,7 +17,7 @@ Platform::OwnWindowStaticText::OwnWindowStaticText(wxWindow* parent, wxWindowID 
                                                    const wxPoint& pos, const wxSize& size, long style,
                                                    const wxString& name)
 {
-    // The best size is asked for while the window is created.
+    // wxWidgets asks for the best size while it creates the window.
     m_labelOrig = label;
     wxControl::Create(parent, id, pos, size, style | wxFULL_REPAINT_ON_RESIZE, wxDefaultValidator, name);
     SetInitialSize(size);
@@ -62,7 +62,7 @@ wxString Platform::OwnWindowStaticText::WXGetVisibleLabel() const
 
 void Platform::OwnWindowStaticText::WXSetVisibleLabel(const wxString& /*label*/)
 {
-    // Painted is the label itself.
+    // The derived class paints GetLabel(), so no other text needs to be stored.
 }
 
 bool Platform::OwnWindowStaticText::DoSetLabelMarkup(const wxString& markup)

@@ -7,9 +7,9 @@
 
 namespace Nolvex::Platform {
 
-/// A label that is sent wxEVT_PAINT and the events of the mouse. The toolkit's is a GtkLabel, which has no
-/// window to get them; this one has a window of its own and no GtkLabel, so whoever derives from it paints
-/// the label.
+/// A label that receives wxEVT_PAINT and the events of the mouse. The label of wxWidgets is a GtkLabel, which
+/// has no window to receive them. This label has a window of its own and no GtkLabel, so the derived class
+/// paints the text.
 class NOLVEXLIBWX_EXPORT OwnWindowStaticText : public wxStaticText
 {
 public:
@@ -24,7 +24,7 @@ public:
 protected:
     bool TryBefore(wxEvent& event) override;
 
-    // All that would reach for the GtkLabel.
+    // The overrides of all functions that would use the GtkLabel.
     wxSize DoGetBestSize() const override;
     wxString WXGetVisibleLabel() const override;
     void WXSetVisibleLabel(const wxString& label) override;

@@ -19,7 +19,7 @@ void disconnect(GtkWidget* widget, const char* signal, gpointer data)
 
 Platform::PopupFrame::PopupFrame(wxWindow* parent, long style, const wxString& name)
 {
-    // wxWidgets keeps a widget that exists before Create, and makes a top level otherwise.
+    // If a widget exists before Create, wxWidgets keeps it. Otherwise wxWidgets would make a top level.
     m_widget = gtk_window_new(GTK_WINDOW_POPUP);
     g_object_ref(m_widget);
     gtk_window_set_type_hint(GTK_WINDOW(m_widget), GDK_WINDOW_TYPE_HINT_COMBO);

@@ -29,7 +29,7 @@ namespace {
 
 constexpr int BYTES_PER_PIXEL = 4;
 
-// Below this, sending the pixels costs less than sharing memory.
+// For fewer bytes, sending the pixels costs less than sharing memory.
 constexpr std::int64_t SHARED_FROM_BYTES = std::int64_t(128) * 1024;
 
 // GDK ends the program after an X error that is not trapped. The results of the calls show what failed.
@@ -178,7 +178,7 @@ gboolean releaseSharedMemory(gpointer /*unused*/)
     return G_SOURCE_REMOVE;
 }
 
-// Null if the X server shares no memory with this program.
+// Returns null if the X server shares no memory with this program.
 SharedMemory* sharedMemory(const Root& root, std::size_t size)
 {
     if (g_releaseTimer != 0)
@@ -191,7 +191,7 @@ SharedMemory* sharedMemory(const Root& root, std::size_t size)
     return g_sharedMemory->serves(root, size) ? g_sharedMemory : nullptr;
 }
 
-// Null if the X server has no shared memory. The image is valid until the next call.
+// Returns null if the X server has no shared memory. The image is valid until the next call.
 ImagePointer fetchSharedImage(const Root& root, Pixel corner, Pixel size)
 {
     if (XShmQueryExtension(root.display) == 0)
@@ -221,7 +221,7 @@ ImagePointer fetchImage(const Root& root, Pixel corner, Pixel size)
                                   ZPixmap));
 }
 
-// One channel of a pixel, in any format of the screen.
+// One colour channel of a pixel. The mask tells its place in any format of the screen.
 class Channel
 {
 public:
@@ -244,11 +244,12 @@ bool isBgrx(const XImage& image, const Visual& visual)
            visual.red_mask == 0xff0000 && visual.green_mask == 0xff00 && visual.blue_mask == 0xff;
 }
 
-// For screens of any other format and for scaled ones, of which the top left pixel of each group is taken.
+// Used for screens of any other format, and for scaled screens, of which the top left pixel of each group
+// counts.
 void takeSampledRows(const Bucket& area, const Root& root, XImage& image, const Platform::TakeScreenRow& take)
 {
     const Visual& visual = *root.visual;
-    // Without masks pixels are numbers of a palette. GTK 3 does not run on such screens.
+    // Without masks, pixels are indices into a palette. GTK 3 does not run on such screens.
     if (visual.red_mask == 0 || visual.green_mask == 0 || visual.blue_mask == 0)
         return;
     const Channel channels[] = {Channel(visual.blue_mask), Channel(visual.green_mask),

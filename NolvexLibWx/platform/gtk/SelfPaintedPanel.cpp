@@ -8,7 +8,7 @@
 
 #include <utility>
 
-// The calls pass wxWindow over, which writes the style sheets.
+// These calls skip wxWindow, which would write style sheets.
 // NOLINTBEGIN(bugprone-parent-virtual-call)
 
 namespace Nolvex {
@@ -48,10 +48,10 @@ bool Platform::SelfPaintedPanel::TryBefore(wxEvent& event)
     return wxPanel::TryBefore(event);
 }
 
-// A bound handler would do as well, but binding one for each panel takes time.
+// Overrides TryAfter instead of binding a handler, because binding takes time for each panel.
 bool Platform::SelfPaintedPanel::TryAfter(wxEvent& event)
 {
-    // A panel without a colour of its own lets the window behind it shine through.
+    // A panel without a background colour shows the window behind it.
     if (event.GetEventType() != wxEVT_ERASE_BACKGROUND || !UseBgCol())
         return wxPanel::TryAfter(event);
     wxDC& dc = *static_cast<wxEraseEvent&>(event).GetDC();

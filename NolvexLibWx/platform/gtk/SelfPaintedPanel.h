@@ -8,9 +8,9 @@
 namespace Nolvex::Platform {
 
 /// A panel whose font and colours are for its own painting. wxWidgets would write a style sheet for each of
-/// them and have GTK read it, which takes longer than making the window; this panel only remembers them, and
-/// paints its background itself. When it is disabled or enabled under the mouse, it is told that the mouse
-/// leaves or enters.
+/// them for GTK to read, which takes longer than creating the window; this panel only remembers them, and
+/// paints its background itself. The panel also receives enter and leave events when it is enabled or
+/// disabled under the mouse.
 class NOLVEXLIBWX_EXPORT SelfPaintedPanel : public wxPanel
 {
 public:

@@ -16,8 +16,8 @@ bool belongsTo(GdkWindow* window, GtkWidget* widget)
     return owner == widget;
 }
 
-// A capture that goes from one part of the widget to another is not lost. An entry has no outer window but
-// its parent's.
+// Keeps wxWidgets from reporting a lost capture when the capture moves to another window of the same widget.
+// The outer window of an entry is the window of its parent.
 gboolean onEvent(GtkWidget* widget, GdkEvent* event, gpointer /*data*/) noexcept
 {
     GdkWindow* const grabber = event->type == GDK_GRAB_BROKEN ? event->grab_broken.grab_window : nullptr;
@@ -26,7 +26,7 @@ gboolean onEvent(GtkWidget* widget, GdkEvent* event, gpointer /*data*/) noexcept
     return belongsTo(grabber, widget) || grabber == gtk_widget_get_window(widget) ? TRUE : FALSE;
 }
 
-// The widest of the entry's windows; the others belong to its icons. Null before the entry is realised.
+// Returns the widest window of the entry, as the others belong to its icons, or null before it is realised.
 GdkWindow* textWindowOf(GtkEntry* entry)
 {
     GtkWidget* const widget = GTK_WIDGET(entry);
@@ -60,14 +60,15 @@ void Platform::prepareCapture(wxTextCtrl& text)
         g_signal_connect(widget, "event", G_CALLBACK(&onEvent), nullptr);
 }
 
-// wxWidgets captures the mouse for the widget's outer window, which of an entry is its parent's, but listens
-// only to the inner window, where the text is.
+// wxWidgets captures the mouse for the widget's outer window (for an entry, the window of its parent) but
+// only handles events of the inner window, which holds the text.
 void Platform::directCapture(wxTextCtrl& text)
 {
     GdkWindow* const window = innerWindow(textWidget(text));
     if (window == nullptr)
         return;
-    // No event is given: its time would be before that of the capture by wxWidgets, and GTK would refuse it.
+    // Without an event, GTK uses the current time. The event is older than the capture, and GTK would refuse
+    // it.
     GdkSeat* const seat = gdk_display_get_default_seat(gdk_window_get_display(window));
     gdk_seat_grab(seat, window, GDK_SEAT_CAPABILITY_ALL_POINTING, FALSE, nullptr, nullptr, nullptr, nullptr);
 }

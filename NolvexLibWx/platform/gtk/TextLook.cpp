@@ -36,7 +36,7 @@ void Platform::adaptTextLook(const wxTextCtrl& text)
     addLook(widget);
     if (!GTK_IS_TEXT_VIEW(widget))
         return;
-    addLook(text.GetHandle()); // what scrolls has the border
+    addLook(text.GetHandle()); // in a text area, the scrolled window has the border
     gtk_text_view_set_left_margin(GTK_TEXT_VIEW(widget), MARGIN);
     gtk_text_view_set_right_margin(GTK_TEXT_VIEW(widget), MARGIN);
 }

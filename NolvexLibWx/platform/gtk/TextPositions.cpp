@@ -9,7 +9,7 @@ namespace Nolvex {
 
 namespace {
 
-// The character at the point, and in `trailing` whether the place after it is the nearest one.
+// Returns the character at the point, and sets `trailing` if the position after it is nearer.
 GtkTextIter characterAt(GtkTextView* view, const wxPoint& point, int* trailing)
 {
     int x = 0;
@@ -27,7 +27,7 @@ int indexInView(GtkTextView* view, const wxPoint& point)
     return gtk_text_iter_get_offset(&place) + trailing;
 }
 
-// The layout's place is told in the entry, the point in the part of it that holds the text.
+// GTK tells the layout's offset in the entry, but the point is relative to the entry's text area.
 int indexInEntry(GtkEntry* entry, const wxPoint& point)
 {
     int left = 0;
@@ -48,7 +48,7 @@ constexpr const char* SHOWN_POSITION = "nolvex-shown-position";
 
 gboolean scrollNow(gpointer widget) noexcept
 {
-    // Not wanted any more when the mark has gone.
+    // A call of scrollToPosition in the meantime removes the mark and cancels this scrolling.
     const bool wanted = g_object_get_data(G_OBJECT(widget), SCROLLING) != nullptr;
     g_object_set_data(G_OBJECT(widget), SCROLLING, nullptr);
     if (!wanted || gtk_widget_get_realized(GTK_WIDGET(widget)) == FALSE)
@@ -78,11 +78,11 @@ Platform::TextLine Platform::textLineAt(const wxTextCtrl& text, const wxPoint& p
     if (!GTK_IS_TEXT_VIEW(widget))
         return {0, text.GetLastPosition()};
     GtkTextView* const view = GTK_TEXT_VIEW(widget);
-    // From the character and not the nearest place, which at the end of a wrapped line is on the next one.
+    // Starts from the character, as the nearest position at the end of a wrapped line is on the next line.
     GtkTextIter start = characterAt(view, point, nullptr);
     gtk_text_view_backward_display_line_start(view, &start);
     GtkTextIter end = start;
-    // Of a wrapped line it is the place before its last character, as on other systems.
+    // In a wrapped line, GTK stops before the last character, as Windows does.
     gtk_text_view_forward_display_line_end(view, &end);
     return {gtk_text_iter_get_offset(&start), gtk_text_iter_get_offset(&end)};
 }
@@ -92,14 +92,14 @@ void Platform::scrollToEnd(const wxTextCtrl& text)
     GtkWidget* const widget = textWidget(text);
     if (!GTK_IS_TEXT_VIEW(widget))
         return;
-    // Lines have no height before the view has laid them out, which it does when there is nothing else to do.
+    // Lines have no height before the view has laid them out, which it does in idle time.
     if (g_object_get_data(G_OBJECT(widget), SCROLLING) != nullptr)
         return;
     g_object_set_data(G_OBJECT(widget), SCROLLING, widget);
     g_idle_add_full(GTK_TEXT_VIEW_PRIORITY_VALIDATE + 1, scrollNow, g_object_ref(widget), g_object_unref);
 }
 
-// The toolkit remembers the position of a frozen control for a thawing of its own, which is not ours.
+// wxTextCtrl would store the position of a frozen control for its own DoThaw, which TextCtrl does not call.
 void Platform::scrollToPosition(wxTextCtrl& text, long position)
 {
     GtkWidget* const widget = textWidget(text);
@@ -112,7 +112,7 @@ void Platform::scrollToPosition(wxTextCtrl& text, long position)
     GtkTextBuffer* const buffer = gtk_text_view_get_buffer(view);
     GtkTextIter place;
     gtk_text_buffer_get_iter_at_offset(buffer, &place, static_cast<gint>(position));
-    // Kept: the view scrolls to it when the lines have been laid out.
+    // The mark is kept, because the view scrolls to it after it has laid out the lines.
     GtkTextMark* mark = gtk_text_buffer_get_mark(buffer, SHOWN_POSITION);
     if (mark == nullptr)
         mark = gtk_text_buffer_create_mark(buffer, SHOWN_POSITION, &place, TRUE);

@@ -9,7 +9,7 @@ class WXDLLIMPEXP_FWD_CORE wxWindow;
 
 namespace Nolvex::Platform {
 
-/// The widget in which a text control shows its text: the control's own, or what it scrolls.
+/// Returns the widget that shows the text: the control's own widget, or the one inside its scrolled window.
 GtkWidget* textWidget(const wxWindow& text);
 
 } // namespace Nolvex::Platform

@@ -5,7 +5,7 @@ namespace Nolvex {
 
 void Platform::announceToolkitModule()
 {
-    // The GTK toolkit keeps no module handle.
+    // wxGTK needs no module handle.
 }
 
 } // namespace Nolvex

@@ -18,7 +18,7 @@ using Changes = Wx::AccessibleRecord::Changes;
 constexpr UINT_PTR SUBCLASS_ID = 1;
 constexpr const wchar_t* DESCRIBED = L"NolvexDescribed";
 
-// Belongs to the native window and goes with it.
+// Belongs to the native window and is deleted with it.
 struct Described
 {
     explicit Described(wxWindow& control) : record(control) {}
@@ -91,7 +91,7 @@ void announce(HWND window, const Changes& changes, Optional<int> selected)
     notify(EVENT_OBJECT_DESCRIPTIONCHANGE, changes.description);
     notify(EVENT_OBJECT_STATECHANGE, !changes.states.isEmpty());
     notify(EVENT_OBJECT_REORDER, changes.items != changes.itemsBefore);
-    // The value of a list of choices is the one that is selected.
+    // The value of a list of choices is the selected choice.
     notify(EVENT_OBJECT_VALUECHANGE, changes.value || changes.selection);
     if (selected)
         notify(EVENT_OBJECT_SELECTION, changes.selection, *selected + 1);
@@ -113,7 +113,8 @@ void Wx::updateAccessible(wxWindow& control)
 {
     const HWND window = GetHwndOf(&control);
     Described* const described = findDescribed(window);
-    // While nobody has asked for the accessible object, nobody can have an outdated picture of the control.
+    // Before assistive technology has asked for the accessible object, it holds no data that could be
+    // outdated.
     if (described == nullptr || described->accessible == nullptr)
         return;
     const Changes changes = described->record.takeChanges();

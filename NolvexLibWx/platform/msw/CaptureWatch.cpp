@@ -13,9 +13,8 @@ bool Platform::canCaptureMouse(const wxWindow& window)
     return window.IsShownOnScreen();
 }
 
-// Windows itself takes the capture from a window that is disabled, and keeps it for one that gets another
-// parent. For one that is hidden it keeps it too: a click on a button that cannot be seen would be the
-// result.
+// Windows ends the capture of a disabled window, and a window that gets another parent can keep the capture.
+// But a hidden window keeps it too, and the user would click a button that cannot be seen.
 class Platform::CaptureWatch::Signals : private Noncopyable
 {
 public:
@@ -42,7 +41,7 @@ private:
         event.Skip();
         if (event.IsShown())
             return;
-        // The function destroys this object, and itself with it.
+        // The copy is needed because the function destroys this object, and with it the original.
         const std::function<void()> onUseless = m_onUseless;
         onUseless();
     }

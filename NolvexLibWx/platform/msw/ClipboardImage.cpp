@@ -37,7 +37,7 @@ private:
     bool m_open;
 };
 
-// Null if there is no memory.
+// Returns null if there is not enough memory.
 HGLOBAL copyToGlobalMemory(ArrayView<const std::uint8_t> bytes)
 {
     const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes.size());

@@ -51,7 +51,7 @@ LONG toldStates(const Wx::AccessibleControl& account)
 {
     const Flags<AccessibleState> told = account.states();
     LONG states = 0;
-    // Windows calls a button that stays down pressed, and everything else checked.
+    // Windows has the state "pressed" for toggle buttons, and "checked" for check boxes.
     if (told.has(AccessibleState::CHECKED))
         states |= account.role() == AccessibleRole::CHECK_BOX ? STATE_SYSTEM_CHECKED : STATE_SYSTEM_PRESSED;
     if (told.has(AccessibleState::MIXED))
@@ -82,7 +82,7 @@ HRESULT give(VARIANT* target, LONG number)
     return S_OK;
 }
 
-// A spinner without a text of its own shows its number as C does.
+// A spinner that gives no text is shown as its number in the C locale.
 String shownValue(const Wx::AccessibleValue& value)
 {
     return value.text.isEmpty() ? Wx::toString(wxString::FromCDouble(value.current)) : value.text;
@@ -105,7 +105,7 @@ bool Platform::DescribedAccessible::isItem(const VARIANT& id) const
     return told != nullptr && id.vt == VT_I4 && id.lVal > 0 && id.lVal <= told->itemCount();
 }
 
-// Whether the account, and not only a name, is known of the window itself.
+// Returns true if `id` means the window itself and the window has an account, not only a name.
 bool Platform::DescribedAccessible::isDescribed(const VARIANT& id) const
 {
     return account() != nullptr && id.vt == VT_I4 && id.lVal == CHILDID_SELF;
@@ -254,7 +254,7 @@ STDMETHODIMP Platform::DescribedAccessible::put_accValue(VARIANT id, BSTR value)
 {
     if (!isDescribed(id) || value == nullptr)
         return ForwardingAccessible::put_accValue(id, value);
-    // Both decimal points are understood, whatever the language of the user is.
+    // Both decimal points are accepted in every language.
     wxString text(value);
     text.Replace(wxS(","), wxS("."));
     double number = 0;

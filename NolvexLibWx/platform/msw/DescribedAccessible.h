@@ -16,7 +16,7 @@ class DescribedAccessible : public ForwardingAccessible
 public:
     DescribedAccessible(HWND window, Wx::AccessibleRecord& record);
 
-    /// Called when the record dies. Assistive technology may hold on to this object.
+    /// Must be called when the record is destroyed, because assistive technology may still hold this object.
     void disconnect() { m_record = nullptr; }
 
     STDMETHODIMP get_accChildCount(LONG* count) override;

@@ -52,7 +52,7 @@ public:
     STDMETHODIMP put_accValue(VARIANT id, BSTR value) override;
 
 protected:
-    /// Begins with one reference, which is the caller's.
+    /// The caller owns the first reference.
     explicit ForwardingAccessible(HWND window);
     virtual ~ForwardingAccessible();
 

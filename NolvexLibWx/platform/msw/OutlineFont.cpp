@@ -14,7 +14,7 @@ namespace Nolvex {
 
 namespace {
 
-/// Empty for a font without outlines.
+/// Returns an empty text for a font without outlines.
 wxString outlineFamily(const wxFont& font)
 {
     const MemoryHDC dc;
@@ -26,7 +26,7 @@ wxString outlineFamily(const wxFont& font)
     ::GetOutlineTextMetricsW(dc, static_cast<UINT>(metrics.size()),
                              reinterpret_cast<OUTLINETEXTMETRICW*>(metrics.data()));
     std::memcpy(&head, metrics.data(), sizeof(head));
-    // The pointer is an offset.
+    // Windows stores the offset of the name in this pointer.
     const auto offset = reinterpret_cast<std::uintptr_t>(head.otmpFamilyName);
     return reinterpret_cast<const wchar_t*>(metrics.data() + offset);
 }

@@ -22,7 +22,7 @@ bool Platform::OwnWindowCheckBox::Create(wxWindow* parent, wxWindowID id, const 
 
 bool Platform::OwnWindowCheckBox::SetForegroundColour(const wxColour& colour)
 {
-    // To have a colour is what makes it an owner-drawn button for the toolkit.
+    // wxWidgets makes the button owner-drawn only if it has a colour.
     return wxCheckBox::SetForegroundColour(colour.IsOk() ? colour : GetDefaultAttributes().colFg);
 }
 
@@ -42,7 +42,7 @@ bool Platform::OwnWindowCheckBox::MSWOnDraw(WXDRAWITEMSTRUCT* /*item*/)
 WXLRESULT Platform::OwnWindowCheckBox::MSWWindowProc(WXUINT message, WXWPARAM wParam, WXLPARAM lParam)
 {
     const WXLRESULT result = wxCheckBox::MSWWindowProc(message, wParam, lParam);
-    // The parent moves the focus when Tab is pressed, unless it is wanted here.
+    // The parent would move the focus when Tab is pressed, unless the check box asks for the key.
     return message == WM_GETDLGCODE ? result | DLGC_WANTTAB : result;
 }
 

@@ -7,15 +7,15 @@
 
 namespace Nolvex::Platform {
 
-/// The toolkit's check box, whose window the system never paints: it would paint it whenever a key, the mouse
-/// or the program changes its state, and not only when it is asked to.
+/// A wxCheckBox whose window Windows never paints. Windows would paint it whenever a key, the mouse or the
+/// program changes its state, and not only in wxEVT_PAINT.
 class NOLVEXLIBWX_EXPORT OwnWindowCheckBox : public wxCheckBox
 {
 public:
     OwnWindowCheckBox() = default;
     ~OwnWindowCheckBox() override;
 
-    /// Once, as the toolkit's.
+    /// Must be called once, like wxCheckBox::Create.
     bool Create(wxWindow* parent, wxWindowID id, const wxString& label,
                 const wxPoint& pos = wxDefaultPosition, const wxSize& size = wxDefaultSize, long style = 0,
                 const wxValidator& validator = wxDefaultValidator,

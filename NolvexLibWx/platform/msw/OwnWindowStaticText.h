@@ -7,8 +7,8 @@
 
 namespace Nolvex::Platform {
 
-/// The toolkit's label, which has a window of its own here, measured as it is painted: the toolkit would
-/// leave no room for a "&", and the system would leave it out when it tells the label to others.
+/// A wxStaticText whose best size is that of the label as it is painted, and which tells the label to
+/// assistive technology. wxWidgets would leave no room for a "&", and Windows would leave it out of the name.
 class NOLVEXLIBWX_EXPORT OwnWindowStaticText : public wxStaticText
 {
 public:

@@ -56,7 +56,7 @@ public:
 
     HDC dc() const { return m_dc; }
 
-    /// Null if there is no memory. The pixels are complete after GdiFlush only.
+    /// Returns null if there is not enough memory. The pixels are complete only after GdiFlush.
     std::uint8_t* bits() const { return static_cast<std::uint8_t*>(m_bits); }
 
 private:

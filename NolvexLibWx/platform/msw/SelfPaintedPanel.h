@@ -5,7 +5,7 @@
 
 namespace Nolvex::Platform {
 
-/// The toolkit's panel does what is wanted here.
+/// On Windows a wxPanel already behaves as described.
 using SelfPaintedPanel = wxPanel;
 
 } // namespace Nolvex::Platform

@@ -12,7 +12,7 @@ void Platform::removeLengthLimit(wxTextCtrl& text)
     SendMessageW(static_cast<HWND>(text.GetHWND()), EM_LIMITTEXT, 0, 0);
 }
 
-// The control is one window.
+// On Windows the control is a single window, which needs no preparation.
 
 void Platform::prepareCapture(wxTextCtrl& /*text*/) {}
 

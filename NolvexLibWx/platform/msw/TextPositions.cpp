@@ -13,13 +13,13 @@ LRESULT send(const wxTextCtrl& text, UINT message, WPARAM first, LPARAM second)
     return SendMessageW(static_cast<HWND>(text.GetHWND()), message, first, second);
 }
 
-// The index in the low 16 bits, the line in the high ones.
+// Returns the index in the low 16 bits and the line in the high 16 bits.
 LRESULT placeAt(const wxTextCtrl& text, const wxPoint& point)
 {
     return send(text, EM_CHARFROMPOS, 0, MAKELPARAM(point.x, point.y));
 }
 
-// -1 beyond the last line.
+// Returns -1 for a line beyond the last.
 int firstIndexOfLine(const wxTextCtrl& text, int line)
 {
     return static_cast<int>(send(text, EM_LINEINDEX, static_cast<WPARAM>(line), 0));
@@ -62,7 +62,7 @@ Platform::TextView Platform::visiblePart(const wxTextCtrl& text)
 void Platform::scrollBackTo(const wxTextCtrl& text, const TextView& view)
 {
     send(text, EM_LINESCROLL, 0, view.firstLine - firstVisibleLine(text));
-    // A text that wraps never scrolls to the right.
+    // A text that wraps is never scrolled to the right.
     if (text.HasFlag(wxTE_DONTWRAP))
         send(text, WM_HSCROLL, MAKEWPARAM(SB_THUMBPOSITION, view.left), 0);
 }

@@ -9,8 +9,8 @@ namespace Nolvex {
 
 void Platform::announceToolkitModule()
 {
-    // The toolkit's own module, neither the host's nor this library's: found through the address of one of
-    // its functions.
+    // The module of wxWidgets is found by the address of one of its functions, because it may be neither the
+    // host nor this library.
     wxSetInstance(
         static_cast<HINSTANCE>(WinApi::getModuleHandle(reinterpret_cast<const void*>(&wxSetInstance))));
 }

@@ -18,7 +18,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// A thread that is started meanwhile gets no signals.
+// Blocks all signals for the current thread, so that a thread which is started meanwhile receives none.
 class BlockedSignals : private Noncopyable
 {
 public:
@@ -35,9 +35,9 @@ private:
     sigset_t m_previous;
 };
 
-// wxWidgets connects a socket with wxSOCKET_BLOCK inside the system, which gives up after minutes only and
-// takes a signal for a failure. So another thread, which gets no signals, connects, and the caller waits for
-// it.
+// wxWidgets connects a socket with wxSOCKET_BLOCK by a system call that gives up only after minutes and fails
+// when a signal arrives. Therefore another thread, which receives no signals, makes the call while the caller
+// waits.
 class Attempt : private Noncopyable
 {
 public:
@@ -55,7 +55,7 @@ public:
         const auto isOver = [this] { return m_over; };
         if (m_end.wait_until(lock, end, isOver))
             return m_connected;
-        // The connect may be just about to begin, so it is cut again and again.
+        // The thread may only be about to connect, so the socket is shut down again and again.
         do
             cut();
         while (!m_end.wait_for(lock, std::chrono::milliseconds(10), isOver));
@@ -66,7 +66,8 @@ private:
     void run()
     {
         const bool isConnected = m_client.Connect(m_address, true);
-        // Under the lock to the end: the condition does not outlive the wait.
+        // The lock is held to the end, because the waiting thread may destroy the condition variable
+        // afterwards.
         const std::lock_guard lock(m_mutex);
         m_connected = isConnected;
         m_over = true;

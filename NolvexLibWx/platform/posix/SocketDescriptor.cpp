@@ -69,14 +69,14 @@ std::int64_t Platform::peekSocket(int descriptor, void* buffer, std::size_t size
 std::int64_t Platform::receiveWithin(int descriptor, void* buffer, std::size_t size,
                                      std::chrono::milliseconds time)
 {
-    // The socket itself waits for MAX_RECEIVE_WAIT, which spares a call of the system for each message.
+    // The socket's own time-out is MAX_RECEIVE_WAIT, which saves a call of poll for each message.
     const bool waitsForLess = time < MAX_RECEIVE_WAIT;
     if (waitsForLess && time.count() > 0)
         waitForSocket(descriptor, SocketReadiness::READABLE, time);
     const ssize_t count = recv(descriptor, buffer, size, waitsForLess ? MSG_DONTWAIT : 0);
     if (count < 0)
         return errno == EAGAIN || errno == EINTR ? 0 : -1;
-    // The peer sends no more.
+    // 0 means that the peer sends no more.
     return count == 0 ? -1 : count;
 }
 
@@ -104,7 +104,7 @@ bool Platform::sendDatagram(int descriptor, const sockaddr& address, std::size_t
 void Platform::dropDatagram(int descriptor)
 {
     char byte = 0;
-    // The content of the datagram is not wanted. NOLINTNEXTLINE(bugprone-unused-return-value)
+    // The content is ignored. NOLINTNEXTLINE(bugprone-unused-return-value)
     static_cast<void>(recv(descriptor, &byte, 1, MSG_DONTWAIT));
 }
 

@@ -27,7 +27,7 @@ int lengthOf(std::size_t size)
     return static_cast<int>(std::min<std::size_t>(size, std::numeric_limits<int>::max()));
 }
 
-// Wine neither calls a connection that was cut writable nor wakes a thread that waits for room to write.
+// Detects a broken connection, because Wine neither reports it as writable nor wakes a waiting writer.
 bool hasFailed(SOCKET socket)
 {
     char byte = 0;
@@ -55,7 +55,8 @@ timeval timevalOf(std::chrono::milliseconds time)
 
 bool Platform::waitForSocket(wxSOCKET_T descriptor, SocketReadiness readiness, std::chrono::milliseconds time)
 {
-    // There is no third set: urgent data that is never taken would make the socket ready for ever.
+    // The exception set is not used, because urgent data that is never read would make the socket ready for
+    // ever.
     fd_set wanted = setOf(descriptor);
     const bool reads = readiness == SocketReadiness::READABLE;
     timeval limit = timevalOf(time);
@@ -68,7 +69,7 @@ std::int64_t Platform::peekSocket(wxSOCKET_T descriptor, void* buffer, std::size
 {
     const int length = lengthOf(size);
     const int count = recv(descriptor, static_cast<char*>(buffer), length, MSG_PEEK);
-    // A datagram longer than the buffer is reported as an error, but copied as far as it fits.
+    // Windows reports an error if a datagram is longer than the buffer, but copies the part that fits.
     return count == SOCKET_ERROR && WSAGetLastError() == WSAEMSGSIZE ? length : count;
 }
 
@@ -100,7 +101,7 @@ std::int64_t Platform::sendAtOnce(wxSOCKET_T descriptor, const void* buffer, std
 bool Platform::sendDatagram(wxSOCKET_T descriptor, const sockaddr& address, std::size_t addressSize,
                             ArrayView<const std::byte> data)
 {
-    // Windows refuses a null pointer also where there is nothing to send.
+    // Windows refuses a null pointer even if the length is 0.
     const char none = 0;
     const char* const bytes = data.empty() ? &none : reinterpret_cast<const char*>(data.data());
     const int length = lengthOf(data.size());
