@@ -17,7 +17,7 @@ using namespace Nolvex::Tests;
 using Wx::CheckBox;
 using Wx::scaleByDpi;
 
-// The run chooses the scale; the tests hold at each.
+// The environment of the run sets the scale. The tests hold at every scale.
 
 namespace {
 
@@ -80,13 +80,13 @@ wxImage drawn(const CheckBox::Face& face)
     });
 }
 
-// All that is painted to the right of the box.
+// Returns the rectangle around the pixels painted to the right of the box.
 wxRect inkBesideBox(const wxImage& image)
 {
     return inkIn(image, wxRect(wxPoint(scaleByDpi(15), 0), wxPoint(FACE_SIZE.x - 1, FACE_SIZE.y - 1)));
 }
 
-// Shows a face: letters come out otherwise on the screen than in a bitmap.
+// Shows a face on the screen, where letters have other pixels than in a bitmap.
 class FaceWindow : public wxWindow
 {
 public:
@@ -132,7 +132,7 @@ void expectSame(const wxImage& shown, const wxImage& expected, const char* what)
         << testing::PrintToString(pixelAt(expected, std::max(at.x, 0), std::max(at.y, 0)));
 }
 
-// The differences of a state from that of a check box that is enabled, unchecked and not focused.
+// The settings in which a state differs from a check box that is enabled, unchecked and not focused.
 struct Shown
 {
     wxString label = L"A gjy label";
@@ -173,7 +173,7 @@ struct CheckBoxPixelTest : FrameFixture
         pumpEvents(100);
     }
 
-    // On the screen, where nothing is repainted but what the check box asks for.
+    // Compares the check box on the screen, where only the areas that the check box refreshes are repainted.
     void expectShown(const Shown& shown, const char* what) const
     {
         const CheckBox::Face face{.label = shown.label,
@@ -201,7 +201,8 @@ TEST(CheckBoxFaceTest, mark_isWhiteAndStrokesTheFourLinesOfTheContour)
     const wxImage image = drawn(face);
     const wxImage empty = paperWithBox(FACE_SIZE);
     const auto brightness = [&image](int x, int y) { return pixelAt(image, scaleByDpi(x), scaleByDpi(y)).g; };
-    // At the corners, half way between two of them, and inside the box beside the mark.
+    // The points are the corners, points half way between two corners, and a point inside the box beside the
+    // mark.
     EXPECT_GT(brightness(6, 10), 100);
     EXPECT_GT(brightness(10, 4), 60);
     EXPECT_GT(brightness(4, 8), 100);
@@ -247,7 +248,7 @@ TEST(CheckBoxFaceTest, label_hasTheGivenColour)
 
 TEST(CheckBoxFaceTest, focusMark_isADottedRectangleAroundTheLabel)
 {
-    // Spaces leave no ink of their own.
+    // Spaces have no pixels of their own, so that only the focus mark is painted.
     CheckBox::Face face = plainFace(L"          ");
     EXPECT_TRUE(inkBesideBox(drawn(face)).IsEmpty());
     face.focused = true;
@@ -369,7 +370,7 @@ TEST_F(CheckBoxPixelTest, labelInTheFontOfTheSystem_isSeen)
         for (int x = scaleByDpi(18); x < image.GetWidth(); ++x)
             inked += pixelAt(image, x, y) == PAPER ? 0 : 1;
     }
-    // Three letters of three strokes.
+    // The label consists of three letters with three strokes each.
     EXPECT_GT(inked, 6 * 8);
     EXPECT_LT(inked, image.GetWidth() * image.GetHeight() * 2 / 3);
 }
