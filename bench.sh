@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Builds and runs the benchmarks; prints a line a figure: NAME ratio VALUE goal GOAL, higher is better. Arguments go to
-# the benchmark programs (--filter REGEX, --list, --check).
+# Builds and runs the benchmarks, which print a line for each figure: NAME ratio VALUE goal GOAL, where higher is
+# better. The benchmark programs get the arguments of the script (--filter REGEX, --list, --check).
 set -euo pipefail
 cd "$(dirname "$0")"
 . tools/testing/common.sh

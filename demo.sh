@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# ./demo.sh [--windows] [IMAGE]: builds the viewer and opens it on the image, or on the bundled sample. Without a display
-# it runs on one of its own, writes screenshots and prints their paths. --windows takes the Windows build, under Wine.
+# ./demo.sh [--windows] [IMAGE]: builds the viewer and opens the image or the bundled sample with it. Without a display
+# the viewer runs on a virtual display, and the script writes screenshots and prints their paths. --windows runs the
+# Windows build under Wine.
 set -euo pipefail
 here=$PWD
 cd "$(dirname "$0")"

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Installs what is missing, builds and runs every test: on Linux, under the sanitizers, and the Windows build under Wine.
-# ./test.sh linux|sanitizers|windows runs one of them.
+# Installs missing packages, then builds and runs every test: on Linux, under the sanitizers, and under Wine. ./test.sh
+# linux|sanitizers|windows runs only one of the three.
 set -euo pipefail
 cd "$(dirname "$0")"
 

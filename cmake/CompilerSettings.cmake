@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# What every target of the project is compiled with.
+# The compiler settings of every target of the project.
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -11,12 +11,12 @@ if(NOT CMAKE_BUILD_TYPE)
   set(CMAKE_BUILD_TYPE Release CACHE STRING "" FORCE)
 endif()
 
-# Programs and libraries side by side: a Windows program finds its DLLs only beside itself.
+# Programs and libraries are built into one folder, because a Windows program finds its DLLs only beside itself.
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
 set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
 
-# An installed program finds the libraries that were installed with it, wherever that is.
+# An installed program finds the libraries that were installed with it, wherever the installation lies.
 if(NOT WIN32)
   set(CMAKE_INSTALL_RPATH "$ORIGIN;$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
 endif()
@@ -26,11 +26,11 @@ if(NOLVEX_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_CXX_COMPILER_LAUNCHER "${NOLVEX_CCACHE}")
 endif()
 
-# PRIVATE to each target of ours, never part of the installed interface.
+# Each target of the project links these settings as PRIVATE, so that the installed interface does not contain them.
 add_library(NolvexCompilerSettings INTERFACE)
 if(MSVC)
   target_compile_options(NolvexCompilerSettings INTERFACE /W4 /WX /utf-8 /permissive- /Zc:__cplusplus /bigobj)
-  # Exported classes hold members of the standard library; everything is built with one compiler.
+  # Exported classes have members from the standard library. That is safe, because one compiler builds everything.
   target_compile_options(NolvexCompilerSettings INTERFACE /wd4251 /wd4275)
 else()
   target_compile_options(NolvexCompilerSettings INTERFACE
@@ -41,7 +41,7 @@ if(WIN32)
   target_compile_definitions(NolvexCompilerSettings INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN)
 endif()
 
-# The conversions are specified bit by bit: a fused multiply-add would round differently.
+# The results of the conversions are defined to the bit, and a fused multiply-add would round differently.
 if(MSVC)
   target_compile_options(NolvexCompilerSettings INTERFACE /fp:precise)
 else()
@@ -53,7 +53,7 @@ if(NOLVEX_SANITIZE)
   add_compile_options(-fsanitize=${nolvex_sanitizers} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${nolvex_sanitizers})
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    # The instrumented code makes GCC see paths that are not there.
+    # GCC warns about impossible paths in instrumented code.
     add_compile_options(-Wno-maybe-uninitialized)
   endif()
 endif()

@@ -1,10 +1,11 @@
 # SPDX-License-Identifier: MIT
-# Everything the project stands on; how each is found differs between the systems, what it is called here does not.
+# Everything the project depends on. Each system finds the packages in its own way, and this file gives them the same
+# names.
 
 if(WIN32)
   enable_language(RC) # version resources
-  # Programs find DLLs beside themselves only: those of the cross-build go where the programs are built.
-  # (Where vcpkg brings them, it puts them there itself.)
+  # Programs find DLLs only beside themselves, so that the DLLs of the cross-build are copied to the programs. (vcpkg
+  # does the same with its own DLLs.)
   file(GLOB NOLVEX_RUNTIME_DLLS "${NOLVEX_WINDOWS_PREFIX}/bin/*.dll" "${NOLVEX_WINDOWS_PREFIX}/lib/gcc_x64_dll/*.dll")
   file(COPY ${NOLVEX_RUNTIME_DLLS} DESTINATION "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
 endif()
@@ -16,7 +17,7 @@ if(NOT TARGET pugixml::pugixml)
   add_library(pugixml::pugixml ALIAS pugixml)
 endif()
 
-# utfcpp is headers only; its packages disagree about target names, its header does not move.
+# utfcpp consists of headers. Its packages disagree about target names, but its header is always utf8.h.
 find_path(NOLVEX_UTFCPP_INCLUDE_DIR utf8.h PATH_SUFFIXES utf8cpp REQUIRED)
 add_library(NolvexUtfcpp INTERFACE)
 target_include_directories(NolvexUtfcpp SYSTEM INTERFACE "${NOLVEX_UTFCPP_INCLUDE_DIR}")
@@ -31,7 +32,7 @@ endif()
 if(NOLVEX_BUILD_TOOLKIT_LIBRARY)
   include(Toolkit)
   if(NOT WIN32)
-    # The services below the toolkit that platform/gtk calls.
+    # platform/gtk calls these libraries directly, below wxWidgets.
     find_package(PkgConfig REQUIRED)
     pkg_check_modules(GTK3 REQUIRED IMPORTED_TARGET gtk+-3.0 gio-2.0)
     pkg_check_modules(XLIB REQUIRED IMPORTED_TARGET x11 xext)

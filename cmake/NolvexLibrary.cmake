@@ -2,7 +2,8 @@
 include(GenerateExportHeader)
 include(CMakePackageConfigHelpers)
 
-# nolvex_platform_sources(<out> <folder>): the sources of the current folder, of platform/ only those of this system.
+# nolvex_platform_sources(<out> <folder>): lists the sources of the current folder, and of platform/ only those of this
+# system.
 function(nolvex_platform_sources out)
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}" *.cpp *.h)
   if(WIN32)
@@ -13,10 +14,10 @@ function(nolvex_platform_sources out)
   set(${out} ${sources} PARENT_SCOPE)
 endfunction()
 
-# nolvex_add_library(<name> EXPORT <set>): the shared library made of the folder it is called in, with hidden visibility,
-# the generated header <name>/Export.h (macro <NAME>_EXPORT), headers and CMake package installed. EXPORT names the set of
-# targets that a user's find_package brings together. Headers in folders called detail, decoding, kernels, paint, platform
-# and resources are the library's own and are not installed.
+# nolvex_add_library(<name> EXPORT <set>): makes a shared library of the calling folder, with hidden visibility and the
+# generated header <name>/Export.h (macro <NAME>_EXPORT), and installs its headers and CMake package. EXPORT names the
+# set of targets that find_package provides to users. Headers in folders called detail, decoding, kernels, paint,
+# platform and resources are internal and are not installed.
 function(nolvex_add_library name)
   cmake_parse_arguments(arg "" "EXPORT" "" ${ARGN})
   nolvex_platform_sources(sources)

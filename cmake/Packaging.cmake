@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# What `cmake --install` and CPack leave: libraries, headers, the CMake package, the viewer.
+# `cmake --install` and CPack install the libraries, the headers, the CMake package and the viewer.
 set(package_folder "${CMAKE_INSTALL_LIBDIR}/cmake/NolvexLibWx")
 
 configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/NolvexLibWxConfig.cmake.in"
@@ -15,7 +15,7 @@ endif()
 install(FILES README.md CHANGELOG.md LICENSE THIRD-PARTY.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 if(WIN32)
-  # A Windows user unzips and runs: everything the programs need lies beside them.
+  # A Windows user runs the programs from the unpacked zip, so that the DLLs they need lie beside them.
   install(FILES ${NOLVEX_RUNTIME_DLLS} DESTINATION ${CMAKE_INSTALL_BINDIR})
   set(CPACK_GENERATOR ZIP)
   set(CPACK_SYSTEM_NAME windows-x86_64)

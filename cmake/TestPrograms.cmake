@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 include(GoogleTest)
 
-# What tests of several programs share, with the few calls that differ between the systems.
+# The support code that the test programs share, with separate sources for the calls that differ between the systems.
 function(nolvex_add_test_support)
   set(folder "${CMAKE_CURRENT_SOURCE_DIR}/support")
   if(WIN32)
@@ -35,8 +35,8 @@ endfunction()
 # nolvex_add_test_program(<name> SOURCES <patterns...> [EXCLUDE <files...>] LIBRARIES <targets...> [MAIN <source>]
 #                         [PROCESS_PER_TEST] [NO_DISPLAY] [TIMEOUT <s>])
 #
-# A GoogleTest program. Registered as one test that runs the whole program, or, with PROCESS_PER_TEST, as one test a
-# TEST(): for tests that leave the process in a state that no other may inherit.
+# Makes a GoogleTest program. CTest runs the whole program as one test or, with PROCESS_PER_TEST, each TEST() in a
+# process of its own, for tests after which no other test may run in the same process.
 function(nolvex_add_test_program name)
   cmake_parse_arguments(arg "PROCESS_PER_TEST;NO_DISPLAY" "MAIN;TIMEOUT" "SOURCES;EXCLUDE;LIBRARIES" ${ARGN})
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}" ${arg_SOURCES})
@@ -58,7 +58,7 @@ function(nolvex_add_test_program name)
   if(NOT arg_TIMEOUT)
     set(arg_TIMEOUT 300)
   endif()
-  # What GTK calls critical is a defect of ours. It is read when the process starts, not later.
+  # A critical warning of GTK is a defect of the library and ends the program. GTK reads the variable only at the start.
   set(environment "G_DEBUG=fatal-criticals")
   if(arg_PROCESS_PER_TEST)
     gtest_add_tests(TARGET ${name} SOURCES ${sources} TEST_LIST tests)
@@ -67,7 +67,7 @@ function(nolvex_add_test_program name)
     add_test(NAME ${name} COMMAND ${name})
   endif()
   set_tests_properties(${tests} PROPERTIES TIMEOUT ${arg_TIMEOUT} ENVIRONMENT "${environment}")
-  # Programs with windows share screen, mouse and focus. The others run beside them.
+  # Programs with windows share the screen, the mouse and the focus, so that CTest runs them one at a time.
   if("NolvexLibWx" IN_LIST arg_LIBRARIES AND NOT arg_NO_DISPLAY)
     set_tests_properties(${tests} PROPERTIES RESOURCE_LOCK display)
   endif()

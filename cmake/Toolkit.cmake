@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-# Nolvex::Toolkit: wxWidgets, found the way the system has it. Also part of the installed package, so that users get the
-# toolkit of their own machine.
+# Nolvex::Toolkit is the wxWidgets of the system. The installed package contains this file, so that its users get the
+# wxWidgets of their own machine.
 if(NOT TARGET Nolvex::Toolkit)
   add_library(Nolvex::Toolkit INTERFACE IMPORTED GLOBAL)
   if(WIN32)

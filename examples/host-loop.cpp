@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A host with a loop of its own, which dispatches wxWidgets' events between two of its steps. A worker thread
-// hands its result to the main thread.
+// A host with its own loop, which dispatches the events of wxWidgets between two steps of its own work. A
+// worker thread hands its result to the main thread.
 #include "NolvexLib/Exception.h"
 #include "NolvexLib/Lib.h"
 #include "NolvexLibWx/NolvexLibWx.h"
@@ -15,7 +15,7 @@
 
 namespace {
 
-// Until the window is closed.
+// Runs until the window is closed.
 void runHostLoop(const std::atomic<bool>& closed)
 {
     wxEventLoop loop;

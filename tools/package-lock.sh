@@ -1,11 +1,13 @@
 # shellcheck shell=bash
 # SPDX-License-Identifier: MIT
-# Waiting for the package manager, which serves one installation at a time. Sourced by scripts that have a function say.
+# Waits for the package manager, which serves one installation at a time. The sourcing script must define a function
+# say.
 
 PACKAGE_LOCKS=(/var/lib/dpkg/lock-frontend /var/lib/dpkg/lock /var/lib/apt/lists/lock /var/cache/apt/archives/lock)
 MAX_PACKAGE_WAIT=1800 # seconds
 
-# Whether another process holds one of the locks. The table of locks can be read by everyone, the files only by root.
+# Succeeds if another process holds one of the locks. Every user can read the table of locks, but only root the lock
+# files.
 package_manager_is_busy() {
   local lock inode
   for lock in "${PACKAGE_LOCKS[@]}"; do
@@ -25,15 +27,15 @@ wait_for_package_manager() {
   done
 }
 
-# with_package_manager COMMAND...: runs a command that installs, when no other installation is under way. Fails as the
-# command does, or if the other installation does not end.
+# with_package_manager COMMAND...: runs a command that installs packages when no other installation is under way. Fails
+# if the command fails or the other installation does not end in time.
 with_package_manager() {
   local status
   while true; do
     wait_for_package_manager || return
     status=0
     "$@" || status=$?
-    # Another installation may have been quicker.
+    # Another installation may have taken the lock first.
     [ "$status" -ne 0 ] && package_manager_is_busy || return "$status"
   done
 }

@@ -150,7 +150,7 @@ void GalleryFrame::chooseSkin(int index)
     Wx::applySkinRecursive(this, Wx::GuiSkin::DEFAULT());
     makeSkinButtons(index);
     showPage(m_shown);
-    // On Windows text keeps the colours of the time at which it was written.
+    // On Windows, text keeps the colours that were set when it was written, so that it is written again.
     const wxString written = m_log->GetValue();
     m_log->Clear();
     m_log->AppendText(written);

@@ -28,7 +28,7 @@ public:
 
     const Array<Page>& pages() const { return m_pages; }
 
-    /// Replaces the page shown by a new one in the colours of the default skin.
+    /// Replaces the shown page by a new page in the colours of the default skin.
     void showPage(std::size_t index);
 
     /// The number of skins to choose from. Skin 0 is the one that the library starts with.

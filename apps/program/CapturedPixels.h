@@ -6,8 +6,8 @@
 
 namespace Nolvex::Program {
 
-/// Whether the screen could be read at all. If the system lets no program read the screen, every captured
-/// pixel is transparent. False for an empty image.
+/// Returns whether the screen could be read at all. If the system lets no program read the screen, every
+/// captured pixel is transparent. An empty image was not read.
 bool wasRead(const BitmapImpl<Rgb>& captured);
 
 } // namespace Nolvex::Program

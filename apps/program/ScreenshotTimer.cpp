@@ -15,7 +15,8 @@ ScreenshotTimer::ScreenshotTimer(wxTopLevelWindow& window, int periodMillisecond
 
 void ScreenshotTimer::Notify()
 {
-    // A window that is being destroyed exists for a moment longer.
+    // wxWidgets destroys a closed window a little later, so that the weak reference may still point to the
+    // window.
     if (!m_window || m_window->IsBeingDeleted()) {
         Stop();
         return;

@@ -17,16 +17,16 @@ namespace Nolvex::Program {
 class ScreenshotTimer : public wxTimer
 {
 public:
-    /// One turn. Returns nullopt if there are more turns to come; otherwise the error that ended the work,
-    /// which is empty for success.
+    /// The work of one turn. A turn returns nullopt if more turns are to come, and otherwise the error that
+    /// ended the work, which is empty for success.
     using Turn = std::function<Optional<String>()>;
 
     ScreenshotTimer(wxTopLevelWindow& window, int periodMilliseconds, Turn turn);
 
     void Notify() override;
 
-    /// A sentence for the user, empty if all pictures were taken. Closing the window earlier is an error,
-    /// too.
+    /// Returns a sentence for the user, which is empty if all pictures were taken. If the window was closed
+    /// earlier, that is an error, too.
     const String& error() const { return m_error; }
 
 private:

@@ -10,13 +10,13 @@ namespace Nolvex::Viewer {
 
 namespace {
 
-// 0 to 1; NaN gives 0.
+// Returns the value limited to the range from 0 to 1, and 0 for NaN.
 float clamped(float value)
 {
     return value > 0.0f ? std::min(1.0f, value) : 0.0f;
 }
 
-// As the bitmap of the same picture: every channel, alpha included, is raised to the exponent.
+// Encodes the pixel as the viewer's bitmap does: every channel, alpha included, is raised to the exponent.
 Rgb encoded(const Rgb& pixel, float exponent)
 {
     if (exponent == 1.0f)

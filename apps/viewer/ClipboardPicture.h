@@ -8,8 +8,8 @@
 
 namespace Nolvex::Viewer {
 
-/// The image as Wx::setClipboardData takes it: encoded for display, its rows from the bottom up, so that
-/// programs paste at the top what the viewer shows at the top. Pictures on the clipboard have no alpha:
+/// Returns the image as Wx::setClipboardData takes it: encoded for display, its rows from the bottom up, so
+/// that programs paste at the top what the viewer shows at the top. Pictures on the clipboard have no alpha:
 /// transparent pixels show the background. Throws std::bad_alloc.
 BitmapImpl<Rgb> clipboardPicture(const Image& image, const RgbBytes& background);
 

@@ -36,9 +36,9 @@ struct CommandInfo
 
     Command command;
     Menu menu;
-    /// With the letter that chooses the item marked by '&'.
+    /// The text of the menu item. A '&' marks the letter that chooses the item.
     const wchar_t* label;
-    /// As a menu writes it, "Ctrl+O"; empty without a key.
+    /// The key in the form that menus show, such as "Ctrl+O". Empty if the command has no key.
     const wchar_t* keyText;
     int key;
     int modifiers;
@@ -46,16 +46,16 @@ struct CommandInfo
     const wchar_t* tooltip;
 };
 
-/// In the order of the menus.
+/// Returns the commands in the order of the menus.
 ArrayView<const CommandInfo> commandTable();
 
-/// The menu bar with every command of the table. The caller owns it.
+/// Makes the menu bar with every command of the table. The caller owns the menu bar.
 wxMenuBar* makeMenuBar();
 
-/// The command whose key this is, or wxID_NONE. Escape and Ctrl+Q close the window, too.
+/// Returns the command whose key was pressed, or wxID_NONE. Escape and Ctrl+Q close the window, too.
 int commandOf(const wxKeyEvent& event);
 
-/// The command's tooltip with its key behind it.
+/// Returns the command's tooltip, which ends with the key of the command.
 const wchar_t* tooltipOf(Command command);
 
 } // namespace Nolvex::Viewer

@@ -44,8 +44,8 @@ void describe(wxCmdLineParser& parser)
     parser.AddParam("PICTURE", wxCMD_LINE_VAL_STRING, wxCMD_LINE_PARAM_OPTIONAL);
 }
 
-// The parser knows arguments as texts, which not every file name on Linux is: the argument itself is the
-// name.
+// The parser turns arguments into text, which cannot represent every file name on Linux. The path is
+// therefore made of the argument itself.
 Io::Path pathOf(const wxString& text, const Array<Io::Path>& arguments)
 {
     for (const Io::Path& argument : arguments) {
@@ -62,7 +62,7 @@ void setArguments(wxCmdLineParser& parser, const Array<Io::Path>& arguments)
         texts.push_back(argument.nativeStr());
     Array<wchar_t*> pointers;
     for (const String& text : texts)
-        pointers.push_back(const_cast<wchar_t*>(text.c_str())); // only read
+        pointers.push_back(const_cast<wchar_t*>(text.c_str())); // The parser only reads the texts.
     parser.SetCmdLine(static_cast<int>(pointers.size()), pointers.data());
 }
 

@@ -13,9 +13,10 @@ namespace Nolvex::Viewer {
 /// What the user asked for on the command line.
 struct CommandLine
 {
-    /// The picture to show; empty for the bundled sample.
+    /// The picture to show. Empty stands for the bundled sample.
     Io::Path picture;
-    /// Where to write a picture of the window, after which the program ends; empty to stay open.
+    /// The file to which a picture of the window is written before the program ends. If the path is empty,
+    /// the window stays open.
     Io::Path screenshot;
     bool help = false;
     bool version = false;
@@ -24,7 +25,7 @@ struct CommandLine
 /// Reads the arguments, which do not include the program's name. The error is a text for the user.
 Expected<CommandLine, String> parseCommandLine(const Array<Io::Path>& arguments);
 
-/// The text of --help, in UTF-8.
+/// Returns the text that --help prints, in UTF-8.
 std::string usage();
 
 } // namespace Nolvex::Viewer

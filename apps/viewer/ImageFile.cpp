@@ -35,7 +35,8 @@ Unexpected<String> refuse(const Io::Path& path, const String& reason)
 Expected<Array<std::byte>, String> readWholeFile(const Io::Path& path)
 {
     try {
-        // Asked before the file is opened: opening a pipe would wait until a program writes into it.
+        // The kind of file is checked before the file is opened, since opening a pipe would wait for a
+        // program that writes into it.
         std::error_code ignored;
         const std::filesystem::file_status status = std::filesystem::status(path.native(), ignored);
         if (exists(status) && !is_regular_file(status))

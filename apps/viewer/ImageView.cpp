@@ -76,7 +76,7 @@ void ImageView::onPaint(wxPaintEvent& /*event*/)
     m_painted = true;
 }
 
-// A click needs no mark: the user knows where it went.
+// After a click the line is not shown, because the user knows where the click went.
 void ImageView::onFocus(wxFocusEvent& event)
 {
     m_focusMark = event.GetEventType() == wxEVT_SET_FOCUS && m_tabPressed && !wxGetMouseState().LeftIsDown();

@@ -22,13 +22,14 @@ public:
 
     const SharedPicture& picture() const { return m_picture; }
 
-    /// The bitmap of the picture, invalid without one.
+    /// Returns the bitmap of the picture, or an invalid bitmap if there is no picture.
     const wxBitmap& bitmap() const;
 
     /// True once a picture has been painted.
     bool wasPainted() const { return m_painted; }
 
-    /// Tells whether the key pressed last moves the focus. If the focus arrives here next, the line is shown.
+    /// The window calls this on every key with whether the key moves the focus. If it does and the focus then
+    /// arrives here, the line is shown.
     void setTabPressed(bool pressed) { m_tabPressed = pressed; }
 
     /// True while the line along the edges shows that the keyboard is directed here.

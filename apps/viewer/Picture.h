@@ -11,8 +11,8 @@
 
 namespace Nolvex::Viewer {
 
-/// The viewer's document: an image as it came, in its own format and gamma, and its name. The window, the
-/// clipboard and every tool share one; nothing about it changes after it was made.
+/// The viewer's document: the image in the format and gamma of its source, and its name. The window, the
+/// clipboard and every tool share the same object, which never changes after its construction.
 class Picture
 {
 public:
@@ -24,11 +24,11 @@ public:
 
     Pixel size() const { return {m_image.descriptor().width, m_image.descriptor().height}; }
 
-    /// The size in words, "640 x 480" with a multiplication sign.
+    /// Returns the size as text, such as "640 x 480", with a multiplication sign.
     String sizeText() const;
 
-    /// The picture as it is shown, made when it is first asked for. Invalid if the picture is too large for a
-    /// bitmap or there is no memory.
+    /// Returns the bitmap that shows the picture, which is made by the first call. The bitmap is invalid if
+    /// the picture is too large for a bitmap or memory has run out.
     const wxBitmap& bitmap() const;
 
 private:

@@ -28,7 +28,7 @@ std::string_view asText(ArrayView<const std::byte> bytes)
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
-// Takes white space and the number behind it off the front of the text.
+// Removes white space and the number after it from the front of the text.
 template<class Number>
 bool takeNumber(std::string_view& text, Number& number)
 {
@@ -49,7 +49,7 @@ Optional<Header> readHeader(ArrayView<const std::byte> bytes)
         header.format = PixelFormat::FLOAT32_GREY;
     text.remove_prefix(2);
     float scale = 0.0f;
-    // One white-space character ends the header; the next byte is the first float's.
+    // One white-space character ends the header. The byte after it belongs to the first float.
     if (!takeNumber(text, header.width) || !takeNumber(text, header.height) || !takeNumber(text, scale) ||
         scale == 0.0f || text.empty() ||
         std::string_view(" \t\r\n").find(text.front()) == std::string_view::npos)
@@ -82,7 +82,7 @@ Expected<Image, String> readPortableFloatMap(ArrayView<const std::byte> bytes)
     if (header->width < 1 || header->height < 1)
         return Unexpected{String(L"it has no pixels")};
 
-    // Before memory is asked for: the header may claim anything.
+    // The size is checked before memory is allocated, because the header may claim any size.
     const ArrayView<const std::byte> body = bytes.subspan(header->length);
     const std::size_t pixelSize = Image::getPixelFormatByteCount(header->format);
     const auto pixels =

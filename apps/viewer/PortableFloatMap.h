@@ -10,11 +10,11 @@
 
 namespace Nolvex::Viewer {
 
-/// True when the bytes begin like a Portable Float Map: "PF" for colour or "Pf" for grey.
+/// Returns whether the bytes begin like a Portable Float Map: "PF" for colour or "Pf" for grey.
 bool isPortableFloatMap(ArrayView<const std::byte> bytes);
 
-/// Reads one: floats of linear light, bottom row first. The image gets the gamma 2.2. The error is a sentence
-/// without the file's name.
+/// Reads a Portable Float Map: floats of linear light, bottom row first. The image gets the gamma 2.2. The
+/// error is a sentence without the file's name.
 Expected<Image, String> readPortableFloatMap(ArrayView<const std::byte> bytes);
 
 } // namespace Nolvex::Viewer

@@ -15,7 +15,7 @@ namespace Nolvex::Viewer {
 
 namespace {
 
-// The screen has bytes: nothing is lost. An image has its bottom row first.
+// Bytes lose nothing here, since the screen has bytes, too. An image stores its bottom row first.
 Optional<Image> toImage(const BitmapImpl<Rgb>& captured)
 {
     Expected<Image, String> image =

@@ -8,12 +8,12 @@
 
 namespace Nolvex::Viewer {
 
-/// What the displays show now, each in its place, in the smallest image that holds them all; transparent
-/// where no display is. Returns nullopt without displays, without memory, and where the system lets no
-/// program read the screen.
+/// Captures all displays, each in its place, in the smallest image that holds them all. The image is
+/// transparent where no display is. Returns nullopt if there is no display or no memory, or if the system
+/// lets no program read the screen.
 Optional<Image> captureDisplays(ArrayView<const Bucket> displays);
 
-/// What all displays show now.
+/// Captures every display of the system.
 Optional<Image> captureDisplays();
 
 } // namespace Nolvex::Viewer

@@ -31,8 +31,8 @@ ToolBar::ToolBar(wxWindow* parent, const Function<void(Command)>& run)
     SetSizer(m_row);
 }
 
-// The log's button does not toggle by itself: it shows whether the log is there, which other commands decide,
-// too.
+// The log's button does not toggle by itself: it shows whether the log is visible, and other commands show
+// and hide the log, too.
 Wx::Button* ToolBar::addButton(const wxString& label, Command command)
 {
     auto* button = new Wx::Button(

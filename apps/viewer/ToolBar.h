@@ -16,13 +16,14 @@ class Button;
 
 namespace Nolvex::Viewer {
 
-/// The viewer's row of buttons, with a link at its end. A click on one of them calls `run` with its command.
+/// The viewer's row of buttons, with a link at its end. A click on a button or on the link calls `run` with
+/// its command.
 class ToolBar : public wxPanel
 {
 public:
     ToolBar(wxWindow* parent, const Function<void(Command)>& run);
 
-    /// Shows whether the log is there, without a call of `run`.
+    /// Sets the state of the log's button, and does not call `run`.
     void setLogShown(bool shown);
 
     void setTooltips(bool wanted);

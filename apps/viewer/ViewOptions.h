@@ -14,14 +14,14 @@ class CheckBox;
 
 namespace Nolvex::Viewer {
 
-/// The options of how the picture is shown: check boxes, each of which calls `run` with its command when the
-/// user changes it.
+/// The check boxes for the ways to show the picture. Each of them calls `run` with its command when the user
+/// changes it.
 class ViewOptions : public wxPanel
 {
 public:
     ViewOptions(wxWindow* parent, const Function<void(Command)>& run);
 
-    // These show the state of things, without a call of `run`.
+    // These functions set the check boxes and do not call `run`.
 
     void setLogShown(bool shown);
     void setTooltips(bool wanted);

@@ -46,7 +46,7 @@ constexpr int LOG_HEIGHT = 90;
 const wxSize MIN_SIZE(360, 300);
 const wxSize MIN_VIEW(80, 60); // scroll bars need some room
 
-// The time that a menu needs to leave the screen.
+// The screen is captured this long after the command, so that the menu has left the screen.
 constexpr int CAPTURE_DELAY_MS = 250;
 
 /// Returns the client size that shows the whole picture, if the screen is large enough, and beside the
@@ -213,7 +213,8 @@ void ViewerFrame::showLog(bool show)
         m_view->SetFocus();
 }
 
-// Keeps the view visible when the options unfold or the log appears.
+// Enlarges the window where necessary, so that the view stays visible when the options unfold or the log
+// appears.
 void ViewerFrame::makeRoom()
 {
     wxWindow* const panel = m_log->GetParent();
@@ -305,7 +306,7 @@ void ViewerFrame::onOpen()
 
 void ViewerFrame::onCopy()
 {
-    // While the log has the focus, the user means its text.
+    // While the log has the focus, Copy means the selected text of the log.
     if (m_log->HasFocus() && m_log->CanCopy())
         m_log->Copy();
     else
@@ -317,8 +318,8 @@ void ViewerFrame::onCapture()
     m_captureTimer.StartOnce(CAPTURE_DELAY_MS);
 }
 
-// The keys are not left to the menu: the log keeps all keys to itself while it has the focus. An open menu
-// has its own use for them.
+// The window handles the keys itself instead of the menu, because the log receives all keys while it has the
+// focus. The keys are left to a menu while it is open.
 void ViewerFrame::onKey(wxKeyEvent& event)
 {
     m_view->setTabPressed(event.GetKeyCode() == WXK_TAB);

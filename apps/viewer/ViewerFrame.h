@@ -41,7 +41,7 @@ public:
     /// window may have been closed and destroyed when this returns.
     bool copyPicture();
 
-    /// Replaces the picture by one of all displays, this window included.
+    /// Replaces the picture by a picture of all displays, this window included.
     bool captureScreen();
 
     void showLog(bool show);

@@ -30,7 +30,8 @@ int fail(const String& message)
     return fail(message.toUtf8());
 }
 
-// Beside the program on Windows and in a build folder, in the share folder of an installation on Linux.
+// The sample lies beside the program on Windows and in a build folder, and in the share folder of an
+// installation on Linux.
 Io::Path samplePicture()
 {
     const Io::Path folder = Program::programFile().parentDirectory();
@@ -45,7 +46,7 @@ int takeScreenshot(Viewer::ViewerFrame& frame, const Io::Path& file)
 {
     constexpr int PERIOD_MS = 100;
     constexpr int TURNS = 5;
-    // The mouse may happen to rest on the picture.
+    // The mouse may rest on the picture, whose tooltip would then be in the screenshot.
     frame.setTooltips(false);
     int turnsSincePainted = 0;
     const Program::ScreenshotTimer timer(frame, PERIOD_MS, [&]() -> Optional<String> {

@@ -28,7 +28,7 @@ struct Data
     Array<std::byte> compressed;
 };
 
-/// A list of entries and a picture of slopes with some noise, by turns.
+/// Returns a list of entries and a picture of noisy slopes, in alternation.
 std::string makeContent()
 {
     std::minstd_rand random; // NOLINT(cert-msc32-c,cert-msc51-cpp): the same content every time

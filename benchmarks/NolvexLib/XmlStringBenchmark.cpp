@@ -14,7 +14,7 @@ namespace {
 constexpr std::size_t SIZE = 1024;
 constexpr int PARSINGS = 500; // in one call of the work
 
-/// The header of a file with remarks of its sender, 1 KB in all.
+/// Returns the header of a file with remarks of its sender, 1 KB in all.
 std::string makeHeader()
 {
     XmlString header;
@@ -26,7 +26,7 @@ std::string makeHeader()
     return header.toUtf8();
 }
 
-/// pugixml makes the same tree, without looking at what XmlString refuses.
+/// pugixml makes the same tree, without the checks by which XmlString refuses documents.
 void parseByPugixml(const std::string& header)
 {
     constexpr unsigned int OPTIONS = pugi::parse_minimal | pugi::parse_escapes | pugi::parse_ws_pcdata_single;

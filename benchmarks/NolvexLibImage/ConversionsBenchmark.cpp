@@ -44,7 +44,8 @@ Work copyFloats(const std::shared_ptr<Picture>& picture)
     };
 }
 
-/// `convert` is called with the picture; at SSE2 when `level` says so, which holds for this work only.
+/// Compares `convert` with copying the floats. `level` holds during this work only, for example to measure
+/// SSE2.
 Contest againstCopy(void (*convert)(Picture&), Pixels::CpuLevel level)
 {
     const auto picture = makePicture();

@@ -50,7 +50,7 @@ void encodeByPower(Picture& picture)
     benchmark::ClobberMemory();
 }
 
-/// The encoder is made anew each time: its table belongs to the price.
+/// The encoder is made anew each time, because the price includes the making of its table.
 void encodeByEncoder(Picture& picture)
 {
     const Pixels::GammaEncoder encoder(EXPONENT, PIXELS);

@@ -33,7 +33,7 @@ void startAndStop()
     LibWx::shutdown();
 }
 
-// Several a call: one pair is shorter than what times it.
+// A single pair takes less time than reading the clock, so that one call makes many pairs.
 template<void (*WORK)()>
 void thousandTimes()
 {
@@ -41,7 +41,7 @@ void thousandTimes()
         WORK();
 }
 
-// The library stays started meanwhile, as in a host with two users of it.
+// The library stays started meanwhile, as in a host in which two parts use the library.
 Contest nestedStart()
 {
     const std::shared_ptr<void> started(nullptr, [](void*) { LibWx::shutdown(); });
@@ -49,8 +49,8 @@ Contest nestedStart()
     return {thousandTimes<countAtomically>, [started] { thousandTimes<startAndStop>(); }};
 }
 
-// What a program does that starts the toolkit by itself: the same parts of it, without the core library, the
-// timer and the counting.
+// Starts and stops wxWidgets as a program does that does not use the library: the same parts of wxWidgets,
+// without the core library, the timer and the counting.
 void startAndStopTheToolkit()
 {
     wxLog::EnableLogging(false);

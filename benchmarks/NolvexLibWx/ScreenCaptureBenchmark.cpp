@@ -20,7 +20,8 @@ namespace {
 
 constexpr float SCALE = 1.0f / 255.0f;
 
-// By the toolkit's own means: copy to a bitmap, make an image of it, ask for the pixels.
+// Captures the screen by wxWidgets alone: copies it to a bitmap, makes an image of the bitmap and reads the
+// pixels.
 BitmapImpl<Rgb> captureByToolkit(const Bucket& region)
 {
     const wxRect area = Wx::toWxRect(region);
@@ -52,7 +53,7 @@ BitmapImpl<Rgb> capture(const Bucket& region)
     return Wx::getScreenRegionColors(region);
 }
 
-// The whole of the first display.
+// Captures the whole first display.
 Contest screenCapture()
 {
     const std::shared_ptr<void> started(nullptr, [](void*) { LibWx::shutdown(); });

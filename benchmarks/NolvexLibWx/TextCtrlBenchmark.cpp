@@ -16,13 +16,13 @@ namespace Nolvex::Benchmarks {
 
 namespace {
 
-// A log of 100,000 lines, of which the first and the last 10,000 are compared.
+// The log has 100,000 lines, of which the first 10,000 are compared with the last 10,000.
 constexpr int MANY_LINES = 90'000;
 constexpr int LINES_PER_TURN = 1'000;
 constexpr int TURNS = 10;
 constexpr int LINES_PER_PAINTING = 100;
 
-// The library and an event loop, which the painting of windows needs.
+// Starts the library and an event loop, which the painting of windows needs.
 class RunningToolkit : private Noncopyable
 {
 public:
@@ -59,8 +59,8 @@ void processEvents()
     wxTheApp->ProcessIdle();
 }
 
-// A log on the screen that follows its end while it grows by 10,000 lines, then begins anew from where it
-// was.
+// A log on the screen that shows its end while it grows by 10,000 lines. It then drops these lines and grows
+// again.
 class FollowedLog : private Noncopyable
 {
 public:
@@ -102,7 +102,8 @@ private:
     int m_turn = 0;
 };
 
-// The time of a line among the first 10,000 divided by that of one among the last.
+// The figure is the time of a line among the first 10,000 divided by the time of a line among the last
+// 10,000.
 Contest appending()
 {
     const auto toolkit = std::make_shared<RunningToolkit>();
@@ -115,7 +116,7 @@ const Figure APPENDING("text_append_to_90000_lines", 0.5, appending);
 
 constexpr int SINGLE_APPENDS = 2'000;
 
-// A log on the screen that is filled line by line and painted in the end, then emptied.
+// Fills a log on the screen line by line, paints it at the end, and empties it.
 template<class Text>
 Work filling(const std::shared_ptr<RunningToolkit>& toolkit)
 {
@@ -136,7 +137,7 @@ Work filling(const std::shared_ptr<RunningToolkit>& toolkit)
     };
 }
 
-// The time of the control of wxWidgets divided by that of this library's.
+// The figure is the time of the wxWidgets control divided by the time of the library's control.
 Contest appendingSingly()
 {
     const auto toolkit = std::make_shared<RunningToolkit>();

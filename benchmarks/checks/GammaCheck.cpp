@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Compares GammaEncoder with powf for every float there is: too long for a test.
+// Compares GammaEncoder with powf for every float that exists, which takes too long for a test.
 #include "NolvexLibImage/pixels/GammaEncoder.h"
 
 #include <algorithm>
@@ -14,7 +14,7 @@ namespace {
 
 using namespace Nolvex;
 
-/// Four floats a pixel, so many pixels at a time.
+/// The check encodes this many pixels of four floats at a time.
 constexpr std::uint64_t BATCH = 1U << 16;
 constexpr std::uint64_t ALL_FLOATS = std::uint64_t(1) << 32;
 
@@ -30,7 +30,7 @@ float floatAt(std::uint64_t bits)
     return std::bit_cast<float>(static_cast<std::uint32_t>(bits));
 }
 
-/// The floats from `first` on; returns how many differ.
+/// Checks the floats from `first` on, and returns how many results differ.
 std::uint64_t countDifferences(const Pixels::GammaEncoder& encoder, float exponent, std::uint64_t first)
 {
     static std::vector<Rgb> pixels(BATCH);
@@ -51,7 +51,7 @@ std::uint64_t countDifferences(const Pixels::GammaEncoder& encoder, float expone
     return differences;
 }
 
-/// Whether all floats agree.
+/// Returns whether the results agree for all floats.
 bool check(float exponent)
 {
     const Pixels::GammaEncoder encoder(exponent);
@@ -66,7 +66,8 @@ bool check(float exponent)
 
 } // namespace
 
-/// The arguments are the exponents; without any it is 1/2.2. Returns 1 when a float differs.
+/// The arguments are the exponents. Without arguments the exponent is 1/2.2. Returns 1 if the result for any
+/// float differs.
 int main(int argc, char** argv)
 {
     bool agrees = true;

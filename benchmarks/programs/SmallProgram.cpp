@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A program with one window, started by the library.
+// A program with one window, which starts wxWidgets through the library.
 #include "NolvexLibWx/NolvexLibWx.h"
 #include "programs/SmallWindow.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The same program, made of wxWidgets alone.
+// The same program as SmallProgram.cpp, made of wxWidgets alone.
 #include "programs/SmallWindow.h"
 
 namespace {

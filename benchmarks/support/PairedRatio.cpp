@@ -17,11 +17,11 @@ namespace Nolvex::Benchmarks {
 
 namespace {
 
-/// Odd, so that the median is one of them.
+/// The number is odd, so that the median is one of the ratios.
 constexpr std::size_t PAIRS = 25;
 
-/// Below this, in seconds, the clock and the change from one to the other would show; work is repeated for
-/// it.
+/// In seconds. In shorter turns, the clock and the change from one work to the other would distort the
+/// figure, so that shorter work is repeated.
 constexpr double MIN_TURN = 0.004;
 constexpr double MAX_REPETITIONS = 1e6;
 
@@ -54,7 +54,7 @@ struct Options
     std::regex filter{""};
 };
 
-/// Throws std::invalid_argument, or what std::regex throws.
+/// Throws std::invalid_argument for an unknown argument, and std::regex_error for a bad filter.
 Options parse(int argc, const char* const* argv)
 {
     Options options;
@@ -73,7 +73,7 @@ Options parse(int argc, const char* const* argv)
     return options;
 }
 
-/// Whether the goal is met.
+/// Prints the figure's line. Returns whether the figure meets its goal.
 bool report(const Figure& figure)
 {
     const double ratio = figure.measure();

@@ -9,7 +9,8 @@ namespace Nolvex::Benchmarks {
 /// A piece of work to be timed. It keeps its result from being optimised away (benchmark::DoNotOptimize).
 using Work = std::function<void()>;
 
-/// What is compared: both do the same, or the peer does what sets the limit, such as copying the memory.
+/// The two works that are compared. Both do the same, or the peer does the work that limits ours, such as
+/// copying the memory.
 struct Contest
 {
     Work peer;
@@ -21,12 +22,12 @@ struct Contest
 ///
 ///     const Figure COPY("copy", 0.9, [] { ...allocate...; return Contest{peer, ours}; });
 ///
-/// The two are timed in turn, pair by pair, and the median of the pairs' ratios is the figure: whatever else
-/// the machine does meanwhile slows both.
+/// The two works are timed in turn, pair by pair, and the median of the pairs' ratios is the figure. Other
+/// load on the machine slows both works alike.
 class Figure
 {
 public:
-    /// `prepare` is called when the figure is measured; what its contest owns is freed afterwards.
+    /// `prepare` is called when the figure is measured, and the contest is destroyed after the measurement.
     Figure(std::string name, double goal, std::function<Contest()> prepare);
     Figure(std::string name, double goal, Work peer, Work ours);
 
@@ -34,7 +35,7 @@ public:
 
     double goal() const { return m_goal; }
 
-    /// Takes some seconds at most, unless one call of the work does.
+    /// Measuring takes some seconds at most, unless a single call of the work takes longer.
     double measure() const;
 
 private:

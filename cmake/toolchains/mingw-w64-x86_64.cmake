@@ -14,8 +14,8 @@ if(NOT NOLVEX_WINDOWS_PREFIX)
   set(NOLVEX_WINDOWS_PREFIX "$ENV{NOLVEX_WINDOWS_PREFIX}" CACHE PATH
     "Prefix with the libraries for Windows, as printed by tools/windows/prepare.sh" FORCE)
 endif()
-# Checks compiled during the configuration read this file again in a project of their own, which knows neither the
-# cache nor, later on, the environment.
+# CMake compiles its checks in a separate project, which reads this file again and knows neither the cache nor, in later
+# runs, the environment.
 list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES NOLVEX_WINDOWS_PREFIX)
 
 if(NOT IS_DIRECTORY "${NOLVEX_WINDOWS_PREFIX}")
@@ -23,7 +23,7 @@ if(NOT IS_DIRECTORY "${NOLVEX_WINDOWS_PREFIX}")
     "NOLVEX_WINDOWS_PREFIX is not set to a directory: \"${NOLVEX_WINDOWS_PREFIX}\". Run tools/windows/prepare.sh and "
     "pass the path it prints, as -DNOLVEX_WINDOWS_PREFIX=<path> or in the environment.")
 endif()
-# CMake remembers where it found the libraries, so that a build directory cannot change over to another prefix.
+# CMake remembers where it found the libraries, so that a build folder cannot change to another prefix.
 foreach(other IN ITEMS "$ENV{NOLVEX_WINDOWS_PREFIX}" "${NOLVEX_WINDOWS_PREFIX_CONFIGURED}")
   if(other AND NOT other STREQUAL NOLVEX_WINDOWS_PREFIX)
     message(FATAL_ERROR

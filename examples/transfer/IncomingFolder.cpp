@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::size_t MAX_EXTENSION = 10;
 
-// File systems take names of 255 units, some count bytes, of which a character has up to four.
+// File systems limit names to 255 units. Some file systems count bytes, of which a character has up to four.
 constexpr std::size_t MAX_LENGTH = 50;
 
 bool isFirstOfPair(wchar_t unit)
@@ -23,7 +23,8 @@ bool isFirstOfPair(wchar_t unit)
     return unit >= 0xD800 && unit < 0xDC00;
 }
 
-// Where a text of UTF-16 or of whole characters may be cut.
+// Returns at most `count` units from the start of the text. A surrogate pair is not split, whether or not
+// wchar_t holds UTF-16.
 std::wstring firstUnits(const std::wstring& text, std::size_t count)
 {
     const bool splitsPair = count > 0 && count < text.size() && isFirstOfPair(text[count - 1]);
@@ -46,7 +47,7 @@ bool isOrdinary(wchar_t unit)
     return unit >= L' ' && unit != 0x7F && SPECIAL.find(unit) == std::wstring_view::npos;
 }
 
-// With something in front of it no name is hidden, a device or a way to another folder.
+// With a prefix, no name is hidden, names a device, or leads to another folder.
 std::filesystem::path properName(const String& wish)
 {
     std::wstring name = wish.wstr();
@@ -66,7 +67,8 @@ std::filesystem::path numbered(const std::filesystem::path& name, int number)
     return result;
 }
 
-// False when the name is taken. Only making a link fails then on every system; renaming may overwrite.
+// Returns false if the name is taken. Only the making of a link fails on every system if the name is taken,
+// while renaming may overwrite a file.
 bool moveToNewName(const std::filesystem::path& from, const std::filesystem::path& to)
 {
     std::error_code failure;
@@ -77,7 +79,7 @@ bool moveToNewName(const std::filesystem::path& from, const std::filesystem::pat
     }
     if (std::filesystem::exists(std::filesystem::symlink_status(to)))
         return false;
-    // The file system has no links.
+    // The file system does not support hard links.
     std::filesystem::rename(from, to);
     return true;
 }

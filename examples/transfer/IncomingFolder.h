@@ -9,21 +9,22 @@
 #include <random>
 #include <string>
 
-/// The folder in which received files are stored. A file gets its name when it is whole. The name that the
-/// sender gives it is only a wish, and no file is overwritten. Any thread may call any function.
+/// The folder that stores received files. A file gets its final name when it is complete. The name given by
+/// the sender is only a wish, and no file is overwritten. Any thread may call any function.
 class IncomingFolder
 {
 public:
-    /// `maxSize` is that of one file, in bytes.
+    /// `maxSize` is the largest size of a file, in bytes.
     IncomingFolder(std::filesystem::path folder, std::int64_t maxSize);
 
-    /// Why a file of this size cannot be received, as a sentence; empty if it can.
+    /// Returns a sentence that says why a file of this size cannot be received. The text is empty if the file
+    /// can be received.
     std::string refusal(std::int64_t size) const;
 
-    /// The path of a new file in the folder, to be written until it is whole.
+    /// Returns the path of a new file in the folder, which holds the content until the file is complete.
     std::filesystem::path pathOfPart();
 
-    /// Gives the whole file a name near to the sender's wish and returns its path. Raises
+    /// Gives the complete file a name close to the sender's wish and returns its path. Raises
     /// std::filesystem::filesystem_error if that is not possible.
     std::filesystem::path keep(const std::filesystem::path& part, const Nolvex::String& wish);
 

@@ -5,12 +5,12 @@
 
 namespace {
 
-// All that a signal handler may change.
+// A signal handler may change no other kind of variable.
 volatile std::sig_atomic_t g_signal = 0;
 
 void note(int signal)
 {
-    // Windows forgets the handler before it calls it.
+    // Windows removes the handler before each call, so that the handler has to be set again.
     std::signal(signal, note);
     g_signal = signal;
 }

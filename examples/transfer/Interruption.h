@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// Lets a program that would leave something half done tidy up when it is interrupted (SIGINT) or terminated
-/// (SIGTERM).
+/// Lets a program clean up unfinished work before an interruption (SIGINT) or a termination (SIGTERM) ends
+/// it.
 namespace Interruption {
 
-/// From now on these signals are only noted.
+/// From now on a signal of these kinds is only recorded.
 void watch();
 
-/// True when one of the signals has come since `watch`.
+/// Returns whether one of the signals has come since `watch`.
 bool isRequested();
 
 /// Ends the program by the signal that came, so that its caller sees how it ended. Returns if none came.

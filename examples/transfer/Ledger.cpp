@@ -8,7 +8,7 @@ using Nolvex::String;
 
 namespace {
 
-// Control characters of a sender must not reach the terminal.
+// Control characters from a sender must not reach the terminal.
 std::string printable(const String& text)
 {
     std::wstring result;

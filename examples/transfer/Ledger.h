@@ -5,17 +5,17 @@
 
 #include <mutex>
 
-/// What the receiver prints of all connections, a line each, and counts. Any thread may call any function.
+/// Prints and counts the results of all connections, a line for each. Any thread may call any function.
 class Ledger
 {
 public:
-    /// Something was received: its kind and its name or text.
+    /// Records a reception: the kind of the message, and its name or text.
     void enterReceived(const char* kind, const Nolvex::String& what);
 
-    /// Something was refused or broke off.
+    /// Records a message that was refused or broke off.
     void enterRefused(const Nolvex::String& reason);
 
-    /// Prints how much was received and how much was not.
+    /// Prints how many messages were received and how many were refused.
     void printSummary() const;
 
     bool hasRefused() const;

@@ -14,7 +14,7 @@ namespace {
 constexpr int WIDTH = 40;
 constexpr int MARK = 6; // the width of the mark that wanders when the total is unknown
 
-// The terminal has one line for all bars of the program.
+// The bars of the program share one line of the terminal.
 std::atomic_flag g_lineIsTaken;
 
 void drawLine(int from, int to, const std::string& text)
@@ -49,7 +49,7 @@ void ProgressBar::run()
         draw(step);
         std::this_thread::sleep_for(std::chrono::milliseconds(50));
     }
-    // Whatever is printed next starts on an empty line.
+    // The bar is erased, so that the next output starts on an empty line.
     std::fprintf(stderr, "\r%*s\r", WIDTH + MARK + 10, "");
 }
 

@@ -6,8 +6,8 @@
 #include <functional>
 #include <thread>
 
-/// A line on the terminal that shows how much of something is done, for as long as the object lives. Draws
-/// nothing when the standard error is no terminal, or while another bar has the line.
+/// A line on the terminal that shows the progress of a piece of work while the object lives. The bar draws
+/// nothing if the standard error is no terminal or another bar has the line.
 class ProgressBar
 {
 public:

@@ -17,21 +17,22 @@ namespace {
 using std::chrono::seconds;
 using std::chrono::steady_clock;
 
-// How long a sender may stay silent between two messages, and when it has offered a file, which it may have
-// to compress first.
+// A sender may stay silent for MAX_SILENCE between two messages. After the offer of a file, which it may have
+// to compress first, it may stay silent for MAX_PREPARATION.
 constexpr seconds MAX_SILENCE(60);
 constexpr seconds MAX_PREPARATION(600);
 
-// The library gives up waiting for a header after a second of silence. What fails sooner is no silence.
+// The library stops waiting for a header after a second of silence. A read that fails sooner has another
+// cause.
 constexpr std::chrono::milliseconds MIN_SILENT_WAIT(900);
 
 // The longest text that is printed.
 constexpr std::size_t MAX_HEADER_SIZE = std::size_t{1} << 20;
 
-// A sender that does not take its answer has gone.
+// A sender that does not take its answer in this time is considered gone.
 constexpr std::int64_t MAX_ANSWER_MS = 10'000;
 
-// Memory is received as a whole, and only counted here.
+// Raw memory arrives as a whole, and the program only counts it.
 constexpr std::int64_t MAX_MEMORY_SIZE = std::int64_t{64} << 20;
 
 std::int64_t numberIn(const XmlString& header, const wchar_t* key)
@@ -95,7 +96,7 @@ void Reception::serve()
     }
 }
 
-// False when no message came.
+// Returns false if no message came.
 bool Reception::receiveOne()
 {
     ReceivedData message;
@@ -104,7 +105,7 @@ bool Reception::receiveOne()
     if (isComplete)
         answer(accept(message));
     else if (m_bodyBegan)
-        // What is left of the body would be taken for the next message.
+        // The rest of the body would be taken for the next message.
         throw Exception(m_refusal.empty() ? "A file broke off, or could not be written."
                                           : "A file was refused. " + m_refusal);
     return isComplete;
@@ -138,7 +139,7 @@ void Reception::beginBody(const XmlString& header)
 
 std::string Reception::refusalOf(const XmlString& header) const
 {
-    // Also of a compressed file, whose compressed bytes are not stored.
+    // The header states this size for a compressed file, too. The compressed bytes are not stored.
     const std::int64_t size = numberIn(header, L"FileSize");
     if (!m_part.empty())
         return m_folder.refusal(size);

@@ -17,25 +17,25 @@
 #include <string>
 #include <thread>
 
-/// A connection to a sender, served on a thread of its own until the sender closes it, stays silent or sends
-/// what cannot be accepted.
+/// A connection to a sender, served on its own thread until the sender closes the connection, stays silent or
+/// sends a message that cannot be accepted.
 class Reception
 {
 public:
     /// Folder and ledger must outlive the object.
     Reception(Nolvex::Wx::Legacy::TcpSocket connection, IncomingFolder& folder, Ledger& ledger);
 
-    /// Breaks a transfer off, and waits for the thread.
+    /// Breaks off a running transfer and waits for the thread.
     ~Reception();
 
     Reception(const Reception&) = delete;
     Reception& operator=(const Reception&) = delete;
 
-    /// True when nothing is left to wait for.
+    /// Returns true after the connection has ended. The destructor then does not have to wait.
     bool hasEnded() const { return m_hasEnded; }
 
 private:
-    /// What the library asks while it receives.
+    /// The questions that the library asks while it receives a message.
     class Hooks : public Nolvex::Wx::Legacy::ReadDataContext
     {
     public:
@@ -65,11 +65,11 @@ private:
     IncomingFolder& m_folder;
     Ledger& m_ledger;
     Hooks m_hooks{*this};
-    std::filesystem::path m_part; // of the file that is coming; empty for none
+    std::filesystem::path m_part; // the file that is being received, or empty
     std::unique_ptr<ProgressBar> m_bar;
     bool m_bodyBegan = false;
-    std::string m_refusal; // of the body that began; empty for none
+    std::string m_refusal; // why the current body is refused, or empty
     std::chrono::seconds m_patience;
     std::atomic<bool> m_hasEnded = false;
-    std::thread m_thread; // last, as it uses all the others
+    std::thread m_thread; // declared last, because it uses all other members
 };

@@ -16,7 +16,7 @@
 int TransferProgram::run(int argc, char** argv)
 {
     wxLog::EnableLogging(false);
-    // A console application needs no display.
+    // A console application runs without a display.
     wxAppConsole::SetInstance(new wxAppConsole);
     const wxInitializer wxWidgets;
     if (!wxWidgets || !wxSocketBase::Initialize())
@@ -45,7 +45,7 @@ try {
     return DONE;
 
 } catch (const std::exception& failure) {
-    // Memory or threads ran out.
+    // The system has run out of memory or threads.
     return fail(Nolvex::String::fromUtf8(failure.what()));
 }
 

@@ -5,8 +5,8 @@
 
 #include <wx/cmdline.h>
 
-/// The base of the sender and the receiver: a program without windows that has wxWidgets' sockets and a
-/// command line.
+/// The base of the sender and the receiver: a program without windows that uses a command line and the
+/// sockets of wxWidgets.
 class TransferProgram
 {
 public:
@@ -15,7 +15,7 @@ public:
     TransferProgram(const TransferProgram&) = delete;
     TransferProgram& operator=(const TransferProgram&) = delete;
 
-    /// Does everything and returns the program's exit code.
+    /// Runs the program and returns its exit code.
     int run(int argc, char** argv);
 
 protected:
@@ -26,16 +26,17 @@ protected:
 
     virtual void describeArguments(wxCmdLineParser& parser) = 0;
 
-    /// Returns the exit code.
+    /// Sends or receives, and returns the exit code.
     virtual int transfer(const wxCmdLineParser& arguments) = 0;
 
     /// Prints the sentence on the standard error and returns FAILED.
     static int fail(const Nolvex::String& sentence);
 
-    /// The same for a command line that is wrong; returns MISUSED.
+    /// Prints the sentence, which explains an error in the command line, on the standard error and returns
+    /// MISUSED.
     static int complain(const Nolvex::String& sentence);
 
-    /// Reads the option if it was given. False when its value is not within these limits.
+    /// Reads the option if it was given. Returns false if its value is not within these limits.
     [[nodiscard]] static bool readNumber(const wxCmdLineParser& arguments, const wxString& option,
                                          wxLongLong_t min, wxLongLong_t max, wxLongLong_t& value);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Receives what senders send: texts are printed, files stored in a folder.
+// Receives messages from senders: prints the texts and stores the files in a folder.
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/net/TcpListener.h"
 #include "examples/transfer/IncomingFolder.h"
@@ -25,10 +25,10 @@ namespace {
 
 constexpr wxLongLong_t MAX_CONNECTIONS = 1'000'000;
 
-// Below the number of descriptors that wxWidgets can wait for.
+// The limit is below the number of descriptors that wxWidgets can wait for.
 constexpr wxLongLong_t MAX_CLIENTS = 500;
 
-// How long a wait for a connection lasts at most until the program looks whether it was interrupted.
+// The program waits this long for a connection before it checks whether it was interrupted.
 constexpr unsigned MAX_WAIT_SECONDS = 1;
 
 constexpr std::chrono::milliseconds POLL_PERIOD(20);
@@ -63,7 +63,7 @@ protected:
             return complain(L"--clients takes 1 to 500.");
         if (!readNumber(arguments, "max-size", 0, maxSize, maxSize))
             return complain(L"--max-size takes a number of bytes.");
-        // A name that cannot be resolved would stand for all addresses of this computer on some systems.
+        // On some systems a name that cannot be resolved would stand for all addresses of this computer.
         if (!SocketAddress::isValid(Wx::toString(address)))
             return complain(L"--address takes four numbers and dots.");
         const Io::Path target = pathOfArgument(folder.ToStdWstring());
@@ -92,7 +92,8 @@ private:
         return ledger.hasRefused() ? FAILED : DONE;
     }
 
-    // Until enough connections were served, or the program is interrupted; then transfers are broken off.
+    // Runs until enough connections were served or the program is interrupted. Interrupting breaks off the
+    // transfers.
     void serve(TcpListener& listener, IncomingFolder& folder, Ledger& ledger) const
     {
         std::list<Reception> receptions;
@@ -110,7 +111,7 @@ private:
         }
     }
 
-    // False when none came, or the system has no more sockets or threads.
+    // Returns false if no connection came or the system has no more sockets or threads.
     static bool accept(TcpListener& listener, IncomingFolder& folder, Ledger& ledger,
                        std::list<Reception>& receptions)
     try {

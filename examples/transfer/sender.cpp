@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Sends texts and files to a receiver, each as a message of its own, and waits for the answer to each.
+// Sends texts and files to a receiver, each as a separate message, and waits for the answer to each message.
 #include "NolvexLib/Exception.h"
 #include "NolvexLib/Io/FileInputStream.h"
 #include "NolvexLib/Io/FileSize.h"
@@ -31,8 +31,8 @@ constexpr wxLongLong_t MAX_SECONDS = 86'400;
 // A compressed file is held in memory, and its size must fit into 32 bits of the header.
 constexpr std::uint64_t MAX_COMPRESSIBLE_SIZE = std::uint64_t{1} << 30;
 
-// Files that the system makes up while they are read, such as those of /proc, report a size of zero or of a
-// memory page. Larger sizes are believed.
+// The system generates some files while they are read, such as those in /proc. It reports a size of zero or
+// of a memory page for them, so that only larger sizes are trusted.
 constexpr std::uint64_t MAX_DOUBTED_SIZE = 65'536;
 constexpr std::size_t MAX_MADE_UP_SIZE = std::size_t{64} << 20;
 
@@ -40,7 +40,7 @@ struct FileToSend
 {
     Io::Path path;
     std::uint64_t size;
-    // The content, if the system reports another size than the file has.
+    // The content of the file, if the size that the system reports is wrong.
     std::vector<std::byte> content;
     bool isMadeUp;
 };
@@ -65,7 +65,7 @@ FileToSend lookedAt(const Io::Path& path)
     const auto status = std::filesystem::status(path.native(), failure);
     if (!std::filesystem::exists(status))
         throw Exception("It does not exist.");
-    // A pipe would be waited for, and a folder has no bytes.
+    // Opening a pipe would wait for a writer, and a folder has no bytes.
     const Optional<std::uint64_t> size = Io::fileSize(path);
     if (!size)
         throw Exception("It is no regular file.");
@@ -107,7 +107,7 @@ protected:
         const bool hasText = arguments.Found("text", &text);
         XmlString message;
         message.addChild(L"Text", Wx::toString(text));
-        // XML has no place for some characters, which would be replaced.
+        // XML cannot represent some characters, which would be replaced.
         if (message.getChild(L"Text") != Wx::toString(text))
             return complain(L"The text holds bytes that are no UTF-8, or control characters.");
 
@@ -136,7 +136,7 @@ private:
         return exitCode;
     }
 
-    // A file that cannot be sent says why; those behind it are sent nevertheless.
+    // If a file cannot be sent, the program says why and goes on with the next file.
     bool sendFile(TcpClient& client, const Io::Path& path) const
     try {
         if (!client.isOpen())
@@ -157,8 +157,8 @@ private:
         return false;
     }
 
-    // Asks whether the receiver wants the file, so that it is not sent in vain. The receiver also learns that
-    // it has to wait while a file is compressed.
+    // Asks whether the receiver wants the file, so that an unwanted file is not sent. The offer also tells
+    // the receiver to wait while the file is compressed.
     void offer(TcpClient& client, const XmlString& header, std::uint64_t size) const
     {
         XmlString message = header;
@@ -174,7 +174,7 @@ private:
 
     SocketResult writeFile(TcpClient& client, const FileToSend& file, const XmlString& header) const
     {
-        // On the wire, both look the same.
+        // A file and raw memory of the type File look the same on the wire.
         if (file.isMadeUp)
             return client.writeRawMemory(file.content, header, DataCompression::None, DataType::File);
         const bool isCompressed = m_compresses && file.size <= MAX_COMPRESSIBLE_SIZE;
@@ -189,7 +189,8 @@ private:
                answerFrom(client) == L"received";
     }
 
-    // Empty if none comes in time. A wait for a header is over after a second, hence the loop.
+    // Returns an empty text if no answer comes in time. The library waits only a second for a header, hence
+    // the loop.
     String answerFrom(TcpClient& client) const
     {
         const auto end = std::chrono::steady_clock::now() + m_answerTime;

@@ -67,7 +67,7 @@ TEST(AliasesTest, autoPtr_destroysWithTheDeleterOnce)
     EXPECT_EQ(destroyed, 1);
 }
 
-// Whether another thread gets the lock now.
+// Returns whether another thread gets the lock now.
 template<class AnyMutex>
 bool isFreeElsewhere(AnyMutex& mutex)
 {

@@ -48,7 +48,7 @@ TEST(ByteArrayTest, resize_toAsMuchAsThereIsNone_changesNothing)
     GTEST_SKIP() << "A sanitizer ends the program instead.";
 #endif
     ByteArray array = {A, B};
-    // The compiler must not see how hopeless that is.
+    // The variable is volatile, because the compiler would otherwise warn that the size is impossible.
     volatile std::size_t tooMuch = std::numeric_limits<std::ptrdiff_t>::max();
     EXPECT_THROW(array.resize(tooMuch), std::bad_alloc);
     EXPECT_TRUE(array == (ByteArray{A, B}));

@@ -171,7 +171,7 @@ TEST_F(DebugLoggerTest, destructor_onManyThreads_losesAndMixesNothing)
     constexpr int THREADS = 4;
     constexpr int MESSAGES = 200;
     DebugLogger::setSink([this](const DebugLogger::Record& record) {
-        // Lets the others in, were they not kept out.
+        // Without the lock, other threads would get in here.
         std::this_thread::yield();
         m_records.push_back(record);
     });

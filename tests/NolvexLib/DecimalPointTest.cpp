@@ -16,7 +16,7 @@ TEST(DecimalPointTest, decimalPointCharacter_isACharacterAndTouchesNoLocale)
     EXPECT_EQ(std::setlocale(LC_ALL, nullptr), former);
 }
 
-// The locale of the process decides on systems that know no other.
+// On some systems the locale of the process decides on the decimal point.
 class DecimalPointLocaleTest : public testing::Test
 {
 public:

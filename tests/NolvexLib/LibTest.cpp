@@ -231,7 +231,7 @@ TEST_F(LibTest, setWakeUp_forRefusedEvent_isNotCalled)
     EXPECT_FALSE(isCalled);
 }
 
-// In a process of its own, where the library was never started.
+// This test runs in its own process, in which the library was never started.
 TEST(MainThreadDeathTest, isMainThread_beforeTheFirstStartup_isFalse)
 {
     GTEST_FLAG_SET(death_test_style, "threadsafe");

@@ -44,11 +44,11 @@ static_assert(!IS_COPYABLE<Fixed> && !std::is_move_constructible_v<Fixed> &&
               !std::is_move_assignable_v<Fixed>);
 static_assert(!IS_COPYABLE<Movable> && IS_MOVABLE<Movable>);
 static_assert(!IS_COPYABLE<Object> && !std::is_move_constructible_v<Object>);
-// Bases only: nobody makes or destroys them alone.
+// These classes serve as bases only and cannot be made or destroyed on their own.
 static_assert(!std::is_default_constructible_v<Noncopyable> && !std::is_destructible_v<Noncopyable>);
 static_assert(!std::is_default_constructible_v<NoncopyableMovable> &&
               !std::is_destructible_v<NoncopyableMovable>);
-// A copy of the base would slice, one of the whole does not.
+// Copying through the base would slice the object, while copying the whole object is safe.
 static_assert(!IS_COPYABLE<Polymorphic> && IS_COPYABLE<Value> && IS_MOVABLE<Value>);
 static_assert(std::has_virtual_destructor_v<Polymorphic> && std::is_base_of_v<Polymorphic, Object>);
 

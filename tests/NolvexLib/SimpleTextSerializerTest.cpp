@@ -14,7 +14,7 @@ namespace Nolvex {
 
 namespace {
 
-// Groups its digits, so that whatever looks at the locale shows.
+// This locale groups the digits, so that code that uses the locale gives a different text.
 class GroupingDigits final : public std::numpunct<wchar_t>
 {
 protected:

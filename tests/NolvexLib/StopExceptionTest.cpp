@@ -12,7 +12,7 @@
 namespace Nolvex {
 namespace {
 
-// No handler for failures may catch a programming error.
+// Code that catches failures must not catch a programming error.
 static_assert(!std::is_base_of_v<std::exception, StopException> &&
               !std::is_base_of_v<Exception, StopException>);
 static_assert(!std::is_convertible_v<StopException*, std::exception*>);

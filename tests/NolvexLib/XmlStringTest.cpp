@@ -21,7 +21,7 @@ XmlString leaf(StringView key, const String& value)
     return tree;
 }
 
-// As many levels of elements as asked for, the root being the first.
+// Returns nested elements of as many levels as requested, the root being the first level.
 std::string nested(std::size_t levels)
 {
     std::string xml = "<root>";

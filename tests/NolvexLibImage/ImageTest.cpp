@@ -31,7 +31,7 @@ Image makeImage(std::int32_t width, std::int32_t height, PixelFormat format = Pi
     return Image::create(width, height, format, 1.0f).value();
 }
 
-/// Bytes that differ from pixel to pixel.
+/// Fills the image with bytes that differ from pixel to pixel.
 void fill(Image& image)
 {
     unsigned next = 0;
@@ -98,7 +98,7 @@ TEST(ImageTest, create_withTooManyBytes_saysSo)
     EXPECT_EQ(errorOf(32768, 32769, PixelFormat::FLOAT32_RGBA), error);
 }
 
-// The machine may lack the memory, which is another error.
+// The machine may lack the memory for such an image, which gives a different error.
 TEST(ImageTest, create_atTheLimits_isNotTooLarge)
 {
     EXPECT_EQ(errorOf(2147483647, 1, PixelFormat::UINT8_GREY).find(L"too large"), String::NPOS);

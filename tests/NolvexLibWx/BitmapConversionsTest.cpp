@@ -40,7 +40,7 @@ Bytes converted(const Rgb& colour, bool withAlpha)
     return rawPixel(bitmap, 0, 0);
 }
 
-// Every pixel another colour that bytes hold exactly.
+// Returns an image whose pixels all differ and have colours that bytes hold exactly.
 BitmapImpl<Rgb> byteExactImage(int width, int height)
 {
     constexpr float SCALE = 1.0f / 255.0f;

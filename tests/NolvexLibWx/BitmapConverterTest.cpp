@@ -29,7 +29,7 @@ void setFloats(Image& image, int x, int y, const Rgb& colour)
                 channels * sizeof(float));
 }
 
-// The written rule, one channel at a time.
+// Converts a single channel by the documented rule.
 int referenceByte(float value, float exponent)
 {
     if (exponent != 1.0f)

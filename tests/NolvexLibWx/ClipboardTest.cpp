@@ -27,12 +27,13 @@ using Wx::setClipboardData;
 namespace {
 
 constexpr Wx::SetClipboardData AVOID_GRAYSCALE = Wx::SetClipboardData::AVOID_GRAYSCALE;
-// For somebody who answers nothing, in milliseconds; GTK gives a clipboard manager ten seconds.
+// The longest wait, in milliseconds, for a program that answers no request. GTK gives a clipboard manager ten
+// seconds.
 constexpr long LONGEST_WAIT = 15000;
 
 constexpr Rgb GREY{0.5f, 0.5f, 0.5f, 1.0f};
 
-// Every pixel another colour.
+// Returns an image whose pixels all differ.
 BitmapImpl<Rgb> pattern(int width, int height)
 {
     BitmapImpl<Rgb> image(width, height);
@@ -45,7 +46,7 @@ BitmapImpl<Rgb> pattern(int width, int height)
     return image;
 }
 
-// Header and rows: as another program gets them.
+// Returns the header and the rows as another program gets them.
 Array<std::uint8_t> expectedBytes(const BitmapImpl<Rgb>& image)
 {
     const DeviceIndependentBitmap bitmap(image);
@@ -154,7 +155,8 @@ TEST(ClipboardTest, picture_afterAnOwnerThatNeverAnswers_isThere)
 
 TEST(ClipboardTest, text_whileAnotherHasTheClipboard_saysWhetherItIsThere)
 {
-    // The toolkit takes the clipboard of X11 always, that of Windows only from those who let go.
+    // On X11 wxWidgets can always take the clipboard. On Windows it has to wait until the other program
+    // closes the clipboard.
     const String text(L"copied meanwhile");
     const bool copied = Tests::whileClipboardIsTaken([&] { return setClipboardData(text); });
     EXPECT_EQ(copied, clipboardText() == text);

@@ -13,7 +13,8 @@
 using namespace Nolvex;
 using Nolvex::Wx::scaleByDpi;
 
-// The environment of a run chooses the scale, the DPI of the system over 96. The tests hold at every scale.
+// The environment of a run sets the scale, which is the DPI of the system divided by 96. The tests hold at
+// every scale.
 
 namespace {
 
@@ -71,8 +72,8 @@ TEST(DpiScalingTest, bitmaps_areEnlargedByTheScaleOfOneUnit)
     const int factor = scaleByDpi(1);
     const wxBitmap result = scaleByDpi(bitmap);
     ASSERT_EQ(result.GetSize(), wxSize(3 * factor, 2 * factor));
-    // The nearest pixels of wxWidgets: at three times the size some of them are a pixel beside the exact
-    // ones.
+    // wxWidgets takes the nearest pixels: at three times the size some of them are a pixel beside the exact
+    // place.
     const wxImage expected = bitmap.ConvertToImage().Scale(3 * factor, 2 * factor, wxIMAGE_QUALITY_NORMAL);
     const wxImage after = result.ConvertToImage();
     for (int y = 0; y < 2 * factor; ++y) {

@@ -36,7 +36,8 @@ protected:
             event.Skip();
         });
         m_frame->Show();
-        // Painted means placed: the rectangles stay what they are.
+        // When the panel has been painted, the window manager has placed the frame, and the rectangles no
+        // longer change.
         ASSERT_TRUE(Tests::pumpUntil([this] { return m_painted && m_root->GetSize() == wxSize(400, 300); }));
         Tests::pumpEvents(50);
     }

@@ -12,7 +12,7 @@ using namespace Nolvex::Wx;
 
 namespace {
 
-// Encoded data as words, the way artwork is compiled in.
+// Encoded data as words, the form in which artwork is compiled in.
 struct Encoded
 {
     std::vector<unsigned> words;
@@ -115,7 +115,7 @@ TEST(MemoryImagesTest, headerThatClaimsTwoBillionPixels_isInvalid)
 
 TEST(MemoryImagesTest, headersWithoutPixels_areInvalidAndRaiseNoAssertion)
 {
-    // The test program fails on every assertion of the toolkit.
+    // Every assertion of wxWidgets makes the test program fail.
     for (const auto& [width, height] : {std::pair<unsigned char, unsigned char>{0, 5}, {5, 0}, {0, 0}}) {
         unsigned char header[54] = {'B', 'M', 54, 0, 0, 0, 0, 0, 0, 0, 54, 0, 0, 0, 40};
         header[18] = width;

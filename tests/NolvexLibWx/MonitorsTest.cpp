@@ -36,7 +36,7 @@ protected:
             event.Skip();
         });
         m_frame->Show();
-        // Painted means placed: until then the window manager has the last word about the position.
+        // The window manager may move the frame until the frame has been painted.
         ASSERT_TRUE(Tests::pumpUntil([this] { return m_painted && region().size() == Pixel{300, 200}; }));
         Tests::pumpEvents(50);
     }
@@ -99,7 +99,8 @@ TEST(MonitorsTest, nearestMonitor_atEqualDistance_isTheFirst)
 
 TEST(MonitorsTest, nearestMonitor_measuresAcrossCornersToo)
 {
-    // 30 right and 40 below the first, that is 50; 45 above the second.
+    // The point is 30 pixels right of and 40 below the first monitor, a distance of 50, and 45 above the
+    // second one.
     const Array<wxRect> monitors{{0, 0, 100, 100}, {100, 184, 100, 100}};
     EXPECT_EQ(nearestMonitor(monitors, {129, 139}), 1);
     const Array<wxRect> further{{0, 0, 100, 100}, {100, 190, 100, 100}};

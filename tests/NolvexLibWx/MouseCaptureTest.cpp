@@ -31,11 +31,11 @@ struct MouseCaptureTest : FrameFixture
     Control* two = new Control(panel);
     Control* three = new Control(panel);
 
-    // On GTK only what has been shown can capture the mouse.
+    // On GTK only a window that has been shown can capture the mouse.
     MouseCaptureTest() { showFrame(); }
 
-    /// Begins the capture of a control, does that, and expects that the control loses the capture and is told
-    /// so once.
+    /// Begins the capture of a control, makes the change, and expects that the control loses the capture and
+    /// is told so once.
     void expectLoses(Control* control, const std::function<void()>& change) const
     {
         control->capture.begin();
@@ -187,7 +187,7 @@ TEST_F(MouseCaptureTest, minimised_isLost)
     expectLoses(one, [this] { frame->Iconize(); });
 }
 
-// On Windows the window keeps the mouse, as every window there does.
+// On Windows every window keeps the mouse when its parent changes.
 TEST_F(MouseCaptureTest, reparented_canBeEndedAndBegunAgain)
 {
     auto* other = new wxPanel(panel);

@@ -33,7 +33,7 @@ protected:
 
     void TearDown() override
     {
-        // Nothing is left owned, since owners take along what they own.
+        // The owner is removed, because owners destroy the windows that they own.
         setOwnerFromNativeHandle(m_window, {});
         setOwnerFromNativeHandle(m_owner, {});
         Tests::destroyNow(m_frame);
@@ -47,7 +47,8 @@ protected:
             event.Skip();
         });
         m_frame->Show();
-        // Painted means placed; the toolkit hears of the frame's size a little later.
+        // When the panel has been painted, the frame is placed. wxWidgets hears of the frame's size a little
+        // later.
         ASSERT_TRUE(Tests::pumpUntil([this] {
             return m_painted && getScreenRegion(m_window) == Wx::toBucket(m_frame->GetScreenRect());
         }));
@@ -62,7 +63,7 @@ protected:
     WindowHandle m_owner;
 };
 
-/// The handle of a window that is gone.
+/// Returns the handle of a window that no longer exists.
 WindowHandle staleHandle()
 {
     auto* frame = new wxFrame(nullptr, wxID_ANY, "gone");
@@ -185,7 +186,7 @@ TEST_F(NativeWindowsTest, setOwner_replacesTheOwner)
 
 TEST_F(NativeWindowsTest, owner_ofADialog_isTheToolkitsParent)
 {
-    show(); // dialogs of hidden windows stand alone
+    show(); // the dialog of a hidden window would have no owner
     auto* dialog = new wxDialog(m_frame, wxID_ANY, "dialog");
     EXPECT_EQ(getOwnerAsNativeHandle(getWindowNativeHandle(dialog)), m_window);
 }

@@ -96,8 +96,8 @@ struct RecordingApp : wxApp
     static inline std::string order;
 };
 
-// Records when wxWidgets' idle processing begins. GTK adds calls of its own right behind each other, which
-// count as one.
+// Records when wxWidgets' idle processing begins. GTK calls it more often, but immediately after another
+// call, and such calls count as one.
 struct IdleRecordingApp : wxApp
 {
     using Clock = std::chrono::steady_clock;
@@ -115,13 +115,13 @@ struct IdleRecordingApp : wxApp
     static inline Clock::time_point last;
 };
 
-// Of the same type as one of the library's, but not of the same name.
+// A handler of the same type as a handler of the library, but with another name.
 struct HostHandler : wxPNGHandler
 {
     HostHandler() { SetName("the host's"); }
 };
 
-// How many windows a GuiDisabler made now disables: none without the library's hook.
+// Returns how many windows a new GuiDisabler disables. Without the library's hook it disables none.
 bool disablesWindows()
 {
     auto* frame = new wxFrame(nullptr, wxID_ANY, "disabled");
@@ -277,7 +277,7 @@ TEST(NolvexLibWxTest, startup_ofAnInvalidType_raisesTheStopExceptionUncounted)
     EXPECT_NE(wxAppConsoleBase::GetInstance(), nullptr)
         << "wxWidgets is initialised before the type is checked";
     EXPECT_FALSE(disablesWindows());
-    // A host that goes on uninitialises wxWidgets itself.
+    // A host that continues to run uninitialises wxWidgets itself.
     wxSocketBase::Shutdown();
     wxUninitialize();
     Nolvex::Lib::shutdown();
@@ -356,8 +356,8 @@ TEST(NolvexLibWxTest, aThousandStartsAndStops_growNothing)
         cycle();
     EXPECT_LE(Nolvex::Tests::openHandles(), handles + 2);
 #ifndef NOLVEX_SANITIZED // a sanitizer keeps freed memory back; leaks are its own affair then
-    // The toolkit itself keeps some 200 bytes a cycle, the smallest object of ours that could be lost is
-    // larger.
+    // wxWidgets itself keeps some 200 bytes in each cycle, and the smallest object that the library could
+    // leak is larger.
     EXPECT_LT(Nolvex::Tests::privateMemory(), memory + 900 * 512);
 #else
     (void)memory;
@@ -399,8 +399,8 @@ TEST(NolvexLibWxTest, hostLoopWithoutIdleProcessing_getsItFromTheTimer)
 {
     startup(ApplicationType::APPLICATION);
 
-    // A top-level window waits for idle processing to be deleted. Under Windows nothing below processes idle
-    // events but the timer.
+    // wxWidgets deletes a top-level window during idle processing. Under Windows only the timer causes idle
+    // processing in this test.
     struct Watched : wxFrame
     {
         explicit Watched(bool& gone) : wxFrame(nullptr, wxID_ANY, "watched"), m_gone(gone) {}
@@ -438,14 +438,14 @@ TEST(NolvexLibWxTest, hostLoopWithoutIdleProcessing_getsItEveryTwoSeconds)
     alarm.StartOnce(20000);
     wxEventLoop loop;
     const wxEventLoopActivator active(&loop);
-    // The first may be GTK's own, in the beginning.
+    // The first time may come from GTK's own idle processing at the start.
     const auto& times = IdleRecordingApp::times;
     while (times.size() < 4 && !isLate)
         loop.Dispatch();
     ASSERT_GE(times.size(), 4u);
     const auto first = times[2] - times[1];
     const auto second = times[3] - times[2];
-    // A loaded computer may be late once, and the next period is shorter then.
+    // A busy computer may delay one call, which makes the next period shorter.
     EXPECT_GT(first + second, milliseconds(3800));
     EXPECT_LT(std::min(first, second), milliseconds(2200));
     shutdown();

@@ -29,7 +29,8 @@ constexpr std::int32_t LEAST = std::numeric_limits<std::int32_t>::min();
 constexpr std::int32_t MOST = std::numeric_limits<std::int32_t>::max();
 constexpr Rgb TRANSPARENT_BLACK{};
 
-// What every display of the composed screens shows: the place of each pixel. The fourth byte is noise.
+// Every display of the composed screens shows the place of each pixel as its colour. The fourth byte is
+// noise.
 void readPlaces(const Bucket& area, const TakeScreenRow& take)
 {
     for (std::int32_t y = area.min.y; y < area.max.y; ++y) {
@@ -98,7 +99,7 @@ void expectAlphaOnDisplaysOnly(const Bucket& region)
     }
 }
 
-// Read from the server in one piece or through shared memory, as their sizes are.
+// The X server sends small regions in one piece and large regions through shared memory.
 constexpr int SMALL[] = {40, 30};
 constexpr int LARGE[] = {300, 220};
 
@@ -245,7 +246,7 @@ TEST(ScreenCaptureTest, everyCapture_showsTheScreenAsItIsThen)
 
 TEST(ScreenCaptureTest, tensOfThousandsOfCaptures_useNothingUp)
 {
-    // More than Windows has drawing objects for.
+    // The number of captures exceeds the number of drawing objects that Windows allows.
     const Pixel corner = firstDisplay().min;
     const Bucket onePixel{corner, corner + Pixel{1, 1}};
     for (int i = 0; i < 35000; ++i)

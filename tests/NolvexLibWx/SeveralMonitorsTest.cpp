@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What depends on there being more than one monitor. tools/testing/monitors.sh runs these tests with some.
+// Tests that need several monitors. tools/testing/monitors.sh runs them on a display that has several.
 #include "NolvexLib/Array.h"
 #include "NolvexLibWx/Monitors.h"
 #include "NolvexLibWx/NativeWindows.h"
@@ -60,7 +60,7 @@ struct SeveralMonitorsTest : testing::Test
             GTEST_SKIP() << "there is only one monitor here";
     }
 
-    // Seen means placed: until then the window manager has the last word about the position.
+    // The window manager may move the window until the window is seen on the screen.
     static std::unique_ptr<PictureWindow> shownWindow()
     {
         auto window = std::make_unique<PictureWindow>(wxSize(WINDOW_SIZE.x, WINDOW_SIZE.y));
@@ -91,7 +91,8 @@ struct SeveralMonitorsTest : testing::Test
         EXPECT_TRUE(comesTo(window, area.min)) << index;
     }
 
-    // Two monitors side by side, as the indices of the left and the right one; equal ones for none.
+    // Returns the indices of two monitors side by side, the left one first, or equal indices if there are
+    // none.
     static std::pair<std::size_t, std::size_t> neighbours()
     {
         const Array<Bucket> all = monitors();

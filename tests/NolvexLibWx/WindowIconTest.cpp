@@ -27,7 +27,7 @@ protected:
 
     wxImage icon() const
     {
-        // GetIcon() would look for one of the system's size.
+        // GetIcon() would search for an icon of the system's size.
         if (m_frame->GetIcons().IsEmpty())
             return {};
         wxBitmap bitmap;

@@ -48,7 +48,7 @@ public:
         addChoices();
         addButton(L"Close", [this] { m_frame->Close(); });
         const wxSize size = m_page->GetBestSize();
-        m_frame->SetClientSize(size.x, 2 * size.y); // for what is added and unfolded
+        m_frame->SetClientSize(size.x, 2 * size.y); // leaves room for added and unfolded controls
         m_frame->Show();
         m_wrap->SetFocus();
     }
@@ -79,7 +79,7 @@ private:
         });
         addButton(
             L"Delete", [this] { m_status->SetLabel(L"Deleted"); }, PUSH, false);
-        // The one it adds goes away with the click on it.
+        // A click on the added button removes that button.
         addButton(L"Add", [this] {
             m_added = addButton(L"Added", [this] { m_added->Destroy(); });
             m_page->Layout();

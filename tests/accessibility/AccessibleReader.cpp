@@ -68,7 +68,7 @@ std::string takeText(BSTR text)
     return result;
 }
 
-// A window, or an item of one. Questions that get no answer are left out of the line.
+// A window or an item of a window. Questions without an answer are left out of the line.
 class Control
 {
 public:
@@ -98,7 +98,7 @@ public:
 
     std::string value() const { return text(&IAccessible::get_accValue); }
 
-    // What is disabled refuses.
+    // A disabled control refuses the action.
     void click() const { m_accessible->accDoDefaultAction(m_id); }
 
     void setValue(const std::string& number) const
@@ -220,7 +220,7 @@ bool contains(const std::vector<std::string>& list, const std::string& line)
     return std::find(list.begin(), list.end(), line) != list.end();
 }
 
-// The changes that the program has told of its own accord since the last command.
+// The changes that the program has reported since the last command.
 std::vector<std::string> reports;
 
 const Names EVENTS = {{EVENT_OBJECT_NAMECHANGE, "name"},

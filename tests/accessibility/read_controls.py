@@ -105,7 +105,7 @@ class Reader:
         return False
 
     def holds(self, expectation):
-        """Whether it does now."""
+        """Returns whether the expectation holds now."""
         word, _, rest = expectation.partition(" ")
         if word == "click":
             return self.operate(rest, actions_of, lambda control: control.do_action(0))

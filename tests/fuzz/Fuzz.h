@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <string_view>
 
-/// What libFuzzer calls with every input; each target defines it.
+/// libFuzzer calls this function with every input, and each target defines it.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 namespace Nolvex::Fuzz {

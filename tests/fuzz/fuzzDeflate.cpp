@@ -23,7 +23,7 @@ namespace {
 
 using Bytes = Array<std::byte>;
 
-// A few bytes can stand for very many.
+// The limit is necessary because a few bytes can decompress to very many.
 constexpr std::size_t LIMIT = 1 << 20;
 
 Bytes readUpToLimit(Io::BinaryInputStream& stream)

@@ -15,7 +15,8 @@ using Nolvex::Fuzz::require;
 
 namespace {
 
-// The one text of the value, but for leading zeros and the minus of a zero.
+// Returns the text that the serializer writes for the value: without leading zeros and without the minus of a
+// zero.
 std::string normalized(const std::string& digits)
 {
     const bool isNegative = digits.starts_with('-');

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The decoding of images, by wxWidgets' decoders behind our checks. Those decoders are not instrumented:
-// their faults show as signals and through the sanitizer's own allocator.
+// Fuzzes the decoding of images by wxWidgets' decoders after the library's own checks. The decoders are not
+// instrumented: their defects show as signals and through the sanitizer's allocator.
 #include "Fuzz.h"
 
 #include "NolvexLibWx/MemoryImages.h"
@@ -39,7 +39,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const wxImage image = Nolvex::Wx::convertMemoryToImage(reinterpret_cast<const unsigned*>(data),
                                                            static_cast<int>(size), wxBITMAP_TYPE_ANY);
     const auto whole = Nolvex::Wx::decodeWholeImage({reinterpret_cast<const std::byte*>(data), size});
-    // What is decoded as a whole is decoded at all, in the same size; an error is a part of a sentence.
+    // If decodeWholeImage succeeds, convertMemoryToImage must succeed, too, with the same size. An error is a
+    // part of a sentence.
     if (whole)
         require(image.IsOk() && image.GetSize() == whole->GetSize());
     else

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a peer sends: a header up to the first zero byte, then the piece of a body.
+// Fuzzes the bytes from a peer: a header up to the first zero byte, then the piece of a body.
 #include "Fuzz.h"
 
 #include "NolvexLib/Array.h"
@@ -18,8 +18,8 @@ using Nolvex::Fuzz::require;
 
 namespace {
 
-// A number that was accepted is written the way a sender writes it, but for leading zeros and the like, and
-// is read again as itself.
+// A sender must write an accepted number in the same way, except for leading zeros and the like, and reading
+// the written number must give the number again.
 void checkMetadata(const XmlString& tree, const BodyMetadata& metadata)
 {
     require(metadata.size >= 0);
@@ -44,7 +44,7 @@ void checkHeader(std::string_view bytes)
     require(again->tree.childCount() >= header->tree.childCount());
 }
 
-// Whatever the piece holds, no more comes out of it than was allowed, and a piece's worth.
+// No piece decompresses to more than the allowed size plus the size of a piece.
 void checkPiece(std::string_view bytes)
 {
     constexpr std::int64_t LIMIT = 100'000;

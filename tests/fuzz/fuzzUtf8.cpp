@@ -26,7 +26,7 @@ void checkUtf8(std::string_view bytes)
     require(String::fromAscii(bytes).length() == bytes.size());
 }
 
-// Any units at all, also such as are no characters.
+// Checks any units, including units that are not valid characters.
 void checkUnits(std::string_view bytes)
 {
     std::wstring units;
@@ -37,7 +37,8 @@ void checkUnits(std::string_view bytes)
     require(String::fromValidUtf8(text.toUtf8()).has_value());
 }
 
-// The parts, joined by the separator again, are the text; so is the text without its separators.
+// Joining the parts by the separator gives the text again. Joining them without the separator gives the text
+// from which all separators were removed.
 void checkParts(const String& text)
 {
     const String separator = text.getSubstr(0, 1);

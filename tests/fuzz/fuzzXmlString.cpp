@@ -34,7 +34,7 @@ void checkCopies(const XmlString& tree)
     checkRoundTrip(doubled);
 }
 
-// The bytes as a text in a tree, whatever they are.
+// Puts any bytes into a tree as a text.
 void checkText(std::string_view bytes)
 {
     XmlString tree;

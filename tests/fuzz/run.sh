@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# run.sh <folder of the built programs> <runs>: runs every fuzzer on a copy of its corpus, as many at once as there are
-# processors. The fuzzer of messages, which strangers send, runs ten times as often. A crash fails.
+# run.sh <folder of the built programs> <runs>: runs every fuzzer on a copy of its corpus, as many fuzzers at once as
+# there are processors. The fuzzer of messages runs ten times as often, because messages come from strangers. A crash
+# fails.
 set -u
 if [ $# -ne 2 ]; then
   echo "usage: $0 <build-bin-dir> <runs>" >&2
@@ -13,12 +14,12 @@ corpora=$(dirname "$0")/corpus
 work=$(mktemp -d) || exit 2
 trap 'rm -rf "$work"' EXIT
 
-# fuzz NAME RUNS: one fuzzer; prints its result as a whole, since others print beside it.
+# fuzz NAME RUNS: runs one fuzzer and prints its output at the end, because several fuzzers run at once.
 fuzz() {
   local name=$1 count=$2 artifact
   mkdir -p "$work/$name/artifacts"
   cp -R "$corpora/$name" "$work/$name/corpus"
-  # The pictures that the tests read.
+  # The fuzzer of pictures starts from the pictures of the tests.
   [ "$name" != fuzzImage ] ||
     cp "$corpora"/../../data/images/formats/* "$corpora"/../../data/images/pattern* "$work/$name/corpus"
   if "$bin/$name" -runs="$count" -max_len=4096 -artifact_prefix="$work/$name/artifacts/" \
@@ -37,7 +38,7 @@ fuzz() {
   cat "$work/$name/report"
 }
 
-# The longest one first.
+# The fuzzer that takes longest starts first.
 names=(fuzzMessage)
 for corpus in "$corpora"/*/; do
   name=$(basename "$corpus")

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// One end of an exchange over the wire protocol, made of the library. The command line and what is printed
-// are those of nolvex_peer.py, the other end, which knows the protocol from its description only. Names and
-// texts in the arguments are ASCII.
+// One end of an exchange over the wire protocol, which uses the library. The command line and the output are
+// those of nolvex_peer.py, the other end, which was written from the description of the protocol alone. Names
+// and texts in the arguments are ASCII.
 #include "NolvexLib/StopException.h"
 #include "NolvexLib/Timer.h"
 #include "NolvexLibWx/net/LegacySockets.h"
@@ -38,7 +38,7 @@ namespace Legacy = Wx::Legacy;
 constexpr int TIMEOUT_SECONDS = 30;
 constexpr std::int64_t TIMEOUT_MS = TIMEOUT_SECONDS * std::int64_t(1000);
 
-/// What the peer is told to do.
+/// The command of the peer, from its arguments.
 struct Command
 {
     bool listens = false;
@@ -64,7 +64,7 @@ void sayPort(unsigned short port)
     say("port " + std::to_string(port));
 }
 
-/// "kind:content,tree", or less.
+/// An argument of the form "kind:content,tree", whose last parts may be missing.
 struct Item
 {
     explicit Item(const std::string& text)
@@ -134,7 +134,7 @@ void sendStrings(const Command& command)
         const String text = String::fromUtf8(value.starts_with('@') ? textIn(value.substr(1)) : value);
         check(Legacy::WxSocket::writeString(socket.get(), text, TIMEOUT_SECONDS), "sending a string");
     }
-    // The receiver closes when it has them all.
+    // The receiver closes the connection when it has received all items.
     String nothing;
     if (Legacy::WxSocket::readString(socket.get(), nothing, TIMEOUT_SECONDS) == SocketResult::Success)
         throw Refusal("an answer was not expected");
@@ -191,7 +191,7 @@ void sendMessages(const Command& command)
     Legacy::TcpSocket socket = connectionOf(command);
     for (const Item& item : items)
         check(send(socket, item), "sending a message");
-    // The receiver closes when it has them all.
+    // The receiver closes the connection when it has received all items.
     const Timer timer(1000);
     XmlString nothing;
     while (socket.isOpen() && timer.getElapsed() < TIMEOUT_MS)
@@ -199,7 +199,7 @@ void sendMessages(const Command& command)
             throw Refusal("an answer was not expected");
 }
 
-/// Puts a file where the command wants it.
+/// Stores a file under the name in the command.
 class Target : public Legacy::ReadDataContext
 {
 public:
@@ -251,7 +251,8 @@ void sendDatagrams(const Command& command)
     }
 }
 
-/// A port that was free a moment ago: the library's socket does not tell which one the system gave it.
+/// Returns a port that was free a moment ago, because the library's socket does not report the port that the
+/// system chose.
 unsigned short freePort()
 {
     wxIPV4address address;
@@ -277,7 +278,7 @@ std::unique_ptr<Legacy::UdpSocket> boundSocket(Command command)
     throw Refusal("there is no free port");
 }
 
-/// A read takes what is there and does not wait.
+/// A read does not wait, so that it is repeated until a datagram has arrived.
 void repeatUntilThere(const std::function<SocketResult()>& read)
 {
     const Timer timer(1000);

@@ -13,17 +13,18 @@
 
 namespace Nolvex::Tests {
 
-/// The exchange, or what the peer was told, is not as it should be.
+/// Raised if the exchange or the command of the peer is wrong.
 class Refusal : public std::runtime_error
 {
 public:
     using std::runtime_error::runtime_error;
 };
 
-/// A backslash and what is not printable ASCII become \u{HEX}.
+/// Writes backslashes and all characters except printable ASCII as \u{HEX}.
 std::string escaped(const String& text);
 
-// What the peer reads and writes. The names are UTF-8; Exception and Refusal where a file fails.
+// These functions read and write the peer's files. The names are UTF-8. They raise Exception or Refusal if a
+// file fails.
 
 Io::Path pathOf(const std::string& name);
 
@@ -31,7 +32,7 @@ ByteArray contentOf(const std::string& name);
 
 std::string textIn(const std::string& name);
 
-/// From a file that holds the XML form.
+/// Reads a tree from a file that contains its XML form.
 XmlString treeIn(const std::string& name);
 
 void store(const std::string& folder, const std::string& name, ArrayView<const std::byte> content);

@@ -95,7 +95,7 @@ class Exchange:
         self.print_tree("xml", OPENED + children_of(name) + CLOSED)
 
     def foreign(self, kind, sent, children, content=b""):
-        """What another writer might send, and the children that are read from it."""
+        """Adds bytes that another writer might send, and the children that are read from them."""
         self.items.append(f"bytes:{self.name}-{len(self.items) + 1}")
         (self.folder / self.items[-1][len("bytes:") :]).write_bytes(sent)
         self.print_tree(kind, OPENED + children + CLOSED)
@@ -174,7 +174,7 @@ def make_foreign_files(exchange):
 
 
 def make_foreign(folder):
-    """What this library would not write, but has to read."""
+    """Writes messages that this library would not write but has to read."""
     exchange = Exchange(folder, "foreign")
     make_foreign_files(exchange)
     raw = "<A><B></B></A><Compressed>1</Compressed><FileSize>0005</FileSize><DataType>002</DataType>"
@@ -199,7 +199,7 @@ def make_foreign_datagrams(folder):
 
 
 def broken_messages():
-    """What is refused, by its name. Whole but for what the name says."""
+    """Writes messages that are refused. Each is complete except for the defect in its name."""
     size, plain = "<FileSize>5</FileSize>", "<Compressed>0</Compressed>"
     whole = zlib.compress(NOISE[:5])
     long_run = zlib.compress(NOISE[:100_000])

@@ -73,7 +73,7 @@ def encode_datagram(item):
 
 
 def tell_port(stream):
-    """Says where this end waits, now that it does."""
+    """Prints the port on which this end now waits."""
     say(f"port {stream.getsockname()[1]}")
 
 

@@ -35,7 +35,7 @@ INTEGER = re.compile(r"-?[0-9]+\Z")
 
 
 class ProtocolError(Exception):
-    """What arrived breaks the protocol, or what is to be sent would."""
+    """Raised if received bytes break the protocol, or if the bytes to be sent would."""
 
 
 # --- the XML form --------------------------------------------------------------------------------------------------
@@ -146,7 +146,7 @@ def children_named(tree, name):
 
 
 def data_type(tree):
-    """What message the header of this tree begins."""
+    """Returns the kind of message that the header of this tree begins."""
     values = children_named(tree, "DataType")
     if not values:
         raise ProtocolError("the header has no DataType")
@@ -213,7 +213,7 @@ def compress_piece(data, start, level, limit):
     stop = min(len(data), start + limit)
     while position < stop:
         room = PIECE - len(run)
-        # What is fed may grow: the blocks' heads, the end of the flush and of the run.
+        # Compressed content may be longer: block headers, the end of the flush and of the run.
         fed = min(room - 512 - room // 512, stop - position)
         if fed <= 0:
             break
@@ -288,7 +288,7 @@ class Connection:
         return data
 
     def read_to_zero(self):
-        """The bytes up to a zero byte, which is taken too."""
+        """Returns the bytes up to a zero byte, which is removed as well."""
         searched = 0
         while True:
             end = self.buffer.find(0, searched)
@@ -350,7 +350,7 @@ class Connection:
         return tree, b"".join(self.read_body(tree))
 
     def wait_for_end(self):
-        """Until the other side has what it needs and closes."""
+        """Waits until the other side has received everything and closes the connection."""
         while self.more():
             pass
 
@@ -366,7 +366,7 @@ def encode_tree_datagram(tree):
 
 
 def parse_tree_datagram(data):
-    """The tree; the empty tree of a datagram that is no document."""
+    """Returns the tree, or an empty tree if the datagram is no document."""
     try:
         return parse_document(data[: DATAGRAM_LIMIT - 1].split(b"\0", 1)[0])
     except ProtocolError:

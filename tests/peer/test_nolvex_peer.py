@@ -25,7 +25,7 @@ class Program(unittest.TestCase):
         return str(path)
 
     def exchange(self, receive, send):
-        """What the receiver prints; both must succeed."""
+        """Returns the output of the receiver. Both ends must succeed."""
         status = []
         printed = io.StringIO()
         with contextlib.redirect_stdout(printed):

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""What the peer forms and reads, against itself and against the examples of docs/protocol.md."""
+"""Tests the peer's messages against the peer itself and against the examples of docs/protocol.md."""
 import contextlib
 import socket
 import threading

@@ -5,7 +5,8 @@
 
 namespace Nolvex::Tests {
 
-/// While it lives, the system opens addresses that begin with "nolvextest:" by writing them down.
+/// While the object lives, the system writes addresses that begin with "nolvextest:" to a file instead of
+/// opening them.
 class AddressOpener
 {
 public:
@@ -14,8 +15,8 @@ public:
     AddressOpener(const AddressOpener&) = delete;
     AddressOpener& operator=(const AddressOpener&) = delete;
 
-    /// The lines of what was opened since the last call, waiting until there is something; empty when nothing
-    /// comes.
+    /// Waits until an address has been opened since the last call, and returns the addresses, a line each.
+    /// Returns an empty text if none is opened in time.
     wxString takeOpened() const;
 
 private:

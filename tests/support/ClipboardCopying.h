@@ -12,7 +12,8 @@
 
 namespace Nolvex::Tests {
 
-// What a program copies of which the tests want to know whether it stays when that program has ended.
+// The text and the picture of the tests that ask whether a copy stays on the clipboard after its program has
+// ended.
 
 constexpr char COPY_ARGUMENT[] = "--copy-and-end";
 constexpr char COPY_TEXT[] = "text";
@@ -30,7 +31,7 @@ inline BitmapImpl<Rgb> pictureToLeave()
     return picture;
 }
 
-/// Copies one of both, as a program of its own that ends then. Its exit status.
+/// Copies the text or the picture in a process that ends afterwards. Returns the exit status of the process.
 inline int copyAndEnd(const char* what)
 {
     try {

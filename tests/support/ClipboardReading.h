@@ -14,31 +14,31 @@
 
 namespace Nolvex::Tests {
 
-/// A test program starts itself once more to have another program that copies or, on Windows, reads the
-/// clipboard. What that one returns from main(); none in a program that was started for its tests.
+/// The tests start the test program a second time as another program that copies or, on Windows, reads the
+/// clipboard. Returns the value for main() in that second process, and nullopt in the process of the tests.
 Optional<int> useClipboardForParent(int argc, char** argv);
 
-/// The clipboard's text as another program gets it; none when there is no text.
+/// Returns the clipboard's text as another program gets it, or nullopt if there is no text.
 Optional<String> clipboardText();
 
-/// The bytes of the clipboard's picture behind any file header, as another program gets them; none when there
-/// is no picture.
+/// Returns the bytes of the clipboard's picture without any file header, as another program gets them. The
+/// array is empty if there is no picture.
 Array<std::uint8_t> clipboardBitmap();
 
-/// The clipboard's picture in every form that the programs of the system ask for, by its name, decoded;
-/// invalid where a form is missing.
+/// Returns the clipboard's picture in every form that the system's programs ask for, decoded, by the name of
+/// the form. The picture is invalid if the form is missing.
 std::map<std::string, wxImage> clipboardPictures();
 
-/// What the function returns when it is called while somebody else has the clipboard and does not let go.
+/// Calls the function while another program or thread keeps the clipboard for itself, and returns its result.
 bool whileClipboardIsTaken(const std::function<bool()>& copy);
 
-/// Lets another program copy COPY_TEXT or COPY_PICTURE (support/ClipboardCopying.h) and end, beside a
-/// clipboard manager where desktops have one, then calls the function. Whether that program said it had
-/// copied.
+/// Lets another program copy COPY_TEXT or COPY_PICTURE (support/ClipboardCopying.h) and end, with a clipboard
+/// manager running on systems whose desktops have one, and then calls the function. Returns whether the other
+/// program reported success.
 bool afterCopyingProgramEnded(const char* what, const std::function<void()>& read);
 
-/// What the function returns when it is called while the clipboard belongs to somebody, a clipboard manager
-/// included, who answers nothing that he is asked.
+/// Calls the function while the owner of the clipboard, and the clipboard manager if the system has one,
+/// answer no request. Returns the result of the function.
 bool whileClipboardOwnerIsSilent(const std::function<bool()>& copy);
 
 } // namespace Nolvex::Tests

@@ -5,7 +5,7 @@
 
 namespace Nolvex::Tests {
 
-/// Gives the default skin back as it was found.
+/// Restores the default skin at the end of a test.
 struct DefaultSkinGuard
 {
     Wx::GuiSkin before = Wx::GuiSkin::DEFAULT();

@@ -7,13 +7,13 @@ class wxWindow;
 
 namespace Nolvex::Tests {
 
-/// Lets the toolkit's events run for about that long.
+/// Processes the events of wxWidgets for about this time.
 void pumpEvents(int milliseconds = 50);
 
-/// Lets events run until the condition holds; false when it does not within the limit.
+/// Processes events until the condition holds. Returns false if it does not hold within the limit.
 bool pumpUntil(const std::function<bool()>& condition, int limitMilliseconds = 5000);
 
-/// Destroys a top-level window and lets the toolkit finish it.
+/// Destroys a top-level window, and processes events until wxWidgets has deleted it.
 void destroyNow(wxWindow* window);
 
 } // namespace Nolvex::Tests

@@ -12,8 +12,8 @@
 
 namespace Nolvex::Tests {
 
-/// Base of the tests that need a frame. Makes a hidden frame that is filled by a panel, and destroys it after
-/// the test, when no window may hold the mouse capture any more.
+/// The base of tests that need a frame. It makes a hidden frame that is filled by a panel and destroys the
+/// frame after the test, when no window may hold the mouse capture any more.
 struct FrameFixture : testing::Test
 {
     explicit FrameFixture(const wxString& title = L"test", const wxSize& size = {400, 300},

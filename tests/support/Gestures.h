@@ -8,12 +8,12 @@
 
 namespace Nolvex::Tests {
 
-// Real input: the system is told, and sends its events to whatever it finds under the mouse or in focus. Each
-// lets events run for a while afterwards.
+// These functions make real input: the system receives the input and sends events to the window under the
+// mouse or in focus. Each function processes events for a while afterwards.
 
 constexpr int GESTURE_TIME = 50; // milliseconds
 
-/// `position` in the window's client area, also outside it.
+/// The position is in the window's client area or beside it.
 inline void moveMouse(const wxWindow* window, const wxPoint& position)
 {
     wxUIActionSimulator().MouseMove(window->ClientToScreen(position));
@@ -44,7 +44,7 @@ inline void clickAt(const wxWindow* window, const wxPoint& position)
     releaseMouse();
 }
 
-/// A key that goes down and up.
+/// Presses and releases a key.
 inline void typeKey(int key, int modifiers = wxMOD_NONE)
 {
     wxUIActionSimulator().Char(key, modifiers);

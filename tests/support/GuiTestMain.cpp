@@ -14,7 +14,7 @@
 
 namespace {
 
-// Never a dialog: it would hang the run.
+// An assertion of wxWidgets fails the test. The usual dialog would stop the run.
 void failOnAssert(const wxString& file, int line, const wxString& function, const wxString& condition,
                   const wxString& message)
 {

@@ -5,7 +5,7 @@ class wxWindow;
 
 namespace Nolvex::Tests {
 
-/// True when the mouse is a hand over the window.
+/// Returns whether the mouse has the shape of a hand over the window.
 bool hasHandCursor(const wxWindow* window);
 
 } // namespace Nolvex::Tests

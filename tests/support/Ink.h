@@ -18,7 +18,7 @@ inline constexpr RgbBytes PAPER{10, 20, 30};
 /// A label of one sign that fills its whole cell, so that pixels of exactly the text's colour can be found.
 inline constexpr const wchar_t* BLOCK_LABEL = L"\u2588";
 
-/// A font that has the block, where there is one.
+/// Returns a font that has the block character if the system has such a font.
 inline wxFont blockFont()
 {
     wxFontInfo info(12);
@@ -38,7 +38,7 @@ inline wxImage painted(const wxSize& size, const std::function<void(wxDC&)>& pai
     return bitmap.ConvertToImage();
 }
 
-/// The smallest rectangle around all pixels inside `area` that differ from the paper.
+/// Returns the smallest rectangle around all pixels inside `area` that differ from the paper.
 inline wxRect inkIn(const wxImage& image, const wxRect& area)
 {
     wxRect ink;

@@ -3,14 +3,14 @@
 
 namespace Nolvex::Tests {
 
-/// False where every process has a display, as on Windows.
+/// Returns false on Windows, where every process has a display.
 bool displayMayBeMissing();
 
-/// True when the toolkit was told which module it lives in, or does not want to know.
+/// Returns whether wxWidgets knows the module that contains it. Only wxMSW needs to know.
 bool toolkitKnowsItsModule();
 
-/// The depth that a bitmap has which the toolkit was asked to make with this one, below 24 bits: GTK knows
-/// one bit and 24 only.
+/// Returns the depth that a bitmap gets when wxWidgets is asked for this depth below 24 bits. GTK has the
+/// depths 1 and 24 only.
 int depthOfBitmap(int asked);
 
 } // namespace Nolvex::Tests

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Runs the tests of the network the way a program without a display sets it up.
+// Runs the tests of the network with wxWidgets set up as in a program without a display.
 #include <wx/app.h>
 #include <wx/debug.h>
 #include <wx/init.h>

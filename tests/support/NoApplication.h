@@ -5,7 +5,7 @@
 
 namespace Nolvex::Tests {
 
-/// Takes the application object away for as long as it lives, as it is before the toolkit's start.
+/// While the object lives, wxWidgets has no application object, as before its start.
 struct NoApplication
 {
     wxAppConsole* application = wxAppConsole::GetInstance();

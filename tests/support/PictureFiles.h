@@ -31,7 +31,7 @@ inline Array<std::byte> contentOf(const Io::Path& path)
     return bytes;
 }
 
-/// The sound pictures of all kinds that each format has, in the order of their names.
+/// Returns the undamaged pictures of all kinds that each format has, in the order of their names.
 inline Array<Io::Path> picturesOfAllKinds()
 {
     Array<Io::Path> files;

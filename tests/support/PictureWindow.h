@@ -21,7 +21,7 @@ inline Rgb fromBytes(int r, int g, int b)
             1.0f};
 }
 
-/// Every pixel another colour, every value of a byte in it.
+/// Returns a picture whose pixels all differ, and in which every value of a byte occurs.
 inline wxImage patternPicture(wxSize size, int seed)
 {
     wxImage image(size);
@@ -34,7 +34,8 @@ inline wxImage patternPicture(wxSize size, int seed)
     return image;
 }
 
-/// A window without a frame, on top of the others, that shows a picture of a pixel a pixel.
+/// A window without a frame, on top of the others, that shows each pixel of a picture as a pixel of the
+/// screen.
 class PictureWindow
 {
 public:
@@ -66,13 +67,13 @@ public:
 
     wxFrame* frame() const { return m_frame; }
 
-    /// Where the picture is on the screen.
+    /// Returns the place of the picture on the screen.
     Bucket region() const
     {
         return Wx::toBucket(wxRect(m_frame->ClientToScreen(wxPoint(0, 0)), m_picture.GetSize()));
     }
 
-    /// Lets events run until the capture of the window shows the picture.
+    /// Processes events until the capture of the window shows the picture. Returns false if it never does.
     bool isSeen() const
     {
         return pumpUntil([this] { return Wx::getScreenRegionColors(region()) == expectedColours(); });

@@ -5,13 +5,13 @@
 
 namespace Nolvex::Tests {
 
-/// Memory the process holds for itself, in bytes.
+/// Returns how many bytes of memory the process uses for itself.
 std::size_t privateMemory();
 
-/// The same with the memory that is free for later use by the process only.
+/// Returns the same with the free memory that the process keeps for later use.
 std::size_t heldMemory();
 
-/// Open descriptors or handles of the process.
+/// Returns the number of the process's open descriptors or handles.
 std::size_t openHandles();
 
 } // namespace Nolvex::Tests

@@ -9,8 +9,8 @@
 
 namespace Nolvex::Tests {
 
-/// The system's own IPv4 sockets on the loopback address, without any toolkit. Waits of more than ten seconds
-/// fail. Not for threads to share.
+/// An IPv4 socket of the system on the loopback address, which does not use wxWidgets. Waits of more than ten
+/// seconds fail. Threads must not share an object.
 class RawSocket
 {
 public:
@@ -26,7 +26,8 @@ public:
 
     ~RawSocket() { close(); }
 
-    /// A free port is taken for 0; with `backlog`, that many connections may wait.
+    /// Listens on the port, or on any free port if the port is 0. The system keeps up to `backlog`
+    /// connections waiting.
     static RawSocket listening(unsigned short port = 0, int backlog = 1000);
     static RawSocket connected(unsigned short port);
     static RawSocket datagram();
@@ -35,22 +36,23 @@ public:
 
     unsigned short port() const;
 
-    /// Not open when none came.
+    /// Returns the next connection, or a closed socket if no peer connects in time.
     RawSocket accept();
 
-    /// The small buffers of a peer that falls behind soon. Before connecting or listening only.
+    /// Shrinks the buffer, so that the sender soon has to wait for this peer. Call it before connecting or
+    /// listening.
     void shrinkReceiveBuffer();
 
-    /// False unless all was sent.
+    /// Returns whether all bytes were sent.
     bool send(std::string_view bytes);
 
-    /// A single byte past all others (TCP's urgent data).
+    /// Sends a single byte that overtakes all others (TCP's urgent data).
     bool sendUrgent(char byte);
 
-    /// Exactly that many bytes, fewer at the connection's end.
+    /// Returns exactly `count` bytes, or fewer if the connection ends before.
     std::string receive(std::size_t count);
 
-    /// Up to the zero byte, which is included.
+    /// Returns the bytes up to and including the next zero byte.
     std::string receiveText()
     {
         std::string text;
@@ -62,7 +64,7 @@ public:
         return text;
     }
 
-    /// Everything up to the connection's end.
+    /// Returns all bytes up to the connection's end.
     std::string receiveAll()
     {
         std::string bytes;
@@ -73,16 +75,17 @@ public:
 
     bool sendTo(unsigned short port, std::string_view bytes);
 
-    /// True when the system sends datagrams to all of the local network, that is when there is one.
+    /// Returns whether the system can send datagrams to the whole local network, which requires that there is
+    /// one.
     static bool canBroadcast();
 
-    /// A datagram, and whom it came from.
+    /// Returns the next datagram, and stores the port of its sender.
     std::string receiveDatagram(unsigned short* senderPort = nullptr);
 
     void shutdownSending();
     void close();
 
-    /// Ends the connection the rude way.
+    /// Ends the connection abruptly: the peer gets an error instead of the connection's end.
     void reset();
 
 private:

@@ -11,14 +11,14 @@ class wxWindow;
 
 namespace Nolvex {
 
-// Found by GoogleTest when it prints a failed comparison.
+// GoogleTest calls this function to print a failed comparison.
 void PrintTo(const RgbBytes& colour, std::ostream* out);
 
 } // namespace Nolvex
 
 namespace Nolvex::Tests {
 
-/// What the screen shows of the window's client area now.
+/// Captures the window's client area as the screen shows it now.
 wxImage captureClientArea(wxWindow* window);
 
 RgbBytes pixelAt(const wxImage& image, int x, int y);

@@ -13,7 +13,7 @@ public:
     ScreenResolution(const ScreenResolution&) = delete;
     ScreenResolution& operator=(const ScreenResolution&) = delete;
 
-    /// Whether the resolution could be set. On Windows it cannot change while a program runs.
+    /// Returns whether the resolution could be set. On Windows it cannot change while a program runs.
     bool isSet() const { return m_set; }
 
 private:

@@ -10,14 +10,15 @@
 
 namespace Nolvex::Tests {
 
-/// While it lives, new sockets get numbers of 1,024 and more.
+/// While the object lives, new sockets get descriptors of 1,024 and more.
 class ScarceDescriptors : private Noncopyable
 {
 public:
     ScarceDescriptors();
     ~ScarceDescriptors();
 
-    /// False where sockets are not numbered like that, or not that many may be open.
+    /// Returns false if the system does not number sockets in this way, or does not allow that many to be
+    /// open.
     bool isEffective() const { return m_isEffective; }
 
 private:
@@ -25,14 +26,15 @@ private:
     Array<int> m_descriptors;
 };
 
-/// While it lives, the process gets no more than some 30 MB of memory in addition to what it has.
+/// While the object lives, the process gets no more than some 30 MB of memory in addition to its present
+/// memory.
 class ScarceMemory : private Noncopyable
 {
 public:
     ScarceMemory();
     ~ScarceMemory();
 
-    /// False where memory cannot be limited.
+    /// Returns false if memory cannot be limited.
     bool isEffective() const { return m_isEffective; }
 
 private:
@@ -40,26 +42,27 @@ private:
     unsigned long long m_previous = 0;
 };
 
-/// How many of the process's sockets a child process would inherit.
+/// Returns how many of the process's sockets a child process would inherit.
 std::size_t inheritableSockets();
 
-/// Calls the function while signals, where there are any, interrupt this thread every few milliseconds.
-/// Returns how many of them this thread handled meanwhile, -1 where there are no signals.
+/// Calls the function while signals interrupt this thread every few milliseconds. Returns how many signals
+/// this thread handled meanwhile, or -1 on systems without signals.
 int whileInterrupted(const std::function<void()>& function);
 
-/// `rounds`, or a fraction of it where each call of the system takes long.
+/// Returns `rounds`, or a fraction of it on a system whose calls take long.
 int affordableRounds(int rounds);
 
-/// A file that can be opened, but takes no byte; empty where there is none.
+/// Returns a file that can be opened but takes no byte. The path is empty if the system has no such file.
 Io::Path fileOnAFullDisk();
 
-/// A file in the folder, or elsewhere, that nobody may write; empty where there is none.
+/// Returns a file, in the folder or elsewhere, that no user may write. The path is empty if the system has no
+/// such file.
 Io::Path unwritableFile(const Io::Path& folder);
 
-/// A file that holds less than its size says; empty where there is none.
+/// Returns a file whose content is shorter than its size. The path is empty if the system has no such file.
 Io::Path fileShorterThanItsSize();
 
-/// A file that holds more than its size, 0, says; empty where there is none.
+/// Returns a file with a content although its size is 0. The path is empty if the system has no such file.
 Io::Path fileLongerThanItsSize();
 
 } // namespace Nolvex::Tests

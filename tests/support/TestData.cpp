@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "support/TestData.h"
 
-// The only unit that knows where the sources lie, so that a compiler cache serves all others wherever they lie.
+// Only this unit contains the path of the sources, so that clones at other paths can share the compiled
+// objects of all other units through a compiler cache.
 std::filesystem::path Nolvex::Tests::testData()
 {
     return NOLVEX_TEST_DATA_DIR;

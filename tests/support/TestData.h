@@ -5,7 +5,7 @@
 
 namespace Nolvex::Tests {
 
-/// The folder tests/data of the sources.
+/// Returns the folder tests/data of the sources.
 std::filesystem::path testData();
 
 } // namespace Nolvex::Tests

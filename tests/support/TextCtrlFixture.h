@@ -71,7 +71,8 @@ struct TextCtrlFixture : FrameFixture
 
     int top() const { return text->PositionToCoords(0).y; }
 
-    // Scrolling takes some frames, and begins when the lines have been laid out.
+    // Waits until the text stands still: scrolling takes some frames and begins when the lines have been laid
+    // out.
     int settledTop() const
     {
         int last = 1;
@@ -118,7 +119,7 @@ struct TextCtrlFixture : FrameFixture
         return send(event);
     }
 
-    /// The middle of the height of a line, at the left of a character.
+    /// Returns a point at the left edge of a character, in the middle of its line's height.
     wxPoint pointAt(long position) const
     {
         return text->PositionToCoords(position) + wxPoint(1, text->GetCharHeight() / 2);

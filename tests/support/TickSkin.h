@@ -8,8 +8,8 @@ namespace Nolvex::Tests {
 constexpr RgbBytes TICK_OUTLINE{120, 10, 20};
 constexpr RgbBytes TICK_FILL{30, 240, 50};
 
-/// The skin of the panel whose tick is painted first in the process, and whose colours all ticks have from
-/// then on: every test that shows a collapsible panel begins with this one.
+/// The tick that is painted first in the process fixes the colours of all ticks. Every test that shows a
+/// collapsible panel therefore begins with this skin.
 inline Wx::GuiSkin tickSkin()
 {
     Wx::GuiSkin skin;

@@ -8,7 +8,7 @@
 
 namespace Nolvex::Tests {
 
-/// A frame with an owner of 200 x 100 in it and the mouse away from both.
+/// A frame that contains a tooltip owner of 200 x 100. The mouse starts away from both.
 struct TooltipFixture : FrameFixture
 {
     static constexpr int SHORT_DELAY = 60; // milliseconds

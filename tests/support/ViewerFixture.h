@@ -21,7 +21,8 @@
 
 namespace Nolvex::Tests {
 
-/// A picture named "test", each pixel of which tells where it is: red is x, green is y, modulo 256.
+/// Makes a picture named "test", each pixel of which tells its own place: red is x and green is y, modulo
+/// 256.
 inline Viewer::SharedPicture coordinates(int width, int height)
 {
     Expected<Image, String> image = Image::create(width, height, PixelFormat::UINT8_RGB, 1.0f);

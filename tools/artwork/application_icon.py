@@ -37,7 +37,7 @@ def gradient(stops, place):
 
 
 def distance_to_box(x, y, box):
-    """Below zero inside."""
+    """Returns the distance to the box, which is below zero inside."""
     left, top, right, bottom, radius = box
     dx = abs(x - (left + right) / 2) - (right - left) / 2 + radius
     dy = abs(y - (top + bottom) / 2) - (bottom - top) / 2 + radius
@@ -125,7 +125,7 @@ def paeth(left, up, corner):
 
 
 def filtered(row, previous):
-    """The row by the one of PNG's five filters that leaves the smallest numbers."""
+    """Filters the row by that of PNG's five filters that gives the smallest numbers."""
     left, corner = bytes(4) + row, bytes(4) + previous
     predictions = (
         lambda i: 0,

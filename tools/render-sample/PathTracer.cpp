@@ -13,8 +13,8 @@ namespace Nolvex::RenderSample {
 
 namespace {
 
-/// Numbers in [0, 1). The first of each path are spread evenly over the paths of the pixel, which leaves far
-/// less noise than independent numbers do.
+/// Generates numbers in [0, 1). The first numbers of each path are spread evenly over the paths of the pixel,
+/// which leaves far less noise than independent numbers do.
 class Sampler
 {
 public:
@@ -52,7 +52,7 @@ private:
     std::size_t m_dimension = 0;
 };
 
-/// Where a path goes on, and the share of the light from there that it brings.
+/// The direction in which a path continues, and the share of the light that it brings from there.
 struct Bounce
 {
     Vector3 direction;
@@ -60,7 +60,7 @@ struct Bounce
     bool isScattered = false;
 };
 
-/// The share of the light that plastic or glass mirrors.
+/// Returns the share of the light that plastic or glass reflects like a mirror.
 double mirroredShare(double cosine)
 {
     return 0.04 + 0.96 * std::pow(std::max(0.0, 1.0 - cosine), 5.0);
@@ -104,7 +104,7 @@ Bounce throughGlass(const Ray& ray, const Hit& hit, Sampler& sampler)
     const double cosine = -dot(ray.direction, normal);
     const double square = 1.0 - ratio * ratio * (1.0 - cosine * cosine);
     const double cosineBehind = std::sqrt(std::max(0.0, square));
-    // The share goes by the angle on the side of the air.
+    // The share depends on the angle on the side of the air.
     if (square <= 0.0 || sampler.next() < mirroredShare(isEntering ? cosine : cosineBehind)) {
         return {mirrored(ray.direction, normal), {1, 1, 1}};
     }
@@ -125,7 +125,7 @@ Bounce bounceOf(const Ray& ray, const Hit& hit, Sampler& sampler)
     }
 }
 
-/// Rare ways of much light would remain as single bright pixels.
+/// Rare paths with much light would remain as single bright pixels.
 Vector3 cutOff(const Vector3& light)
 {
     return light * std::min(1.0, 6.0 / (1e-9 + std::max({light.x, light.y, light.z})));

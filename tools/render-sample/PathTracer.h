@@ -13,7 +13,8 @@ struct Frame
     int samples = 2400;
 };
 
-/// The light the camera sees in a pixel, counted from the left and the top; the same on every run.
+/// Returns the light that the camera sees in a pixel, counted from the left and the top. Every run gives the
+/// same light.
 Vector3 tracedPixel(const Frame& frame, int column, int row);
 
 } // namespace Nolvex::RenderSample

@@ -37,8 +37,8 @@ constexpr std::array<Sphere, 14> SPHERES = {{
     {{5.20, 1.40, -5.80}, 0.16, Finish::LAMP, {5.0, 2.1, 0.65}},
 }};
 
-/// A window with crossed bars that looks at the spheres; what shines in through it does so to their side
-/// only.
+/// A window with crossed bars that faces the spheres. Light shines through it only to the side of the
+/// spheres.
 struct Window
 {
     Window(const Vector3& centre, double width, double height, const Vector3& colour)

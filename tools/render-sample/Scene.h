@@ -34,14 +34,14 @@ struct Hit
     Vector3 colour;
 };
 
-/// What the ray meets first: a sphere, a window, or the floor.
+/// Returns the first hit of the ray: a sphere, a window, or the floor.
 std::optional<Hit> nearestHit(const Ray& ray);
 
-/// What a white matte body gives back of the light from the place at `u` and `v`, in [0, 1), of each window.
-/// The mean over all places is its brightness.
+/// Returns the light that a white matte body reflects from the place at `u` and `v`, in [0, 1), of each
+/// window. The mean over all places is the brightness of the body.
 Vector3 windowLight(const Vector3& position, const Vector3& normal, double u, double v);
 
-/// The sky in a direction.
+/// Returns the light of the sky in a direction.
 Vector3 sky(const Vector3& direction);
 
 } // namespace Nolvex::RenderSample

@@ -42,7 +42,7 @@ void append(std::string& bytes, double value)
     }
 }
 
-/// A Portable Float Map stores its rows from the bottom up; the negative scale says little endian.
+/// A Portable Float Map stores its rows from the bottom up. The negative scale means little endian.
 std::string render(const Frame& frame)
 {
     std::string bytes =
@@ -60,7 +60,7 @@ std::string render(const Frame& frame)
     return bytes;
 }
 
-/// The file is opened before the minutes of rendering: a wrong path shows at once.
+/// The file is opened before the minutes of rendering, so that a wrong path is reported at once.
 int run(const char* output, const Frame& frame)
 {
     std::ofstream file(output, std::ios::binary);

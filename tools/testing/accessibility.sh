@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# accessibility.sh FOLDER [WRAPPER]: looks at the controls, and clicks them, through what the system has for assistive
-# technology. FOLDER has the programs; the WRAPPER runs those of Windows, on which another one of them looks.
+# accessibility.sh FOLDER [WRAPPER]: reads and clicks the controls through the system's interfaces for assistive
+# technology. FOLDER contains the programs. WRAPPER runs Windows programs, where another Windows program reads the
+# controls.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 . tools/testing/common.sh
@@ -23,7 +24,7 @@ show_controls() {
   program=$!
 }
 
-# read_controls EXPECTED COMMAND...: the last thing expected is that the program ends.
+# read_controls EXPECTED COMMAND...: the last line of EXPECTED expects the end of the program.
 read_controls() {
   local expected=$1 status=0
   shift
@@ -49,7 +50,7 @@ elif [ "${NOLVEX_ON_PRIVATE_BUS:-}" ]; then
     /usr/bin/python3 -B -W ignore::DeprecationWarning tests/accessibility/read_controls.py
 else
   need_packages dbus at-spi2-core gir1.2-atspi-2.0 python3-gi
-  # A bus that the desktop's user does not see. It is announced on the display, which nobody else must look at.
+  # The test uses a private bus. The bus is announced on the display, so that the display has to be private, too.
   start_display
   NOLVEX_ON_PRIVATE_BUS=yes dbus-run-session -- "$0" "$folder" >"$work/bus.log" 2>&1 || {
     grep -v -E '^(dbus-daemon|SpiRegistry)' "$work/bus.log" || true

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-# Shared by the scripts: installing packages, a display of their own, running tests and counting them. Sourced by bash
-# scripts that have set -euo pipefail and changed to the root of the project.
+# The scripts share these functions: installing packages, starting a private display, running tests and counting them. A
+# sourcing bash script must have set -euo pipefail and changed to the root of the project.
 
 . tools/package-lock.sh
 
@@ -9,9 +9,9 @@ HOME=${HOME:-$(getent passwd "$(id -u)" | cut -d: -f6)}
 export HOME
 
 export CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
-# A compiler that was installed anew is the same compiler.
+# A compiler that was installed again has the same content, so that the cache stays valid.
 export CCACHE_COMPILERCHECK=content
-# A clone uses what another one compiled, wherever the two lie.
+# Clones at different paths share the compiled objects.
 export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
 
 BUILD_PACKAGES=(build-essential cmake ninja-build ccache pkg-config git
@@ -25,7 +25,7 @@ say() {
   printf '== %s\n' "$*"
 }
 
-# need_packages PACKAGE...: installs those that are missing, and asks for rights only then.
+# need_packages PACKAGE...: installs the missing packages, and uses sudo only if packages are missing.
 need_packages() {
   local missing=() package
   for package in "$@"; do
@@ -50,7 +50,8 @@ need_packages() {
 
 display_processes=()
 
-# use_display NUMBER: from now on programs show their windows there, also on a Wayland desktop, which GTK prefers.
+# use_display NUMBER: makes programs show their windows on this display, even on a Wayland desktop, which GTK would
+# prefer.
 use_display() {
   DISPLAY=":$1"
   GDK_BACKEND=x11
@@ -58,7 +59,8 @@ use_display() {
   unset WAYLAND_DISPLAY
 }
 
-# start_server COMMAND...: starts an X server, which picks a free number itself and says which, and shows windows there.
+# start_server COMMAND...: starts an X server, which chooses and reports a free number, and makes programs use its
+# display.
 start_server() {
   local number_file
   number_file=$(mktemp)
@@ -82,7 +84,7 @@ start_window_manager() {
   sleep 0.3
 }
 
-# start_display [WIDTHxHEIGHT]: an X server and a window manager for this script alone.
+# start_display [WIDTHxHEIGHT]: starts an X server and a window manager for this script alone.
 start_display() {
   need_packages "${DISPLAY_PACKAGES[@]}"
   start_server Xvfb -screen 0 "${1:-1280x1024}x24"
@@ -112,15 +114,16 @@ configure_and_build() {
   fi
 }
 
-# count_tests LOG: adds what GoogleTest reported in the log to passed, failed and skipped.
+# count_tests LOG: adds the counts that GoogleTest reported in the log to passed, failed and skipped.
 count_tests() {
   passed=$((passed + $(grep -cE '\[       OK \] .*ms\)' "$1" || true)))
   failed=$((failed + $(grep -cE '\[  FAILED  \] .*ms\)' "$1" || true)))
   skipped=$((skipped + $(grep -cE '\[  SKIPPED \] .*ms\)' "$1" || true)))
 }
 
-# run_tests NAME BUILD-FOLDER: all test programs, those that share the screen one after the other. Adds to passed, failed and skipped; a program that crashed, hung or ran
-# nothing counts as failed. Sets tests_run to the number of tests that GoogleTest reported.
+# run_tests NAME BUILD-FOLDER: runs all test programs, one at a time if they share the screen. Adds to passed, failed
+# and skipped. A program that crashed, hung or ran no test counts as failed. Sets tests_run to the number of tests that
+# GoogleTest reported.
 run_tests() {
   local name=$1 folder=$2 log="build/$1-tests.log" passed_before=$passed failed_before=$failed status=0
   local before=$((passed + failed + skipped))
@@ -135,7 +138,7 @@ run_tests() {
   fi
 }
 
-# run_test_program NAME COMMAND...: one test program by itself, with a time limit. Counts like run_tests.
+# run_test_program NAME COMMAND...: runs one test program with a time limit, and counts its tests as run_tests does.
 run_test_program() {
   local log="build/$1-tests.log" passed_before=$passed failed_before=$failed status=0
   shift
@@ -148,13 +151,13 @@ run_test_program() {
   fi
 }
 
-# summary NAME: prints the closing line; its status is that of the run.
+# summary NAME: prints the closing line. Succeeds if tests passed and no test failed.
 summary() {
   echo "$1: $passed passed, $failed failed, $skipped skipped"
   [ "$failed" -eq 0 ] && [ "$passed" -gt 0 ]
 }
 
-# check NAME COMMAND...: counts a command like a test.
+# check NAME COMMAND...: runs a command and counts it as a test.
 check() {
   local name=$1
   shift

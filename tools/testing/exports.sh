@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# exports.sh LIBRARY...: nothing of a shared library may be seen from outside that is not marked for it. On Linux weak
-# symbols are passed over: templates of others are among them, which every library that uses them has.
+# exports.sh LIBRARY...: checks that a shared library exports only the symbols that are marked for export. On Linux weak
+# symbols are ignored, because every library that uses templates of other libraries contains some.
 set -euo pipefail
 
 exported() {
@@ -21,7 +21,7 @@ for library in "$@"; do
     echo "$library exports nothing"
     status=1
   fi
-  # Others' names, and our own that no header marks.
+  # Symbols of other libraries, and symbols of this project that must stay internal.
   strangers=$(grep -vE '^.*Nolvex' <<<"$names" || true)$(grep -E 'Platform::(ExactStrokes|announce|setClipboardImage|NativeWindow)|WindowDisabling|CrispLines|GammaTable|XmlForm' <<<"$names" || true)
   if [ -n "$strangers" ]; then
     echo "$library exports what is not its own:"

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# gallery.sh COMMAND...: the gallery writes a picture of every page in every skin.
+# gallery.sh COMMAND...: runs the gallery, which writes a picture of every page in every skin, and checks the pictures.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 folder=$(mktemp -d)

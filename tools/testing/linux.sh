@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Style, the optimised build, every test on a display of its own, those of monitors again with several, the installed
-# package, and the viewer as a user starts it.
+# Checks the style, makes the optimised build, and runs every test on a private display, the tests of monitors again
+# with several monitors, the installed package, and the viewer as a user starts it.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 . tools/testing/common.sh
@@ -14,7 +14,7 @@ configure_and_build linux-release
 start_display
 trap stop_display EXIT
 run_tests linux build/linux-release
-# For the Windows run of the same state, which must run as many.
+# The Windows run of the same commit must run the same number of tests.
 echo "$(git rev-parse HEAD) $tests_run" >build/linux-test-count
 check "viewer" tools/testing/viewer.sh build/linux-release/bin/nolvex-viewer
 check "gallery" tools/testing/gallery.sh build/linux-release/bin/nolvex-gallery

@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# monitors.sh FOLDER: the tests of monitors, of capturing the screen and of what is placed on it, from the test programs in
-# the folder, on a display with several monitors; those of capturing also on a scaled desktop, with ten bits a channel and
-# without shared memory. X servers without a screen have one monitor each, but for those that viewers may give the size
-# of theirs.
+# monitors.sh FOLDER: runs the tests of monitors, of screen captures and of placing windows on the screen, from the test
+# programs in FOLDER, on a display with several monitors. The tests of captures also run on a scaled desktop, with ten
+# bits a channel and without shared memory. Of the X servers without a real screen, only one whose size VNC viewers can
+# set has several monitors.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 . tools/testing/common.sh
@@ -24,7 +24,7 @@ for _ in $(seq 200); do
 done
 start_window_manager
 
-# run PROGRAM FILTER: prints what failed.
+# run PROGRAM FILTER: runs tests and prints the failures.
 run() {
   timeout 200 env G_DEBUG=fatal-criticals "$folder/$1" --gtest_filter="$2" >"$work/tests.log" 2>&1 || {
     grep -A4 -E ': Failure|\[  FAILED  \]' "$work/tests.log" || tail -n 5 "$work/tests.log"
@@ -34,7 +34,8 @@ run() {
 
 captures='ScreenCaptureTest.*-*tensOfThousands*'
 
-# Side by side at different heights; the right one first; with a gap between them and none at the origin.
+# The arrangements: two monitors side by side at different heights, the right monitor first, and three monitors with a
+# gap between them and none at the origin.
 status=0
 for monitors in '800x600+0+0 640x480+800+100' '640x480+640+0 640x480+0+200' '500x600+200+50 500x600+900+0 640x480+0+650'; do
   # shellcheck disable=SC2086
@@ -49,7 +50,7 @@ for monitors in '800x600+0+0 640x480+800+100' '640x480+640+0 640x480+0+200' '500
   [ $status -eq 0 ] || { echo "monitors: failed with $monitors"; exit 1; }
 done
 
-# other_screen NAME ARGUMENT...: the captures on a server with another kind of screen.
+# other_screen NAME ARGUMENT...: runs the tests of captures on an X server with another kind of screen.
 other_screen() {
   local name=$1
   shift

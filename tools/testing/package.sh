@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Installs the optimised build into an empty folder and builds the quick start against it, as a user of the package does.
+# Installs the optimised build into an empty folder and builds the quick start against the installation, as a user of
+# the package does.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 log="$PWD/build/package.log"
-# The code of the first page is what people copy.
+# Users copy the code in README.md, so that it has to compile.
 awk '/^```cpp$/ { inside = 1; next } /^```$/ { inside = 0 } inside' README.md >"$folder/readme.cpp"
 {
   cmake --install build/linux-release --prefix "$folder/prefix"
@@ -18,7 +19,7 @@ awk '/^```cpp$/ { inside = 1; next } /^```$/ { inside = 0 } inside' README.md >"
   cmake --build "$folder/core"
   "$folder/core/core-only"
   "$folder/prefix/bin/nolvex-viewer" --version
-  # Each header by itself, as somebody may include it first.
+  # Each header must compile alone, since a user may include it first.
   toolkit=$(wx-config --cxxflags)
   (cd "$folder/prefix/include" && find . -name '*.h') | xargs -P "$(nproc)" -I '{}' \
     g++ -std=c++20 -fsyntax-only -x c++ -include "{}" -I "$folder/prefix/include" $toolkit /dev/null

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # peer.sh COMMAND...: exchanges every kind of message, in both directions and over ports of this computer, between the
-# library, which COMMAND (NolvexLibraryPeer) speaks for, and a peer that was made of nothing but the protocol's
-# description. Each message is compared with what was meant, byte by byte.
+# library, which COMMAND (NolvexLibraryPeer) runs, and a peer that was written from the description of the protocol
+# alone. Each received message is compared byte by byte with the intended message.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 . tools/testing/common.sh
@@ -10,12 +10,13 @@ need_packages python3
 passed=0 failed=0 skipped=0
 
 peer=$PWD/tests/peer
-# The two ends, which exchange finds by their names.
+# exchange finds the commands of the two ends by the names of these variables.
 # shellcheck disable=SC2034
 python=(timeout 120 python3 -B "$peer/nolvex_peer.py")
 library=(timeout 120)
 for word in "$@"; do
-  # The exchanges have a folder of their own: names without a folder mean the same to programs of every system.
+  # The exchanges run in another folder, so that paths of existing files must be absolute. The names of the exchanged
+  # files have no folder, because programs of every system understand such names.
   [ ! -e "$word" ] || word=$(realpath "$word")
   library+=("$word")
 done
@@ -28,7 +29,7 @@ end_all() {
 trap end_all EXIT
 cd "$folder"
 
-# wait_for_port: until the end that waits says where.
+# wait_for_port: waits until the listening end prints its port.
 wait_for_port() {
   port=
   while [ -z "$port" ] && kill -0 "$waiting" 2>/dev/null; do
@@ -37,9 +38,9 @@ wait_for_port() {
   done
 }
 
-# exchange END [WORD...] -- [WORD...]: END is given the first words and waits for a connection; the other end is given
-# the second ones and makes it. The command is the first of the words. What they print is left in waiting.out and
-# other.out, without what differs from run to run, and their status in waiting_status and other_status.
+# exchange END [WORD...] -- [WORD...]: END gets the first words and waits for a connection. The other end gets the
+# second words and connects. The first word of each is the command. The output is left in waiting.out and other.out,
+# without the parts that differ from run to run, and the statuses in waiting_status and other_status.
 exchange() {
   local -n waiting_end=$1
   local words=() other=library
@@ -63,7 +64,7 @@ exchange() {
     -e 's/<CompressedSize>[0-9]\{1,\}</<CompressedSize>some</' waiting.out other.out
 }
 
-# arrived NAME PRINTED: what the receiver printed and wrote is what was expected, and both ends are content.
+# arrived NAME PRINTED: checks that the receiver printed and wrote the expected content and that both ends succeeded.
 arrived() {
   if [ "$waiting_status" -ne 0 ] || [ "$other_status" -ne 0 ] || ! cmp "$1.expected" "$2"; then
     echo "status $waiting_status and $other_status"
@@ -74,7 +75,7 @@ arrived() {
   diff -r "$1.files" received
 }
 
-# send_from END TO-END NAME KIND [WORD...]: the messages of that name. The words are what the receiver is told of them.
+# send_from END TO-END NAME KIND [WORD...]: sends the messages of that name. The words are arguments of the receiver.
 send_from() {
   local sender=$1 receiver=$2 name=$3 kind=$4 items
   shift 4
@@ -83,13 +84,13 @@ send_from() {
   check "$name, from $sender" arrived "$name" waiting.out
 }
 
-# send_both_ways NAME KIND [WORD...]: from the library to the peer and back.
+# send_both_ways NAME KIND [WORD...]: sends the messages from the library to the peer and from the peer to the library.
 send_both_ways() {
   send_from library python "$@"
   send_from python library "$@"
 }
 
-# send_as_listener NAME KIND [WORD...]: as send_both_ways, but the sender waits for the connection.
+# send_as_listener NAME KIND [WORD...]: does the same as send_both_ways, but the sender waits for the connection.
 send_as_listener() {
   local name=$1 kind=$2 items
   shift 2
@@ -100,7 +101,7 @@ send_as_listener() {
   check "$name, from python, which waits" arrived "$name" other.out
 }
 
-# refused RECEIVER NAME REASON ITEM: the receiver refuses that, and says why.
+# refused RECEIVER NAME REASON ITEM: checks that the receiver refuses the item and prints the reason.
 refused() {
   exchange "$1" receive-messages received 1 -- send-messages "$4"
   check "$2 is refused" was_refused "$3"
@@ -112,7 +113,7 @@ was_refused() {
   return 1
 }
 
-# quietly COMMAND...: shows what it says only when it fails.
+# quietly COMMAND...: runs a command and shows its output only if it fails.
 quietly() {
   "$@" >quiet.out 2>&1 && return
   cat quiet.out

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# run-wine.sh PROGRAM.exe [ARGUMENT...]: runs a Windows program in the prefix that WINEPREFIX names. Arguments that are
-# absolute paths are spelled the way Windows programs read them.
+# run-wine.sh PROGRAM.exe [ARGUMENT...]: runs a Windows program in the prefix that WINEPREFIX names. Absolute paths
+# among the arguments are converted to Windows paths.
 set -euo pipefail
 program=$1
 shift

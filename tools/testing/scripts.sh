@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# What the scripts share, tested by itself: installing waits for another installation and says so, and programs on a
-# display of their own do not reach the user's desktop.
+# Tests the functions that the scripts share: an installation waits for another installation and says so, and programs
+# on a private display do not reach the user's desktop.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 . tools/testing/common.sh
@@ -21,7 +21,7 @@ complain() {
   failures=$((failures + 1))
 }
 
-# hold_lock: as the package manager does, until $work/release is there.
+# hold_lock: holds the lock as the package manager does, until the file $work/release exists.
 hold_lock() {
   python3 - "$work" <<'PYTHON' &
 import fcntl, os, sys, time

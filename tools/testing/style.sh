@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Form and defects: clang-format and clang-tidy over all sources. Prints what they find; status 1 when they do.
+# Runs clang-format and clang-tidy over all sources and prints their findings. The status is 1 if there are any.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 . tools/testing/common.sh
@@ -10,8 +10,8 @@ say "checking style"
 git ls-files -co --exclude-standard '*.h' '*.cpp' | xargs clang-format --dry-run -Werror
 
 mkdir -p build
-# clang reads no precompiled header of gcc's, hence a configuration of its own; nothing in it is built. Tests are held
-# to their form only: what their macros become is not ours to mend, and they would double the time.
+# clang cannot read precompiled headers of gcc and needs a separate configuration, in which nothing is built. clang-tidy
+# skips the tests, because it would report findings in the macros of GoogleTest and take twice the time.
 cmake -S . -B build/tidy -G Ninja -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=Release \
   -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON -DCMAKE_EXPORT_COMPILE_COMMANDS=ON -DCMAKE_CXX_COMPILER_LAUNCHER= \
   -DNOLVEX_BUILD_TESTS=OFF \

@@ -19,7 +19,7 @@ CACHE = pathlib.Path(
 
 
 def preprocessed(entry):
-    """The unit's text as the compiler sees it."""
+    """Returns the unit's text after preprocessing."""
     command = [part for part in shlex.split(entry["command"])]
     if "-o" in command:
         at = command.index("-o")
@@ -34,7 +34,7 @@ def key(entry, salt):
 
 
 def look(entry, folder, salt):
-    """None when the unit is clean, else what clang-tidy said."""
+    """Returns None if the unit is clean, and otherwise the output of clang-tidy."""
     stamp = CACHE / key(entry, salt)
     if stamp.exists():
         return None

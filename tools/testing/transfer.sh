@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# transfer.sh FOLDER [WRAPPER]: uses nolvex-send and nolvex-receive of that folder as two users would: texts and files
-# arrive whole or the status says no, names stay in their folder, strangers hold nobody up, and mistakes give a clear
-# line and their status. The WRAPPER runs programs of Windows.
+# transfer.sh FOLDER [WRAPPER]: uses nolvex-send and nolvex-receive from FOLDER as two users would. Texts and files
+# arrive whole or the status reports an error, files stay in the receiver's folder, strangers do not delay other
+# senders, and mistakes give a clear line and a status. WRAPPER runs Windows programs.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 programs=$1
@@ -27,7 +27,7 @@ complain() {
   failures=$((failures + 1))
 }
 
-# until_true COMMAND...: waits for ten seconds at most.
+# until_true COMMAND...: repeats the command until it succeeds, for ten seconds at most.
 until_true() {
   local _
   for _ in $(seq 100); do
@@ -42,7 +42,7 @@ read_port() {
   [ -n "$port" ]
 }
 
-# start_receiver [ARGUMENT...]: with an empty folder. Sets receiver and port.
+# start_receiver [ARGUMENT...]: starts a receiver with an empty folder. Sets receiver and port.
 start_receiver() {
   rm -rf "$stored"
   mkdir "$stored"
@@ -52,7 +52,7 @@ start_receiver() {
   until_true read_port || { complain "the receiver does not listen"; exit 1; }
 }
 
-# end_receiver STATUS: waits for its end.
+# end_receiver STATUS: waits for the end of the receiver and checks its status.
 end_receiver() {
   local status=0
   wait "$receiver" || status=$?
@@ -60,7 +60,8 @@ end_receiver() {
   [ "$status" -eq "$1" ] || complain "the receiver ended with $status instead of $1: $(cat "$folder/log" "$folder/errors")"
 }
 
-# sends_later [ARGUMENT...]: in the background, as the process $sender. The strangers' connections are not its own.
+# sends_later [ARGUMENT...]: starts a sender in the background as $sender. The sender must not inherit the strangers'
+# connections.
 sends_later() {
   (
     for descriptor in "${strangers[@]}"; do
@@ -71,7 +72,7 @@ sends_later() {
   sender=$!
 }
 
-# expect_status STATUS PATTERN COMMAND...: what the command prints matches the pattern.
+# expect_status STATUS PATTERN COMMAND...: checks the status of the command, and that its output matches the pattern.
 expect_status() {
   local expected=$1 pattern=$2 status=0
   shift 2
@@ -84,7 +85,7 @@ sends() {
   "${send[@]}" "$@" >"$folder/output" 2>&1 </dev/null || complain "sending $* failed: $(cat "$folder/output")"
 }
 
-# arrived FILE [NAME]: as received-NAME, by default the file's own name.
+# arrived FILE [NAME]: checks that FILE was stored as received-NAME. NAME is by default the name of FILE.
 arrived() {
   cmp "$1" "$stored/received-${2:-$(basename "$1")}" || complain "$1 is not what was stored"
 }
@@ -108,12 +109,12 @@ connect() {
   strangers+=("$stranger")
 }
 
-# announce SIZE: what goes before a file of that size.
+# announce SIZE: prints the header that precedes a file of that size.
 announce() {
   printf '<root><DataType>1</DataType><Name>half.bin</Name><FileSize>%s</FileSize><Compressed>0</Compressed></root>\0' "$1"
 }
 
-# hang_up: closes all connections that were opened.
+# hang_up: closes all connections of strangers.
 hang_up() {
   for stranger in "${strangers[@]}"; do
     exec {stranger}>&-
@@ -127,7 +128,7 @@ head -c 3000000 /dev/zero >"$folder/zeros.bin"
 printf 'small\n' >"$folder/small.txt"
 
 texts_and_files_arrive() {
-  # A name of as many bytes as a system takes, and of characters that are longer when written.
+  # The name has almost as many bytes as a system allows, in characters of three bytes.
   local long_name
   long_name=$(printf '\344\270\200%.0s' $(seq 80))
   cp "$folder/noise.bin" "$folder/$long_name"
@@ -148,14 +149,14 @@ texts_and_files_arrive() {
 }
 
 names_and_texts_of_every_kind_arrive() {
-  # The fiftieth unit of UTF-16 is in the middle of a character.
+  # The fiftieth unit of UTF-16, where the name is cut, is in the middle of a character.
   local wide_name broken_name text='ä 一 😀'
   wide_name=$(printf 'n%.0s' $(seq 45))😀$(printf 'm%.0s' $(seq 20)).bin
   cp "$folder/noise.bin" "$folder/$wide_name"
   start_receiver -n 2
   sends --text "$text" 127.0.0.1 "$port" "$folder/$wide_name"
   if [ -z "$suffix" ]; then
-    # Only here are names bytes, and does the locale decide about arguments.
+    # Only on this system are names bytes and arguments read in the encoding of the locale.
     broken_name=$(printf 'a\377b')
     cp "$folder/noise.bin" "$folder/$broken_name"
     LC_ALL=C sends --text "$text, once more" 127.0.0.1 "$port" "$folder/$broken_name" "$folder/$wide_name"
@@ -171,7 +172,7 @@ names_and_texts_of_every_kind_arrive() {
   [ ! -s "$folder/output" ] || complain "the file of the long name is not what was sent"
 }
 
-# Such files report another size than they have.
+# Files that the system generates report a size that differs from the size of their content.
 files_that_the_system_makes_up_arrive() {
   start_receiver -n 2
   sends 127.0.0.1 "$port" /proc/version
@@ -216,7 +217,7 @@ strangers_hold_nobody_up() {
   sends 127.0.0.1 "$port" "$folder/noise.bin"
   arrived "$folder/noise.bin"
   hang_up
-  # There is no room beside four: the next sender waits until they go.
+  # The receiver serves four clients, so that the next sender waits until the strangers have gone.
   for _ in $(seq 4); do
     connect
   done
@@ -234,7 +235,7 @@ other_protocols_are_refused() {
   start_receiver -n 2
   connect
   printf 'GET / HTTP/1.0\r\n\r\n\0' >&"$stranger"
-  # The receiver hangs up.
+  # The receiver closes the connection.
   timeout 20 cat <&"$stranger" >/dev/null || complain "a stranger is not sent away"
   hang_up
   connect
@@ -252,7 +253,7 @@ files_that_are_too_large_are_refused() {
     "$folder/zeros.bin" "$folder/sparse.bin" "$folder/noise.bin"
   grep -q 'too long to be compressed' "$folder/output" || complain "nothing was said of the file that is not compressed"
   arrived "$folder/noise.bin"
-  # A sender that does not ask first.
+  # This sender does not offer the file first.
   connect
   announce 300001 >&"$stranger"
   timeout 20 cat <&"$stranger" >/dev/null || complain "a file that is too large is received"
@@ -273,7 +274,7 @@ unknown_hosts_are_named() {
   receiver=
 }
 
-# Wine has no signals to send to its programs.
+# This test does not run under Wine, which has no signals for its programs.
 signals_end_the_programs() {
   local signal status=0
   for signal in INT TERM; do
@@ -287,7 +288,7 @@ signals_end_the_programs() {
     nothing_is_stored || complain "half a file was kept after SIG$signal"
   done
   start_receiver
-  # Connections are made, and nobody answers.
+  # The system accepts connections for a stopped receiver, but the receiver does not answer.
   kill -STOP "$receiver" "$(pgrep -P "$receiver")"
   sends_later --wait 50 127.0.0.1 "$port" "$folder/small.txt"
   sleep 1
@@ -312,7 +313,7 @@ mistakes_are_explained() {
   expect_status 2 'address' "${receive[@]}" --address nobody.invalid
   expect_status 1 'folder' "${receive[@]}" --folder "$folder/missing"
   expect_status 2 'text' "${send[@]}" --text "$(printf 'a\001b')" 127.0.0.1 1
-  # The receiver of before has gone.
+  # No program listens on the port any more.
   expect_status 1 'Nobody answers' "${send[@]}" --wait 2 127.0.0.1 "$port" "$folder/noise.bin"
   if [ -z "$suffix" ]; then
     expect_status 2 'text' "${send[@]}" --text "$(printf 'a\377b')" 127.0.0.1 1

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# viewer.sh COMMAND...: the viewer, started as a user starts it: good pictures are shown, bad ones give one clear line
-# and status 1.
+# viewer.sh COMMAND...: starts the viewer as a user does. The viewer must show good pictures, and for a bad picture
+# print one clear line and end with status 1.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 folder=$(mktemp -d)

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# The Windows build: every test under Wine, the tests of sizes again at the scales 125 % to 300 %, the zip, and the viewer from it.
+# Runs every test of the Windows build under Wine, the tests of sizes again at the scales 125 % to 300 %, and packs the
+# zip and starts the viewer from it.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 . tools/testing/common.sh
@@ -14,7 +15,7 @@ start_wine
 run_tests windows "$WINDOWS_BUILD"
 linux_count=$(sed -n "s/^$(git rev-parse HEAD) //p" build/linux-test-count 2>/dev/null || true)
 if [ -n "$linux_count" ]; then
-  # Tests that cannot run here say so and why, and are counted as skipped.
+  # Tests that cannot run on this system say why and count as skipped.
   check "as many tests as on Linux ($tests_run, there $linux_count)" [ "$tests_run" -eq "$linux_count" ]
 else
   echo "The Linux tests of this state were not run here: their number is not compared."

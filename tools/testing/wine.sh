@@ -1,9 +1,9 @@
 # SPDX-License-Identifier: MIT
-# The Windows build and the running of its programs under Wine. Sourced behind common.sh.
+# Builds for Windows and runs Windows programs under Wine. A script sources this file after common.sh.
 
 WINDOWS_BUILD=build/windows-release
 
-# build_windows [TARGET...]: prepares what the cross-build stands on, then builds.
+# build_windows [TARGET...]: prepares the libraries for the cross-build, then builds.
 build_windows() {
   say "preparing the Windows build"
   NOLVEX_WINDOWS_PREFIX=$(tools/windows/prepare.sh)
@@ -15,7 +15,7 @@ build_windows() {
   configure_and_build windows-release "-DCMAKE_CROSSCOMPILING_EMULATOR=$PWD/tools/testing/run-wine.sh"
 }
 
-# start_wine [DPI [NAME]]: a Wine prefix for this script alone, made anew, with the system's DPI set. Ended by stop_wine.
+# start_wine [DPI [NAME]]: makes a new Wine prefix for this script alone, with the system's DPI set. stop_wine ends it.
 start_wine() {
   local dpi=${1:-96}
   WINEPREFIX=$PWD/build/wine-${2:-$dpi}
@@ -25,8 +25,8 @@ start_wine() {
     wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$dpi" /f >/dev/null 2>&1
     wineserver -w
   fi
-  # Kept alive between two programs, with its services: each start would cost a second, and services that a test started
-  # would hold on to the test's output for ever.
+  # The Wine server stays alive between two programs: each start would cost a second, and services that a test started
+  # would keep the output of that test open for ever.
   wineserver -p
   wine cmd /c exit >/dev/null 2>&1 </dev/null
 }

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Packs the Windows build, unpacks it elsewhere and starts the viewer from there, in the caller's Wine prefix, which
-# should be a fresh one.
+# Packs the Windows build, unpacks the zip elsewhere and starts the viewer from there, in the caller's Wine prefix,
+# which should be new.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 folder=$(mktemp -d)
@@ -12,7 +12,7 @@ trap 'rm -rf "$folder"' EXIT
 }
 unzip -q "$folder"/*.zip -d "$folder/unpacked"
 viewer=$(find "$folder/unpacked" -name nolvex-viewer.exe)
-# From its own folder, so that nothing of the build is beside it.
+# The viewer starts in its own folder, so that no file of the build is beside it.
 (cd "$(dirname "$viewer")" && timeout 120 wine ./nolvex-viewer.exe --screenshot shot.png)
 [ -s "$(dirname "$viewer")/shot.png" ]
 header=$(find "$folder/unpacked" -path '*include/NolvexLibWx/NolvexLibWx.h')

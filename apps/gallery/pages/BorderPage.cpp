@@ -25,7 +25,7 @@ String nameOf(Flags<OskaBorderState> state)
     return name.isEmpty() ? String(L"no flag") : name;
 }
 
-// All eight combinations of the flags. The mouse changes the flag for hovering, too.
+// Shows all eight combinations of the flags. The mouse, too, changes the flag for hovering.
 void build(wxWindow* parent, const Log& log)
 {
     auto* grid = new wxGridSizer(2, wxSize(16, 16));

@@ -20,7 +20,8 @@ namespace {
 
 constexpr int GAP = 10;
 
-// A disc of light: up to 3 in its middle, so that clamping shows; alpha falls off to its rim.
+// Returns a pixel of a disc of light. The light reaches 3 in the middle, which shows clamping, and the alpha
+// falls to 0 at the rim.
 Rgb glowAt(int x, int y, int size)
 {
     const float dx = (static_cast<float>(x) + 0.5f) / static_cast<float>(size) * 2.0f - 1.0f;

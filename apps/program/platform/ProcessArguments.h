@@ -6,11 +6,11 @@
 
 namespace Nolvex::Program {
 
-/// The program's arguments without its name, with every character that the user typed. On Windows `main` gets
-/// them in a code page that lacks most characters.
+/// Returns the program's arguments without its name, with every character that the user typed. On Windows
+/// `main` gets the arguments in a code page that lacks most characters.
 Array<Io::Path> processArguments(int argc, char** argv);
 
-/// The program's own file.
+/// Returns the path of the program's own file.
 Io::Path programFile();
 
 } // namespace Nolvex::Program

@@ -24,7 +24,7 @@ constexpr int CONTROLS = 500;
 constexpr int PAINTS = 200;
 const wxSize FACE(120, 24);
 
-// The library, an event loop and a frame, for as long as the work needs them.
+// Keeps the library started and an event loop and a frame alive for as long as the work needs them.
 class Stage
 {
 public:
@@ -88,7 +88,7 @@ wxButton* makeNativeButton(wxWindow* parent)
     return new wxButton(parent, wxID_ANY, L"Render");
 }
 
-// Made and destroyed with their parent, as the controls of a dialog are.
+// The buttons are made, and destroyed together with their parent, as the controls of a dialog are.
 template<auto MAKE>
 Work construction(const std::shared_ptr<Stage>& stage)
 {
@@ -129,7 +129,7 @@ struct Surface
     }
 };
 
-// Each draws itself, without the window's background, into the same kind of memory.
+// Each button draws itself, without the window's background, into the same kind of memory.
 Contest paintFace()
 {
     const auto stage = std::make_shared<Stage>();

@@ -14,7 +14,7 @@ namespace Nolvex::Benchmarks {
 
 namespace {
 
-// From the beginning of the process to its end, with a window that is painted in between.
+// Runs a process from its start to its end. The process paints a window in between.
 void runProgram(const char* name)
 {
     const std::filesystem::path folder = std::filesystem::read_symlink("/proc/self/exe").parent_path();

@@ -40,7 +40,7 @@ void check(bool isDone)
         throw std::runtime_error("A transfer between the benchmark's own ends failed.");
 }
 
-// The system's own sockets, connected on the loopback.
+// Two sockets of the system, connected over the loopback address.
 class RawPair
 {
 public:
@@ -101,14 +101,14 @@ void receiveAll(int socket, char* data, std::size_t size)
     }
 }
 
-// The library, started for as long as the work needs it.
+// Starts the library and stops it when the work no longer needs it.
 std::shared_ptr<void> startedLibrary()
 {
     LibWx::startup(LibWx::ApplicationType::APPLICATION);
     return {nullptr, [](void*) { LibWx::shutdown(); }};
 }
 
-// Two ends of the library's own.
+// A connection between two sockets of the library.
 struct Pair
 {
     std::shared_ptr<void> library = startedLibrary();
@@ -117,7 +117,7 @@ struct Pair
     TcpSocket server = listener.acceptConnection(true);
 };
 
-// A toolkit socket whose other end is the system's.
+// A connection between a socket of wxWidgets and a socket of the system.
 struct HalfRawPair
 {
     std::shared_ptr<void> library = startedLibrary();
@@ -166,7 +166,7 @@ std::string headersOfOneKilobyte()
     return all;
 }
 
-// The only way that wxWidgets has for a caller who must not read past the end: one byte a call.
+// wxWidgets has no other way for a caller who must not read past the end of a text: each call reads one byte.
 void readByteByByte(wxSocketBase& socket)
 {
     for (int i = 0; i < HEADERS; ++i) {
@@ -210,7 +210,7 @@ Contest headerReading()
     return contest;
 }
 
-// Keeps this thread, and those that it starts, on one core.
+// Keeps this thread, and the threads that it starts, on one processor core.
 class OneCore
 {
 public:
@@ -240,7 +240,7 @@ struct Free
     void operator()(char* block) const { std::free(block); }
 };
 
-// Moves the body into memory that is fresh each time, as the memory is that the library hands over.
+// Moves the body into new memory each time, because the library, too, hands over new memory each time.
 void moveRaw(const RawPair& pair, const std::vector<std::byte>& body)
 {
     const OneCore oneCore;
@@ -271,7 +271,7 @@ Contest bodies()
     return {[raw, body] { moveRaw(*raw, *body); }, [pair, body] { moveByLibrary(*pair, *body); }};
 }
 
-// The bytes of a text message with one child, both ways.
+// Sends the bytes of a text message with one child in both directions.
 void exchangeRaw(const RawPair& pair, const std::string& message)
 {
     std::thread answerer([&] {
@@ -316,7 +316,7 @@ Contest requests()
             [pair, message] { exchangeByLibrary(*pair, message); }};
 }
 
-// While it lives, as many threads as there are cores have something else to do.
+// While the object lives, as many threads as there are processor cores do other work.
 class OtherWork
 {
 public:

@@ -6,11 +6,11 @@
 #include <string>
 #include <vector>
 
-/// The arguments of the program, its name included, whatever the locale is.
+/// Returns the arguments of the program, including its name, in any locale.
 ///
 /// On POSIX systems arguments are bytes, which are read as UTF-8. A byte that belongs to no valid character
 /// becomes the lone surrogate U+DC00 + byte, so that every argument can be turned back into its bytes.
 std::vector<std::wstring> commandLineArguments(int argc, char** argv);
 
-/// The path that an argument names, also when the name is no valid text.
+/// Returns the path that an argument names, even if the name is not valid text.
 Nolvex::Io::Path pathOfArgument(const std::wstring& argument);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// True when the standard error is shown on a terminal.
+/// Returns whether the standard error is shown on a terminal.
 bool isErrorOnTerminal();

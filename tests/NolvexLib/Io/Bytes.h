@@ -24,7 +24,7 @@ inline std::string textOf(ArrayView<const std::byte> bytes)
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
-/// Everything left in the stream, read in pieces of that many bytes.
+/// Returns the rest of the stream, read in pieces of `pieceSize` bytes.
 inline std::string readAll(Io::BinaryInputStream& stream, std::int64_t pieceSize = 65536)
 {
     std::string text;
@@ -40,7 +40,7 @@ inline void writeText(Io::BinaryOutputStream& stream, std::string_view text)
     stream.write(text.data(), static_cast<std::int64_t>(text.size()));
 }
 
-/// Bytes without any pattern, the same ones in each run.
+/// Returns bytes without any pattern, the same bytes in each run.
 inline std::string incompressibleText(std::size_t size)
 {
     std::mt19937 random(12345);

@@ -63,7 +63,7 @@ TEST(DeflateInputStreamTest, read_ofDataWithAFlippedBit_raises)
             continue;
         }
     }
-    // Only those that fill up the last byte before the checksum mean nothing.
+    // Only the bits that fill up the last byte before the checksum have no meaning.
     EXPECT_LE(unnoticed, 7u);
 }
 

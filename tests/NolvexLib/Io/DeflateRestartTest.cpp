@@ -34,7 +34,7 @@ Array<ArrayView<const std::byte>> slicesOf(ArrayView<const std::byte> bytes, std
     return slices;
 }
 
-// The content of one slice; what follows its run must be zeros, or nothing when it is the last one.
+// Returns the content of one slice. Its run must be followed by zeros, or by nothing in the last slice.
 std::string decompressSlice(ArrayView<const std::byte> slice, bool isLast)
 {
     MemoryInputStream source(slice);
@@ -169,7 +169,7 @@ TEST(DeflateRestartTest, write_withAnotherInterval_restartsThere)
     }
 }
 
-// The most bytes of the text whose compressed form holds no more than one piece.
+// Returns how many bytes of the text fit into a single piece when they are compressed.
 std::size_t mostThatFitOnePiece(std::string_view text, Optional<int> restartInterval)
 {
     std::size_t fitting = 0;
@@ -282,7 +282,7 @@ TEST(DeflateRestartTest, constructor_withShorterIntervalThanTheLeast_isAProgramm
     EXPECT_THROW(DeflateOutputStream(target, LEVEL, -65536), StopException);
 }
 
-// Takes everything up to the first boundary, and nothing that reaches it.
+// Accepts the bytes before the first boundary of a piece, and fails when the boundary is reached.
 class OnePieceStream : public MemoryOutputStream
 {
 protected:
@@ -305,7 +305,7 @@ TEST(DeflateRestartTest, write_toATargetThatFailsAtTheBoundary_raisesAndFinishTo
     EXPECT_THROW(stream.finish(), Exception);
 }
 
-// Decompresses slice by slice what arrives, which must be zeros, and forgets it.
+// Decompresses each arriving slice, whose content must be zeros, and forgets the slice.
 class ZeroCountingStream : public BinaryOutputStream
 {
 public:

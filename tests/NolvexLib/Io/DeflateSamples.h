@@ -14,7 +14,7 @@
 
 namespace Nolvex::Tests {
 
-/// Lines that resemble each other as those of a document do.
+/// Returns lines that resemble each other as the lines of a document do.
 inline std::string documentText(std::size_t size)
 {
     std::string text;

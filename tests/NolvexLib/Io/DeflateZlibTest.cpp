@@ -27,7 +27,7 @@ std::string bareCompress(std::string_view text)
     return bytes;
 }
 
-// The content of the one run that the bytes begin with.
+// Returns the content of the single run at the start of the bytes.
 std::string bareDecompress(ArrayView<const std::byte> bytes)
 {
     std::string text;

@@ -13,7 +13,7 @@ namespace {
 class FileInputStreamTest : public testing::Test
 {
 protected:
-    // What opening the file raises, empty when it opens.
+    // Returns the message of the exception that opening the file raises, or an empty text if the file opens.
     static std::string openFailure(const Path& path)
     {
         try {

@@ -148,7 +148,7 @@ TEST_F(FileOutputStreamTest, write_afterClose_isAProgrammingError)
     EXPECT_THROW(stream.flush(), StopException);
 }
 
-// The device that is always full.
+// Writes to the device that is always full.
 class FullDiskTest : public testing::Test
 {
 protected:

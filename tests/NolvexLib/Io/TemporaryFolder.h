@@ -13,7 +13,7 @@
 
 namespace Nolvex::Tests {
 
-/// An empty folder for one test, removed with all it holds.
+/// An empty folder for one test, which is removed with all its content.
 class TemporaryFolder : private Noncopyable
 {
 public:
@@ -34,7 +34,7 @@ public:
 
     Io::Path file(StringView name) const { return m_path / name; }
 
-    /// A file with that content.
+    /// Makes a file with this content and returns its path.
     Io::Path file(StringView name, std::string_view content) const
     {
         Io::Path path = file(name);

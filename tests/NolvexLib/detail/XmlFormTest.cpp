@@ -12,7 +12,7 @@ namespace Nolvex {
 
 namespace {
 
-// As many levels of elements as asked for, the root being the first.
+// Returns nested elements of as many levels as requested, the root being the first level.
 std::string nested(std::size_t levels)
 {
     std::string xml = "<root>";

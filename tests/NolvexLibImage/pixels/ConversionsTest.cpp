@@ -204,7 +204,7 @@ TEST_P(ConversionsTest, displayableColours_returnWithinHalfAStep)
         ASSERT_NEAR(back[i].r, pixels[i].r, HALF_A_STEP) << i;
         ASSERT_NEAR(back[i].g, pixels[i].g, HALF_A_STEP) << i;
         ASSERT_NEAR(back[i].b, pixels[i].b, HALF_A_STEP) << i;
-        // Truncated, so up to a whole step below.
+        // The bytes are truncated, so that a value may come back up to a whole step lower.
         ASSERT_LE(back[i].a, pixels[i].a + 1e-6f) << i;
         ASSERT_GT(back[i].a, pixels[i].a - 2 * HALF_A_STEP) << i;
     }

@@ -15,7 +15,7 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-/// One of the conversions to bytes, and what it promises.
+/// A conversion to bytes, and the reference for its results.
 struct Conversion
 {
     const char* name;
@@ -74,7 +74,8 @@ Planes expectedPlanes(const Conversion& conversion, const std::vector<Rgb>& pixe
     return planes;
 }
 
-/// The source in a block that ends where it ends, so that the sanitizers see reads beyond it.
+/// Copies the source into a block that ends at the last pixel, so that the sanitizers see reads beyond the
+/// end.
 Planes convertedPlanes(const Conversion& conversion, const std::vector<Rgb>& pixels)
 {
     Planes planes{Bytes(pixels.size() * conversion.colourBytes),
@@ -101,7 +102,7 @@ class GuardedPlane
 public:
     explicit GuardedPlane(std::size_t bytesPerPixel) : m_bytesPerPixel(bytesPerPixel) {}
 
-    /// The plane, `misalignment` bytes beyond a multiple of 32.
+    /// Returns the plane, which starts `misalignment` bytes beyond a multiple of 32.
     std::uint8_t* place(std::size_t misalignment)
     {
         std::ranges::fill(m_bytes, GUARD);
@@ -110,7 +111,7 @@ public:
         return m_bytes.data() + m_start;
     }
 
-    /// Whether the plane begins with `count` pixels of `expected`, and nothing else was written.
+    /// Returns whether the plane begins with `count` pixels of `expected` and no other byte was written.
     bool holds(const Bytes& expected, std::size_t count) const
     {
         const auto begin = m_bytes.begin() + static_cast<std::ptrdiff_t>(m_start);
@@ -126,14 +127,14 @@ private:
     Bytes m_bytes = Bytes(MAX_PIXELS * 4 + 5 * ALIGNMENTS);
 };
 
-/// One count and source, all alignments of the destination.
+/// Tries all alignments of the destination with one source and number of pixels.
 testing::AssertionResult fitsEverywhere(const Conversion& conversion, const Planes& expected,
                                         const Rgb* source, std::size_t count)
 {
     GuardedPlane colour(conversion.colourBytes);
     GuardedPlane alpha(conversion.alphaBytes);
     for (std::size_t misalignment = 0; misalignment < ALIGNMENTS; ++misalignment) {
-        // Five steps on, so that the two planes are not aligned alike.
+        // The planes are five steps apart, so that their alignments differ.
         std::uint8_t* const alphaPlane = alpha.place((misalignment + 5) % ALIGNMENTS);
         conversion.convert(source, colour.place(misalignment), alphaPlane, count);
         if (!colour.holds(expected.colour, count) || !alpha.holds(expected.alpha, count))

@@ -16,7 +16,7 @@ namespace {
 
 using Bytes = std::vector<std::byte>;
 
-/// One of the conversions to floats: of `format`, or of what would be `format` if red and blue were swapped.
+/// A conversion to floats from `format`, or from the same format with red and blue swapped.
 struct Conversion
 {
     PixelFormat format;
@@ -84,7 +84,7 @@ testing::AssertionResult convertsAsReference(const Conversion& conversion, const
     return isAsReference(conversion, source.data(), converted.data(), count);
 }
 
-/// All numbers of 16 bits, then some of them again, so that each comes in each channel.
+/// Returns all numbers of 16 bits and then some of them again, so that each number comes in each channel.
 Bytes allWords()
 {
     std::vector<std::uint16_t> words(std::size_t(3) * 0x1'0000);
@@ -99,7 +99,7 @@ constexpr std::size_t MAX_PIXELS = 70;
 constexpr std::size_t ALIGNMENTS = 32;
 constexpr float GUARD = -7.5f;
 
-/// One count and source, all alignments of the destination.
+/// Tries all alignments of the destination with one source and number of pixels.
 testing::AssertionResult fitsEverywhere(const Conversion& conversion, const std::byte* source,
                                         std::size_t count)
 {
@@ -195,7 +195,7 @@ TEST_P(ConversionsToFloatsTest, everyCount_readsItsPixelsOnly)
 {
     for (const Conversion& conversion : allConversions()) {
         for (std::size_t count = 1; count <= MAX_PIXELS; ++count) {
-            // A block that ends where the pixels end: the sanitizers see reads beyond it.
+            // The block ends at the last pixel, so that the sanitizers see reads beyond the end.
             const Bytes exact = randomBytes(count * Reference::pixelBytes(conversion.format));
             EXPECT_TRUE(convertsAsReference(conversion, exact));
         }

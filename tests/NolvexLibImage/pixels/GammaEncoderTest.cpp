@@ -46,7 +46,7 @@ const std::vector<float>& unusualExponents()
     return exponents;
 }
 
-/// The smallest bits between those of 0 and of 1 whose byte is `byte` or more.
+/// Returns the bits of the smallest float from 0 to 1 whose byte is `byte` or more.
 int thresholdOf(int byte, float exponent)
 {
     int low = 0;
@@ -69,7 +69,7 @@ std::vector<float> thresholdsOf(float exponent)
     return thresholds;
 }
 
-/// Each value in each channel, alpha included; the last pixel repeated to fill the last block.
+/// Encodes each value in each channel, alpha included. The last pixel is repeated to fill the last block.
 testing::AssertionResult encodesAsPower(const GammaEncoder& encoder, float exponent,
                                         const std::vector<float>& values)
 {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Damaged pictures of every kind are refused or decoded, but never crash the program: wxWidgets' decoders are
-// not instrumented, so that a fault of theirs ends the test program by a signal or an invalid heap.
+// Damaged pictures of every kind are refused or decoded and never crash the program. wxWidgets' decoders are
+// not instrumented, so that a defect in them ends the test program by a signal or an invalid heap.
 #include "NolvexLibWx/MemoryImages.h"
 #include "support/PictureFiles.h"
 
@@ -30,14 +30,13 @@ wxImage convert(ArrayView<const std::byte> bytes, wxBitmapType type = wxBITMAP_T
                                     static_cast<int>(exact.size()), type);
 }
 
-// Changes one to four bytes, more often to values that headers take amiss, and sometimes drops or doubles
-// some.
+// Changes one to four bytes, often to values that break headers, and sometimes removes or repeats some bytes.
 Array<std::byte> mutated(const Array<std::byte>& file, std::mt19937& random)
 {
     constexpr int EXTREMES[] = {0, 1, 0x7F, 0x80, 0xFF};
     Array<std::byte> bytes = file;
     for (std::size_t count = 1 + random() % 4; count > 0; --count) {
-        // Headers stand in front.
+        // Half of the changes hit the first bytes, which contain the headers.
         const std::size_t range = random() % 2 == 0 ? bytes.size() : std::min<std::size_t>(bytes.size(), 64);
         const bool extreme = random() % 2 == 0;
         bytes[random() % range] =
@@ -59,7 +58,7 @@ void expectSound(const wxImage& image)
     }
 }
 
-// A file that claims to hold a picture of this size and has no pixel.
+// Returns a file that claims to hold a picture of this size but contains no pixel.
 Array<std::byte> tgaHeader(int kind, int width, int height, int bits)
 {
     Array<std::byte> file(18);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What decodeWholeImage makes of each kind that the seven formats have.
+// Tests how decodeWholeImage decodes each kind of the seven formats.
 #include "NolvexLibWx/MemoryImages.h"
 #include "support/PictureFiles.h"
 
@@ -28,7 +28,7 @@ wxImage decoded(const std::string& name)
     return image ? *image : wxImage(1, 1);
 }
 
-// The largest difference from the pattern, in bytes; 256 for another size.
+// Returns the largest difference from the pattern, in bytes, or 256 if the size differs.
 int distanceFromPattern(const wxImage& image)
 {
     if (image.GetSize() != wxSize(WIDTH, HEIGHT))
@@ -59,7 +59,7 @@ Array<std::byte> bytesOf(std::initializer_list<int> values)
     return bytes;
 }
 
-// A run-length encoded BMP file of 4 x 3 pixels and four shades of red: 0, 50, 100 and 150.
+// Decodes a run-length encoded BMP file of 4 x 3 pixels and four shades of red: 0, 50, 100 and 150.
 Expected<wxImage, String> decodeRuns(std::initializer_list<int> codes)
 {
     Array<std::byte> file =
@@ -71,7 +71,7 @@ Expected<wxImage, String> decodeRuns(std::initializer_list<int> codes)
     return Wx::decodeWholeImage(file);
 }
 
-// The reds of such a file from the top row to the bottom row.
+// Returns the reds of such a file from the top row to the bottom row.
 Array<int> redsOf(const Expected<wxImage, String>& image)
 {
     Array<int> reds;
@@ -108,7 +108,7 @@ TEST(ImageFormatsTest, fiveAndSixBits_areSpreadOverTheRangeOfAByte)
         const wxImage image = decoded(name);
         EXPECT_LE(distanceFromPattern(image), 8) << name;
     }
-    // 31 of 31, written as 248 when the bits are only shifted.
+    // The value is 31 of 31, which becomes 248 if the bits are only shifted.
     Array<std::byte> file = contentOf(pictureFile("formats/fields565.bmp"));
     std::fill(file.end() - 2 * WIDTH, file.end(), std::byte(0xFF));
     const Expected<wxImage, String> white = Wx::decodeWholeImage(file);
@@ -168,7 +168,7 @@ TEST(ImageFormatsTest, runsOfFourBits_alternateTheirColours)
 
 TEST(ImageFormatsTest, emptyRowsOfRuns_keepTheirPlace)
 {
-    // Bottom row of colour 3, an empty row, top row of colour 1.
+    // The file has a bottom row of colour 3, an empty row, and a top row of colour 1.
     EXPECT_EQ(redsOf(decodeRuns({4, 3, 0, 0, 0, 0, 4, 1, 0, 1})),
               (Array<int>{50, 50, 50, 50, 0, 0, 0, 0, 150, 150, 150, 150}));
 }

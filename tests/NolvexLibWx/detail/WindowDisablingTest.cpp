@@ -14,7 +14,7 @@ TEST(WindowDisablingTest, guiDisabler_disablesTopLevelWindowsWhileItLives)
 {
     auto* first = new wxFrame(nullptr, wxID_ANY, "first");
     auto* second = new wxFrame(nullptr, wxID_ANY, "second");
-    // The toolkit leaves windows alone that are not shown: they take no input anyway.
+    // wxWidgets does not disable hidden windows, which take no input anyway.
     first->Show();
     second->Show();
     Tests::pumpEvents(20);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Many threads at once. Meant to be run under the thread sanitizer as well.
+// Many threads use the sockets at once. These tests also run under the thread sanitizer.
 #include "Connections.h"
 
 #include <gtest/gtest.h>
@@ -23,7 +23,7 @@ TEST(ConcurrencyTest, tenThousandConnections_openAndCloseOnSeveralThreads)
         thread = std::thread([&] {
             for (int i = 0; i < ROUNDS; ++i) {
                 TcpClient client(address, 10);
-                // Not always one's own peer: the other threads accept as well.
+                // The accepted peer may belong to another thread, because the other threads accept as well.
                 TcpSocket server = listener.acceptConnection(true);
                 XmlString text;
                 if (server.writeString({}) == SocketResult::Success && server.isOpen() && client.isOpen())

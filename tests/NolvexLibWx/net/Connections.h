@@ -15,7 +15,7 @@ namespace Nolvex::Tests {
 
 namespace Legacy = Wx::Legacy;
 
-/// Both ends of a connection are the library's.
+/// A connection of which both ends are sockets of the library.
 struct ConnectedPair
 {
     Legacy::TcpListener listener{Legacy::SocketAddress::localhost(0), 10};
@@ -23,7 +23,7 @@ struct ConnectedPair
     Legacy::TcpSocket server = listener.acceptConnection(true);
 };
 
-/// One end is the library's, the other one a raw peer.
+/// A connection between a socket of the library and a raw peer.
 struct RawPeerPair
 {
     RawSocket rawListener = RawSocket::listening();
@@ -44,7 +44,7 @@ inline XmlString tree(StringView key, const String& value)
     return result;
 }
 
-/// A literal with all its zeros.
+/// Returns the bytes of a literal with all zeros in it.
 template<std::size_t N>
 std::string_view bytes(const char (&text)[N])
 {
@@ -80,7 +80,7 @@ inline ByteArray byteArrayOf(std::string_view text)
     return result;
 }
 
-/// On the main thread the toolkit frees sockets later.
+/// wxWidgets frees sockets that were destroyed on the main thread later. This function makes it do so now.
 inline void freeDestroyedSockets()
 {
     wxAppConsole::GetInstance()->ProcessIdle();

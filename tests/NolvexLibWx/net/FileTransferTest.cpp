@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Messages whose body is a file.
+// Tests messages whose body is a file.
 #include "MessageSamples.h"
 
 #include "NolvexLib/Io/FileSize.h"
@@ -116,7 +116,7 @@ TEST(FileTransferTest, file_cutShort_leavesWhatCame)
     EXPECT_EQ(contentOf(folder.file(L"f")), "abc");
 }
 
-// Sends the first part of the bytes, is silent for that time, and sends the rest.
+// Sends the first part of the bytes, pauses for the given time, and sends the rest.
 class PausingSender
 {
 public:
@@ -260,7 +260,7 @@ TEST(FileTransferTest, file_thatIsPassedOnWithAnotherCompression_arrives)
                   SocketResult::Success);
         ReceivedData received;
         ASSERT_EQ(pair.server.readData(received, FileContext(folder.file(L"g"))), SocketResult::Success);
-        // What is passed on need not be what came.
+        // The application may pass on a file that differs from the received file.
         const Io::Path edited = folder.file(L"edited", "abcdef");
         received.get<ReceivedFile>().path = edited;
         ASSERT_EQ(pair.server.writeData(received, second, DataType::File), SocketResult::Success);
@@ -272,7 +272,7 @@ TEST(FileTransferTest, file_thatIsPassedOnWithAnotherCompression_arrives)
     }
 }
 
-// One run, whatever its length.
+// Compresses the text into a single run of any length.
 std::string singleRun(std::string_view text)
 {
     Io::MemoryOutputStream target;
@@ -282,7 +282,7 @@ std::string singleRun(std::string_view text)
     return Tests::textOf(ArrayView<const std::byte>(target.bytes()));
 }
 
-// A run of exactly that length; `text` is what it holds.
+// Returns a run of exactly this length and stores its content in `text`.
 std::string runOfLength(std::size_t length, std::string& text)
 {
     std::string run;
@@ -365,7 +365,7 @@ TEST(FileTransferTest, file_thatMayNotBeWritten_isAnError)
     EXPECT_EQ(context.calls, "path start end ");
 }
 
-// Notes the most memory in use between the hooks.
+// Records the largest amount of memory in use between the hooks.
 class WatchingContext : public FileContext
 {
 public:
@@ -407,7 +407,7 @@ TEST(FileTransferTest, deflatedFile_ofManyMegabytes_isReceivedInBoundedMemory)
     const TemporaryFolder folder;
     const Io::Path path = folder.file(L"f", "");
     std::filesystem::resize_file(path.native(), SIZE);
-    // The first wait for a header must be longer than compressing takes, so the sender comes first.
+    // The sender starts first, because the first wait for a header must be longer than the compression takes.
     RawPeerPair raw;
     std::string message;
     std::thread taker([&] { message = raw.peer.receiveAll(); });

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Headers whose numbers are no numbers, missing or contradicting.
+// Tests headers whose numbers are missing, are not numbers, or contradict each other.
 #include "HostilePeerFixture.h"
 
 #include <string>
@@ -10,7 +10,7 @@ namespace {
 
 using HostileHeaderTest = HostilePeerFixture;
 
-// Texts in place of a size; none of them is one.
+// Texts in place of a size, none of which is a valid size.
 const std::vector<std::string>& badSizes()
 {
     static const std::vector<std::string> sizes = {"",
@@ -137,7 +137,7 @@ TEST_F(HostileHeaderTest, metadataMissingOrContradicting_isAnError)
     EXPECT_EQ(read(socket), SocketResult::Success);
 }
 
-// As a peer sends it that passes on a header which it received, adding the metadata once more.
+// A peer sends such a header when it passes on a received header and adds the metadata once more.
 TEST_F(HostileHeaderTest, metadataTwiceButEqual_isAccepted)
 {
     RawSocket peer = connect();

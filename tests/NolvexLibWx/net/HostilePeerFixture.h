@@ -40,7 +40,7 @@ inline std::string deflated(std::string_view text)
     return Tests::textOf(ArrayView<const std::byte>(target.bytes()));
 }
 
-// A whole message of each kind, with a body of that size.
+// Returns a complete message of the given kind with a body of the given size.
 inline std::string message(std::size_t kind, std::size_t size)
 {
     const std::string body = Tests::incompressibleText(size);
@@ -69,7 +69,7 @@ class HostilePeerFixture : public testing::Test
 protected:
     HostilePeerFixture()
     {
-        // What the first connection of all leaves behind is not counted.
+        // The memory and handles that the first connection of the process leaves behind are not counted.
         RawPeerPair();
         Tests::freeDestroyedSockets();
         m_handles = Tests::openHandles();
@@ -106,7 +106,7 @@ protected:
     OneFileContext m_context{m_folder.file(L"received")};
 
 private:
-    // Threads that just ended keep some for a moment.
+    // Threads that have just ended keep some handles for a moment.
     static constexpr std::size_t HANDLE_TOLERANCE = 8;
 
     std::size_t m_handles = 0;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Peers that break the rules: they must not disturb anybody, nor leave anything behind.
+// Peers that break the rules must not disturb other connections or leave any memory or handles behind.
 #include "HostilePeerFixture.h"
 
 #include "NolvexLib/Io/FileInputStream.h"

@@ -18,7 +18,7 @@ using Tests::header;
 using Tests::TemporaryFolder;
 using Tests::viewOf;
 
-// Writes every file to one path and notes what happens.
+// Writes every file to the same path and records the calls of the hooks.
 class FileContext : public ReadDataContext
 {
 public:
@@ -48,7 +48,7 @@ inline std::string contentOf(const Io::Path& path)
     return Tests::readAll(stream);
 }
 
-// Lines that resemble each other, not all too much.
+// Returns lines that resemble each other to some degree.
 inline std::string compressibleText(std::size_t size)
 {
     const std::string noise = Tests::incompressibleText(size / 4 + 1);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Which bytes the messages are on the wire.
+// Tests which bytes the messages become on the wire.
 #include "MessageSamples.h"
 
 #include "NolvexLib/Io/DeflateInputStream.h"
@@ -155,7 +155,7 @@ TEST(SendingTest, writeData_ofAText_ignoresCompressionAndType)
     EXPECT_EQ(pair.peer.receiveText(), header(element("DataType", "0")));
 }
 
-// Holds zeros that take no room on the disk and seconds to compress.
+// Makes a file of zeros that takes no room on the disk but seconds to compress.
 Io::Path largeFile(const TemporaryFolder& folder)
 {
     Io::Path path = folder.file(L"large", "");
@@ -207,7 +207,8 @@ TEST(SendingTest, writeFile_ofIncompressibleData_holdsItOnce)
     const std::size_t before = Tests::privateMemory();
     std::size_t growth = 0;
     std::thread reader([&] {
-        // The header comes when all is compressed, and the memory is held until the peer has read the body.
+        // The header comes when the whole body is compressed. The memory is held until the peer has read the
+        // body.
         pair.peer.receiveText();
         growth = std::max(Tests::privateMemory(), before) - before;
         pair.peer.receiveAll();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Which lines developers find in the log.
+// Tests which lines the sockets write to the log for developers.
 #include "MessageSamples.h"
 
 #include "NolvexLib/DebugLogger.h"
@@ -15,7 +15,7 @@ namespace {
 
 using Tests::RawPeerPair;
 
-// Reads what is logged while it lives.
+// Reads the log while the object lives.
 class LogReader
 {
 public:

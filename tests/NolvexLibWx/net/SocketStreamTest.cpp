@@ -32,7 +32,7 @@ struct StreamPair
     RawSocket peer;
 };
 
-// Shows what derived classes see.
+// Makes the protected functions of the stream public.
 class OpenInputStream : public SocketInputStream
 {
 public:
@@ -112,7 +112,7 @@ TEST(SocketInputStreamTest, lastReadCount_isWhatTheSocketGave)
     std::string buffer(5'000'000, '\0');
     stream.read(buffer.data(), 3);
     EXPECT_EQ(stream.lastReadCount(), 2);
-    // More than one call of the toolkit's gives.
+    // A single call of wxWidgets does not return as many bytes.
     std::thread sender([&] { pair.peer.send(std::string(3'999'999, 'x')); });
     stream.read(buffer.data(), 4'000'000);
     sender.join();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the system may do to connections.
+// Tests how connections survive signals and limits of the system.
 #include "HostilePeerFixture.h"
 
 #include "support/SystemLimits.h"
@@ -20,7 +20,7 @@ TEST_F(SystemHazardsTest, signals_areNoReasonToGiveUp)
             RawSocket listener = RawSocket::listening();
             TcpClient client(SocketAddress::localhost(listener.port()), 10);
             ASSERT_TRUE(client.isOpen());
-            // The peer runs on a thread that nobody interrupts.
+            // The peer runs on a thread that gets no signals.
             std::thread answerer([&] {
                 RawSocket peer = listener.accept();
                 peer.receiveText();

@@ -67,7 +67,7 @@ TEST(TcpClientTest, connect_toAnAddressWithoutAHost_fails)
     EXPECT_FALSE(here.wasReached());
 }
 
-// On some systems a queue that is full lets further peers wait.
+// A listener whose queue is full. On some systems further peers then have to wait.
 struct FullQueue
 {
     FullQueue()
@@ -84,7 +84,7 @@ struct FullQueue
 
     RawSocket listener = RawSocket::listening(0, 0);
     std::vector<TcpClient> clients;
-    // How long the last client waited.
+    // The time for which the last client waited.
     std::int64_t waitedMs = 0;
 };
 
@@ -111,7 +111,8 @@ TEST(TcpClientTest, signals_areHandledWhileConnecting)
     });
     if (handled < 0)
         GTEST_SKIP() << "This system has no signals.";
-    // A signal every few milliseconds; as many as two could wait until the end of the connect.
+    // A signal comes every few milliseconds. If connecting blocked signals, at most two would be pending at
+    // the end.
     EXPECT_GT(handled, 20);
 }
 
@@ -122,7 +123,7 @@ TEST(TcpClientTest, connect_hasTheTimeThatTheLastStepLeft)
         GTEST_SKIP() << "This system refuses a connection where others let it wait.";
     const RawSocket listener = RawSocket::listening();
     TcpClient client(SocketAddress::localhost(listener.port()), 10);
-    // A text leaves a second of the constructor's ten.
+    // Writing a text leaves the client a limit of one second instead of the constructor's ten seconds.
     ASSERT_EQ(client.writeString({}), SocketResult::Success);
     const Clock::time_point start = Clock::now();
     EXPECT_FALSE(client.connect(SocketAddress::localhost(queue.listener.port())));

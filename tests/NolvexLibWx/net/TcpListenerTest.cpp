@@ -175,7 +175,7 @@ TEST(TcpListenerTest, isOpen_duringAnAccept_doesNotWait)
         EXPECT_FALSE(listener.acceptConnection(true).isOpen());
         isOver = true;
     });
-    // Asked again and again while the accept begins, waits and ends.
+    // The state is read again and again while the accept begins, waits and ends.
     while (!isOver) {
         const Clock::time_point start = Clock::now();
         EXPECT_TRUE(listener.isOpen());

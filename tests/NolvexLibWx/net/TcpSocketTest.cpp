@@ -146,7 +146,7 @@ TEST(TcpSocketTest, closedSocket_staysClosedWhenMoved)
     EXPECT_FALSE(moved.isOpen());
 }
 
-// Tells when the body of a message begins.
+// Reports the beginning of a message's body.
 class AnnouncingContext : public ReadDataContext
 {
 public:
@@ -161,7 +161,7 @@ private:
 TEST(TcpSocketTest, closeOnAnotherThread_endsARead)
 {
     RawPeerPair pair;
-    // Without a body that never comes, a read would end by itself too soon.
+    // The read waits for a body that never comes, since a read without a body would end too soon.
     pair.peer.send(header(element("DataType", "2") + element("FileSize", "5") + element("Compressed", "0")));
     AnnouncingContext context;
     Clock::time_point closing;
@@ -216,7 +216,7 @@ TEST(TcpSocketTest, isOpen_duringARead_doesNotWait)
 
 TEST(TcpSocketTest, isOpen_isFalseAlreadyWhileCloseWaits)
 {
-    // The hook holds the transfer, and by that the lock, until it has seen the closed socket.
+    // The hook stops the transfer, which holds the lock, until the hook has seen the closed socket.
     class Watching : public ReadDataContext
     {
     public:
@@ -302,7 +302,7 @@ TEST(TcpSocketTest, limits_moveWithTheConnection)
     EXPECT_EQ(moved.readString(received), SocketResult::Error);
 }
 
-// What was read ahead of one message belongs to the next, also after a move.
+// Bytes that were read ahead after one message belong to the next message, also after a move.
 TEST(TcpSocketTest, move_keepsWhatHasArrived)
 {
     RawPeerPair pair;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How long connections wait for their peers.
+// Tests how long connections wait for their peers.
 #include "Connections.h"
 
 #include "../../NolvexLib/Io/TemporaryFolder.h"
@@ -27,7 +27,7 @@ using Tests::tree;
 
 using Clock = std::chrono::steady_clock;
 
-// Writes more than the system takes for a peer that reads nothing.
+// Writes more than the system buffers for a peer that does not read.
 void expectLimitedWriteToEnd(RawPeerPair& pair)
 {
     const std::string data(50'000'000, 'x');
@@ -74,7 +74,7 @@ TEST(TimeoutTest, waitsOnTheMainThread_dispatchNoEvents)
     while (ticker.ticks == 0 && Tests::elapsedMs(start) < 5000)
         loop->DispatchTimeout(100);
     EXPECT_GT(ticker.ticks, 0);
-    // Sockets that were closed while the loop was active are freed by the loop.
+    // The event loop frees the sockets that were closed while it was active.
     Tests::freeDestroyedSockets();
 }
 
@@ -147,11 +147,11 @@ TEST(TimeoutTest, timeLimits_beyondAllMeasure_areTaken)
               SocketResult::Success);
 }
 
-// A write whose count is 0 is begun again until the limit, or for ever without one.
+// A write that sends 0 bytes is repeated until the limit, or for ever if there is no limit.
 TEST(TimeoutTest, headerOfWhichNoByteIsTaken_isTriedAgain)
 {
     RawPeerPair pair;
-    // Fills the buffers of both ends, which grow for a while, until not even a small header fits.
+    // The data fills the buffers of both ends, which grow for a while, until not even a small header fits.
     const std::string data(50'000'000, 'x');
     ASSERT_EQ(
         pair.socket.writeRawMemory(Tests::viewOf(data), {}, DataCompression::None, DataType::RawData, 100),
@@ -162,7 +162,7 @@ TEST(TimeoutTest, headerOfWhichNoByteIsTaken_isTriedAgain)
     EXPECT_EQ(pair.socket.writeString({}, 1500), SocketResult::Timeout);
     EXPECT_GE(Tests::elapsedMs(start), 1400);
     EXPECT_LT(Tests::elapsedMs(start), 2500);
-    // The peer begins to read after the header's own second.
+    // The peer begins to read only after the second that a header gets.
     std::thread reader([&] {
         std::this_thread::sleep_for(std::chrono::milliseconds(1300));
         pair.peer.receiveAll();
@@ -176,7 +176,7 @@ TEST(TimeoutTest, headerOfWhichNoByteIsTaken_isTriedAgain)
 
 TEST(TimeoutTest, timeLimit_beginsWhenTheSocketIsFree)
 {
-    // The hook holds the socket for longer than the limit of the write that waits for it.
+    // The hook holds the socket for longer than the time limit of the waiting write.
     class Holding : public ReadDataContext
     {
     public:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Texts and raw data from one end of the library to the other.
+// Tests texts and raw data between two sockets of the library.
 #include "MessageSamples.h"
 
 #include "NolvexLib/Exception.h"

@@ -19,7 +19,7 @@ using Tests::viewOf;
 
 using Buffer = std::array<std::byte, 512>;
 
-// A port that nobody has, for a moment.
+// Returns a port that no program uses at the moment.
 unsigned short freePort()
 {
     return RawSocket::datagram().port();
@@ -34,7 +34,7 @@ struct UdpPair
     UdpSocket second{SocketAddress(L"127.0.0.1", secondPort)};
 };
 
-// Loopback hands datagrams over at once, or nearly at once.
+// Over the loopback address datagrams arrive at once or almost at once.
 SocketResult readSoon(UdpSocket& socket, Buffer& buffer, SocketAddress& sender, std::uint64_t& received)
 {
     const auto start = std::chrono::steady_clock::now();
@@ -59,7 +59,7 @@ std::string textOf(const Buffer& buffer, std::uint64_t size)
     return {reinterpret_cast<const char*>(buffer.data()), static_cast<std::size_t>(size)};
 }
 
-// A message whose text has that many bytes.
+// Returns a message whose text has this many bytes.
 XmlString messageOfSize(std::size_t size)
 {
     const std::size_t frame = tree(L"a", String()).toUtf8().size();
@@ -200,7 +200,7 @@ TEST(UdpSocketTest, addressWithoutAHost_isNeverSentTo)
     }
     EXPECT_EQ(sender.writeByteData(viewOf("x"), SocketAddress::anyAddress(port)), SocketResult::Error);
     EXPECT_EQ(here.writeByteData(viewOf("x")), SocketResult::Error);
-    // Loopback keeps the order: nothing came before this one.
+    // The loopback address keeps the order, so that no datagram came before this one.
     ASSERT_EQ(sender.writeByteData(viewOf("last"), SocketAddress::localhost(port)), SocketResult::Success);
     Buffer buffer;
     SocketAddress from;

@@ -19,7 +19,7 @@ using Tests::RawSocket;
 
 using Clock = std::chrono::steady_clock;
 
-// A toolkit socket and its raw peer.
+// A socket of wxWidgets and its raw peer.
 struct ToolkitPair
 {
     explicit ToolkitPair(wxSocketFlags flags = wxSOCKET_WAITALL | wxSOCKET_BLOCK)

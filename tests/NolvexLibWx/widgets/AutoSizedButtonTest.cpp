@@ -31,7 +31,7 @@ wxBitmap icon(int width, int height)
     return {image};
 }
 
-// The size that a label takes in a button of the default skin.
+// Returns the size that a button of the default skin has with this label.
 wxSize withPadding(const AutoSizedButton* button, const wxString& text)
 {
     wxSize size = button->GetTextExtent(text);

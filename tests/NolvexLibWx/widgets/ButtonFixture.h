@@ -33,7 +33,7 @@ inline GuiSkin testSkin()
     return skin;
 }
 
-// What a button reported, in order.
+// The reports of a button, in their order.
 struct Reports
 {
     std::vector<std::string> entries;
@@ -48,7 +48,7 @@ struct ButtonFixture : FrameFixture
 
     ButtonFixture()
     {
-        // On GTK only what has been shown can capture the mouse.
+        // On GTK only a window that has been shown can capture the mouse.
         showFrame();
         panel->Bind(wxEVT_BUTTON, [this](wxEvent& event) {
             reports.entries.emplace_back("event");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Buttons under the system's own mouse.
+// Tests buttons with real input of the system's mouse.
 #include "ButtonFixture.h"
 
 #include "support/ProcessResources.h"
@@ -324,7 +324,7 @@ TEST_F(ButtonMouseTest, tenThousand_createdShownAndDestroyed_leaveNothingBehind)
         Tests::pumpEvents(20);
         delete page;
         Tests::pumpEvents(5);
-        // The first rounds fill the caches of the systems below.
+        // The first rounds fill the caches of wxWidgets and the system.
         if (round == ROUNDS / 4) {
             memory = Tests::privateMemory();
             handles = Tests::openHandles();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The pixels of a button's face, at whatever scale the screen has.
+// Tests the pixels of a button's face at the scale of the screen.
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/widgets/Button.h"
 #include "support/FrameFixture.h"
@@ -43,7 +43,7 @@ wxImage drawn(const Button::Face& face)
     });
 }
 
-// The label's pixels: everything inside the border and to the right of an icon.
+// Returns the rectangle around the label's pixels, which lie inside the border and to the right of an icon.
 wxRect labelInk(const wxImage& image, int left = 2)
 {
     return inkIn(image, wxRect(wxPoint(left, 2), wxPoint(FACE_SIZE.x - 3, FACE_SIZE.y - 3)));
@@ -57,7 +57,7 @@ wxSize extentOf(const wxString& label)
     return dc.GetTextExtent(label);
 }
 
-// The place of the label's pixels in its cell.
+// Returns the place of the label's pixels in its cell.
 wxPoint inkOffset(const wxString& label)
 {
     const wxPoint margin(20, 10);

@@ -279,7 +279,7 @@ struct RetainedButton : Button
         isDestroyed = true;
     }
 
-    /// How many bytes were written to since the button was destroyed.
+    /// Returns how many bytes were written since the button was destroyed.
     static std::ptrdiff_t countTouched() { return std::ssize(memory) - std::ranges::count(memory, PATTERN); }
 
     static constexpr unsigned char PATTERN = 0xDD;
@@ -318,7 +318,8 @@ TEST_F(ButtonTest, eventHandlerThatDestroysTheButton_findsItsMemoryUntouchedAfte
     EXPECT_TRUE(reports.entries.empty());
 }
 
-// Each of these would touch freed memory if the button were touched after what the handler did to it.
+// In each case the handler destroys the button, so that any later access to the button would touch freed
+// memory.
 TEST_F(ButtonTest, callbackThatDestroysTheButton_isSafe)
 {
     Button* button = nullptr;

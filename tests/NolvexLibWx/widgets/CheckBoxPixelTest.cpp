@@ -17,7 +17,7 @@ using namespace Nolvex::Tests;
 using Wx::CheckBox;
 using Wx::scaleByDpi;
 
-// The run chooses the scale; the tests hold at each.
+// The environment of the run sets the scale. The tests hold at every scale.
 
 namespace {
 
@@ -80,13 +80,13 @@ wxImage drawn(const CheckBox::Face& face)
     });
 }
 
-// All that is painted to the right of the box.
+// Returns the rectangle around the pixels painted to the right of the box.
 wxRect inkBesideBox(const wxImage& image)
 {
     return inkIn(image, wxRect(wxPoint(scaleByDpi(15), 0), wxPoint(FACE_SIZE.x - 1, FACE_SIZE.y - 1)));
 }
 
-// Shows a face: letters come out otherwise on the screen than in a bitmap.
+// Shows a face on the screen, where letters have other pixels than in a bitmap.
 class FaceWindow : public wxWindow
 {
 public:
@@ -133,7 +133,7 @@ void expectSame(const wxImage& shown, const wxImage& expected, const char* what)
         << testing::PrintToString(pixelAt(expected, std::max(at.x, 0), std::max(at.y, 0)));
 }
 
-// The differences of a state from that of a check box that is enabled, unchecked and not focused.
+// The settings in which a state differs from a check box that is enabled, unchecked and not focused.
 struct Shown
 {
     wxString label = L"A gjy label";
@@ -174,7 +174,7 @@ struct CheckBoxPixelTest : FrameFixture
         pumpEvents(100);
     }
 
-    // On the screen, where nothing is repainted but what the check box asks for.
+    // Compares the check box on the screen, where only the areas that the check box refreshes are repainted.
     void expectShown(const Shown& shown, const char* what) const
     {
         const CheckBox::Face face{.label = shown.label,
@@ -256,7 +256,7 @@ TEST(CheckBoxFaceTest, label_hasTheGivenColour)
 
 TEST(CheckBoxFaceTest, focusMark_isADottedRectangleAroundTheLabel)
 {
-    // Spaces leave no ink of their own.
+    // Spaces have no pixels of their own, so that only the focus mark is painted.
     CheckBox::Face face = plainFace(L"          ");
     EXPECT_TRUE(inkBesideBox(drawn(face)).IsEmpty());
     face.focused = true;
@@ -378,7 +378,7 @@ TEST_F(CheckBoxPixelTest, labelInTheFontOfTheSystem_isSeen)
         for (int x = scaleByDpi(18); x < image.GetWidth(); ++x)
             inked += pixelAt(image, x, y) == PAPER ? 0 : 1;
     }
-    // Three letters of three strokes.
+    // The label consists of three letters with three strokes each.
     EXPECT_GT(inked, 6 * 8);
     EXPECT_LT(inked, image.GetWidth() * image.GetHeight() * 2 / 3);
 }

@@ -11,7 +11,7 @@ using namespace Nolvex;
 using Wx::CheckBox;
 using Wx::scaleByDpi;
 
-// The run chooses the scale; the tests hold at each.
+// The environment of the run sets the scale. The tests hold at every scale.
 
 namespace {
 

@@ -43,7 +43,7 @@ struct CheckBoxTest : Tests::FrameFixture
         });
     }
 
-    /// Under one another, with the ids 101, 102, ...
+    /// Makes check boxes below each other, with the ids 101, 102, ...
     CheckBox* make(wxWindow* parent = nullptr)
     {
         auto* box = new CheckBox(parent ? parent : panel, 100 + ++made, L"Label");
@@ -295,7 +295,7 @@ TEST_F(CheckBoxTest, spaceWhoseReleaseGoesElsewhere_isForgotten)
     focus(other);
     keyUp(WXK_SPACE);
     focus(box);
-    // Of a press that began elsewhere.
+    // The release ends a press that began in another window.
     wxKeyEvent up(wxEVT_KEY_UP);
     up.m_keyCode = WXK_SPACE;
     box->GetEventHandler()->ProcessEvent(up);
@@ -392,7 +392,7 @@ TEST_F(CheckBoxTest, tabWhoseReleaseGoesElsewhere_isForgotten)
 
 namespace {
 
-// Alt with the letter that the label marks.
+// Presses Alt with the letter that the label marks.
 struct CheckBoxMnemonicTest : CheckBoxTest
 {
     CheckBox* box = make();
@@ -486,7 +486,7 @@ TEST_F(CheckBoxTest, captureLostWhilePressed_forgetsThePress)
 
 namespace {
 
-// The way of Tab through a panel, with and without the toolkit's own.
+// Presses Tab in a panel, with and without the focus handling of wxWidgets.
 struct CheckBoxTabTest : CheckBoxTest, testing::WithParamInterface<long>
 {
     wxPanel* parent = new wxPanel(panel, wxID_ANY, {0, 0}, {300, 250}, GetParam());

@@ -261,7 +261,7 @@ TEST_F(CollapsiblePanelTest, headerDestroyed_theContentStillFolds)
     EXPECT_EQ(taken(), EXPANDED);
 }
 
-// The content tells of being hidden at once, of being shown sometimes later.
+// The content reports being hidden at once, and being shown sometimes only later.
 TEST_F(CollapsiblePanelTest, handlerOfTheHiding_mayDestroyThePanel)
 {
     CollapsiblePanel* pane = shown(listened());

@@ -20,8 +20,7 @@ using Wx::CheckBox;
 using Wx::CollapsiblePanel;
 using Wx::TextButton;
 
-// What anybody's code does when it is told of something: it takes away the very control that tells it, or a
-// window around it.
+// In these tests, a callback destroys the control that calls it, or a window around the control.
 
 namespace {
 
@@ -91,7 +90,7 @@ struct DestroyingCallbackTest : testing::TestWithParam<Victim>
 
     void expectGone() const
     {
-        // A frame waits until all events have been handled.
+        // wxWidgets destroys a frame only after all events have been handled.
         if (GetParam() == Victim::FRAME)
             EXPECT_GE(told, 1);
         else
@@ -107,7 +106,7 @@ struct DestroyingCallbackTest : testing::TestWithParam<Victim>
         return box;
     }
 
-    /// Nothing but its parent hears of it.
+    /// Makes a check box whose events only its parent handles.
     CheckBox* heardCheckBox()
     {
         parent->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { destroy(); });

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What ends an open drop-down button other than an ordinary release: its surroundings and its callbacks.
+// Tests how the surroundings and the callbacks of an open drop-down button close it, rather than an ordinary
+// release.
 #include "DropdownButtonFixture.h"
 
 #include <wx/dialog.h>

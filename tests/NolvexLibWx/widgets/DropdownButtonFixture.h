@@ -57,7 +57,7 @@ struct DropdownButtonFixture : FrameFixture
 
     wxPoint centre() const { return {button->GetSize().x / 2, button->GetSize().y / 2}; }
 
-    // The place in the button's pixels that lies over an item of the open popup.
+    // Returns the point, in the button's coordinates, that lies over an item of the open popup.
     wxPoint over(std::size_t index) const
     {
         const wxRect rect = item(index)->GetScreenRect();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The pixels of a drop-down button's face, at the scale of the screen.
+// Tests the pixels of a drop-down button's face at the scale of the screen.
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/widgets/DropdownButton.h"
@@ -68,7 +68,7 @@ struct DropdownButtonPixelTest : testing::Test
                 else if (x == corner.x || y == corner.y || beyondTheSlope == 0)
                     expected = line;
                 else if (beyondTheSlope == 1)
-                    continue; // the systems draw slanting lines of different widths
+                    continue; // the width of slanting lines differs between the systems
                 ASSERT_EQ(Tests::pixelAt(actual, x, y), expected) << "at " << x << ", " << y;
             }
         }

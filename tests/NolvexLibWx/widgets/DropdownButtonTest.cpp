@@ -148,7 +148,7 @@ TEST_F(DropdownButtonTest, held_leavesTheFocusWhereItWas)
     EXPECT_TRUE(frame->IsActive());
     Tests::releaseMouse();
     EXPECT_EQ(lost, 0);
-    destroyFrame(); // while what the handlers write to is there
+    destroyFrame(); // while the variables of the handlers exist
 }
 
 TEST_F(DropdownButtonTest, heldAgain_opensWithoutTheMarkOfLastTime)

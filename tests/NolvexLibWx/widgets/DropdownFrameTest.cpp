@@ -24,7 +24,7 @@ static_assert(std::is_base_of_v<wxFrame, DropdownFrame>);
 constexpr RgbBytes GREEN{0, 255, 0};
 const wxSize LIST_SIZE(120, 60);
 
-// As the contents of a drop-down frame have to be.
+// A window that fulfils the requirements for the contents of a drop-down frame.
 class Contents : public wxWindow
 {
 public:
@@ -95,7 +95,7 @@ TEST_F(DropdownFrameTest, open_placesItBeforeItIsShown)
     dropdown->Bind(wxEVT_SHOW, [&](wxShowEvent&) { places.push_back(dropdown->GetPosition()); });
     open();
     EXPECT_EQ(places, Array<wxPoint>({below()}));
-    destroyFrame(); // while what the handlers write to is there
+    destroyFrame(); // while the variables of the handlers exist
 }
 
 TEST_F(DropdownFrameTest, open_leftOfAllMonitors_isExact)
@@ -126,7 +126,7 @@ TEST_F(DropdownFrameTest, open_leavesFocusAndKeysWithTheOwnersFrame)
     EXPECT_TRUE(frame->IsActive());
     EXPECT_EQ(lost, 0);
     EXPECT_FALSE(dropdown->IsActive());
-    destroyFrame(); // while what the handlers write to is there
+    destroyFrame(); // while the variables of the handlers exist
 }
 
 TEST_F(DropdownFrameTest, ownerThatTakesTheFocus_stillTakesIt)
@@ -144,7 +144,7 @@ TEST_F(DropdownFrameTest, ownerThatTakesTheFocus_stillTakesIt)
         Tests::typeKey('X');
         EXPECT_TRUE(Tests::pumpUntil([&] { return keys > 0; }, 2000)) << "opened: " << opened;
     }
-    destroyFrame(); // while what the handlers write to is there
+    destroyFrame(); // while the variables of the handlers exist
 }
 
 TEST_F(DropdownFrameTest, clickInside_isTheContentsAndLeavesTheFocus)
@@ -160,7 +160,7 @@ TEST_F(DropdownFrameTest, clickInside_isTheContentsAndLeavesTheFocus)
     EXPECT_EQ(clicked, wxPoint(30, 40));
     EXPECT_TRUE(text->HasFocus());
     EXPECT_TRUE(frame->IsActive());
-    destroyFrame(); // while what the handlers write to is there
+    destroyFrame(); // while the variables of the handlers exist
 }
 
 TEST_F(DropdownFrameTest, raise_neitherShowsNorActivatesIt)
@@ -203,7 +203,7 @@ TEST_F(DropdownFrameTest, openAndHide_repaintTheOwner)
     paints = 0;
     dropdown->Hide();
     EXPECT_TRUE(Tests::pumpUntil([&] { return paints > 0; }, 2000));
-    destroyFrame(); // while what the handlers write to is there
+    destroyFrame(); // while the variables of the handlers exist
 }
 
 TEST_F(DropdownFrameTest, close_onlyHidesIt)

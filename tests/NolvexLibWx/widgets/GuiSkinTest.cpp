@@ -13,7 +13,7 @@ using namespace Nolvex::Wx;
 
 namespace {
 
-// Read by a static constructor: constant data is there before any code runs.
+// A static constructor reads the default skin, whose constant data exists before any code runs.
 const RgbBytes g_linkDuringStaticConstruction = GuiSkin::DEFAULT().link;
 
 } // namespace

@@ -49,7 +49,7 @@ bool onOutline(int x, int y, const wxRect& rect)
            (x == rect.x || y == rect.y || x == rect.GetRight() || y == rect.GetBottom());
 }
 
-// The border of a rectangle at the origin, written down pixel by pixel.
+// Returns a pixel of the border of a rectangle at the origin, by rules written down pixel by pixel.
 RgbBytes expectedPixel(int x, int y, const wxSize& size, Flags<OskaBorderState> flags)
 {
     const bool framed = !flags.has(NO_FRAME);

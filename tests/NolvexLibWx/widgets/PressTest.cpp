@@ -14,7 +14,7 @@ constexpr auto MOUSE = Press::Means::MOUSE;
 constexpr auto KEYBOARD = Press::Means::KEYBOARD;
 const wxPoint INSIDE(10, 10);
 
-// A control that notes down how its press goes.
+// A control that records the course of its press.
 struct Control : wxPanel
 {
     Control(wxWindow* parent, Press::WhenDisabled whenDisabled)

@@ -38,7 +38,7 @@ wxBitmap patternBitmap(const wxSize& size)
     return {pattern(size), wxBITMAP_SCREEN_DEPTH, 1.0};
 }
 
-// The pattern in the first pixels, white beyond.
+// Expects the pattern in the first pixels and white beyond them.
 void expectPattern(const wxImage& image, const wxSize& size)
 {
     for (int y = 0; y < image.GetHeight(); ++y) {

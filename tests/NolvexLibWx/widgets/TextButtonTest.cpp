@@ -39,7 +39,7 @@ struct TextButtonTest : Tests::FrameFixture
 
     TextButton* plain() const { return new TextButton(panel, 17, L"Text", Function<void()>(), {20, 20}); }
 
-    /// Large letters, whose inside has the very colour.
+    /// Makes a button with letters so large that the inside of their strokes has exactly the text's colour.
     TextButton* make()
     {
         auto* button = new TextButton(panel, 17, L"HIH", [this] { ++clicks; }, {20, 20});
@@ -73,7 +73,7 @@ struct TextButtonTest : Tests::FrameFixture
         button->GetEventHandler()->ProcessEvent(event);
     }
 
-    /// The colour on the screen that is farthest from the paper.
+    /// Returns the colour on the screen that differs most from the paper.
     static wxColour ink(TextButton* button)
     {
         Tests::pumpEvents(100);

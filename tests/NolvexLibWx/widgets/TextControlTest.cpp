@@ -24,7 +24,7 @@ static_assert(std::is_base_of_v<Wx::SkinnableMixin<wxTextCtrl>, TextControl> &&
 constexpr RgbBytes PAPER{0, 0, 0};
 constexpr unsigned int PLAIN = wxBORDER_NONE;
 
-// Only the disabled text has red, only the enabled one green.
+// Returns a skin in which only the disabled text has red and only the enabled text has green.
 GuiSkin testSkin()
 {
     GuiSkin skin = GuiSkin::DEFAULT();
@@ -47,7 +47,7 @@ wxRect boundsOf(const wxImage& image, Predicate wanted)
     return result;
 }
 
-// The smallest rectangle with all text of the colour in it.
+// Returns the smallest rectangle around the text of this colour.
 wxRect redIn(const wxImage& image)
 {
     return boundsOf(image, [](const RgbBytes& c) { return c.r > 100 && c.g < 60; });

@@ -14,7 +14,7 @@ struct TextCtrlMouseTest : Tests::TextCtrlFixture
 {
     int heightOf(long position) const { return text->PositionToCoords(position).y; }
 
-    /// The first place after the position that is shown on another line.
+    /// Returns the first position after this one that is shown on another line.
     long nextShownLine(long position) const
     {
         long next = position;
@@ -219,7 +219,7 @@ TEST_F(TextCtrlMouseTest, doubleClick_onTheLastShownPartOfALine_selectsItWithout
     settledTop();
     const long next = text->XYToPosition(0, 1) > 0 ? text->GetValue().Find('\n') + 1L : 0;
     long start = 0;
-    // On Windows a break counts as two.
+    // On Windows a line break takes two positions.
     const long brk = text->GetLastPosition() - 8;
     while (heightOf(nextShownLine(start)) <= heightOf(brk) && nextShownLine(start) <= brk)
         start = nextShownLine(start);
@@ -246,7 +246,7 @@ TEST_F(TextCtrlMouseTest, doubleClick_onTheLastShownLine_selectsToTheEndOfTheTex
 TEST_F(TextCtrlMouseTest, doubleClick_onWhatWasJustAppended_findsItsLine)
 {
     show("first\n");
-    // So that the view stays.
+    // The selection at the start keeps the view in place.
     text->SetSelection(0, 2);
     text->AppendText(manyWords(30));
     mouse(wxEVT_LEFT_DCLICK, {5, text->GetCharHeight() * 5 / 2});
@@ -384,7 +384,7 @@ TEST_F(TextCtrlMouseTest, minimisedWhileSelecting_setsTheMouseFree)
 
 namespace {
 
-// A neighbour that does something to the text area when it loses the focus to it.
+// The neighbour changes the text area when the text area takes the focus away from it.
 struct TextCtrlFocusTest : TextCtrlMouseTest
 {
     void pressWith(const std::function<void()>& onFocusMoved)

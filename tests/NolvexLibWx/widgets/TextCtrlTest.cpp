@@ -24,7 +24,7 @@ using TextCtrlTest = Tests::TextCtrlFixture;
 
 TEST_F(TextCtrlTest, construction_takesRichStylesOut)
 {
-    // wxWidgets also makes a control rich that is to find addresses.
+    // wxWidgets also makes a control rich if the control has to find addresses.
     constexpr long RICH = wxTE_RICH | wxTE_RICH2 | wxTE_AUTO_URL;
     for (const long rich : {long(wxTE_RICH), long(wxTE_RICH2), long(wxTE_AUTO_URL), RICH}) {
         const auto* control =
@@ -117,7 +117,7 @@ TEST_F(TextCtrlTest, append_withTheCaretFarToTheRight_staysThere)
     focusText();
     text->SetInsertionPoint(390);
     Tests::pumpEvents(100);
-    // Still in view, but no longer at its edge.
+    // The position is still in view, but no longer at its edge.
     text->SetInsertionPoint(380);
     Tests::pumpEvents(100);
     settledTop();
@@ -286,7 +286,7 @@ TEST_F(TextCtrlTest, otherKeys_areConsumedAndDoNothing)
     EXPECT_EQ(text->GetValue(), "hello world");
 }
 
-// An EDIT of Windows takes no more than 30,000 characters before it has been told to take more.
+// An EDIT control of Windows limits its user to 30,000 characters until it is told to take more.
 TEST_F(TextCtrlTest, append_beyondThirtyThousandCharacters_keepsThemAll)
 {
     show("");

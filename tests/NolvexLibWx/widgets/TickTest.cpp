@@ -53,7 +53,7 @@ wxImage drawn(const wxSize& size, bool expanded, const Wx::GuiSkin& skin = Tests
     return painted(size, [&](wxDC& dc) { Tick::draw(dc, size, expanded, skin); });
 }
 
-// The same, drawn with the toolkit alone.
+// Draws the same tick with wxWidgets alone.
 void drawExpected(wxDC& dc, const wxSize& size, bool expanded)
 {
     const int w = size.x;
@@ -76,7 +76,7 @@ wxImage expectedTick(const wxSize& size, bool expanded)
     return painted(size, [&](wxDC& dc) { drawExpected(dc, size, expanded); });
 }
 
-// Shows what is expected: slanted lines come out otherwise on the screen than in a bitmap.
+// Shows the expected tick on the screen, where slanted lines have other pixels than in a bitmap.
 class ExpectedWindow : public wxWindow
 {
 public:
@@ -102,7 +102,8 @@ private:
     bool m_expanded = false;
 };
 
-// A line of letters a row: o for the outline, x for the inside, - for what is left alone.
+// Returns a line of letters for each row: o for the outline, x for the inside, - for a pixel that is not
+// painted.
 std::string rows(const wxImage& image)
 {
     std::string text;

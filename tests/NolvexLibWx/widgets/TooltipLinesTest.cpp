@@ -14,7 +14,7 @@ int lengthOf(StringView text)
     return static_cast<int>(text.length());
 }
 
-// Every text with a bar behind it.
+// Joins the texts, each followed by a bar.
 std::wstring joined(const Array<String>& texts)
 {
     std::wstring result;
@@ -23,7 +23,7 @@ std::wstring joined(const Array<String>& texts)
     return result;
 }
 
-// Split where a line gets longer than 10 characters.
+// Splits the text where a line gets longer than 10 characters.
 std::wstring split(const wchar_t* text)
 {
     return joined(Wx::Detail::splitTooltipLines(text, 10, lengthOf));

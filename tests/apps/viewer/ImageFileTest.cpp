@@ -24,7 +24,7 @@ int distance(float channel, int expected)
     return std::abs(static_cast<int>(std::lround(channel * 255.0f)) - expected);
 }
 
-// The largest difference from the pattern that the fixtures show, in bytes.
+// Returns the largest difference from the pattern of the test pictures, in bytes.
 int distanceFromPattern(const Image& image)
 {
     int largest = 0;
@@ -39,14 +39,14 @@ int distanceFromPattern(const Image& image)
     return largest;
 }
 
-// The image of a picture that must be readable.
+// Returns the image of a picture that must be readable.
 Expected<Image, String> imageOf(const Io::Path& path)
 {
     const Expected<Viewer::SharedPicture, String> picture = Viewer::readPictureFile(path);
     return picture ? Expected<Image, String>((*picture)->image()) : Unexpected{picture.error()};
 }
 
-// A file of a name beyond ASCII in the folder for temporary files, gone at the end.
+// A file in the folder for temporary files, with a name beyond ASCII. The destructor removes the file.
 struct TemporaryFile
 {
     Io::Path path =

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The viewer used by its keyboard alone.
+// Tests the viewer by the keyboard alone.
 #include "apps/viewer/Command.h"
 #include "support/Gestures.h"
 #include "support/ViewerFixture.h"
@@ -66,7 +66,7 @@ struct ViewerKeyboardTest : Tests::ViewerFixture
         });
     }
 
-    // Runs what opens a menu, and types the key into the menu.
+    // Calls the function, which opens a menu, and types the key into the menu.
     void typeIntoMenu(int key, const std::function<void()>& open, int times = 1)
     {
         const int before = opened;

@@ -33,7 +33,7 @@ TEST(ScreenPictureTest, whereNoDisplayIs_isTransparent)
 
 TEST(ScreenPictureTest, ofAScreenThatCannotBeRead_isInvalid)
 {
-    // Nothing is read there, as on a desktop that lets no program read the screen.
+    // No pixel can be read there, as on a desktop that lets no program read the screen.
     const Array<Bucket> displays{{{-90'000, -90'000}, {-89'980, -89'990}}};
     EXPECT_FALSE(captureDisplays(displays));
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the viewer's buttons, options and menu do, and that they agree.
+// Tests the commands of the viewer's buttons, options and menu, and that their states agree.
 #include "apps/viewer/ToolBar.h"
 #include "NolvexLibWx/ColourConversions.h"
 #include "NolvexLibWx/widgets/Button.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the viewer's window can be told to do, and what it tells in its log.
+// Tests the commands of the viewer's window and the lines of its log.
 #include "NolvexLibWx/Clipboard.h"
 #include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/ScreenCapture.h"
@@ -152,7 +152,8 @@ TEST_F(ViewerCommandsTest, closedWhileTheCopyIsFetched_isGoneWithoutHarm)
 {
     show(coordinates(60, 40));
     const wxWeakRef<wxFrame> closing(frame);
-    // Where a clipboard manager fetches the picture, events run meanwhile; elsewhere the window closes later.
+    // If a clipboard manager fetches the picture, events are processed meanwhile, and the window closes then.
+    // On other systems the window closes later.
     frame->CallAfter([this] { frame->Close(); });
     Tests::whileClipboardOwnerIsSilent([&] {
         wxCommandEvent event(wxEVT_MENU, Viewer::COPY);

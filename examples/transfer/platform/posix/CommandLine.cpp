@@ -18,7 +18,7 @@ constexpr wchar_t MAX_ESCAPED = ESCAPE + 0xFF;
 
 constexpr std::size_t MAX_CHARACTER_BYTES = 4;
 
-// Removes the first character, or a byte that belongs to none, and returns the text for it.
+// Removes the first character, or a byte that belongs to no valid character, and returns its text.
 std::wstring takeCharacter(std::string_view& bytes)
 {
     for (std::size_t length = 1; length <= std::min(bytes.size(), MAX_CHARACTER_BYTES); ++length) {

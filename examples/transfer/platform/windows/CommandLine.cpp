@@ -10,7 +10,7 @@
 
 std::vector<std::wstring> commandLineArguments(int /*argc*/, char** /*argv*/)
 {
-    // What main() is given has gone through the code page, which does not hold every character.
+    // The arguments of main() are in a code page, which lacks many characters.
     int count = 0;
     const std::unique_ptr<wchar_t*, decltype(&LocalFree)> words(CommandLineToArgvW(GetCommandLineW(), &count),
                                                                 &LocalFree);

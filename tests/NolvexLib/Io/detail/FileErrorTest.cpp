@@ -13,7 +13,7 @@
 namespace Nolvex::Io {
 namespace {
 
-// The messages are made by a function of the library's own, which is seen through the streams.
+// An internal function of the library makes the messages, which the test sees through the streams.
 std::string messageOf(const std::function<void()>& act)
 {
     try {

@@ -13,7 +13,7 @@ namespace {
 using Tests::element;
 using Tests::tree;
 
-// Texts that are no number of any kind.
+// Texts that are not numbers of any kind.
 const char* const NO_NUMBERS[] = {"",         " ",
                                   "+1",       "1 ",
                                   " 1",       "0x10",

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What makes a tooltip go away, or not come up, while the mouse rests on its owner.
+// Tests which events hide a tooltip or keep it hidden while the mouse rests on its owner.
 #include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/Monitors.h"
 #include "support/Gestures.h"
@@ -205,7 +205,7 @@ TEST_F(TooltipDismissalTest, severalTooltips_areDismissedTogetherAndDestroyedSaf
     auto* second = new Tooltip(other, L"second");
     rest(tooltip);
     second->Show();
-    // Hearing of the hiding, a handler takes the other tooltip away.
+    // When one tooltip is hidden, the handler destroys the other tooltip.
     tooltip->Bind(wxEVT_SHOW, [&](wxShowEvent& event) {
         if (!event.IsShown())
             other->DestroyChildren();
@@ -214,5 +214,5 @@ TEST_F(TooltipDismissalTest, severalTooltips_areDismissedTogetherAndDestroyedSaf
     panel->GetEventHandler()->ProcessEvent(key);
     EXPECT_FALSE(tooltip->IsShown());
     EXPECT_TRUE(other->GetChildren().empty());
-    destroyFrame(); // while what the handlers write to is there
+    destroyFrame(); // while the variables of the handlers exist
 }

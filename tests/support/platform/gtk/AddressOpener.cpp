@@ -12,7 +12,8 @@
 
 namespace Nolvex {
 
-// No desktop knows the scheme, and then the toolkit looks for the one program that knows what to do.
+// No desktop knows the scheme, and wxWidgets then runs xdg-open. The test therefore puts a program of that
+// name in front of the PATH.
 Tests::AddressOpener::AddressOpener() : m_folder(wxFileName::CreateTempFileName("nolvex-opener"))
 {
     wxRemoveFile(m_folder);

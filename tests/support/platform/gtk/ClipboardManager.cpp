@@ -18,8 +18,8 @@ namespace {
 
 constexpr const char* KEPT_TARGETS[] = {"image/bmp", "image/png", "UTF8_STRING"};
 
-// A clipboard manager as desktops have one: asked to, it fetches what a program has copied, and offers it in
-// that program's place once it has ended.
+// A clipboard manager like those of desktops: on request it fetches the content that a program has copied,
+// and offers that content itself after the program has ended.
 class ClipboardManager
 {
 public:
@@ -59,7 +59,7 @@ public:
 private:
     static GtkClipboard* clipboard() { return gtk_clipboard_get(GDK_SELECTION_CLIPBOARD); }
 
-    // GTK itself answers what asks to keep something.
+    // GTK itself answers the request, so that this handler only has to fetch the content.
     static gboolean onAsked(GtkWidget* /*widget*/, GdkEventSelection* request, gpointer manager)
     {
         if (request->target == gdk_atom_intern_static_string("SAVE_TARGETS"))

@@ -30,7 +30,7 @@ std::string outputOf(const std::string& command)
     return output;
 }
 
-// Events run meanwhile: the clipboard's content is asked of this process.
+// Events are processed meanwhile, because the command asks this process for the clipboard's content.
 std::string outputWhilePumping(const std::string& command)
 {
     std::future<std::string> output = std::async(std::launch::async, outputOf, command);
@@ -63,7 +63,7 @@ wxImage decoded(const std::string& target, wxBitmapType type)
     return {stream, type};
 }
 
-// A moment just after the server's start, long before the last copying.
+// A time just after the X server's start, long before the last copying.
 constexpr guint32 LONG_AGO = 1;
 
 struct Call
@@ -81,7 +81,7 @@ gboolean makeCall(GtkWidget* /*widget*/, GdkEvent* /*event*/, gpointer data)
 
 } // namespace
 
-// Here xclip is the other program that reads.
+// On X11 xclip reads the clipboard, so that the second process only copies.
 Optional<int> Tests::useClipboardForParent(int argc, char** argv)
 {
     if (argc != 3 || std::string(argv[1]) != COPY_ARGUMENT)
@@ -113,9 +113,10 @@ std::map<std::string, wxImage> Tests::clipboardPictures()
 
 bool Tests::whileClipboardIsTaken(const std::function<bool()>& copy)
 {
-    // Who handles an event older than the last copying may not copy: the server refuses.
+    // The X server refuses a copy whose time is older than that of the last copy. The event below has such a
+    // time.
     outputWhilePumping("echo taken | xclip -selection clipboard -i >/dev/null 2>&1");
-    // The other program goes to the background before the server has heard of its copy.
+    // xclip goes to the background before the X server has heard of its copy.
     constexpr int MOST_LOOKS = 200;
     for (int i = 0; i < MOST_LOOKS && !readClipboard("UTF8_STRING").starts_with("taken"); ++i)
         wxMilliSleep(10);
@@ -138,7 +139,7 @@ bool Tests::whileClipboardOwnerIsSilent(const std::function<bool()>& copy)
     attributes.window_type = GDK_WINDOW_TOPLEVEL;
     attributes.wclass = GDK_INPUT_ONLY;
     attributes.width = attributes.height = 1;
-    // It belongs to no widget: what it is asked goes nowhere.
+    // GTK drops the requests to this window, because the window belongs to no widget.
     GdkWindow* const owner = gdk_window_new(gdk_get_default_root_window(), &attributes, 0);
     for (const GdkAtom selection :
          {GDK_SELECTION_CLIPBOARD, gdk_atom_intern_static_string("CLIPBOARD_MANAGER")})

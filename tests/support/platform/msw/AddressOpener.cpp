@@ -48,7 +48,7 @@ Tests::AddressOpener::AddressOpener() : m_folder(wxFileName::CreateTempFileName(
     wxMkdir(m_folder);
     const wxString command = L"cmd.exe /c echo %1>>\"" + m_folder + L"\\opened\"";
     setCommand(usersKey(), command);
-    // Not everywhere do the user's own classes count.
+    // Some systems ignore the classes of the user, so that the common class is set, too.
     if (!commonKey().Exists())
         setCommand(commonKey(), command);
 }
@@ -64,7 +64,7 @@ wxString Tests::AddressOpener::takeOpened() const
 {
     const wxString file = m_folder + L"\\opened";
     wxString lines;
-    // Whoever writes the file may still have it open.
+    // The program that writes the file may still have it open.
     pumpUntil([&] {
         wxFFile opened;
         return wxFileExists(file) && opened.Open(file, L"r") && opened.ReadAll(&lines) &&

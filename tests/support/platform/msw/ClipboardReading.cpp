@@ -35,7 +35,7 @@ struct CloseHandleOf
 
 using Handle = std::unique_ptr<HANDLE, CloseHandleOf>;
 
-// To the parent, through the standard output.
+// Sends the bytes to the parent process through the standard output.
 bool writeOut(const std::uint8_t* bytes, std::size_t size)
 {
     constexpr std::size_t PIECE = std::size_t(1) << 20;
@@ -60,7 +60,7 @@ int printClipboard(UINT format)
     return status;
 }
 
-// This program, started with an argument and its value, both ASCII.
+// Returns the command that starts this program with an argument and its value, both in ASCII.
 std::wstring commandOf(const std::string& argument, const std::string& value)
 {
     wchar_t program[MAX_PATH];
@@ -69,7 +69,7 @@ std::wstring commandOf(const std::string& argument, const std::string& value)
            std::wstring(value.begin(), value.end());
 }
 
-// Starts the command with its output going into the pipe.
+// Starts the command, whose output goes into the pipe.
 Handle start(std::wstring command, HANDLE output)
 {
     STARTUPINFOW startup{};
@@ -95,7 +95,8 @@ Array<std::uint8_t> readAll(HANDLE pipe)
     return bytes;
 }
 
-// Through another program: what only this one could see must not pass for copied.
+// Another program reads the clipboard, since a picture that only this process could see would not have been
+// copied.
 Array<std::uint8_t> readClipboard(UINT format)
 {
     SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
@@ -110,7 +111,8 @@ Array<std::uint8_t> readClipboard(UINT format)
     to.reset();
     if (!process)
         return {};
-    // Events run meanwhile: the clipboard's content may be asked of this process.
+    // Events are processed meanwhile, because the other program may ask this process for the clipboard's
+    // content.
     std::future<Array<std::uint8_t>> output = std::async(std::launch::async, readAll, readEnd);
     const auto ready = [&] { return output.wait_for(std::chrono::seconds(0)) == std::future_status::ready; };
     if (!Tests::pumpUntil(ready, 30000))
@@ -124,8 +126,8 @@ Array<std::uint8_t> readClipboard(UINT format)
 
 using Hold = std::function<bool(HWND window, const std::function<void()>& wait)>;
 
-// Calls `copy` while a thread of its own is inside `hold` and waits. False as well, with a failure, when it
-// could not hold.
+// Calls `copy` while another thread is inside `hold` and waits there. If `hold` did not succeed, the test
+// fails.
 bool besideHolder(const std::function<bool()>& copy, const Hold& hold)
 {
     std::promise<void> waiting;
@@ -164,7 +166,7 @@ Optional<String> Tests::clipboardText()
     const Array<std::uint8_t> bytes = readClipboard(CF_UNICODETEXT);
     if (bytes.empty())
         return {};
-    // Ends with a zero character.
+    // The text on the clipboard ends with a zero character.
     return String(reinterpret_cast<const wchar_t*>(bytes.data()));
 }
 
@@ -178,7 +180,8 @@ std::map<std::string, wxImage> Tests::clipboardPictures()
     const Array<std::uint8_t> bytes = readClipboard(CF_DIB);
     if (bytes.empty())
         return {{"CF_DIB", wxImage()}};
-    // A file header, of which readers use the first letters and the place of the pixels only.
+    // wxWidgets decodes BMP files with a file header, of which it reads only the first letters and the offset
+    // of the pixels.
     Array<std::uint8_t> file{'B', 'M', 0, 0, 0, 0, 0, 0, 0, 0, 54, 0, 0, 0};
     file.insert(file.end(), bytes.begin(), bytes.end());
     wxMemoryInputStream stream(file.data(), file.size());
@@ -212,7 +215,8 @@ bool Tests::afterCopyingProgramEnded(const char* what, const std::function<void(
 bool Tests::whileClipboardOwnerIsSilent(const std::function<bool()>& copy)
 {
     return besideHolder(copy, [](HWND window, const std::function<void()>& wait) {
-        // Without data: promised, to be asked for by a message that is not looked at.
+        // Null instead of data promises the text for later. Windows asks for promised data by a message,
+        // which this thread does not process while it waits.
         const bool owned = OpenClipboard(window) != FALSE && EmptyClipboard() != FALSE;
         SetClipboardData(CF_UNICODETEXT, nullptr);
         CloseClipboard();

@@ -19,7 +19,7 @@ namespace {
 
 constexpr int FIRST_SCARCE = 1024;
 
-// Of the thread that handles them: the handler may do no more than count.
+// Counts the signals that this thread has handled. A signal handler may do little more than count.
 thread_local volatile sig_atomic_t handledSignals = 0;
 
 void countSignal(int /*signal*/)
@@ -119,7 +119,7 @@ Io::Path fileOnAFullDisk()
 
 Io::Path unwritableFile(const Io::Path& /*folder*/)
 {
-    // Permissions mean nothing to root, the kernel's own folders to nobody.
+    // Permissions do not stop root, but the kernel lets no user create files in /proc.
     return Io::Path(L"/proc/file");
 }
 

@@ -85,7 +85,7 @@ unsigned short RawSocket::port() const
 
 RawSocket RawSocket::accept()
 {
-    // Unlike receiving, accepting knows no time limit.
+    // accept() has no time limit of its own, unlike recv().
     fd_set set;
     set.fd_count = 1;
     set.fd_array[0] = m_handle;

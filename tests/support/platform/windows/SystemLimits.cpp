@@ -17,7 +17,7 @@ ScarceMemory::~ScarceMemory() = default;
 
 std::size_t inheritableSockets()
 {
-    // Handles are multiples of four, and the first ones that are free.
+    // Windows gives out handles in multiples of four, starting with the smallest ones.
     constexpr SOCKET MOST = 65536;
     std::size_t count = 0;
     for (SOCKET handle = 4; handle < MOST; handle += 4) {
@@ -40,7 +40,7 @@ int whileInterrupted(const std::function<void()>& function)
 
 int affordableRounds(int rounds)
 {
-    // An emulated system is a hundred times slower.
+    // A system call takes about a hundred times longer under Wine.
     return rounds / 8;
 }
 
