@@ -7,6 +7,8 @@
 #include <wx/toplevel.h>
 #include <wx/weakref.h>
 
+#include <utility>
+
 namespace Nolvex {
 
 // Ends the capture when the window can no longer use it.
@@ -19,37 +21,17 @@ public:
           m_topLevel(wxGetTopLevelParent(m_window)),
           m_platformWatch(*m_window, capture.m_whenDisabled == WhenDisabled::STAYS, [this] { giveUp(); })
     {
-        m_window->Bind(wxEVT_MOUSE_CAPTURE_LOST, &Watch::onLost, this);
-        m_window->Bind(wxEVT_DESTROY, &Watch::onDestroyed, this);
         if (m_topLevel)
             m_topLevel->Bind(wxEVT_ICONIZE, &Watch::onIconized, this);
     }
 
     ~Watch()
     {
-        m_window->Unbind(wxEVT_MOUSE_CAPTURE_LOST, &Watch::onLost, this);
-        m_window->Unbind(wxEVT_DESTROY, &Watch::onDestroyed, this);
         if (m_topLevel)
             m_topLevel->Unbind(wxEVT_ICONIZE, &Watch::onIconized, this);
     }
 
 private:
-    // Each of these destroys the watch.
-
-    void onLost(wxMouseCaptureLostEvent& event)
-    {
-        event.Skip();
-        m_capture.lost();
-    }
-
-    void onDestroyed(wxWindowDestroyEvent& event)
-    {
-        event.Skip();
-        // The event of a child comes here too.
-        if (event.GetEventObject() == m_window)
-            m_capture.end();
-    }
-
     void onIconized(wxIconizeEvent& event)
     {
         event.Skip();
@@ -57,6 +39,7 @@ private:
             giveUp();
     }
 
+    // Destroys the watch.
     void giveUp()
     {
         wxWindow* const window = m_window;
@@ -81,12 +64,16 @@ Wx::MouseCapture::MouseCapture(wxWindow* window, WhenDisabled whenDisabled)
 Wx::MouseCapture::~MouseCapture()
 {
     end();
+    if (m_hasBegunEver && m_window != nullptr)
+        m_window->Unbind(wxEVT_DESTROY, &MouseCapture::onDestroyed, this);
 }
 
 void Wx::MouseCapture::begin()
 {
-    if (!Platform::canCaptureMouse(*m_window))
+    if (m_window == nullptr || !Platform::canCaptureMouse(*m_window))
         return;
+    if (!std::exchange(m_hasBegunEver, true))
+        m_window->Bind(wxEVT_DESTROY, &MouseCapture::onDestroyed, this);
     const wxWindow* const holder = wxWindow::GetCapture();
     const bool waitsForAnother = m_watch && holder != nullptr;
     if (holder != m_window && !waitsForAnother)
@@ -112,17 +99,19 @@ void Wx::MouseCapture::end()
         above.back()->CaptureMouse();
 }
 
-void Wx::MouseCapture::lost()
-{
-    m_watch.reset();
-    // An event that does not come from wxWidgets may be wrong; the window would keep the mouse for ever.
-    if (isHeld())
-        m_window->ReleaseMouse();
-}
-
 bool Wx::MouseCapture::isHeld() const
 {
-    return wxWindow::GetCapture() == m_window;
+    return m_window != nullptr && wxWindow::GetCapture() == m_window;
+}
+
+void Wx::MouseCapture::onDestroyed(wxWindowDestroyEvent& event)
+{
+    event.Skip();
+    // The events of child windows come here, too.
+    if (event.GetEventObject() != m_window)
+        return;
+    end();
+    m_window = nullptr;
 }
 
 } // namespace Nolvex

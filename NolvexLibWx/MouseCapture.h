@@ -9,6 +9,7 @@
 #include <memory>
 
 class WXDLLIMPEXP_FWD_CORE wxWindow;
+class WXDLLIMPEXP_FWD_CORE wxWindowDestroyEvent;
 
 namespace Nolvex::Wx {
 
@@ -19,7 +20,7 @@ namespace Nolvex::Wx {
 /// The capture ends by itself when the window, or a parent, is hidden, disabled or minimised and when the
 /// window gets another parent. The window is then sent wxEVT_MOUSE_CAPTURE_LOST, as it is when the system
 /// takes the capture away; the event comes later, when events are next processed. The control must handle
-/// that event without skipping it, and must call `end` before it calls code of its user.
+/// that event by a call of `end`, without skipping it, and must call `end` before it calls code of its user.
 class NOLVEXLIBWX_EXPORT MouseCapture : private Noncopyable
 {
 public:
@@ -45,17 +46,16 @@ public:
     /// it.
     void end();
 
-    /// To be called by the handler of wxEVT_MOUSE_CAPTURE_LOST. Releases the mouse if the window has it all
-    /// the same.
-    void lost();
-
     bool isHeld() const;
 
 private:
     class Watch;
 
-    wxWindow* m_window;
+    void onDestroyed(wxWindowDestroyEvent& event);
+
+    wxWindow* m_window; // null when the window has been destroyed first
     WhenDisabled m_whenDisabled;
+    bool m_hasBegunEver = false;    // and so listens for the destruction of the window
     std::unique_ptr<Watch> m_watch; // from begin to end
 };
 

@@ -43,6 +43,7 @@ Wx::TextCtrl::TextCtrl(wxWindow* parent, int id, const wxString& value, const wx
                        const wxSize& size, long style)
     : wxTextCtrl(parent, id, value, pos, size, style & ~RICH_STYLES)
 {
+    Platform::removeLengthLimit(*this);
     Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent&) { m_capture.end(); });
 }
 

@@ -50,6 +50,8 @@ GdkWindow* innerWindow(GtkWidget* widget)
 
 } // namespace
 
+void Platform::removeLengthLimit(wxTextCtrl& /*text*/) {}
+
 void Platform::prepareCapture(wxTextCtrl& text)
 {
     GtkWidget* const widget = textWidget(text);
