@@ -27,7 +27,15 @@ LRESULT CALLBACK answerHitTest(HWND window, UINT message, WPARAM wParam, LPARAM 
 
 void Platform::letMouseThrough(wxWindow& window)
 {
-    SetWindowSubclass(static_cast<HWND>(window.GetHandle()), &answerHitTest, SUBCLASS_ID, 0);
+    const HWND handle = static_cast<HWND>(window.GetHandle());
+    // A transparent layered window gets no mouse input at all. Windows lets child windows, to which popups
+    // belong, be layered only if the manifest of the program says that it knows Windows 8.
+    SetWindowLongPtrW(handle, GWL_EXSTYLE,
+                      GetWindowLongPtrW(handle, GWL_EXSTYLE) | WS_EX_LAYERED | WS_EX_TRANSPARENT);
+    constexpr BYTE OPAQUE_ALPHA = 255;
+    SetLayeredWindowAttributes(handle, 0, OPAQUE_ALPHA, LWA_ALPHA);
+    // In other programs, this answer passes the mouse on to the windows of the same thread.
+    SetWindowSubclass(handle, &answerHitTest, SUBCLASS_ID, 0);
 }
 
 } // namespace Nolvex

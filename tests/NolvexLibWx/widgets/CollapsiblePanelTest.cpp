@@ -269,7 +269,11 @@ TEST_F(CollapsiblePanelTest, handlerOfTheHiding_mayDestroyThePanel)
     Tests::pumpEvents();
     reports.clear();
     const wxWeakRef<CollapsiblePanel> watched(pane);
-    content->Bind(wxEVT_SHOW, [pane](wxShowEvent&) { pane->Destroy(); });
+    // Windows does not bear that a window is destroyed while it tells of its hiding.
+    content->Bind(wxEVT_SHOW, [this, pane](wxShowEvent&) {
+        content->Reparent(parent);
+        pane->Destroy();
+    });
     pane->toggleCollapsed();
     EXPECT_FALSE(watched);
     EXPECT_EQ(taken(), Entries());
