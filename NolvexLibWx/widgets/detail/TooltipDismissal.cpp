@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/widgets/detail/TooltipDismissal.h"
 
-#include "NolvexLibWx/widgets/detail/ModalDialogWatch.h"
 #include "NolvexLibWx/widgets/Tooltip.h"
+#include "NolvexLibWx/widgets/detail/ModalDialogWatch.h"
 
 #include <wx/event.h>
 
