@@ -35,7 +35,8 @@ private:
     void onIconized(wxIconizeEvent& event)
     {
         event.Skip();
-        if (event.IsIconized())
+        // On Windows the window keeps the capture when it moves to another top level.
+        if (event.IsIconized() && wxGetTopLevelParent(m_window) == m_topLevel)
             giveUp();
     }
 

@@ -22,7 +22,10 @@ wait_for_package_manager() {
   package_manager_is_busy || return 0
   say "another installation is under way, waiting until it ends"
   while package_manager_is_busy; do
-    [ "$SECONDS" -lt "$end" ] || return 1
+    if [ "$SECONDS" -ge "$end" ]; then
+      echo "The other installation has not ended within $MAX_PACKAGE_WAIT seconds." >&2
+      return 1
+    fi
     sleep 1
   done
 }

@@ -178,6 +178,9 @@ void Wx::DropdownButton::onMouseUp(wxMouseEvent& event)
     if (!self)
         return;
     closeDropdown();
+    // A handler that hears of the hiding may have destroyed the button.
+    if (!self)
+        return;
     setHovered(false);
     Button::onMouseUp(event);
     if (self && chosen && swapsOnSelect())

@@ -29,14 +29,17 @@ void Wx::DropdownFrame::open()
 
 bool Wx::DropdownFrame::Show(bool show)
 {
+    const wxWeakRef<DropdownFrame> self(this);
     const bool changed = PopupFrame::Show(show);
-    if (changed && m_owner)
+    // A handler of wxEVT_SHOW may have destroyed the frame.
+    if (self && changed && m_owner)
         m_owner->Refresh();
     return changed;
 }
 
 // Neither wxWidgets nor the systems tell a window that a parent is hidden or disabled, so an open frame asks
-// after each round of events.
+// after each round of events. The frame is hidden later, because a handler of wxEVT_SHOW may destroy the
+// frame, and wxWidgets still needs it after this function.
 void Wx::DropdownFrame::OnInternalIdle()
 {
     PopupFrame::OnInternalIdle();
@@ -45,6 +48,12 @@ void Wx::DropdownFrame::OnInternalIdle()
     if (isOwnerUsable())
         moveBelowOwner();
     else
+        CallAfter(&DropdownFrame::hideUnlessUsable);
+}
+
+void Wx::DropdownFrame::hideUnlessUsable()
+{
+    if (!isOwnerUsable())
         Hide();
 }
 

@@ -22,7 +22,7 @@ class ModalDialogWatch;
 /// does not hide the frame, as a press that has begun may still be completed. Close hides the frame too.
 ///
 /// Opening and hiding repaint the owner, whose face may depend on the state, and send wxEVT_SHOW to the
-/// frame.
+/// frame. A handler of the event may destroy the frame or the owner, and must not skip the event then.
 class NOLVEXLIBWX_EXPORT DropdownFrame : public Platform::PopupFrame
 {
 public:
@@ -42,6 +42,7 @@ public:
 private:
     bool isOwnerUsable() const;
     void moveBelowOwner();
+    void hideUnlessUsable();
 
     wxWeakRef<wxWindow> m_owner;
     std::unique_ptr<ModalDialogWatch> m_modalDialogs;

@@ -138,25 +138,54 @@ void Wx::Tooltip::arm()
 
 void Wx::Tooltip::hide()
 {
+    const wxWeakRef<Tooltip> self(this);
     Show(false);
-    m_timer.Stop();
+    if (self)
+        m_timer.Stop();
+}
+
+// wxWidgets sends wxEVT_SHOW in the middle of its own Show and goes on to use the window, which a handler may
+// destroy. The event is held back, and sent when wxWidgets is done.
+bool Wx::Tooltip::Show(bool show)
+{
+    m_holdsShowEvent = true;
+    const bool changed = wxPopupWindow::Show(show);
+    m_holdsShowEvent = false;
+    if (changed) {
+        wxShowEvent event(GetId(), show);
+        event.SetEventObject(this);
+        HandleWindowEvent(event);
+    }
+    return changed;
+}
+
+bool Wx::Tooltip::TryBefore(wxEvent& event)
+{
+    const bool isHeld =
+        m_holdsShowEvent && event.GetEventType() == wxEVT_SHOW && event.GetEventObject() == this;
+    return isHeld || wxPopupWindow::TryBefore(event);
 }
 
 void Wx::Tooltip::onOwnerLeftOrClicked(wxMouseEvent& event)
 {
-    event.Skip();
+    const wxWeakRef<wxWindow> owner(m_owner);
     hide();
+    // No further handlers can be looked for in an owner that a handler of the hiding has destroyed.
+    event.Skip(owner.get() != nullptr);
 }
 
 void Wx::Tooltip::onOwnerMoved(wxMouseEvent& event)
 {
-    event.Skip();
+    const wxWeakRef<Tooltip> self(this);
+    const wxWeakRef<wxWindow> owner(m_owner);
     // When the user moves the mouse onto the tooltip, it hides to show the windows below. Systems also report
     // a movement to the same position when the tooltip appears.
     const wxPoint mouse = wxGetMousePosition();
     if (IsShown() && mouse != m_mouseWhenShown && GetScreenRect().Contains(mouse))
         hide();
-    arm();
+    if (self)
+        arm();
+    event.Skip(owner.get() != nullptr);
 }
 
 bool Wx::Tooltip::hasReason() const
@@ -178,8 +207,11 @@ void Wx::Tooltip::onTimer(wxTimerEvent& /*event*/)
         return;
     }
     // A shown tooltip stays where it is.
+    const wxWeakRef<Tooltip> self(this);
     if (!IsShown())
         popUp();
+    if (!self)
+        return;
     // While the tooltip is shown, the timer keeps asking for the reason: neither GTK nor Windows tells the
     // owner when it is hidden or minimised under the mouse.
     arm();
@@ -187,8 +219,12 @@ void Wx::Tooltip::onTimer(wxTimerEvent& /*event*/)
 
 void Wx::Tooltip::popUp()
 {
+    const wxWeakRef<Tooltip> self(this);
     const ScopedWindowFreezer freezer(this);
     Show(true);
+    // A handler of wxEVT_SHOW may have destroyed the tooltip.
+    if (!self)
+        return;
     fitToText();
     m_mouseWhenShown = wxGetMousePosition();
     smartPositionWindow(this, toPixel(m_mouseWhenShown) + MOUSE_DISTANCE);

@@ -27,6 +27,9 @@ namespace Nolvex::Wx {
 ///
 /// The tooltip takes neither the focus nor the mouse; clicks go to the window below. The owner's own handlers
 /// of mouse events run as before.
+///
+/// A handler of the tooltip's wxEVT_SHOW may destroy the tooltip or the owner, and must not skip the event
+/// then.
 class NOLVEXLIBWX_EXPORT Tooltip : public wxPopupWindow, private Noncopyable
 {
 public:
@@ -54,6 +57,11 @@ public:
     /// Hides the tooltip. It pops up again when the mouse has moved and rested on the owner.
     void hide();
 
+    bool Show(bool show = true) override;
+
+protected:
+    bool TryBefore(wxEvent& event) override;
+
 private:
     void arm();
     void onOwnerLeftOrClicked(wxMouseEvent& event);
@@ -70,6 +78,7 @@ private:
     wxTimer m_timer;
     std::int64_t m_delay = 600; // milliseconds
     wxPoint m_mouseWhenShown;
+    bool m_holdsShowEvent = false;
 };
 
 namespace Detail {

@@ -5,6 +5,7 @@
 #include "NolvexLibWx/Clipboard.h"
 #include "NolvexLibWx/ColourConversions.h"
 #include "NolvexLibWx/DpiScaling.h"
+#include "NolvexLibWx/FontSetup.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/WindowIcon.h"
 #include "NolvexLibWx/widgets/ApplySkinRecursive.h"
@@ -72,6 +73,8 @@ String openedMessage(const Picture& picture)
 ViewerFrame::ViewerFrame(const SharedPicture& picture) : wxFrame(nullptr, wxID_ANY, wxString())
 {
     Wx::setZephraIcon(this);
+    // The log inherits the font, which makes its text as large as those of the other controls.
+    SetFont(Wx::setDefaultFontSize(GetFont(), 1.0f));
     auto* panel = new wxPanel(this);
     const int margin = Wx::scaleByDpi(MARGIN);
     auto* sizer = new wxBoxSizer(wxVERTICAL);
@@ -120,12 +123,16 @@ wxWindow* ViewerFrame::makeView(wxWindow* parent, const SharedPicture& picture)
 
 wxWindow* ViewerFrame::makeLog(wxWindow* parent)
 {
-    m_log = new Wx::TextCtrl(parent, wxID_ANY, {}, wxDefaultPosition, Wx::scaleByDpi(wxSize(-1, LOG_HEIGHT)),
-                             wxTE_MULTILINE | wxTE_READONLY);
+    // The border of the library frames the log, since the borders of the systems do not fit a dark skin.
+    m_logBorder = new OskaBorder(parent, {});
+    m_log =
+        new Wx::TextCtrl(m_logBorder, wxID_ANY, {}, wxDefaultPosition, Wx::scaleByDpi(wxSize(-1, LOG_HEIGHT)),
+                         wxTE_MULTILINE | wxTE_READONLY | wxBORDER_NONE);
+    m_logBorder->addChild(m_log);
     Wx::setAccessibleName(*m_log, L"Log");
     m_logTooltip = new Wx::Tooltip(m_log, String());
-    m_log->Hide();
-    return m_log;
+    m_logBorder->Hide();
+    return m_logBorder;
 }
 
 void ViewerFrame::bindCommands()
@@ -207,7 +214,7 @@ void ViewerFrame::showLog(bool show)
     m_options->setLogShown(show);
     if (show == isLogShown())
         return;
-    m_log->Show(show);
+    m_logBorder->Show(show);
     makeRoom();
     if (!show)
         m_view->SetFocus();
@@ -217,7 +224,7 @@ void ViewerFrame::showLog(bool show)
 // appears.
 void ViewerFrame::makeRoom()
 {
-    wxWindow* const panel = m_log->GetParent();
+    wxWindow* const panel = m_logBorder->GetParent();
     const wxSize least = panel->GetSizer()->CalcMin();
     SetMinClientSize(least);
     wxSize size = GetClientSize();
@@ -229,7 +236,7 @@ void ViewerFrame::makeRoom()
 
 bool ViewerFrame::isLogShown() const
 {
-    return m_log->IsShown();
+    return m_logBorder->IsShown();
 }
 
 void ViewerFrame::setTooltips(bool wanted)

@@ -8,6 +8,12 @@
 #include <wx/frame.h>
 #include <wx/timer.h>
 
+namespace Nolvex {
+
+class OskaBorder;
+
+} // namespace Nolvex
+
 namespace Nolvex::Wx {
 
 class TextCtrl;
@@ -85,6 +91,7 @@ private:
     ToolBar* m_toolBar = nullptr;
     ViewOptions* m_options = nullptr;
     ImageView* m_view = nullptr;
+    OskaBorder* m_logBorder = nullptr;
     Wx::TextCtrl* m_log = nullptr;
     Wx::Tooltip* m_logTooltip = nullptr;
     String m_description;

@@ -8,8 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdint>
-
 using namespace Nolvex;
 using namespace Nolvex::Wx;
 using Nolvex::Tests::ScreenResolution;
@@ -109,10 +107,4 @@ TEST(FontSetupTest, setupStaticTextFont_appliesTheFlags)
     EXPECT_EQ(both.GetWeight(), wxFONTWEIGHT_BOLD);
     EXPECT_EQ(both.GetStyle(), wxFONTSTYLE_ITALIC);
     EXPECT_DOUBLE_EQ(both.GetFractionalPointSize(), 9.0);
-}
-
-TEST(FontSetupTest, textFlags_haveTheValuesOfTheirBits)
-{
-    EXPECT_EQ(static_cast<std::uint32_t>(TextFlag::BOLD), 1u);
-    EXPECT_EQ(static_cast<std::uint32_t>(TextFlag::ITALIC), 2u);
 }

@@ -203,6 +203,25 @@ TEST_F(MouseCaptureTest, reparented_canBeEndedAndBegunAgain)
     one->capture.end();
 }
 
+TEST_F(MouseCaptureTest, reparented_isNotConcernedWhenTheFormerParentHides)
+{
+    auto* former = new wxPanel(panel);
+    auto* control = new Control(former);
+    pumpEvents(50);
+    control->capture.begin();
+    ASSERT_TRUE(control->capture.isHeld());
+    control->Reparent(panel);
+    pumpEvents(50);
+    // On GTK another parent ends the capture.
+    const bool held = control->capture.isHeld();
+    const int losses = control->losses;
+    former->Hide();
+    pumpEvents(50);
+    EXPECT_EQ(control->capture.isHeld(), held);
+    EXPECT_EQ(control->losses, losses);
+    control->capture.end();
+}
+
 TEST_F(MouseCaptureTest, parentReparented_doesNotKeepTheMouse)
 {
     auto* inner = new wxPanel(panel);

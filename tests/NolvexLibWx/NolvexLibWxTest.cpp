@@ -96,6 +96,29 @@ struct RecordingApp : wxApp
     static inline std::string order;
 };
 
+// Records whether the core library runs when wxWidgets starts and stops.
+struct CoreAskingApp : wxApp
+{
+    bool Initialize(int& count, wxChar** arguments) override
+    {
+        answers.push_back(isCoreStarted());
+        return wxApp::Initialize(count, arguments);
+    }
+
+    void CleanUp() override
+    {
+        wxApp::CleanUp();
+        answers.push_back(isCoreStarted());
+    }
+
+    static bool isCoreStarted()
+    {
+        return Nolvex::Lib::postToMainThread([] {});
+    }
+
+    static inline std::vector<bool> answers;
+};
+
 // Records when wxWidgets' idle processing begins. GTK calls it more often, but immediately after another
 // call, and such calls count as one.
 struct IdleRecordingApp : wxApp
@@ -333,6 +356,16 @@ TEST(NolvexLibWxTest, lastShutdown_idlesExitsEndsTheLoopAndStopsTheSocketsBefore
     EXPECT_EQ(RecordingApp::order, "");
     shutdown();
     EXPECT_EQ(RecordingApp::order, "ProcessIdle OnExit(sockets) ExitMainLoop CleanUp ");
+}
+
+TEST(NolvexLibWxTest, coreLibrary_startsBeforeWxWidgetsAndStopsAfterIt)
+{
+    EXPECT_FALSE(CoreAskingApp::isCoreStarted());
+    wxApp::SetInstance(new CoreAskingApp);
+    startup(ApplicationType::APPLICATION);
+    shutdown();
+    EXPECT_EQ(CoreAskingApp::answers, std::vector<bool>({true, true}));
+    EXPECT_FALSE(CoreAskingApp::isCoreStarted());
 }
 
 TEST(NolvexLibWxTest, startup_tellsTheToolkitItsModule)

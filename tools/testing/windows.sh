@@ -36,7 +36,7 @@ for dpi in 120 144 192 288; do
   start_wine "$dpi"
   export NOLVEX_TEST_SCALE=$((dpi * 100 / 96))
   run_test_program "windows-$dpi" tools/testing/run-wine.sh "$WINDOWS_BUILD/bin/NolvexLibWxTests.exe" \
-    --gtest_filter='DpiScalingTest.*:FontSetupTest.*:OskaBorder*:*SizeTest.*:*PixelTest.*'
+    --gtest_filter='DpiScalingTest.*:FontSetupTest.*:OskaBorder*:*SizeTest.*:*PixelTest.*:*FaceTest.*:PerScaleTest.*'
   stop_wine
 done
 summary windows

@@ -28,9 +28,14 @@ public:
 
     bool AcceptsFocusRecursively() const override { return false; }
 
+protected:
+    bool TryBefore(wxEvent& event) override;
+
 private:
     void stopWaitingForTheServer();
     void followTopLevelOfParent();
+
+    bool m_holdsShowEvent = false;
 };
 
 } // namespace Nolvex::Platform

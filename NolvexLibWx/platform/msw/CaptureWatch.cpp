@@ -18,7 +18,8 @@ bool Platform::canCaptureMouse(const wxWindow& window)
 class Platform::CaptureWatch::Signals : private Noncopyable
 {
 public:
-    Signals(wxWindow& window, std::function<void()> onUseless) : m_onUseless(std::move(onUseless))
+    Signals(wxWindow& window, std::function<void()> onUseless)
+        : m_window(window), m_onUseless(std::move(onUseless))
     {
         for (wxWindow* ancestor = &window; ancestor != nullptr;
              ancestor = ancestor->IsTopLevel() ? nullptr : ancestor->GetParent()) {
@@ -39,13 +40,23 @@ private:
     void onShow(wxShowEvent& event)
     {
         event.Skip();
-        if (event.IsShown())
+        if (event.IsShown() || !isWindowOrAncestor(event.GetEventObject()))
             return;
         // The copy is needed because the function destroys this object, and with it the original.
         const std::function<void()> onUseless = m_onUseless;
         onUseless();
     }
 
+    // False for an ancestor of old when the window has got another parent since the capture began.
+    bool isWindowOrAncestor(const wxObject* hidden) const
+    {
+        const wxWindow* ancestor = &m_window;
+        while (ancestor != hidden && ancestor != nullptr && !ancestor->IsTopLevel())
+            ancestor = ancestor->GetParent();
+        return ancestor == hidden;
+    }
+
+    wxWindow& m_window;
     std::function<void()> m_onUseless;
     std::vector<wxWeakRef<wxWindow>> m_watched;
 };

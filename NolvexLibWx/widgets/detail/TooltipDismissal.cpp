@@ -5,6 +5,8 @@
 #include "NolvexLibWx/widgets/detail/ModalDialogWatch.h"
 
 #include <wx/event.h>
+#include <wx/weakref.h>
+#include <wx/window.h>
 
 #include <algorithm>
 
@@ -53,9 +55,13 @@ void Wx::TooltipDismissal::remove(Tooltip* tooltip)
 
 int Wx::TooltipDismissal::FilterEvent(wxEvent& event)
 {
-    if (turnsToSomethingElse(event))
-        dismissAll();
-    return Event_Skip;
+    if (!turnsToSomethingElse(event))
+        return Event_Skip;
+    auto* const window = wxDynamicCast(event.GetEventObject(), wxWindow);
+    const wxWeakRef<wxWindow> receiver(window);
+    dismissAll();
+    // No handlers can be looked for in a window that a handler of the hiding has destroyed.
+    return window != nullptr && !receiver ? Event_Processed : Event_Skip;
 }
 
 void Wx::TooltipDismissal::dismissAll()

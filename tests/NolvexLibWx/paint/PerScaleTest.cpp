@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/paint/PerScale.h"
 
+#include <wx/window.h>
+
 #include <gtest/gtest.h>
 
 using namespace Nolvex;
@@ -27,5 +29,7 @@ TEST(PerScaleTest, scalesBeyondTheTable_haveTheNearestValue)
 
 TEST(PerScaleTest, scaleOfTheScreen_isWhatOneDesignUnitBecomes)
 {
-    EXPECT_EQ(atScreenScale(VALUES), atScale(VALUES, Wx::scaleByDpi(1)));
+    // One design unit becomes two pixels from 150 % on and three from 250 % on.
+    const int percent = wxWindowBase::FromDIP(wxSize(100, 0), nullptr).GetWidth();
+    EXPECT_EQ(atScreenScale(VALUES), percent < 150 ? 10 : percent < 250 ? 20 : 30) << percent << " %";
 }

@@ -8,9 +8,12 @@
 #include "support/Ink.h"
 
 #include <wx/dcclient.h>
+#include <wx/graphics.h>
+#include <wx/pen.h>
 
 #include <algorithm>
 #include <array>
+#include <memory>
 
 using namespace Nolvex;
 using namespace Nolvex::Tests;
@@ -29,9 +32,9 @@ constexpr RgbBytes INNER{37, 37, 37};
 constexpr RgbBytes BOTTOM_OUTER{70, 70, 70};
 constexpr RgbBytes BOTTOM_INNER{85, 85, 85};
 
-int scaleIndex()
+std::size_t scaleIndex()
 {
-    return std::clamp(scaleByDpi(1) - 1, 0, 2);
+    return static_cast<std::size_t>(std::clamp(scaleByDpi(1) - 1, 0, 2));
 }
 
 // The bevelled box, written down pixel by pixel.
@@ -239,7 +242,14 @@ TEST(CheckBoxFaceTest, label_startsBesideTheBoxAndRisesAboveTheEdge)
     EXPECT_NEAR(ink.x, scaleByDpi(18), 1);
     EXPECT_NEAR(ink.GetRight(), scaleByDpi(18) + text.x - 1, 1);
     EXPECT_EQ(ink.y, 0) << "cut off at the edge";
-    EXPECT_NEAR(ink.GetBottom(), text.y - 1 - RISE[static_cast<std::size_t>(scaleIndex())], 1);
+    // The same letters, written where nothing cuts them off.
+    constexpr int BELOW = 10;
+    const wxImage lower = painted(FACE_SIZE, [](wxDC& paper) {
+        const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::CreateFromUnknownDC(paper));
+        context->SetFont(blockFont(), INK);
+        context->DrawText(BLOCK_LABEL, scaleByDpi(18), BELOW);
+    });
+    EXPECT_EQ(ink.GetBottom(), inkBesideBox(lower).GetBottom() - BELOW - RISE[scaleIndex()]);
 }
 
 TEST(CheckBoxFaceTest, label_hasTheGivenColour)
@@ -274,11 +284,31 @@ TEST(CheckBoxFaceTest, focusMark_isADottedRectangleAroundTheLabel)
     // Inside the rectangle and between its dots there is nothing.
     const wxRect inside = wxRect(ink).Deflate(2 * line + 1);
     EXPECT_TRUE(inkIn(image, inside).IsEmpty());
-    int inked = 0;
+}
+
+TEST(CheckBoxFaceTest, focusMark_hasTheDashesOfTheScale)
+{
+    using Dashes = std::array<wxDash, 2>;
+    static std::array<Dashes, 3> dashes{Dashes{1, 2}, Dashes{2, 1}, Dashes{2, 3}};
+    CheckBox::Face face = plainFace(L"          ");
+    face.focused = true;
+    const wxImage image = drawn(face);
+    const wxImage expected = painted(FACE_SIZE, [&face](wxDC& dc) {
+        dc.SetFont(face.font);
+        const wxSize text = dc.GetTextExtent(face.label);
+        wxPen pen(INK, scaleByDpi(1), wxPENSTYLE_USER_DASH);
+        pen.SetDashes(2, dashes[scaleIndex()].data());
+        const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::CreateFromUnknownDC(dc));
+        context->SetPen(pen);
+        context->DrawRectangle(scaleByDpi(17), 0, text.x + scaleByDpi(2), text.y - scaleByDpi(1));
+    });
+    const wxRect ink = inkBesideBox(expected);
+    ASSERT_FALSE(ink.IsEmpty());
+    const wxRect inked = inkBesideBox(image);
+    EXPECT_EQ(inked.GetTopLeft(), ink.GetTopLeft());
+    EXPECT_EQ(inked.GetBottomRight(), ink.GetBottomRight());
     for (int x = ink.x; x <= ink.GetRight(); ++x)
-        inked += pixelAt(image, x, ink.y) == PAPER ? 0 : 1;
-    EXPECT_GT(inked, ink.width / 4);
-    EXPECT_LT(inked, ink.width);
+        ASSERT_EQ(pixelAt(image, x, ink.y), pixelAt(expected, x, ink.y)) << "at " << x;
 }
 
 TEST_F(CheckBoxPixelTest, face_followsTheCheckBox)

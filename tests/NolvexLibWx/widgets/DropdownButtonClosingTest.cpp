@@ -18,6 +18,40 @@ namespace {
 
 using DropdownButtonClosingTest = Tests::DropdownButtonFixture;
 
+enum class Destroyed
+{
+    BUTTON,
+    PARENT,
+    FRAME,
+};
+
+/// Destroys a window when the popup is shown or hidden.
+struct DropdownButtonDestructionTest : Tests::DropdownButtonFixture, testing::WithParamInterface<Destroyed>
+{
+    wxWeakRef<wxPanel> inner = new wxPanel(panel, wxID_ANY, wxPoint(0, 0), wxSize(200, 100));
+
+    void destroyWhenPopupIs(bool shown)
+    {
+        make(SWAP);
+        button->Reparent(inner);
+        showFrame();
+        popup()->Bind(wxEVT_SHOW, [this, shown](wxShowEvent& event) {
+            if (event.IsShown() == shown)
+                destroy();
+        });
+    }
+
+    void destroy() const
+    {
+        if (GetParam() == Destroyed::BUTTON)
+            button->Destroy();
+        else if (GetParam() == Destroyed::PARENT)
+            inner->Destroy();
+        else
+            frame->Destroy();
+    }
+};
+
 } // namespace
 
 TEST_F(DropdownButtonClosingTest, disabledWhileOpen_staysOpenUntilTheRelease)
@@ -276,3 +310,35 @@ TEST_F(DropdownButtonClosingTest, destroyedWhileOpen_takesThePopupAlong)
     EXPECT_EQ(wxWindow::GetCapture(), nullptr);
     Tests::releaseMouse();
 }
+
+TEST_P(DropdownButtonDestructionTest, asThePopupIsShown_isSafe)
+{
+    destroyWhenPopupIs(true);
+    Tests::pressMouseAt(button, centre());
+    EXPECT_TRUE(Tests::pumpUntil([this] { return !button; }));
+    Tests::releaseMouse();
+    EXPECT_TRUE(reports.empty());
+}
+
+TEST_P(DropdownButtonDestructionTest, asThePopupIsHidden_isSafe)
+{
+    destroyWhenPopupIs(false);
+    holdUntilOpen();
+    Tests::moveMouse(button, over(0));
+    Tests::releaseMouse();
+    EXPECT_TRUE(Tests::pumpUntil([this] { return !button; }));
+    EXPECT_EQ(reports, Array<wxString>({L"two"}));
+}
+
+TEST_P(DropdownButtonDestructionTest, asThePopupHidesFromADisabledParent_isSafe)
+{
+    destroyWhenPopupIs(false);
+    holdUntilOpen();
+    panel->Disable();
+    EXPECT_TRUE(Tests::pumpUntil([this] { return !button; }));
+    Tests::releaseMouse();
+    EXPECT_TRUE(reports.empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Windows, DropdownButtonDestructionTest,
+                         testing::Values(Destroyed::BUTTON, Destroyed::PARENT, Destroyed::FRAME));

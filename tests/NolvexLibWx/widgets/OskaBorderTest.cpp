@@ -214,13 +214,6 @@ TEST(OskaBorderTest, draw_farBelowTheOrigin_leadsTheBottomLinesUpwards)
                   ".ob..io.", ".ab..io.", ".abiiio.", ".aboooo.", "........"});
 }
 
-TEST(OskaBorderTest, states_haveTheValuesOfTheirBits)
-{
-    EXPECT_EQ(static_cast<std::uint32_t>(HOVERED), 2u);
-    EXPECT_EQ(static_cast<std::uint32_t>(ENABLED), 4u);
-    EXPECT_EQ(static_cast<std::uint32_t>(NO_FRAME), 8u);
-}
-
 TEST(OskaBorderTest, highlight_isReadFromTheDefaultSkinAtEachDrawing)
 {
     const Tests::DefaultSkinGuard guard;

@@ -103,6 +103,12 @@ TEST_P(TextCtrlKeyTest, ctrlC_comesBeforeAMenuOnlyWithASelection)
     Tests::typeKey('C', wxMOD_CONTROL);
     EXPECT_TRUE(Tests::pumpUntil([] { return clipboard() == "some"; })) << clipboard();
     EXPECT_EQ(commands, 0);
+    text->SetSelection(0, 0);
+    setClipboard("before");
+    Tests::typeKey('C', wxMOD_CONTROL);
+    EXPECT_TRUE(Tests::pumpUntil([&commands] { return commands > 0; }, 2000));
+    EXPECT_EQ(commands, 1);
+    EXPECT_EQ(clipboard(), "before");
 }
 
 INSTANTIATE_TEST_SUITE_P(Styles, TextCtrlKeyTest,

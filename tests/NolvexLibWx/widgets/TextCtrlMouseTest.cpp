@@ -420,7 +420,7 @@ TEST_F(TextCtrlFocusTest, leftDown_whoseFocusHidesTheControl_capturesNothing)
 
 TEST_F(TextCtrlFocusTest, leftDown_whoseFocusDisablesTheFrame_capturesNothing)
 {
-    pressWith([&] { panel->Disable(); });
+    pressWith([&] { frame->Disable(); });
     EXPECT_EQ(wxWindow::GetCapture(), nullptr);
 }
 

@@ -42,6 +42,30 @@ struct TooltipDismissalTest : Tests::TooltipFixture
     }
 };
 
+/// Destroys the owner of a tooltip, or the tooltip alone, when the tooltip is shown or hidden.
+struct TooltipDestructionTest : TooltipDismissalTest, testing::WithParamInterface<bool>
+{
+    wxWeakRef<Tooltip> tooltip;
+
+    void destroyWhenTooltipIs(bool shown)
+    {
+        tooltip = make(L"text");
+        tooltip->Bind(wxEVT_SHOW, [this, shown](wxShowEvent& event) {
+            if (event.IsShown() != shown)
+                return;
+            if (GetParam())
+                owner->Destroy();
+            else
+                owner->DestroyChildren();
+        });
+    }
+
+    bool isGone() const
+    {
+        return pumpUntil([this] { return !tooltip; }, 1000);
+    }
+};
+
 // Presses Escape and asks beforehand whether the tooltip is shown.
 class LaterEscape : public wxTimer
 {
@@ -216,3 +240,57 @@ TEST_F(TooltipDismissalTest, severalTooltips_areDismissedTogetherAndDestroyedSaf
     EXPECT_TRUE(other->GetChildren().empty());
     destroyFrame(); // while the variables of the handlers exist
 }
+
+TEST_P(TooltipDestructionTest, asItPopsUp_isSafe)
+{
+    destroyWhenTooltipIs(true);
+    moveTo(38, 30);
+    moveTo(40, 30);
+    EXPECT_TRUE(isGone());
+}
+
+TEST_P(TooltipDestructionTest, asTheMouseLeaves_isSafe)
+{
+    destroyWhenTooltipIs(false);
+    rest(tooltip);
+    leave();
+    EXPECT_TRUE(isGone());
+}
+
+TEST_P(TooltipDestructionTest, asTheMouseIsMovedOntoIt_isSafe)
+{
+    destroyWhenTooltipIs(false);
+    rest(tooltip);
+    const wxPoint onto = owner->ScreenToClient(tooltip->GetScreenPosition()) + wxPoint(8, 8);
+    moveTo(onto.x, onto.y);
+    EXPECT_TRUE(isGone());
+}
+
+TEST_P(TooltipDestructionTest, asTheOwnerIsClicked_isSafe)
+{
+    destroyWhenTooltipIs(false);
+    rest(tooltip);
+    wxMouseEvent up(wxEVT_LEFT_UP);
+    owner->GetEventHandler()->ProcessEvent(up);
+    EXPECT_FALSE(tooltip);
+}
+
+TEST_P(TooltipDestructionTest, asAKeyOfTheOwnerIsPressed_isSafe)
+{
+    destroyWhenTooltipIs(false);
+    rest(tooltip);
+    wxKeyEvent key(wxEVT_KEY_DOWN);
+    key.SetEventObject(owner);
+    owner->GetEventHandler()->ProcessEvent(key);
+    EXPECT_FALSE(tooltip);
+}
+
+TEST_P(TooltipDestructionTest, asTheTextIsTakenAway_isSafe)
+{
+    destroyWhenTooltipIs(false);
+    rest(tooltip);
+    tooltip->setText(String());
+    EXPECT_FALSE(tooltip);
+}
+
+INSTANTIATE_TEST_SUITE_P(OwnerOrTooltip, TooltipDestructionTest, testing::Bool());
