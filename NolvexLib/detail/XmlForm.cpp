@@ -45,6 +45,12 @@ struct Flaw
     std::size_t byte;
 };
 
+[[noreturn]] void refuseMarkup(std::string_view text, std::size_t start)
+{
+    const auto isHere = [&](const Markup& markup) { return text.substr(start).starts_with(markup.start); };
+    throw Flaw{std::find_if(FOREIGN_MARKUP.begin(), FOREIGN_MARKUP.end(), isHere)->refusal, start};
+}
+
 bool isWhite(char byte)
 {
     return WHITE_SPACE.find(byte) != std::string_view::npos;
@@ -55,25 +61,51 @@ bool isBeyondAscii(char byte)
     return static_cast<unsigned char>(byte) >= 0x80;
 }
 
-// True for the bytes that may be a flaw wherever they stand. White space below U+0020 is among them.
-constexpr bool isNotable(char byte)
+// Returns 0 for the bytes that may be a flaw where they stand, and more for all others. White space below
+// U+0020 is among the former. A number is used instead of a bool, and its minimum instead of a disjunction,
+// because compilers then vectorise the loop over a block.
+constexpr unsigned char harmlessness(char byte)
 {
-    return (static_cast<signed char>(byte) < 0x20) | (byte == '&') | (byte == ']'); // negative beyond ASCII
+    const auto differenceTo = [](char notable, int unit) {
+        return static_cast<unsigned char>(unit ^ notable);
+    };
+    const auto least = [](unsigned char a, unsigned char b) { return a < b ? a : b; };
+    const unsigned char inTexts = least(differenceTo('&', byte), differenceTo(']', byte));
+    const unsigned char inMarkup = least(differenceTo('!', byte), differenceTo(':', byte));
+    const unsigned char questionOrEquals = differenceTo('?', byte | ('?' ^ '='));   // they differ in one bit
+    const unsigned char control = static_cast<signed char>(byte) < 0x20 ? 0 : 0xFF; // negative beyond ASCII
+    return least(least(inTexts, inMarkup), least(questionOrEquals, control));
 }
 
-// The position of the next notable byte, or the length of the text.
+// The answers for all bytes, since a table is faster where the bytes are looked at one by one.
+constexpr std::array<bool, 256> NOTABLE_BYTES = [] {
+    std::array<bool, 256> table{};
+    for (std::size_t i = 0; i < table.size(); ++i)
+        table[i] = harmlessness(static_cast<char>(i)) == 0;
+    return table;
+}();
+
+constexpr std::size_t BLOCK = 64;
+
+bool isHarmlessBlock(const char* bytes)
+{
+    unsigned char least = 0xFF;
+    for (std::size_t i = 0; i < BLOCK; ++i)
+        least = harmlessness(bytes[i]) < least ? harmlessness(bytes[i]) : least;
+    return least != 0;
+}
+
+// The position of the next byte that may be a flaw, or the length of the text.
 std::size_t findNotable(std::string_view text, std::size_t at)
 {
-    // Compilers vectorise the inner loop, since it has no branches.
-    constexpr std::size_t BLOCK = 32;
     for (; text.size() - at >= BLOCK; at += BLOCK) {
-        signed char isFound = 0;
-        for (std::size_t i = 0; i < BLOCK; ++i)
-            isFound |= static_cast<signed char>(isNotable(text[at + i]));
-        if (isFound != 0)
+        if (!isHarmlessBlock(text.data() + at))
             break;
     }
-    while (at < text.size() && !isNotable(text[at]))
+    const bool isTail = text.size() >= BLOCK && text.size() - at < BLOCK;
+    if (isTail && isHarmlessBlock(text.data() + text.size() - BLOCK))
+        return text.size();
+    while (at < text.size() && !NOTABLE_BYTES[static_cast<unsigned char>(text[at])])
         ++at;
     return at;
 }
@@ -93,30 +125,101 @@ std::size_t takeBeyondAscii(std::string_view text, std::size_t position)
     return run.size();
 }
 
-const char* flawOfAscii(std::string_view rest)
+// Looks at the characters and tags before pugixml reads the text, so that most refused texts cost no memory.
+// What pugixml refuses by itself is left to pugixml. Throws a Flaw.
+class CharacterCheck final
 {
-    const auto isNext = [&](std::string_view entity) { return rest.starts_with(entity); };
-    const char byte = rest.front();
-    if (byte == '&' && std::none_of(ENTITIES.begin(), ENTITIES.end(), isNext))
-        return "Only the five predefined entities are allowed";
-    if (isNext("]]>"))
-        return "The characters ]]> are not allowed, nor is a CDATA section";
-    return byte == '&' || byte == ']' || isWhite(byte) ? nullptr : UNCARRIABLE;
-}
+public:
+    CharacterCheck(std::string_view text, std::size_t start) : m_text(text), m_start(start), m_seen(start) {}
 
-// Throws the first flaw that is one wherever it stands, be it in markup or in a text.
-void checkCharacters(std::string_view text)
-{
-    for (std::size_t at = 0; (at = findNotable(text, at)) < text.size();) {
-        const std::string_view rest = text.substr(at);
-        if (isBeyondAscii(text[at]))
-            at += takeBeyondAscii(rest, at);
-        else if (const char* what = flawOfAscii(rest))
-            throw Flaw{what, at};
-        else
-            ++at;
+    void run()
+    {
+        for (std::size_t at = m_start; (at = findNotable(m_text, at)) < m_text.size();)
+            at += isBeyondAscii(m_text[at]) ? takeWide(at) : takeAscii(at);
     }
-}
+
+private:
+    std::size_t takeWide(std::size_t at)
+    {
+        const std::size_t size = takeBeyondAscii(m_text.substr(at), at);
+        checkTagAround(at);
+        return size;
+    }
+
+    std::size_t takeAscii(std::size_t at)
+    {
+        const char byte = m_text[at];
+        if (byte == ':' || byte == '=')
+            checkTagAround(at);
+        else if (byte == '!' || byte == '?')
+            checkMarkupBefore(at);
+        else if (const char* what = flawOfText(m_text.substr(at)))
+            throw Flaw{what, at};
+        return 1;
+    }
+
+    static const char* flawOfText(std::string_view rest)
+    {
+        const auto isNext = [&](std::string_view entity) { return rest.starts_with(entity); };
+        const char byte = rest.front();
+        if (byte == '&' && std::none_of(ENTITIES.begin(), ENTITIES.end(), isNext))
+            return "Only the five predefined entities are allowed";
+        if (isNext("]]>"))
+            return "The characters ]]> are not allowed, nor is a CDATA section";
+        return byte == '&' || byte == ']' || isWhite(byte) ? nullptr : UNCARRIABLE;
+    }
+
+    void checkMarkupBefore(std::size_t at) const
+    {
+        if (at > m_start && m_text[at - 1] == '<')
+            refuseMarkup(m_text, at - 1);
+    }
+
+    // Only these bytes can be part of an attribute or of a name beyond the form, so that all other tags need
+    // no look.
+    void checkTagAround(std::size_t at)
+    {
+        const std::size_t known = m_bracket;
+        const std::size_t bracket = lastBracketBefore(at);
+        if (bracket != known && m_text[bracket] == '<') // each tag once, however many such bytes it has
+            checkTag(bracket + 1);
+    }
+
+    // The form has no values in quotes, so the last bracket tells whether a byte stands in a tag. No byte is
+    // looked at twice.
+    std::size_t lastBracketBefore(std::size_t at)
+    {
+        const auto isBracket = [](char byte) { return byte == '<' || byte == '>'; };
+        const std::string_view unseen = m_text.substr(m_seen, at - m_seen);
+        const auto found = std::find_if(unseen.rbegin(), unseen.rend(), isBracket);
+        if (found != unseen.rend())
+            m_bracket = m_seen + static_cast<std::size_t>(unseen.rend() - found) - 1;
+        m_seen = at;
+        return m_bracket;
+    }
+
+    // The tag's name begins at `start`. The tag holds a byte that ends the name, or white space behind it.
+    void checkTag(std::size_t start) const
+    {
+        std::size_t end = start;
+        if (isPlainNameStart(m_text[end])) {
+            while (isPlainNameByte(m_text[end]))
+                ++end;
+        }
+        if (m_text[end] == ':' || isBeyondAscii(m_text[end]))
+            throw Flaw{BAD_NAME, end};
+        if (end == start || !isWhite(m_text[end]))
+            return;
+        const std::size_t next = m_text.find_first_not_of(WHITE_SPACE, end);
+        if (m_text[next] != '/' && m_text[next] != '>')
+            throw Flaw{ATTRIBUTE, next};
+    }
+
+    std::string_view m_text;
+    std::size_t m_start;
+    std::size_t m_seen; // the text before has been looked at for brackets
+    std::size_t m_bracket = std::string_view::npos;
+};
 
 bool isUtf8EncodingName(std::string_view name)
 {
@@ -165,8 +268,8 @@ std::size_t takeDeclaration(std::string_view text)
     return end + 1;
 }
 
-// Has pugixml parse one text and checks the nodes, in the order of the text, for what pugixml accepts and the
-// form does not. Throws a Flaw.
+// Has pugixml parse one text, whose characters and tags have been checked, and checks where its elements and
+// texts stand. Throws a Flaw.
 class FormReader final : public pugi::xml_tree_walker
 {
 public:
@@ -183,23 +286,19 @@ public:
         if (m_text[first] != '<')
             throw Flaw{"No text may stand before the root element", first};
         parse();
-        m_document.traverse(*this);
-        finishRoot(m_document.first_child());
+        checkRoot(m_document.first_child());
     }
 
+    // Each of pugixml's answers costs a call, so most elements get only the question for the level.
     bool for_each(pugi::xml_node& node) override
     {
         const int level = depth();
-        const char* name = node.name();
-        if (*name == '\0')
-            refuse(node);
-        if (level == 0)
-            checkRoot(node);
-        if (level > m_lastLevel && *m_last.value() != '\0')
-            throw Flaw{MIXED_CONTENT, positionOf(node)};
-        if (level == MAX_XML_LEVELS)
-            throw Flaw{"The elements are nested too deeply", positionOf(node)};
-        checkTag(node, m_start + static_cast<std::size_t>(name - m_parsed));
+        if (level > m_lastLevel) {
+            if (*m_last.child_value() != '\0')
+                refuseText(m_last, node, level);
+            if (level == MAX_XML_LEVELS - 1)
+                throw Flaw{"The elements are nested too deeply", positionOf(node)};
+        }
         m_last = node;
         m_lastLevel = level;
         return true;
@@ -208,12 +307,10 @@ public:
 private:
     void parse()
     {
-        // Line ends stay as they are, and white space is kept where an element holds nothing else. What the
-        // form forbids becomes nodes, which the check finds.
+        // Line ends stay as they are, and white space is kept where an element holds nothing else. What
+        // follows the root becomes nodes, which the check finds.
         constexpr unsigned int OPTIONS = pugi::parse_escapes | pugi::parse_ws_pcdata_single |
-                                         pugi::parse_embed_pcdata | pugi::parse_fragment |
-                                         pugi::parse_declaration | pugi::parse_pi | pugi::parse_comments |
-                                         pugi::parse_cdata | pugi::parse_doctype;
+                                         pugi::parse_embed_pcdata | pugi::parse_fragment;
         const auto result = m_document.load_buffer(m_text.data() + m_start, m_text.size() - m_start, OPTIONS,
                                                    pugi::encoding_utf8);
         if (!result)
@@ -238,64 +335,30 @@ private:
             throw Flaw{ATTRIBUTE, byte};
         if (status == pugi::status_bad_end_element)
             throw Flaw{"The end tag is malformed", byte};
-        // Comments and their like may lack their end, which leaves them open to the end of the text.
-        const bool isTag = status == pugi::status_unrecognized_tag;
-        const char* mark = isTag ? "<" : status == pugi::status_bad_pi ? "<?" : "<!";
-        refuseForeign(std::min(m_text.rfind(mark, byte), byte));
+        refuseMarkup(m_text, std::min(m_text.rfind('<', byte), byte));
     }
 
     void checkRoot(pugi::xml_node root)
     {
-        if (m_last)
-            throw Flaw{"Nothing may follow the root element", positionOf(root)};
-        if (root.type() != pugi::node_element)
-            refuse(root);
         if (root.name() != std::string_view(XML_ROOT_NAME))
             throw Flaw{"The root element must be named root", positionOf(root)};
-        m_parsed = root.name() - root.offset_debug();
-    }
-
-    void finishRoot(pugi::xml_node root) const
-    {
+        m_last = root;
+        root.traverse(*this);
+        const pugi::xml_node next = root.next_sibling();
+        if (next)
+            throw Flaw{"Nothing may follow the root element", positionOf(next)};
         if (std::string_view(root.value()).find_first_not_of(WHITE_SPACE) != std::string_view::npos)
             throw Flaw{ROOT_TEXT, m_text.find('>', positionOf(root)) + 1};
         if (*root.value() != '\0') // white space, which means nothing there
             root.text().set("");
     }
 
-    // Looks at the tag as it stands in the text, since each of pugixml's answers costs a call. Its name
-    // begins at `start`.
-    void checkTag(pugi::xml_node node, std::size_t start) const
+    [[noreturn]] void refuseText(pugi::xml_node parent, pugi::xml_node first, int level) const
     {
-        if (m_text[start - 1] != '<')
-            refuse(node);
-        std::size_t end = start;
-        if (isPlainNameStart(m_text[end])) {
-            while (isPlainNameByte(m_text[end]))
-                ++end;
-        }
-        if (m_text[end] == '>' || m_text[end] == '/')
-            return;
-        if (!isWhite(m_text[end]))
-            throw Flaw{BAD_NAME, end};
-        if (node.first_attribute())
-            throw Flaw{ATTRIBUTE, m_text.find_first_not_of(WHITE_SPACE, end)};
-    }
-
-    [[noreturn]] void refuseForeign(std::size_t start) const
-    {
-        const auto isHere = [&](const Markup& markup) {
-            return m_text.substr(start).starts_with(markup.start);
-        };
-        throw Flaw{std::find_if(FOREIGN_MARKUP.begin(), FOREIGN_MARKUP.end(), isHere)->refusal, start};
-    }
-
-    [[noreturn]] void refuse(pugi::xml_node node) const
-    {
-        if (node.type() != pugi::node_pcdata)
-            refuseForeign(positionOf(node));
-        constexpr std::array<const char*, 2> REFUSALS = {"Nothing may follow the root element", ROOT_TEXT};
-        throw Flaw{depth() < 2 ? REFUSALS[depth()] : MIXED_CONTENT, positionOf(node)};
+        if (*parent.value() != '\0')
+            throw Flaw{MIXED_CONTENT, positionOf(first)};
+        const auto isText = [](pugi::xml_node child) { return child.type() == pugi::node_pcdata; };
+        throw Flaw{level == 0 ? ROOT_TEXT : MIXED_CONTENT, positionOf(parent.find_child(isText))};
     }
 
     std::size_t positionOf(pugi::xml_node node) const
@@ -309,9 +372,8 @@ private:
     std::string_view m_text;
     std::size_t m_start;
     pugi::xml_document& m_document;
-    const char* m_parsed = nullptr; // pugixml's copy of the text
     pugi::xml_node m_last;
-    int m_lastLevel = 0;
+    int m_lastLevel = -1; // below the root
 };
 
 } // namespace
@@ -319,8 +381,9 @@ private:
 Optional<String> readXmlForm(std::string_view bytes, pugi::xml_document& document)
 {
     try {
-        checkCharacters(bytes);
-        FormReader(bytes, takeDeclaration(bytes), document).read();
+        const std::size_t start = takeDeclaration(bytes);
+        CharacterCheck(bytes, start).run();
+        FormReader(bytes, start, document).read();
         return {};
     } catch (const Flaw& flaw) {
         return describeXmlFlaw(flaw.what, flaw.byte);

@@ -321,6 +321,45 @@ TEST(XmlFormTest, fromUtf8_flawAtEachPlaceOfALongText_isFoundThere)
     }
 }
 
+// These characters are flaws in tags only, however long the texts around them are.
+TEST(XmlFormTest, fromUtf8_textWithCharactersForbiddenInTags_isAccepted)
+{
+    const std::string text = "a:b=\"c\" d = 'e' > f! g? <h/> ]] \xC3\xA4:";
+    for (std::size_t before = 0; before < 140; ++before) {
+        XmlString tree;
+        tree.addChild(L"Key", String(std::wstring(before, L'x')) + String::fromUtf8(text));
+        const auto back = XmlString::fromUtf8(tree.toUtf8());
+        ASSERT_TRUE(back.hasValue()) << before;
+        EXPECT_TRUE(*back == tree) << before;
+    }
+    EXPECT_TRUE(XmlString::fromUtf8("<root><a>x > y: z=\"1\"</a><b>></b></root>").hasValue());
+}
+
+TEST(XmlFormTest, fromUtf8_tagBeyondTheFormAtEachPlaceOfALongDocument_isFoundThere)
+{
+    const std::string start = "<root><a>b > c: d = \"e\"</a><f>";
+    for (const std::string tag :
+         {"<!-- -->", "<?x?>", "<a:b/>", "<a\xC3\xA4/>", "<a b=\"c\"/>", "<a b = 'c'></a>"}) {
+        for (std::size_t before = 0; before < 140; ++before) {
+            const std::string text(before, 'x');
+            const String error = errorOf(start + text + "</f>" + tag + "<g>h</g></root>");
+            const std::size_t first = start.size() + text.size() + 4;
+            const std::size_t flaw = first + (tag[1] == 'a' ? (tag[2] == ' ' ? 3 : 2) : 0);
+            const String position = L"(byte " + String(std::to_wstring(flaw)) + L").";
+            EXPECT_NE(error.find(position), String::NPOS) << tag << before << error.toUtf8();
+        }
+    }
+}
+
+// The first flaw in a tag is reported before the tags are compared.
+TEST(XmlFormTest, fromUtf8_tagsBeyondTheFormThatDoNotMatchEither_areReportedByTheirForm)
+{
+    EXPECT_EQ(errorOf("<root><a:b></root>"), L"The name is invalid or its tag is not closed (byte 8).");
+    EXPECT_EQ(errorOf("<root><a b=\"c\"></root>"), L"An attribute is not allowed (byte 9).");
+    EXPECT_EQ(errorOf("<root><!-- --></a></root>"), L"A comment is not allowed (byte 6).");
+    EXPECT_EQ(errorOf("<root></:a></root>"), L"The end tag does not match the start tag (byte 6).");
+}
+
 TEST(XmlFormTest, fromUtf8_largeMalformedDocuments_areRefusedWithWhatIsWrongAtTheirEnd)
 {
     constexpr std::size_t COUNT = 1'000'000;
@@ -332,6 +371,10 @@ TEST(XmlFormTest, fromUtf8_largeMalformedDocuments_areRefusedWithWhatIsWrongAtTh
               L"The text ends inside an element (byte 1000009).");
     EXPECT_EQ(errorOf("<?xml version=" + std::string(COUNT, ' ')),
               L"The declaration is malformed (byte 1000014).");
+    EXPECT_EQ(errorOf("<root></" + std::string(COUNT, 'a') + std::string(COUNT, ':')),
+              L"The end tag does not match the start tag (byte 6).");
+    EXPECT_EQ(errorOf('<' + std::string(COUNT, 'a') + '/' + std::string(COUNT, ':')),
+              L"The name is invalid or its tag is not closed (byte 1000002).");
     EXPECT_EQ(errorOf('<' + std::string(COUNT, 'a')),
               L"The name is invalid or its tag is not closed (byte 1000001).");
 }
