@@ -278,8 +278,8 @@ TEST(TcpSocketTest, headerThatTrickles_isAnErrorWhenItsTimeIsOver)
     RawPeerPair pair;
     pair.socket.setHeaderTimeLimit(std::chrono::milliseconds(1500));
     std::atomic<bool> isOver = false;
-    std::thread sender([&] {
-        while (!isOver && pair.peer.send("x"))
+    std::thread sender([&, began = Clock::now()] {
+        while (!isOver && Tests::elapsedMs(began) < 5000 && pair.peer.send("x"))
             std::this_thread::sleep_for(std::chrono::milliseconds(100));
     });
     XmlString received;
