@@ -5,7 +5,7 @@
 /// (SIGTERM).
 namespace Interruption {
 
-/// From now on these signals are only noted.
+/// From now on the first of these signals is only noted; the second one ends the program at once.
 void watch();
 
 /// True when one of the signals has come since `watch`.

@@ -31,6 +31,9 @@ public:
     Reception(const Reception&) = delete;
     Reception& operator=(const Reception&) = delete;
 
+    /// Tells the thread to break its transfer off, and does not wait for it.
+    void beginEnd();
+
     /// True when nothing is left to wait for.
     bool hasEnded() const { return m_hasEnded; }
 
@@ -51,7 +54,7 @@ private:
 
     void run();
     void serve();
-    bool receiveOne();
+    void receiveOne();
     void beginBody(const Nolvex::XmlString& header);
     std::string refusalOf(const Nolvex::XmlString& header) const;
     Nolvex::String accept(const Nolvex::Wx::Legacy::ReceivedData& message);
@@ -70,6 +73,8 @@ private:
     bool m_bodyBegan = false;
     std::string m_refusal; // of the body that began; empty for none
     std::chrono::seconds m_patience;
+    bool m_expectsFile = false; // the sender was told that its file is welcome
+    std::atomic<bool> m_isEnding = false;
     std::atomic<bool> m_hasEnded = false;
     std::thread m_thread; // last, as it uses all the others
 };

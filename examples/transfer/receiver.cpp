@@ -108,6 +108,9 @@ private:
             else
                 ++accepted;
         }
+        // All of them, before the list waits for each.
+        for (Reception& reception : receptions)
+            reception.beginEnd();
     }
 
     // False when none came, or the system has no more sockets or threads.

@@ -18,6 +18,7 @@ export LSAN_OPTIONS
 run_tests sanitizers build/sanitizers
 check "accessibility" tools/testing/accessibility.sh build/sanitizers/bin
 check "peer" tools/testing/peer.sh build/sanitizers/bin/NolvexLibraryPeer
+check "transfer" tools/testing/transfer.sh build/sanitizers/bin
 
 # What the toolkit itself does is not instrumented: windows would drown the findings, sockets do not.
 export TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1
