@@ -5,6 +5,7 @@
 # line and their status. The WRAPPER runs programs of Windows.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
+(. tools/testing/common.sh && need_packages python3)
 programs=$1
 export LC_ALL=C.UTF-8 # In another locale, Wine does not find names beyond ASCII.
 suffix=
@@ -400,6 +401,7 @@ second_signals_end_at_once() {
   exec {pipe}<>"$folder/full"
   "$programs/nolvex-receive" --folder "$stored" >&"$pipe" 2>"$folder/errors" {pipe}>&- &
   process=$!
+  receiver=$process
   IFS= read -r -t 20 -u "$pipe" || complain "the receiver does not listen"
   head -c 65536 /dev/zero >&"$pipe"
   kill -s INT "$process"
@@ -410,6 +412,7 @@ second_signals_end_at_once() {
     kill -s KILL "$process"
   fi
   wait "$process" || status=$?
+  receiver=
   exec {pipe}>&-
   [ "$status" -eq 143 ] || complain "the receiver ended with $status instead of 143"
 }
