@@ -403,7 +403,8 @@ private:
 
 TEST(FileTransferTest, deflatedFile_ofManyMegabytes_isReceivedInBoundedMemory)
 {
-    constexpr std::size_t SIZE = 256 << 20;
+    // Compressed faster than the raw peer loses patience, also on a busy machine.
+    constexpr std::size_t SIZE = 64 << 20;
     const TemporaryFolder folder;
     const Io::Path path = folder.file(L"f", "");
     std::filesystem::resize_file(path.native(), SIZE);
