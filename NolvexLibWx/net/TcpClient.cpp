@@ -25,6 +25,7 @@ constexpr std::chrono::milliseconds MIN_CONNECT_TIME(100);
 
 struct Attempt
 {
+    // Null if the system gave no descriptor that wxWidgets can wait for.
     Detail::SocketOwner socket;
     bool isConnected = false;
 };
@@ -36,21 +37,20 @@ Attempt attempt(const SocketAddress& address, long timeoutSeconds)
     auto* const client = new wxSocketClient(CLIENT_FLAGS);
     Attempt result = {Detail::SocketOwner(client)};
     client->SetTimeout(timeoutSeconds);
-    if (!address.hasHost())
-        return result;
     const auto time =
         std::max<std::chrono::milliseconds>(std::chrono::seconds(timeoutSeconds), MIN_CONNECT_TIME);
     result.isConnected = Platform::connectWithin(*client, Detail::WxAddress::of(address), time);
-    const bool isUsable = client->IsOk() && Platform::isDescriptorUsable(client->GetSocket());
+    if (!client->IsOk() || !Platform::isDescriptorUsable(client->GetSocket()))
+        return {};
     // Child processes do not inherit the socket, whether it is connected or not.
-    if (isUsable)
-        Platform::prepareStreamSocket(client->GetSocket());
-    result.isConnected = result.isConnected && isUsable;
+    Platform::prepareStreamSocket(client->GetSocket());
     return result;
 }
 
 Detail::SocketOwner connectedSocket(const SocketAddress& address, unsigned int timeoutSeconds)
 {
+    if (!address.hasHost())
+        return {};
     Attempt result = attempt(address, Detail::wxTimeoutOf(timeoutSeconds));
     return result.isConnected ? std::move(result.socket) : Detail::SocketOwner();
 }
@@ -65,12 +65,16 @@ bool TcpClient::connect(const SocketAddress& address)
 {
     // A connection that was moved here from an accepted socket is no wxSocketClient.
     auto* const client = dynamic_cast<wxSocketClient*>(wxSocket());
-    if (!isOpen() || client == nullptr)
+    if (!isOpen() || client == nullptr || !address.hasHost())
         return false;
     const long timeoutSeconds = client->GetTimeout();
     client->Close();
     Attempt result = attempt(address, timeoutSeconds);
-    if (result.socket->IsOk())
+    // Nothing may use the closed socket any more, because the system gives its descriptor to the next file or
+    // socket that the program opens.
+    if (result.socket == nullptr)
+        close();
+    else
         replaceSocket(std::move(result.socket));
     return result.isConnected;
 }

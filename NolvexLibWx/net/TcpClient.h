@@ -19,7 +19,9 @@ public:
     /// the first message, as long as its last step waited for a silent peer: 1 second after a text or a
     /// received file, 5 after received raw data, the seconds of the time limit (or 120 and 3600) after a
     /// body that was sent. Only an open client can connect again; a client whose constructor failed stays as
-    /// it is. No other thread may use the object meanwhile.
+    /// it is. An address without a host is refused, and the connection stays. After any other failure the
+    /// caller may try again as long as the client is open; the client is closed if the system had no thread
+    /// or no usable descriptor for another socket. No other thread may use the object meanwhile.
     [[nodiscard]] bool connect(const SocketAddress& address);
 };
 

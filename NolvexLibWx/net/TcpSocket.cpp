@@ -84,13 +84,16 @@ bool TcpSocket::isOpen() const
     return m_connection != nullptr && m_connection->isOpen();
 }
 
+void TcpSocket::beginClose()
+{
+    const std::lock_guard lock(m_stateMutex);
+    if (m_connection != nullptr)
+        m_connection->end();
+}
+
 void TcpSocket::close()
 {
-    {
-        const std::lock_guard lock(m_stateMutex);
-        if (m_connection != nullptr)
-            m_connection->end();
-    }
+    beginClose();
     // A transfer on another thread is over as soon as this lock is free.
     const std::lock_guard lock(m_mutex);
     AutoPtr<Detail::Connection> connection;
@@ -131,6 +134,13 @@ Detail::ReceiveLimits TcpSocket::limits() const
 {
     const std::lock_guard lock(m_stateMutex);
     return m_limits;
+}
+
+bool TcpSocket::waitForMessage(std::chrono::milliseconds silence)
+{
+    const std::lock_guard lock(m_mutex);
+    return m_connection != nullptr && m_connection->isOpen() &&
+           m_connection->waitForBytes(Detail::Deadline::afterSilence(silence));
 }
 
 SocketResult TcpSocket::readString(XmlString& out)

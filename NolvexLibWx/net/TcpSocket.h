@@ -47,8 +47,8 @@ class Connection;
 /// the transfers of other threads are over, so it does not bound the wait for them.
 ///
 /// When a socket is closed on the main thread, wxWidgets frees its memory when the application is next idle.
-/// A host whose event loop is not that of wxWidgets calls `wxAppConsole::ProcessIdle`, as a timer of `LibWx`
-/// does.
+/// A host whose event loop is not that of wxWidgets calls `wxAppConsole::GetInstance()->ProcessIdle()`, as a
+/// timer of `LibWx` does.
 ///
 /// On Linux a socket whose descriptor is 1,024 or more is refused, because wxWidgets cannot wait for it.
 ///
@@ -71,6 +71,11 @@ public:
     /// Final. Ends transfers on other threads within 200 ms and waits for their end.
     void close();
 
+    /// The first half of `close`, which does not wait: from now on the object is not open, and transfers on
+    /// other threads come to their end. A host with many connections begins with all of them, and then waits
+    /// for all of them together. `close` or the destructor ends the connection.
+    void beginClose();
+
     /// Returns nullopt without a connection.
     Optional<SocketAddress> getPeerAddress();
 
@@ -83,6 +88,11 @@ public:
     /// Receiving a file, compressed or not, goes on through pauses of the sender that are shorter than this;
     /// a longer silence is an error. The silence is looked at once a second.
     void setFilePatience(std::chrono::milliseconds silence);
+
+    /// Waits for the first byte of the next message. Returns false if the peer was silent for so long, or if
+    /// the connection has ended (see isOpen). A read that fails after true was returned has found a message
+    /// that is broken or incomplete, and not a peer that has nothing to say.
+    [[nodiscard]] bool waitForMessage(std::chrono::milliseconds silence);
 
     /// Receives one message. Only a text is a success and changes `out`. Raw memory is read and discarded; a
     /// file is a programming error (StopException), because there is no place to write it to.

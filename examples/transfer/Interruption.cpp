@@ -10,8 +10,9 @@ volatile std::sig_atomic_t g_signal = 0;
 
 void note(int signal)
 {
-    // Windows removes the handler before each call, so that the handler has to be set again.
-    std::signal(signal, note);
+    // The next signal ends the program at once, though it may not have tidied up.
+    std::signal(SIGINT, SIG_DFL);
+    std::signal(SIGTERM, SIG_DFL);
     g_signal = signal;
 }
 

@@ -5,7 +5,7 @@
 /// it.
 namespace Interruption {
 
-/// From now on a signal of these kinds is only recorded.
+/// From now on the first of these signals is only recorded. The second one ends the program at once.
 void watch();
 
 /// Returns whether one of the signals has come since `watch`.

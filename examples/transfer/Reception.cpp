@@ -22,9 +22,11 @@ using std::chrono::steady_clock;
 constexpr seconds MAX_SILENCE(60);
 constexpr seconds MAX_PREPARATION(600);
 
-// The library stops waiting for a header after a second of silence. A read that fails sooner has another
-// cause.
-constexpr std::chrono::milliseconds MIN_SILENT_WAIT(900);
+// The patience is looked at that often.
+constexpr seconds PATIENCE_CHECK_PERIOD(1);
+
+// The senders' headers are short. One that takes longer is held back on purpose.
+constexpr seconds MAX_HEADER_TIME(10);
 
 // The longest text that is printed.
 constexpr std::size_t MAX_HEADER_SIZE = std::size_t{1} << 20;
@@ -69,6 +71,12 @@ Reception::~Reception()
     m_thread.join();
 }
 
+void Reception::beginEnd()
+{
+    m_isEnding = true;
+    m_connection.beginClose();
+}
+
 void Reception::run()
 {
     try {
@@ -86,29 +94,30 @@ void Reception::run()
 void Reception::serve()
 {
     m_connection.setHeaderSizeLimit(MAX_HEADER_SIZE);
+    m_connection.setHeaderTimeLimit(MAX_HEADER_TIME);
     auto lastMessage = steady_clock::now();
     while (m_connection.isOpen() && steady_clock::now() - lastMessage < m_patience) {
-        const auto began = steady_clock::now();
-        if (receiveOne())
-            lastMessage = steady_clock::now();
-        else if (m_connection.isOpen() && steady_clock::now() - began < MIN_SILENT_WAIT)
-            throw Exception("The sender speaks another protocol.");
+        if (!m_connection.waitForMessage(PATIENCE_CHECK_PERIOD))
+            continue;
+        receiveOne();
+        lastMessage = steady_clock::now();
     }
+    if (m_expectsFile && !m_isEnding)
+        throw Exception("A file was offered and did not come.");
 }
 
-// Returns false if no message came.
-bool Reception::receiveOne()
+// What is left of a message that fails would be taken for the next message, so the connection ends with it.
+void Reception::receiveOne()
 {
     ReceivedData message;
     m_bodyBegan = false;
-    const bool isComplete = m_connection.readData(message, m_hooks) == SocketResult::Success;
-    if (isComplete)
+    if (m_connection.readData(message, m_hooks) == SocketResult::Success)
         answer(accept(message));
     else if (m_bodyBegan)
-        // The rest of the body would be taken for the next message.
         throw Exception(m_refusal.empty() ? "A file broke off, or could not be written."
                                           : "A file was refused. " + m_refusal);
-    return isComplete;
+    else
+        throw Exception("A message broke off, or the sender speaks another protocol.");
 }
 
 Io::Path Reception::Hooks::getFilePath(const XmlString& /*header*/) const
@@ -150,6 +159,7 @@ std::string Reception::refusalOf(const XmlString& header) const
 String Reception::accept(const ReceivedData& message)
 {
     m_patience = MAX_SILENCE;
+    m_expectsFile = false;
     if (const auto* text = message.tryGet<XmlString>())
         return text->getChild(L"Offer") ? acceptOffer(*text) : acceptText(*text);
     if (const auto* file = message.tryGet<ReceivedFile>())
@@ -169,6 +179,7 @@ String Reception::acceptOffer(const XmlString& offer)
     const std::string refusal = m_folder.refusal(numberIn(offer, L"Offer"));
     if (refusal.empty()) {
         m_patience = MAX_PREPARATION;
+        m_expectsFile = true;
         return L"welcome";
     }
     m_ledger.enterRefused(L"The file " + nameIn(offer) + L" was refused. " + String::fromUtf8(refusal));

@@ -31,7 +31,10 @@ public:
     Reception(const Reception&) = delete;
     Reception& operator=(const Reception&) = delete;
 
-    /// Returns true after the connection has ended. The destructor then does not have to wait.
+    /// Tells the thread to break its transfer off, and does not wait for it.
+    void beginEnd();
+
+    /// True when nothing is left to wait for.
     bool hasEnded() const { return m_hasEnded; }
 
 private:
@@ -51,7 +54,7 @@ private:
 
     void run();
     void serve();
-    bool receiveOne();
+    void receiveOne();
     void beginBody(const Nolvex::XmlString& header);
     std::string refusalOf(const Nolvex::XmlString& header) const;
     Nolvex::String accept(const Nolvex::Wx::Legacy::ReceivedData& message);
@@ -70,6 +73,8 @@ private:
     bool m_bodyBegan = false;
     std::string m_refusal; // why the current body is refused, or empty
     std::chrono::seconds m_patience;
+    bool m_expectsFile = false; // the sender was told that its file is welcome
+    std::atomic<bool> m_isEnding = false;
     std::atomic<bool> m_hasEnded = false;
     std::thread m_thread; // declared last, because it uses all other members
 };

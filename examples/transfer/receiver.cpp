@@ -109,6 +109,9 @@ private:
             else
                 ++accepted;
         }
+        // All of them, before the list waits for each.
+        for (Reception& reception : receptions)
+            reception.beginEnd();
     }
 
     // Returns false if no connection came or the system has no more sockets or threads.

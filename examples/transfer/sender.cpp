@@ -121,15 +121,22 @@ protected:
                         L".");
         if (hasText && !isReceived(client, message))
             return fail(L"The text was not received.");
-        return sendFiles(client, arguments);
+        return sendFiles(client, address, arguments);
     }
 
 private:
-    int sendFiles(TcpClient& client, const wxCmdLineParser& arguments) const
+    // A file that was not received may leave the connection closed. Those behind it get another connection.
+    int sendFiles(TcpClient& client, const SocketAddress& address, const wxCmdLineParser& arguments) const
     {
         int exitCode = DONE;
+        bool hasGone = false;
         for (std::size_t i = 2; i < arguments.GetParamCount(); ++i) {
             const std::wstring name = arguments.GetParam(i).ToStdWstring();
+            if (!client.isOpen() && !hasGone) {
+                client = TcpClient(address, static_cast<unsigned>(m_answerTime.count() / 1000));
+                // Each further attempt could take as long as this one.
+                hasGone = !client.isOpen();
+            }
             if (!sendFile(client, pathOfArgument(name)))
                 exitCode = FAILED;
         }
@@ -148,8 +155,11 @@ private:
         header.addChild(L"Name", path.fileName());
         offer(client, header, file.size);
         const ProgressBar bar(0);
-        if (writeFile(client, file, header) != SocketResult::Success || answerFrom(client) != L"received")
-            throw Exception("The connection ended, or the receiver could not store the file.");
+        if (writeFile(client, file, header) != SocketResult::Success || answerFrom(client) != L"received") {
+            // The receiver may wait for the rest of the file, and must not take the next message for it.
+            client.close();
+            throw Exception("The file or the connection ended early, or the receiver could not store it.");
+        }
         return true;
 
     } catch (const std::exception& failure) {
@@ -163,11 +173,13 @@ private:
     {
         XmlString message = header;
         message.addChild(L"Offer", std::to_wstring(size));
-        if (client.writeString(message, m_answerTime.count()) != SocketResult::Success)
-            throw Exception("The connection ended.");
-        const String answer = answerFrom(client);
-        if (answer.isEmpty())
+        const bool isSent = client.writeString(message, m_answerTime.count()) == SocketResult::Success;
+        const String answer = isSent ? answerFrom(client) : String();
+        if (answer.isEmpty()) {
+            // An answer that comes late would be taken for the answer to the next message.
+            client.close();
             throw Exception("The receiver does not answer.");
+        }
         if (answer != L"welcome")
             throw Exception("The receiver refuses it: " + answer.toUtf8());
     }

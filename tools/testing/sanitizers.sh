@@ -18,6 +18,7 @@ export LSAN_OPTIONS
 run_tests sanitizers build/sanitizers
 check "accessibility" tools/testing/accessibility.sh build/sanitizers/bin
 check "peer" tools/testing/peer.sh build/sanitizers/bin/NolvexLibraryPeer
+check "transfer" tools/testing/transfer.sh build/sanitizers/bin
 
 # wxWidgets is not instrumented, so that the thread sanitizer would report many false findings in tests with windows,
 # but not in tests with sockets.

@@ -5,6 +5,7 @@
 # senders, and mistakes give a clear line and a status. WRAPPER runs Windows programs.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
+(. tools/testing/common.sh && need_packages python3)
 programs=$1
 export LC_ALL=C.UTF-8 # In another locale, Wine does not find names beyond ASCII.
 suffix=
@@ -52,7 +53,15 @@ start_receiver() {
   until_true read_port || { complain "the receiver does not listen"; exit 1; }
 }
 
-# end_receiver STATUS: waits for the end of the receiver and checks its status.
+# start_awkward_receiver ARGUMENT...: awkward_receiver.py in place of the program.
+start_awkward_receiver() {
+  : >"$folder/log"
+  timeout 60 python3 -B tools/testing/awkward_receiver.py "$@" >"$folder/log" 2>"$folder/errors" &
+  receiver=$!
+  until_true read_port || { complain "the awkward receiver does not listen"; exit 1; }
+}
+
+# end_receiver STATUS: waits for its end.
 end_receiver() {
   local status=0
   wait "$receiver" || status=$?
@@ -207,6 +216,66 @@ broken_off_files_are_not_kept() {
   received_lines "received 1, refused 1"
 }
 
+files_that_become_shorter_are_broken_off() {
+  truncate -s 60000000 "$folder/shrinking.bin"
+  start_awkward_receiver shorten "$folder/shrinking.bin"
+  expect_status 1 'shrinking.bin was not received' "${send[@]}" 127.0.0.1 "$port" \
+    "$folder/shrinking.bin" "$folder/small.txt"
+  ! grep -q 'small.txt' "$folder/output" || complain "the file behind a shorter one was not sent: $(cat "$folder/output")"
+  end_receiver 0
+  received_lines "the sender hung up"
+  received_lines "received a whole file"
+}
+
+late_answers_are_not_taken_for_others() {
+  start_awkward_receiver silent
+  expect_status 1 'noise.bin was not received' "${send[@]}" --wait 2 127.0.0.1 "$port" \
+    "$folder/noise.bin" "$folder/small.txt"
+  ! grep -q 'small.txt' "$folder/output" || complain "the file behind the lost answer was not sent: $(cat "$folder/output")"
+  end_receiver 0
+  received_lines "the sender hung up"
+  received_lines "received a whole file"
+}
+
+# Whatever begins a message is refused when the message does not come, and silence is not.
+broken_messages_are_refused() {
+  start_receiver -n 6
+  connect
+  connect
+  printf '<root><Data' >&"$stranger"
+  exec {stranger}>&-
+  unset 'strangers[-1]'
+  connect
+  printf '<root><Data' >&"$stranger"
+  timeout 20 cat <&"$stranger" >/dev/null || complain "a sender that stops in a header is not sent away"
+  connect
+  # A second is not too long for a header as a whole, but the end of this one is wrong.
+  printf '<root>' >&"$stranger"
+  sleep 0.5
+  printf 'nonsense' >&"$stranger"
+  sleep 0.5
+  printf '\0' >&"$stranger"
+  timeout 20 cat <&"$stranger" >/dev/null || complain "a malformed header is not refused"
+  connect
+  printf '<root>' >&"$stranger"
+  trickle "$stranger" &
+  timeout 20 cat <&"$stranger" >/dev/null || complain "a header that trickles is not refused"
+  kill $! 2>/dev/null || true
+  connect
+  printf '<root><DataType>0</DataType><Name>never</Name><Offer>5</Offer></root>\0' >&"$stranger"
+  hang_up
+  end_receiver 1
+  received_lines "received 0, refused 5"
+}
+
+# trickle DESCRIPTOR: keeps a header coming for half a minute.
+trickle() {
+  for _ in $(seq 60); do
+    printf 'x' >&"$1" || return 0
+    sleep 0.5
+  done 2>/dev/null
+}
+
 strangers_hold_nobody_up() {
   start_receiver -n 9 --clients 4
   connect
@@ -228,7 +297,8 @@ strangers_hold_nobody_up() {
   wait "$sender" || complain "the sender that had to wait failed: $(cat "$folder/output")"
   end_receiver 1
   arrived "$folder/zeros.bin"
-  received_lines "received 2, refused 1"
+  # Half a header and half a file.
+  received_lines "received 2, refused 2"
 }
 
 other_protocols_are_refused() {
@@ -300,6 +370,54 @@ signals_end_the_programs() {
   end_receiver 143
 }
 
+are_served() {
+  [ "$(find "/proc/$(pgrep -P "$receiver")/task" -mindepth 1 -maxdepth 1 | wc -l)" -gt "$1" ]
+}
+
+# Also when all of its connections have begun a message.
+a_busy_receiver_ends_soon() {
+  local start
+  start_receiver --clients 300
+  for _ in $(seq 300); do
+    connect
+    announce 300000 >&"$stranger"
+  done
+  until_true are_served 300 || complain "not all connections are served"
+  start=$EPOCHSECONDS
+  kill "$receiver"
+  end_receiver 143
+  [ $((EPOCHSECONDS - start)) -lt 6 ] || complain "the receiver took $((EPOCHSECONDS - start)) s to end"
+  hang_up
+  nothing_is_stored || complain "half a file was kept"
+}
+
+has_gone() {
+  ! kill -0 "$1"
+}
+
+# The receiver cannot end in good order, because its last line has no room in the pipe.
+second_signals_end_at_once() {
+  local pipe process status=0
+  mkfifo "$folder/full"
+  exec {pipe}<>"$folder/full"
+  "$programs/nolvex-receive" --folder "$stored" >&"$pipe" 2>"$folder/errors" {pipe}>&- &
+  process=$!
+  receiver=$process
+  IFS= read -r -t 20 -u "$pipe" || complain "the receiver does not listen"
+  head -c 65536 /dev/zero >&"$pipe"
+  kill -s INT "$process"
+  sleep 2
+  kill "$process" 2>/dev/null || complain "the pipe did not hold the receiver up"
+  if ! until_true has_gone "$process"; then
+    complain "a second signal does not end the receiver"
+    kill -s KILL "$process"
+  fi
+  wait "$process" || status=$?
+  receiver=
+  exec {pipe}>&-
+  [ "$status" -eq 143 ] || complain "the receiver ended with $status instead of 143"
+}
+
 mistakes_are_explained() {
   expect_status 0 'Usage' "${send[@]}" --help
   expect_status 0 'Usage' "${receive[@]}" --help
@@ -325,10 +443,17 @@ names_and_texts_of_every_kind_arrive
 files_that_the_system_makes_up_arrive
 what_cannot_be_sent_keeps_nothing_else_back
 broken_off_files_are_not_kept
+files_that_become_shorter_are_broken_off
+late_answers_are_not_taken_for_others
+broken_messages_are_refused
 strangers_hold_nobody_up
 other_protocols_are_refused
 files_that_are_too_large_are_refused
 unknown_hosts_are_named
 mistakes_are_explained
-[ -n "$suffix" ] || signals_end_the_programs
+if [ -z "$suffix" ]; then
+  signals_end_the_programs
+  a_busy_receiver_ends_soon
+  second_signals_end_at_once
+fi
 [ "$failures" -eq 0 ]

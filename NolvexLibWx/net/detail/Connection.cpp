@@ -62,11 +62,18 @@ bool Connection::receiveText(std::string& text, std::size_t maxSize, Deadline de
         left -= length;
         if (length > 0)
             deadline.restart();
-        m_aheadBegin = 0;
-        m_aheadEnd = static_cast<std::size_t>(receiveSome(m_ahead.data(), m_ahead.size(), deadline));
-        if (m_aheadEnd == 0)
+        if (!waitForBytes(deadline))
             return false;
     }
+}
+
+bool Connection::waitForBytes(const Deadline& deadline)
+{
+    if (ahead() > 0)
+        return true;
+    m_aheadBegin = 0;
+    m_aheadEnd = static_cast<std::size_t>(receiveSome(m_ahead.data(), m_ahead.size(), deadline));
+    return m_aheadEnd > 0;
 }
 
 std::int64_t Connection::send(const void* buffer, std::int64_t count, Deadline deadline)

@@ -44,6 +44,9 @@ public:
     /// Returns how many bytes came; fewer than `count` if the peer went away or was silent for too long.
     std::int64_t receive(void* buffer, std::int64_t count, Deadline deadline);
 
+    /// Reads ahead. Returns false if no byte came before the deadline or the end of the connection.
+    [[nodiscard]] bool waitForBytes(const Deadline& deadline);
+
     /// Appends what comes before the next zero byte. Returns false if no zero byte is among the next
     /// `maxSize` + 1 bytes, if the peer went away, or if the deadline passed.
     [[nodiscard]] bool receiveText(std::string& text, std::size_t maxSize, Deadline deadline);

@@ -67,6 +67,18 @@ TEST(TcpClientTest, connect_toAnAddressWithoutAHost_fails)
     EXPECT_FALSE(here.wasReached());
 }
 
+TEST(TcpClientTest, connect_toAnAddressWithoutAHost_leavesTheConnection)
+{
+    Tests::ConnectedPair pair;
+    EXPECT_FALSE(pair.client.connect(SocketAddress()));
+    EXPECT_TRUE(pair.client.isOpen());
+    // The system gives a descriptor that became free to the next socket, which would get the text.
+    const Tests::ConnectedPair later;
+    ASSERT_EQ(pair.client.writeString({}), SocketResult::Success);
+    XmlString text;
+    EXPECT_EQ(pair.server.readString(text), SocketResult::Success);
+}
+
 // A listener whose queue is full. On some systems further peers then have to wait.
 struct FullQueue
 {

@@ -197,6 +197,73 @@ TEST(TcpSocketTest, closeOnAnotherThread_endsAWrite)
     EXPECT_GE(end, closing);
 }
 
+TEST(TcpSocketTest, beginClose_endsAReadOnAnotherThreadWithoutWaitingForIt)
+{
+    RawPeerPair pair;
+
+    // The hook holds the transfer until beginClose has returned, which waits for no lock therefore.
+    class WaitingContext : public ReadDataContext
+    {
+    public:
+        explicit WaitingContext(TcpSocket& socket) : m_socket(socket) {}
+
+        void onReceiveStart(const XmlString& /*header*/) const override
+        {
+            auto closing = std::async(std::launch::async, [this] { m_socket.beginClose(); });
+            isFast = closing.wait_for(std::chrono::seconds(10)) == std::future_status::ready;
+        }
+
+        mutable bool isFast = false;
+
+    private:
+        TcpSocket& m_socket;
+    };
+
+    const WaitingContext context(pair.socket);
+    pair.peer.send(header(element("DataType", "2") + element("FileSize", "3") + element("Compressed", "0")));
+    ReceivedData data;
+    EXPECT_EQ(pair.socket.readData(data, context), SocketResult::Error);
+    EXPECT_TRUE(context.isFast);
+    EXPECT_FALSE(pair.socket.isOpen());
+    pair.socket.close();
+    EXPECT_EQ(pair.peer.receive(1), "");
+}
+
+TEST(TcpSocketTest, waitForMessage_ofASilentPeer_isFalseAfterTheTime)
+{
+    RawPeerPair pair;
+    const Clock::time_point start = Clock::now();
+    EXPECT_FALSE(pair.socket.waitForMessage(std::chrono::milliseconds(300)));
+    EXPECT_GE(Tests::elapsedMs(start), 290);
+    EXPECT_TRUE(pair.socket.isOpen());
+}
+
+TEST(TcpSocketTest, waitForMessage_returnsWithTheFirstByteAndTakesNone)
+{
+    RawPeerPair pair;
+    const std::string message = header(element("DataType", "0"));
+    pair.peer.send(message.substr(0, 1));
+    const Clock::time_point start = Clock::now();
+    EXPECT_TRUE(pair.socket.waitForMessage(std::chrono::seconds(20)));
+    EXPECT_TRUE(pair.socket.waitForMessage(std::chrono::seconds(20)));
+    EXPECT_LT(Tests::elapsedMs(start), 10'000);
+    pair.peer.send(message.substr(1));
+    XmlString text;
+    EXPECT_EQ(pair.socket.readString(text), SocketResult::Success);
+    EXPECT_FALSE(pair.socket.waitForMessage(std::chrono::milliseconds(0)));
+}
+
+TEST(TcpSocketTest, waitForMessage_ofAPeerThatCloses_isFalseAtOnce)
+{
+    RawPeerPair pair;
+    pair.peer.close();
+    const Clock::time_point start = Clock::now();
+    EXPECT_FALSE(pair.socket.waitForMessage(std::chrono::seconds(20)));
+    EXPECT_FALSE(pair.socket.isOpen());
+    EXPECT_FALSE(pair.socket.waitForMessage(std::chrono::seconds(20)));
+    EXPECT_LT(Tests::elapsedMs(start), 10'000);
+}
+
 TEST(TcpSocketTest, isOpen_duringARead_doesNotWait)
 {
     RawPeerPair pair;
