@@ -87,7 +87,8 @@ bool Wx::Button::Enable(bool enable)
 void Wx::Button::DoEnable(bool enable)
 {
     // Windows takes the mouse from a window that it disables, but a press that has begun is to be completed.
-    m_keepsPress = isPressed();
+    // A press that has given the mouse back itself has nothing to lose and must not take the mouse again.
+    m_keepsPress = isPressed() && HasCapture();
     OskaBorder::DoEnable(enable);
     if (std::exchange(m_keepsPress, false))
         m_press.captureAgain();
