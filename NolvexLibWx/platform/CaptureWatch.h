@@ -14,8 +14,8 @@ namespace Nolvex::Platform {
 bool canCaptureMouse(const wxWindow& window);
 
 /// Watches a window that has captured the mouse while this object lives, and reports that the window can no
-/// longer use the capture although the system does not end it: when the window or a parent is hidden and, on
-/// GTK, when one of them is disabled or the window gets another parent.
+/// longer use the capture although the system does not end it: when the window or a parent is hidden or gets
+/// another parent and, on GTK, when one of them is disabled.
 class CaptureWatch : private Noncopyable
 {
 public:

@@ -87,8 +87,8 @@ bool Wx::Button::Enable(bool enable)
 void Wx::Button::DoEnable(bool enable)
 {
     // Windows ends the mouse capture of a window that it disables, but a press that has begun must be
-    // completed.
-    m_keepsPress = isPressed();
+    // completed. A press that has given the mouse back itself must not capture it again.
+    m_keepsPress = isPressed() && HasCapture();
     OskaBorder::DoEnable(enable);
     if (std::exchange(m_keepsPress, false))
         m_press.captureAgain();

@@ -19,13 +19,15 @@ void Wx::Press::begin(Means means)
     m_means = means;
     if (means == Means::MOUSE)
         m_capture.begin();
+    else
+        m_capture.end();
 }
 
 Wx::Press::Outcome Wx::Press::release(const wxPoint& position)
 {
-    m_capture.end();
     if (!isHeldBy(Means::MOUSE))
         return Outcome::NONE;
+    m_capture.end();
     m_held = false;
     return m_control->GetClientRect().Contains(position) ? Outcome::COMPLETED : Outcome::CANCELLED;
 }

@@ -7,7 +7,8 @@ namespace Nolvex::Platform {
 
 /// Sends a window the events wxEVT_LEAVE_WINDOW and wxEVT_ENTER_WINDOW when the window, or a parent, is
 /// disabled or enabled again under the mouse: wxWidgets drops the crossing events that GTK makes then. To be
-/// called once for each window, and not before the mouse is there, so that making windows costs nothing.
+/// called once for each window. The first paint is early enough for a window that is disabled before the
+/// mouse comes, and late enough for the making of windows to cost nothing.
 void watchHover(wxWindow& window);
 
 } // namespace Nolvex::Platform

@@ -45,7 +45,8 @@ bool Platform::OwnWindowStaticText::SetFont(const wxFont& font)
 
 bool Platform::OwnWindowStaticText::TryBefore(wxEvent& event)
 {
-    if (event.GetEventType() == wxEVT_ENTER_WINDOW && !std::exchange(m_hoverWatched, true))
+    // The mouse cannot be over what has never been painted.
+    if (event.GetEventType() == wxEVT_PAINT && !std::exchange(m_hoverWatched, true))
         watchHover(*this);
     return wxStaticText::TryBefore(event);
 }

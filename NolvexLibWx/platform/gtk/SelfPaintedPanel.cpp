@@ -43,7 +43,8 @@ bool Platform::SelfPaintedPanel::SetForegroundColour(const wxColour& colour)
 
 bool Platform::SelfPaintedPanel::TryBefore(wxEvent& event)
 {
-    if (event.GetEventType() == wxEVT_ENTER_WINDOW && !std::exchange(m_hoverWatched, true))
+    // The mouse cannot be over what has never been painted.
+    if (event.GetEventType() == wxEVT_PAINT && !std::exchange(m_hoverWatched, true))
         watchHover(*this);
     return wxPanel::TryBefore(event);
 }

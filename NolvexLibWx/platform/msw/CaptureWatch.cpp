@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/platform/CaptureWatch.h"
 
+#include <wx/app.h>
 #include <wx/weakref.h>
 
 #include <utility>
@@ -13,24 +14,42 @@ bool Platform::canCaptureMouse(const wxWindow& window)
     return window.IsShownOnScreen();
 }
 
-// Windows ends the capture of a disabled window, and a window that gets another parent can keep the capture.
-// But a hidden window keeps it too, and the user would click a button that cannot be seen.
+namespace {
+
+using Ancestors = std::vector<wxWeakRef<wxWindow>>;
+
+// The window and its parents, up to the top-level window.
+Ancestors ancestorsOf(wxWindow& window)
+{
+    Ancestors ancestors;
+    for (wxWindow* ancestor = &window; ancestor != nullptr;
+         ancestor = ancestor->IsTopLevel() ? nullptr : ancestor->GetParent())
+        ancestors.emplace_back(ancestor);
+    return ancestors;
+}
+
+} // namespace
+
+// Windows itself takes the capture from a window that is disabled. A window that is hidden keeps the capture:
+// a click on a button that cannot be seen would be the result. A window that gets another parent keeps the
+// capture too, and wxWidgets sends no event then, so the watch compares the parents after each round of
+// events.
 class Platform::CaptureWatch::Signals : private Noncopyable
 {
 public:
     Signals(wxWindow& window, std::function<void()> onUseless)
-        : m_window(window), m_onUseless(std::move(onUseless))
+        : m_window(window), m_ancestors(ancestorsOf(window)), m_onUseless(std::move(onUseless))
     {
-        for (wxWindow* ancestor = &window; ancestor != nullptr;
-             ancestor = ancestor->IsTopLevel() ? nullptr : ancestor->GetParent()) {
+        for (const wxWeakRef<wxWindow>& ancestor : m_ancestors)
             ancestor->Bind(wxEVT_SHOW, &Signals::onShow, this);
-            m_watched.emplace_back(ancestor);
-        }
+        wxTheApp->Bind(wxEVT_IDLE, &Signals::onIdle, this);
     }
 
     ~Signals()
     {
-        for (const wxWeakRef<wxWindow>& ancestor : m_watched) {
+        if (wxTheApp != nullptr)
+            wxTheApp->Unbind(wxEVT_IDLE, &Signals::onIdle, this);
+        for (const wxWeakRef<wxWindow>& ancestor : m_ancestors) {
             if (ancestor)
                 ancestor->Unbind(wxEVT_SHOW, &Signals::onShow, this);
         }
@@ -40,25 +59,27 @@ private:
     void onShow(wxShowEvent& event)
     {
         event.Skip();
-        if (event.IsShown() || !isWindowOrAncestor(event.GetEventObject()))
-            return;
-        // The copy is needed because the function destroys this object, and with it the original.
+        if (!event.IsShown())
+            tell();
+    }
+
+    void onIdle(wxIdleEvent& event)
+    {
+        event.Skip();
+        if (ancestorsOf(m_window) != m_ancestors)
+            tell();
+    }
+
+    void tell() const
+    {
+        // The function destroys this object, and itself with it.
         const std::function<void()> onUseless = m_onUseless;
         onUseless();
     }
 
-    // False for an ancestor of old when the window has got another parent since the capture began.
-    bool isWindowOrAncestor(const wxObject* hidden) const
-    {
-        const wxWindow* ancestor = &m_window;
-        while (ancestor != hidden && ancestor != nullptr && !ancestor->IsTopLevel())
-            ancestor = ancestor->GetParent();
-        return ancestor == hidden;
-    }
-
     wxWindow& m_window;
+    Ancestors m_ancestors;
     std::function<void()> m_onUseless;
-    std::vector<wxWeakRef<wxWindow>> m_watched;
 };
 
 Platform::CaptureWatch::CaptureWatch(wxWindow& window, bool /*staysWhenDisabled*/,

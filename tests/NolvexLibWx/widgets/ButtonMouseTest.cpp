@@ -255,11 +255,10 @@ TEST_F(ButtonMouseTest, reparentedWhilePressed_doesNotKeepTheMouse)
     show();
     Tests::pressMouseAt(button, INSIDE);
     button->Reparent(other);
-    Tests::pumpEvents(50);
-    Tests::releaseMouse();
     EXPECT_TRUE(Tests::pumpUntil([button] { return !button->isPressed(); }));
     EXPECT_EQ(wxWindow::GetCapture(), nullptr);
-    reports.entries.clear();
+    Tests::releaseMouse();
+    EXPECT_TRUE(reports.entries.empty());
     Tests::clickAt(button, INSIDE);
     EXPECT_FALSE(button->isPressed());
     EXPECT_EQ(reports.entries, Entries({"callback"})) << "the event goes to the new parent";
@@ -280,6 +279,22 @@ TEST_F(ButtonMouseTest, enabledAgainUnderTheMouse_isLitAgain)
     }
     Tests::moveMouse(button, OUTSIDE);
     EXPECT_TRUE(Tests::pumpUntil([&isLit] { return !isLit(); }, 1000));
+}
+
+TEST_F(ButtonMouseTest, enabledUnderTheMouseForTheFirstTime_isLit)
+{
+    for (const bool parentDisabled : {false, true}) {
+        Button* button = make(L"Label", PUSH, parentDisabled);
+        panel->Enable(!parentDisabled);
+        show();
+        Tests::moveMouse(button, INSIDE);
+        panel->Enable();
+        button->Enable();
+        EXPECT_TRUE(
+            Tests::pumpUntil([button] { return button->borderState().has(OskaBorderState::HOVERED); }, 1000))
+            << parentDisabled;
+        button->Destroy();
+    }
 }
 
 TEST_F(ButtonMouseTest, enabledAgainWhenTheMouseHasGone_isNotLit)

@@ -186,6 +186,24 @@ TEST_F(DropdownButtonClosingTest, itemCallbackThatDestroysTheButtonAndThrows_isS
     Tests::releaseMouse();
 }
 
+TEST_F(DropdownButtonClosingTest, itemCallbackThatDisablesAndEnables_doesNotTakeTheMouseBack)
+{
+    bool called = false;
+    makeWithCallback([this, &called] {
+        for (wxWindow* window : {static_cast<wxWindow*>(panel), static_cast<wxWindow*>(button.get())}) {
+            window->Disable();
+            EXPECT_EQ(wxWindow::GetCapture(), nullptr);
+            window->Enable();
+            EXPECT_EQ(wxWindow::GetCapture(), nullptr);
+        }
+        called = true;
+    });
+    showFrame();
+    choose(0);
+    EXPECT_TRUE(called);
+    EXPECT_FALSE(button->isPressed());
+}
+
 TEST_F(DropdownButtonClosingTest, itemCallbackThatDestroysTheButton_isSafe)
 {
     makeWithCallback([this] { button->Destroy(); });

@@ -101,6 +101,25 @@ TEST_F(PressTest, mouseAfterKey_goesOnByTheMouse)
     EXPECT_EQ(control->press.release(INSIDE), Press::Outcome::COMPLETED);
 }
 
+TEST_F(PressTest, keyAfterMouse_givesTheMouseBack)
+{
+    Control* control = make();
+    control->press.begin(MOUSE);
+    control->press.begin(KEYBOARD);
+    EXPECT_EQ(wxWindow::GetCapture(), nullptr);
+    EXPECT_EQ(control->press.release(INSIDE), Press::Outcome::NONE);
+    EXPECT_EQ(control->press.releaseKey(), Press::Outcome::COMPLETED);
+}
+
+TEST_F(PressTest, releaseWithoutPress_leavesTheMouseToItsHolder)
+{
+    Control* control = make();
+    control->CaptureMouse();
+    EXPECT_EQ(control->press.release(INSIDE), Press::Outcome::NONE);
+    EXPECT_EQ(wxWindow::GetCapture(), control);
+    control->ReleaseMouse();
+}
+
 TEST_F(PressTest, cancelled_givesTheMouseBack)
 {
     Control* control = make();
