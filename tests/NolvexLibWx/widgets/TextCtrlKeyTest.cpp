@@ -96,6 +96,13 @@ TEST_P(TextCtrlKeyTest, ctrlC_comesBeforeAMenuOnlyWithASelection)
     bar->Append(menu, "Edit");
     frame->SetMenuBar(bar);
     frame->Bind(wxEVT_MENU, [&commands](wxCommandEvent&) { ++commands; });
+    // The frame hears of the key when the text area has no use for the key. Only Windows goes on to the menu
+    // then, since GTK asks the text area again.
+    int passedOn = 0;
+    frame->Bind(wxEVT_CHAR_HOOK, [&passedOn](wxKeyEvent& event) {
+        event.Skip();
+        passedOn += event.GetKeyCode() == 'C' ? 1 : 0;
+    });
     Tests::pumpEvents();
     setClipboard("before");
     focusText();
@@ -103,12 +110,14 @@ TEST_P(TextCtrlKeyTest, ctrlC_comesBeforeAMenuOnlyWithASelection)
     Tests::typeKey('C', wxMOD_CONTROL);
     EXPECT_TRUE(Tests::pumpUntil([] { return clipboard() == "some"; })) << clipboard();
     EXPECT_EQ(commands, 0);
+    EXPECT_EQ(passedOn, 0);
     text->SetSelection(0, 0);
     setClipboard("before");
     Tests::typeKey('C', wxMOD_CONTROL);
-    EXPECT_TRUE(Tests::pumpUntil([&commands] { return commands > 0; }, 2000));
-    EXPECT_EQ(commands, 1);
+    EXPECT_TRUE(Tests::pumpUntil([&passedOn] { return passedOn > 0; }, 2000));
+    EXPECT_EQ(passedOn, 1);
     EXPECT_EQ(clipboard(), "before");
+    destroyFrame(); // while what the handlers write to is there
 }
 
 INSTANTIATE_TEST_SUITE_P(Styles, TextCtrlKeyTest,
