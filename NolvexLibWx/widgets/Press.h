@@ -37,7 +37,7 @@ public:
     explicit Press(wxWindow* control, WhenDisabled whenDisabled = WhenDisabled::ENDS);
     ~Press();
 
-    /// A press that has begun already goes on, by these means from now on.
+    /// A press that has begun already goes on, by these means from now on: the keyboard gives the mouse back.
     void begin(Means means);
 
     /// Whether the control is pressed, by whatever means.
@@ -46,7 +46,7 @@ public:
     bool isHeldBy(Means means) const { return m_held && m_means == means; }
 
     /// The button of the mouse was released at a place in the control's client coordinates. Ends a press by
-    /// the mouse and gives the mouse back.
+    /// the mouse and gives the mouse back; without such a press the mouse stays with its holder.
     Outcome release(const wxPoint& position);
 
     /// The key was released. Ends a press by the keyboard.
