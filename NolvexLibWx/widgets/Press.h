@@ -37,7 +37,8 @@ public:
     explicit Press(wxWindow* control, WhenDisabled whenDisabled = WhenDisabled::ENDS);
     ~Press();
 
-    /// If a press has already begun, it continues, and `means` replaces its means.
+    /// If a press has already begun, it continues, and `means` replaces its means. A press that goes on by
+    /// the keyboard releases the mouse capture.
     void begin(Means means);
 
     /// Returns true if the control is pressed by any means.
@@ -45,8 +46,8 @@ public:
 
     bool isHeldBy(Means means) const { return m_held && m_means == means; }
 
-    /// Must be called when the mouse button is released. Ends a press by the mouse and its capture.
-    /// `position` is in client coordinates of the control.
+    /// Must be called when the mouse button is released. Ends a press by the mouse and its capture; without
+    /// such a press the mouse stays with its holder. `position` is in client coordinates of the control.
     Outcome release(const wxPoint& position);
 
     /// Must be called when the key is released. Ends a press by the keyboard.
