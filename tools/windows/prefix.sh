@@ -17,7 +17,8 @@ prefix_path() {
     key="$({
         dpkg-query -W -f '${Package} ${Version}\n' "${BUILD_PACKAGES[@]}" | sort
         x86_64-w64-mingw32-g++-posix --version
-        cat -- "$TOOLCHAIN" "$HERE"/{prepare,run,packages,sources,libraries,prefix}.sh
+        # How packages are installed and programs are run does not change what is built.
+        cat -- "$TOOLCHAIN" "$HERE"/{sources,libraries}.sh
     } | sha256sum)"
     printf '%s\n' "$CACHE/windows-${key:0:16}"
 }
