@@ -31,6 +31,21 @@ ImageView::ImageView(wxWindow* parent, SharedPicture picture)
     Bind(wxEVT_PAINT, &ImageView::onPaint, this);
     Bind(wxEVT_SET_FOCUS, &ImageView::onFocus, this);
     Bind(wxEVT_KILL_FOCUS, &ImageView::onFocus, this);
+    AddFilter(this);
+}
+
+ImageView::~ImageView()
+{
+    RemoveFilter(this);
+}
+
+// Remembers whether the last key was Tab. A control that handles Tab itself shows that key to no other
+// window.
+int ImageView::FilterEvent(wxEvent& event)
+{
+    if (event.GetEventType() == wxEVT_CHAR_HOOK)
+        m_tabPressed = static_cast<wxKeyEvent&>(event).GetKeyCode() == WXK_TAB;
+    return Event_Skip;
 }
 
 void ImageView::setPicture(SharedPicture picture)

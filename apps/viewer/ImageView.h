@@ -5,6 +5,7 @@
 #include "apps/viewer/Picture.h"
 
 #include <wx/bitmap.h>
+#include <wx/eventfilter.h>
 #include <wx/scrolwin.h>
 
 namespace Nolvex::Viewer {
@@ -12,10 +13,11 @@ namespace Nolvex::Viewer {
 /// Shows a picture at its own size: in the middle while there is room, scrolled by bars, wheel and keys when
 /// it is larger. Without a picture it shows the background only. When Tab brings the focus here, a dotted
 /// line along the edges shows it.
-class ImageView : public wxScrolledWindow, public Wx::TooltipWindow
+class ImageView : public wxScrolledWindow, public Wx::TooltipWindow, private wxEventFilter
 {
 public:
     ImageView(wxWindow* parent, SharedPicture picture);
+    ~ImageView() override;
 
     /// Shows the top left corner of another picture.
     void setPicture(SharedPicture picture);
@@ -28,14 +30,12 @@ public:
     /// True once a picture has been painted.
     bool wasPainted() const { return m_painted; }
 
-    /// The window calls this on every key with whether the key moves the focus. If it does and the focus then
-    /// arrives here, the line is shown.
-    void setTabPressed(bool pressed) { m_tabPressed = pressed; }
-
     /// True while the line along the edges shows that the keyboard is directed here.
     bool hasFocusMark() const { return m_focusMark; }
 
 private:
+    int FilterEvent(wxEvent& event) override;
+
     void onPaint(wxPaintEvent& event);
     void onFocus(wxFocusEvent& event);
     wxPoint bitmapOrigin() const;

@@ -329,7 +329,6 @@ void ViewerFrame::onCapture()
 // focus. The keys are left to a menu while it is open.
 void ViewerFrame::onKey(wxKeyEvent& event)
 {
-    m_view->setTabPressed(event.GetKeyCode() == WXK_TAB);
     const int command = m_openMenus > 0 ? static_cast<int>(wxID_NONE) : commandOf(event);
     if (command == wxID_NONE)
         event.Skip();

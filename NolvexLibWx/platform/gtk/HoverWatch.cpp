@@ -24,7 +24,7 @@ void onStateChanged(GtkWidget* widget, GtkStateFlags previous, gpointer data) no
 {
     const bool enabled = gtk_widget_is_sensitive(widget) != FALSE;
     const bool wasEnabled = (previous & GTK_STATE_FLAG_INSENSITIVE) == 0;
-    if (enabled == wasEnabled || (enabled && !isUnderMouse(widget)))
+    if (enabled == wasEnabled || !isUnderMouse(widget))
         return;
     auto* const window = static_cast<wxWindow*>(data);
     wxMouseEvent event(enabled ? wxEVT_ENTER_WINDOW : wxEVT_LEAVE_WINDOW);
