@@ -3,6 +3,8 @@
 
 #include "NolvexLibWx/AccessibleControl.h"
 
+#include <wx/defs.h>
+
 #include <memory>
 
 class WXDLLIMPEXP_FWD_CORE wxWindow;
