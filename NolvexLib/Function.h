@@ -57,8 +57,7 @@ public:
     {}
 
     template<Detail::CallableFor<Function, Result, Arguments...> Callable>
-    // NOLINTNEXTLINE(google-explicit-constructor,bugprone-forwarding-reference-overload): any callable will
-    // do
+    // NOLINTNEXTLINE(google-explicit-constructor,bugprone-forwarding-reference-overload): any callable
     Function(Callable&& callable)
     {
         using Held = std::decay_t<Callable>;

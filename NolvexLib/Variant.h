@@ -37,7 +37,6 @@ public:
 
     template<Detail::OneOf<Alternatives...> T>
     // NOLINTNEXTLINE(google-explicit-constructor,bugprone-forwarding-reference-overload): as std::variant
-    // does
     Variant(T&& value) : m_content(std::in_place_type<std::remove_cvref_t<T>>, std::forward<T>(value))
     {}
 
