@@ -82,7 +82,7 @@ Decoding::CheckedImage Decoding::checkIco(ArrayView<const std::byte> file)
         return refuseShort();
     if (!isPng(file.subspan(start)))
         return checkDib(file, start);
-    const CheckedImage png = checkPng(file.subspan(start));
+    CheckedImage png = checkPng(file.subspan(start));
     if (!png)
         return png;
     return SoundImage(file);
