@@ -3,9 +3,9 @@
 
 #include "NolvexLib/Function.h"
 #include "NolvexLibWx/Export.h"
+#include "NolvexLibWx/Press.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"
 #include "NolvexLibWx/widgets/OskaBorder.h"
-#include "NolvexLibWx/widgets/Press.h"
 #include "NolvexLibWx/widgets/TooltipWindow.h"
 
 #include <wx/bitmap.h>

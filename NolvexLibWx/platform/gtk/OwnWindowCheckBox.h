@@ -2,7 +2,7 @@
 #pragma once
 
 #include "NolvexLibWx/Export.h"
-#include "NolvexLibWx/widgets/Press.h"
+#include "NolvexLibWx/Press.h"
 
 #include <wx/checkbox.h>
 

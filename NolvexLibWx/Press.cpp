@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "NolvexLibWx/widgets/Press.h"
+#include "NolvexLibWx/Press.h"
 
 #include <wx/window.h>
 
