@@ -66,11 +66,11 @@ Table makeTable()
 
 const ImageFormatDescriptor& getImageFormatDescriptor(ImageFormat format)
 {
-    static const Table table = makeTable();
+    static const Table TABLE = makeTable();
     const auto index = static_cast<std::size_t>(format);
-    if (index >= table.size())
+    if (index >= TABLE.size())
         Detail::throwStopException("ImageFormatDescriptor", __LINE__);
-    return table[index];
+    return TABLE[index];
 }
 
 } // namespace Nolvex

@@ -47,9 +47,9 @@ private:
         m_capture.end();
         // The event is sent later, because wxWidgets is still hiding, disabling or moving the window, and a
         // handler might destroy the window.
-        auto* event = new wxMouseCaptureLostEvent(window->GetId());
-        event->SetEventObject(window);
-        wxQueueEvent(window->GetEventHandler(), event);
+        wxMouseCaptureLostEvent event(window->GetId());
+        event.SetEventObject(window);
+        window->GetEventHandler()->AddPendingEvent(event);
     }
 
     MouseCapture& m_capture;

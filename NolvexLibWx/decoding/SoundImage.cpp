@@ -11,7 +11,7 @@ constexpr std::uint64_t COLOUR_BYTES = 3;
 constexpr std::uint64_t MAX_UNCHECKED_PIXELS = std::uint64_t(1) << 26;
 
 // Deflate turns at most 1032 bytes into one, each of which may hold eight black or white pixels.
-constexpr std::uint64_t MAX_PIXELS_PER_BYTE = 1032 * 8;
+constexpr std::uint64_t MAX_PIXELS_PER_BYTE = std::uint64_t(1032) * 8;
 
 } // namespace
 

@@ -100,7 +100,7 @@ bool holdsAllPixels(ArrayView<const std::byte> file, const Header& header)
     const std::size_t pixelSize = header.bits / 8;
     if (header.isCompressed)
         return packetsHold(reader, pixels, pixelSize);
-    return !reader.ranOut() && pixels <= reader.left() / pixelSize;
+    return !reader.ranOut() && pixels * pixelSize <= reader.left();
 }
 
 bool hasOrigin(ArrayView<const std::byte> file)

@@ -33,7 +33,9 @@ SocketResult sendOver(const AutoPtr<Detail::Connection>& connection, Send send)
 
 AutoPtr<Detail::Connection> connectionOver(Detail::SocketOwner socket)
 {
-    return socket == nullptr ? nullptr : std::make_unique<Detail::Connection>(std::move(socket));
+    if (socket == nullptr)
+        return nullptr;
+    return std::make_unique<Detail::Connection>(std::move(socket));
 }
 
 } // namespace

@@ -38,7 +38,7 @@ struct NamedSkin
 // "Paper" is a brown paper, dark enough for white.
 const std::array<NamedSkin, GalleryFrame::SKIN_COUNT>& skins()
 {
-    static const std::array<NamedSkin, GalleryFrame::SKIN_COUNT> all{
+    static const std::array<NamedSkin, GalleryFrame::SKIN_COUNT> ALL{
         NamedSkin{L"Dark", Wx::GuiSkin::DEFAULT()}, NamedSkin{L"Paper",
                                                               {.text = {26, 20, 12},
                                                                .disabledText = {108, 86, 62},
@@ -49,7 +49,7 @@ const std::array<NamedSkin, GalleryFrame::SKIN_COUNT>& skins()
                                                                .pressedBackground = {186, 160, 128},
                                                                .link = {110, 16, 16},
                                                                .highlight = {255, 224, 160}}}};
-    return all;
+    return ALL;
 }
 
 } // namespace

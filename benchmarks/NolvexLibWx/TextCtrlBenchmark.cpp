@@ -11,6 +11,7 @@
 #include <wx/panel.h>
 
 #include <memory>
+#include <utility>
 
 namespace Nolvex::Benchmarks {
 
@@ -141,7 +142,9 @@ Work filling(const std::shared_ptr<RunningToolkit>& toolkit)
 Contest appendingSingly()
 {
     const auto toolkit = std::make_shared<RunningToolkit>();
-    return {filling<wxTextCtrl>(toolkit), filling<Wx::TextCtrl>(toolkit)};
+    Work native = filling<wxTextCtrl>(toolkit);
+    Work own = filling<Wx::TextCtrl>(toolkit);
+    return {std::move(native), std::move(own)};
 }
 
 const Figure APPENDING_SINGLY("text_append_2000_to_native", 0.5, appendingSingly);

@@ -114,7 +114,7 @@ std::filesystem::path IncomingFolder::keep(const std::filesystem::path& part, co
     const std::filesystem::path name = properName(wish);
     const std::lock_guard lock(m_mutex);
     for (int number = 1;; ++number) {
-        const std::filesystem::path path = m_folder / numbered(name, number);
+        std::filesystem::path path = m_folder / numbered(name, number);
         if (moveToNewName(part, path))
             return path;
     }

@@ -24,6 +24,7 @@ int TransferProgram::run(int argc, char** argv)
 
     std::vector<std::wstring> arguments = commandLineArguments(argc, argv);
     std::vector<wchar_t*> words;
+    words.reserve(arguments.size());
     for (std::wstring& argument : arguments)
         words.push_back(argument.data());
     wxCmdLineParser parser(static_cast<int>(words.size()), words.data());

@@ -130,7 +130,7 @@ class Page(unittest.TestCase):
         self.assertEqual(wire.parse_tree_datagram(page_example("A datagram with the tree")[0]), [("Id", "7")])
 
     def test_strings(self):
-        block = PAGE.read_text("utf-8").split("No length goes before")[1].split("```\n")[1]
+        block = PAGE.read_text("utf-8").split("There is no length before the text")[1].split("```\n")[1]
         written = {}
         for line in block.splitlines():
             written[line.split("  ")[0]] = bytes.fromhex(line.split("  ")[0])

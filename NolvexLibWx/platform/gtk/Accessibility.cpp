@@ -307,13 +307,13 @@ GtkWidget* widgetOf(const wxWindow& window)
 // Native widgets, such as GtkEntry, have accessible objects of their own.
 bool isOwnKind(GtkWidget* widget)
 {
-    static GtkWidgetClass* s_prepared = nullptr;
-    if (GTK_WIDGET_GET_CLASS(widget) == s_prepared)
+    static GtkWidgetClass* prepared = nullptr;
+    if (GTK_WIDGET_GET_CLASS(widget) == prepared)
         return true;
     if (!GTK_IS_FIXED(widget))
         return false;
-    s_prepared = GTK_WIDGET_GET_CLASS(widget);
-    gtk_widget_class_set_accessible_type(s_prepared, registerType());
+    prepared = GTK_WIDGET_GET_CLASS(widget);
+    gtk_widget_class_set_accessible_type(prepared, registerType());
     return true;
 }
 

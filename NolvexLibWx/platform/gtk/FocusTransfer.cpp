@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/platform/FocusTransfer.h"
 
+#include <wx/event.h>
 #include <wx/weakref.h>
 #include <wx/window.h>
 

@@ -21,12 +21,13 @@ class TooltipDismissal : private wxEventFilter, private Noncopyable
 public:
     static TooltipDismissal& instance();
 
+    ~TooltipDismissal() override;
+
     void add(Tooltip* tooltip);
     void remove(Tooltip* tooltip);
 
 private:
     TooltipDismissal();
-    ~TooltipDismissal() override;
 
     int FilterEvent(wxEvent& event) override;
     void dismissAll();
