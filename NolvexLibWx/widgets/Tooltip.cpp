@@ -91,9 +91,9 @@ Wx::Tooltip::Tooltip(wxWindow* owner, const String& text) : m_owner(owner)
     Show(false);
     m_timer.SetOwner(this);
     Bind(wxEVT_TIMER, &Tooltip::onTimer, this);
-    owner->Bind(wxEVT_LEAVE_WINDOW, &Tooltip::onOwnerLeftOrClicked, this);
+    owner->Bind(wxEVT_LEAVE_WINDOW, &Tooltip::onOwnerLeft, this);
     owner->Bind(wxEVT_ENTER_WINDOW, &Tooltip::onOwnerMoved, this);
-    owner->Bind(wxEVT_LEFT_UP, &Tooltip::onOwnerLeftOrClicked, this);
+    owner->Bind(wxEVT_LEFT_UP, &Tooltip::onOwnerClicked, this);
     owner->Bind(wxEVT_MOTION, &Tooltip::onOwnerMoved, this);
     TooltipDismissal::instance().add(this);
     setText(text);
@@ -105,9 +105,9 @@ Wx::Tooltip::~Tooltip()
     // wxWidgets would unbind the handlers too, but only after the members of the tooltip have been destroyed.
     if (!m_owner)
         return;
-    m_owner->Unbind(wxEVT_LEAVE_WINDOW, &Tooltip::onOwnerLeftOrClicked, this);
+    m_owner->Unbind(wxEVT_LEAVE_WINDOW, &Tooltip::onOwnerLeft, this);
     m_owner->Unbind(wxEVT_ENTER_WINDOW, &Tooltip::onOwnerMoved, this);
-    m_owner->Unbind(wxEVT_LEFT_UP, &Tooltip::onOwnerLeftOrClicked, this);
+    m_owner->Unbind(wxEVT_LEFT_UP, &Tooltip::onOwnerClicked, this);
     m_owner->Unbind(wxEVT_MOTION, &Tooltip::onOwnerMoved, this);
 }
 
@@ -144,6 +144,15 @@ void Wx::Tooltip::hide()
         m_timer.Stop();
 }
 
+// wxWidgets for Windows goes on to use the owner after the mouse has entered or left it, so that a handler of
+// wxEVT_SHOW may not destroy the owner before.
+void Wx::Tooltip::hideAndTellLater()
+{
+    m_postsShowEvent = true;
+    hide();
+    m_postsShowEvent = false;
+}
+
 // wxWidgets sends wxEVT_SHOW in the middle of its own Show and goes on to use the window, which a handler may
 // destroy. The event is held back, and sent when wxWidgets is done.
 bool Wx::Tooltip::Show(bool show)
@@ -154,7 +163,10 @@ bool Wx::Tooltip::Show(bool show)
     if (changed) {
         wxShowEvent event(GetId(), show);
         event.SetEventObject(this);
-        HandleWindowEvent(event);
+        if (m_postsShowEvent)
+            AddPendingEvent(event);
+        else
+            HandleWindowEvent(event);
     }
     return changed;
 }
@@ -166,7 +178,13 @@ bool Wx::Tooltip::TryBefore(wxEvent& event)
     return isHeld || wxPopupWindow::TryBefore(event);
 }
 
-void Wx::Tooltip::onOwnerLeftOrClicked(wxMouseEvent& event)
+void Wx::Tooltip::onOwnerLeft(wxMouseEvent& event)
+{
+    hideAndTellLater();
+    event.Skip();
+}
+
+void Wx::Tooltip::onOwnerClicked(wxMouseEvent& event)
 {
     const wxWeakRef<wxWindow> owner(m_owner);
     hide();
@@ -181,8 +199,12 @@ void Wx::Tooltip::onOwnerMoved(wxMouseEvent& event)
     // When the user moves the mouse onto the tooltip, it hides to show the windows below. Systems also report
     // a movement to the same position when the tooltip appears.
     const wxPoint mouse = wxGetMousePosition();
-    if (IsShown() && mouse != m_mouseWhenShown && GetScreenRect().Contains(mouse))
-        hide();
+    if (IsShown() && mouse != m_mouseWhenShown && GetScreenRect().Contains(mouse)) {
+        if (event.Entering())
+            hideAndTellLater();
+        else
+            hide();
+    }
     if (self)
         arm();
     event.Skip(owner.get() != nullptr);

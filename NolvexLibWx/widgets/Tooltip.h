@@ -64,10 +64,12 @@ protected:
 
 private:
     void arm();
-    void onOwnerLeftOrClicked(wxMouseEvent& event);
+    void onOwnerLeft(wxMouseEvent& event);
+    void onOwnerClicked(wxMouseEvent& event);
     void onOwnerMoved(wxMouseEvent& event);
     void onTimer(wxTimerEvent& event);
     void onPaint(wxPaintEvent& event);
+    void hideAndTellLater();
     bool hasReason() const;
     void popUp();
     void fitToText();
@@ -79,6 +81,7 @@ private:
     std::int64_t m_delay = 600; // milliseconds
     wxPoint m_mouseWhenShown;
     bool m_holdsShowEvent = false;
+    bool m_postsShowEvent = false;
 };
 
 namespace Detail {

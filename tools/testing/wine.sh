@@ -20,6 +20,8 @@ start_wine() {
   local dpi=${1:-96}
   WINEPREFIX=$PWD/build/wine-${2:-$dpi}
   export WINEPREFIX WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES='mscoree,mshtml=;winemenubuilder.exe=d'
+  # A program that crashes ends; Wine's debugger would keep it waiting until the time limit of its test.
+  WINEDLLOVERRIDES+=';winedbg.exe=d'
   tools/windows/prepare.sh --wine-prefix "$WINEPREFIX" >/dev/null
   if [ "$dpi" -ne 96 ]; then
     wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$dpi" /f >/dev/null 2>&1
