@@ -62,7 +62,7 @@ bool Wx::DropdownFrame::isOwnerUsable() const
     if (!m_owner || m_owner->IsBeingDeleted() || !m_owner->IsShownOnScreen())
         return false;
     const wxWindow* const parent = m_owner->GetParent();
-    const auto* const topLevel = wxDynamicCast(wxGetTopLevelParent(m_owner), wxTopLevelWindow);
+    const auto* const topLevel = dynamic_cast<wxTopLevelWindow*>(wxGetTopLevelParent(m_owner));
     return (parent == nullptr || parent->IsEnabled()) && (topLevel == nullptr || !topLevel->IsIconized());
 }
 

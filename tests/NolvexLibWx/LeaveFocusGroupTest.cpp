@@ -11,6 +11,8 @@
 #include <wx/sizer.h>
 #include <wx/textctrl.h>
 
+#include <vector>
+
 using namespace Nolvex;
 using Wx::leaveFocusGroup;
 using Wx::MoveFocusDirection;
@@ -176,7 +178,9 @@ TEST_F(LeaveFocusGroupTest, nativeTab_passesBordersAndSeparators)
     panel->GetSizer()->Insert(1, new OskaBorder(panel), 0, wxEXPAND);
     auto* line = new Wx::StaticLine(panel, wxHORIZONTAL);
     panel->GetSizer()->Add(line, 0, wxEXPAND);
-    for (wxWindow* child : panel->GetChildren()) {
+    // Moving a child changes the list of the children.
+    const std::vector<wxWindow*> children(panel->GetChildren().begin(), panel->GetChildren().end());
+    for (wxWindow* child : children) {
         if (child != before && child != after)
             child->MoveBeforeInTabOrder(after);
     }

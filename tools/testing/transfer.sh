@@ -53,6 +53,12 @@ start_receiver() {
   until_true read_port || { complain "the receiver does not listen"; exit 1; }
 }
 
+# signal_receiver SIGNAL: sends the signal to the program itself. `timeout` would pass the signal on twice, and the second
+# one ends the program before it has tidied up.
+signal_receiver() {
+  kill -s "$1" "$(pgrep -P "$receiver")"
+}
+
 # start_awkward_receiver ARGUMENT...: awkward_receiver.py in place of the program.
 start_awkward_receiver() {
   : >"$folder/log"
@@ -352,7 +358,7 @@ signals_end_the_programs() {
     connect
     { announce 300000 && head -c 100000 "$folder/noise.bin"; } >&"$stranger"
     until_true part_is_stored || complain "nothing is stored while a file comes"
-    kill -s "$signal" "$receiver"
+    signal_receiver "$signal"
     end_receiver $((128 + $(kill -l "$signal")))
     hang_up
     nothing_is_stored || complain "half a file was kept after SIG$signal"
@@ -366,7 +372,7 @@ signals_end_the_programs() {
   wait "$sender" || status=$?
   [ "$status" -eq 143 ] || complain "the sender that was terminated ended with status $status"
   kill -CONT "$(pgrep -P "$receiver")" "$receiver"
-  kill "$receiver"
+  signal_receiver TERM
   end_receiver 143
 }
 
@@ -384,7 +390,7 @@ a_busy_receiver_ends_soon() {
   done
   until_true are_served 300 || complain "not all connections are served"
   start=$EPOCHSECONDS
-  kill "$receiver"
+  signal_receiver TERM
   end_receiver 143
   [ $((EPOCHSECONDS - start)) -lt 6 ] || complain "the receiver took $((EPOCHSECONDS - start)) s to end"
   hang_up

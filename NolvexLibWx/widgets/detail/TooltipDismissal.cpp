@@ -57,7 +57,7 @@ int Wx::TooltipDismissal::FilterEvent(wxEvent& event)
 {
     if (!turnsToSomethingElse(event))
         return Event_Skip;
-    auto* const window = wxDynamicCast(event.GetEventObject(), wxWindow);
+    auto* const window = dynamic_cast<wxWindow*>(event.GetEventObject());
     const wxWeakRef<wxWindow> receiver(window);
     dismissAll();
     // No handlers can be looked for in a window that a handler of the hiding has destroyed.
