@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/detail/HeldShowEvent.h"
+
+#include <wx/event.h>
+#include <wx/window.h>
+
+namespace Nolvex::Wx::Detail {
+
+bool showAndHoldEvent(wxWindow& window, bool show, bool& holdsEvent,
+                      const std::function<bool(bool)>& showBase)
+{
+    holdsEvent = true;
+    const bool changed = showBase(show);
+    holdsEvent = false;
+    if (changed) {
+        wxShowEvent event(window.GetId(), show);
+        event.SetEventObject(&window);
+        window.HandleWindowEvent(event);
+    }
+    return changed;
+}
+
+bool isHeldShowEvent(const wxWindow& window, bool holdsEvent, const wxEvent& event)
+{
+    return holdsEvent && event.GetEventType() == wxEVT_SHOW && event.GetEventObject() == &window;
+}
+
+} // namespace Nolvex::Wx::Detail
