@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "NolvexLib/Array.h"
 #include "NolvexLibWx/decoding/SoundImage.h"
+
+#include "Refusals.h"
 #include "support/PictureFiles.h"
 
 #include <wx/image.h>
@@ -15,15 +16,13 @@
 using namespace Nolvex;
 using Decoding::checkGif;
 using Tests::contentOf;
+using Tests::firstOf;
 using Tests::pictureFile;
 
 namespace {
 
 constexpr std::uint32_t CLEAR = 256;
 constexpr std::uint32_t END = 257;
-
-constexpr wchar_t SHORT[] = L"it ends before its last pixel";
-constexpr wchar_t DAMAGED[] = L"it is not a picture of a known format, or it is damaged";
 
 /// Writes the codes of a GIF of 256 shades of grey.
 class GifWriter
@@ -151,11 +150,9 @@ wxImage decodedByWxWidgets(ArrayView<const std::byte> bytes)
     return image;
 }
 
-/// Returns an empty text if the file is accepted.
-String errorOf(const Array<std::byte>& file)
+String errorOf(ArrayView<const std::byte> file)
 {
-    const Decoding::CheckedImage image = checkGif(file);
-    return image ? String() : image.error();
+    return Tests::errorOf(checkGif, file);
 }
 
 } // namespace
@@ -190,26 +187,24 @@ TEST(GifCheckTest, cutFile_isShort)
     const Array<std::byte> file = contentOf(pictureFile("pattern.gif"));
     EXPECT_EQ(errorOf(file), String());
     for (const std::size_t size : {std::size_t(12), std::size_t(400), file.size() / 2, file.size() - 20})
-        EXPECT_EQ(errorOf(Array<std::byte>(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(size))),
-                  SHORT)
-            << size;
+        EXPECT_EQ(errorOf(firstOf(file, size)), Tests::ENDS_EARLY) << size;
 }
 
 TEST(GifCheckTest, missingTrailer_isNoFault)
 {
     const Array<std::byte> file = contentOf(pictureFile("pattern.gif"));
-    EXPECT_EQ(errorOf(Array<std::byte>(file.begin(), file.end() - 1)), String());
+    EXPECT_EQ(errorOf(firstOf(file, file.size() - 1)), String());
 }
 
 TEST(GifCheckTest, endCodeBeforeTheLastPixel_isShort)
 {
-    EXPECT_EQ(errorOf(gifOfCodes({CLEAR, 1, 2, 3, END})), SHORT);
+    EXPECT_EQ(errorOf(gifOfCodes({CLEAR, 1, 2, 3, END})), Tests::ENDS_EARLY);
 }
 
 TEST(GifCheckTest, codeThatTheTableDoesNotHave_isDamage)
 {
-    EXPECT_EQ(errorOf(gifOfCodes({CLEAR, 1, 400})), DAMAGED);
-    EXPECT_EQ(errorOf(gifOfCodes({CLEAR, 258})), DAMAGED) << "a repetition of nothing";
+    EXPECT_EQ(errorOf(gifOfCodes({CLEAR, 1, 400})), Tests::IS_DAMAGED);
+    EXPECT_EQ(errorOf(gifOfCodes({CLEAR, 258})), Tests::IS_DAMAGED) << "a repetition of nothing";
     // 258 repeats the first pixel twice, 259 three times, and so on: 1 + 2 + 3 + 4 + 5 and then one.
     EXPECT_EQ(errorOf(gifOfCodes({CLEAR, 1, 258, 259, 260, 261, 1, END})), String());
 }
