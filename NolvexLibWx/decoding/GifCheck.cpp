@@ -142,7 +142,7 @@ private:
     {
         m_bits = m_frame.codeSize + 1;
         m_free = m_clear + 2;
-        m_hasPrevious = false;
+        m_previous.reset();
     }
 
     bool isColour(std::uint32_t code) const
@@ -152,23 +152,22 @@ private:
 
     bool isKnown(std::uint32_t code) const
     {
-        const bool isNew = code == m_free && m_hasPrevious;
+        const bool isNew = code == m_free && m_previous;
         return code < m_clear ? isColour(code) : code < m_free || isNew;
     }
 
     /// Returns false if the table has no room for the string that the code adds.
     bool take(std::uint32_t code)
     {
-        if (m_hasPrevious) {
+        if (m_previous) {
             if (m_free > (1u << m_bits) - 1)
                 return false;
-            m_lengths[m_free++] = m_lengths[m_previous] + 1;
+            m_lengths[m_free++] = m_lengths[*m_previous] + 1;
             if (m_free > (1u << m_bits) - 1 && m_bits < MAX_BITS)
                 ++m_bits;
         }
         m_pixels += m_lengths[code];
         m_previous = code;
-        m_hasPrevious = true;
         return true;
     }
 
@@ -176,8 +175,7 @@ private:
     std::uint32_t m_clear;
     std::uint32_t m_bits;
     std::uint32_t m_free;
-    std::uint32_t m_previous = 0;
-    bool m_hasPrevious = false;
+    Optional<std::uint32_t> m_previous; // empty behind a clear code
     std::uint64_t m_pixels = 0;
     std::array<std::uint32_t, 1u << MAX_BITS> m_lengths{};
 };

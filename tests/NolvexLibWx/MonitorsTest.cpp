@@ -20,8 +20,8 @@ using Wx::Detail::positionInWorkArea;
 
 namespace {
 
-constexpr int LARGEST = std::numeric_limits<int>::max();
-constexpr int SMALLEST = std::numeric_limits<int>::min();
+constexpr int MAX_COORDINATE = std::numeric_limits<int>::max();
+constexpr int MIN_COORDINATE = std::numeric_limits<int>::min();
 
 struct MonitorsWindowTest : Tests::FrameFixture
 {
@@ -96,10 +96,12 @@ TEST(MonitorsTest, nearestMonitor_measuresAcrossCornersToo)
 TEST(MonitorsTest, nearestMonitor_farOutside_overflowsNowhere)
 {
     const Array<wxRect> monitors{{0, 0, 40, 100}, {-40, 0, 40, 100}};
-    EXPECT_EQ(nearestMonitor(monitors, {SMALLEST, 50}), 0) << "too far to tell the two apart";
+    EXPECT_EQ(nearestMonitor(monitors, {MIN_COORDINATE, 50}), 0) << "too far to tell the two apart";
     EXPECT_EQ(nearestMonitor(monitors, {-1000000, 50}), 1);
-    EXPECT_EQ(nearestMonitor(monitors, {LARGEST, LARGEST}), 0);
-    EXPECT_EQ(nearestMonitor(Array<wxRect>{{LARGEST, LARGEST, 100, 100}}, {SMALLEST, SMALLEST}), 0);
+    EXPECT_EQ(nearestMonitor(monitors, {MAX_COORDINATE, MAX_COORDINATE}), 0);
+    EXPECT_EQ(nearestMonitor(Array<wxRect>{{MAX_COORDINATE, MAX_COORDINATE, 100, 100}},
+                             {MIN_COORDINATE, MIN_COORDINATE}),
+              0);
 }
 
 TEST(MonitorsTest, positionInWorkArea_inside_isKept)
@@ -126,8 +128,11 @@ TEST(MonitorsTest, positionInWorkArea_ofAWindowTooLarge_isTheEdge)
 
 TEST(MonitorsTest, positionInWorkArea_survivesExtremes)
 {
-    EXPECT_EQ(positionInWorkArea({0, 0, 1920, 1080}, {LARGEST, LARGEST}, {SMALLEST, LARGEST}), (Pixel{0, 0}));
-    EXPECT_EQ(positionInWorkArea({LARGEST - 10, 0, 100, 100}, {20, 20}, {LARGEST, 0}), (Pixel{LARGEST, 0}));
+    EXPECT_EQ(positionInWorkArea({0, 0, 1920, 1080}, {MAX_COORDINATE, MAX_COORDINATE},
+                                 {MIN_COORDINATE, MAX_COORDINATE}),
+              (Pixel{0, 0}));
+    EXPECT_EQ(positionInWorkArea({MAX_COORDINATE - 10, 0, 100, 100}, {20, 20}, {MAX_COORDINATE, 0}),
+              (Pixel{MAX_COORDINATE, 0}));
     EXPECT_EQ(positionInWorkArea({}, {300, 200}, {100, 100}), (Pixel{0, 0})) << "no monitor";
 }
 

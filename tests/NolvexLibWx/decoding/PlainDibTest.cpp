@@ -63,9 +63,9 @@ TEST(PlainDibTest, sixteenBits_areFiveForEachColour)
 TEST(PlainDibTest, bitFields_areSpreadOverTheRangeOfAByte)
 {
     DibHeader header = headerOf(Compression::BIT_FIELDS, 32);
-    header.masks = {0x3, 0xFF00, 0x1FF0000, 0x80000000};
-    EXPECT_EQ(pixelsOf(toPlainBmp(Tests::fileOf({0x02, 0x64, 0xFF, 0x81, 0x01, 0, 0, 0}), header, 0)),
-              Tests::fileOf({255, 100, 170, 255, 0, 0, 85, 0}));
+    header.masks = {0x7, 0xFF00, 0x1FF0000, 0x80000000};
+    EXPECT_EQ(pixelsOf(toPlainBmp(Tests::fileOf({0x04, 0x64, 0xFF, 0x81, 0x01, 0, 0, 0}), header, 0)),
+              Tests::fileOf({255, 100, 146, 255, 0, 0, 36, 0}));
 }
 
 TEST(PlainDibTest, rowsThatAreCutOff_areRefused)
