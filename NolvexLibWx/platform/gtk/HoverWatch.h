@@ -6,8 +6,8 @@
 namespace Nolvex::Platform {
 
 /// Sends a window the events wxEVT_LEAVE_WINDOW and wxEVT_ENTER_WINDOW when the window, or a parent, is
-/// disabled or enabled again under the mouse: wxWidgets drops the crossing events that GTK sends then. Must be
-/// called once for each window. A good time is the first painting, which comes before the mouse, and whose
+/// disabled or enabled again under the mouse: wxWidgets drops the crossing events that GTK sends then. Must
+/// be called once for each window. A good time is the first painting, which comes before the mouse, and whose
 /// cost is not a part of making the window.
 void watchHover(wxWindow& window);
 
