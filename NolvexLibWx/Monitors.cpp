@@ -3,6 +3,7 @@
 
 #include "NolvexLib/Array.h"
 #include "NolvexLibWx/GeometryConversions.h"
+#include "NolvexLibWx/NativeWindows.h"
 
 #include <wx/app.h>
 #include <wx/display.h>
@@ -37,12 +38,28 @@ wxRect monitorRect(Pixel point, Wx::MonitorRegionType type)
     return type == Wx::MonitorRegionType::WORK_AREA ? display.GetClientArea() : display.GetGeometry();
 }
 
-// Limits one coordinate. Computes in 64 bits, because the sums may exceed 32.
+/// Limits one coordinate. Computes in 64 bits, because the sums may exceed 32.
 std::int32_t clampedStart(std::int64_t areaStart, std::int64_t areaLength, std::int64_t length,
                           std::int64_t start)
 {
     const std::int64_t last = std::max(areaStart, areaStart + areaLength - length);
     return static_cast<std::int32_t>(std::max(areaStart, std::min(last, start)));
+}
+
+void moveTo(wxWindow& window, Pixel position)
+{
+    // Left of or above the first monitor -1 is a valid coordinate, and must not mean "unchanged" to
+    // wxWidgets.
+    window.Move(Wx::toWxPoint(position), wxSIZE_USE_EXISTING | wxSIZE_ALLOW_MINUS_ONE);
+}
+
+/// Returns whether wxWidgets takes the window to be at the position although the window is elsewhere, and
+/// would therefore ignore a move to the position. On GTK, wxWidgets may ask for the place of a new window
+/// before the window manager has placed the window, and is not told when that has happened.
+bool isMisplacedAt(wxWindow& window, Pixel position)
+{
+    return window.IsTopLevel() && Wx::toPixel(window.GetPosition()) == position &&
+           Wx::getScreenRegion(Wx::getWindowNativeHandle(&window)).min != position;
 }
 
 } // namespace
@@ -86,9 +103,9 @@ void Wx::smartPositionWindow(wxWindow* window, Pixel topLeft)
         return;
     const wxRect workArea = monitorRect(topLeft, MonitorRegionType::WORK_AREA);
     const Pixel position = Detail::positionInWorkArea(workArea, window->GetSize(), topLeft);
-    // Left of or above the first monitor -1 is a valid coordinate, and must not mean "unchanged" to
-    // wxWidgets.
-    window->Move(toWxPoint(position), wxSIZE_USE_EXISTING | wxSIZE_ALLOW_MINUS_ONE);
+    if (isMisplacedAt(*window, position))
+        moveTo(*window, position + Pixel{1, 1});
+    moveTo(*window, position);
 }
 
 } // namespace Nolvex

@@ -65,7 +65,7 @@ Wx::MouseCapture::MouseCapture(wxWindow* window, WhenDisabled whenDisabled)
 Wx::MouseCapture::~MouseCapture()
 {
     end();
-    if (m_hasBegunEver && m_window != nullptr)
+    if (m_begunEver && m_window != nullptr)
         m_window->Unbind(wxEVT_DESTROY, &MouseCapture::onDestroyed, this);
 }
 
@@ -73,7 +73,7 @@ void Wx::MouseCapture::begin()
 {
     if (m_window == nullptr || !Platform::canCaptureMouse(*m_window))
         return;
-    if (!std::exchange(m_hasBegunEver, true))
+    if (!std::exchange(m_begunEver, true))
         m_window->Bind(wxEVT_DESTROY, &MouseCapture::onDestroyed, this);
     const wxWindow* const holder = wxWindow::GetCapture();
     const bool waitsForAnother = m_watch && holder != nullptr;

@@ -55,7 +55,7 @@ private:
 
     wxWindow* m_window; // null after the window has been destroyed
     WhenDisabled m_whenDisabled;
-    bool m_hasBegunEver = false;    // then this object listens for the destruction of the window
+    bool m_begunEver = false;       // then this object listens for the destruction of the window
     std::unique_ptr<Watch> m_watch; // exists from begin to end
 };
 

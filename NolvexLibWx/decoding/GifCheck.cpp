@@ -7,7 +7,8 @@
 
 // wxGIFDecoder asks for a sub-block of 4 GiB if the data end between two sub-blocks, writes beyond its tables
 // for large code sizes, shows uninitialised memory where pixels are missing, and decodes data behind the last
-// pixel as further frames.
+// pixel as further frames. It refuses every code that follows a full table of codes unless that code clears
+// the table, although the format leaves the time of clearing to the encoder.
 
 namespace Nolvex {
 
@@ -30,7 +31,7 @@ struct Frame
     std::uint32_t codeSize = 0;
 };
 
-// Skips the palette that the flags announce. Returns the number of its colours, or 0 if there is none.
+/// Skips the palette that the flags announce. Returns the number of its colours, or 0 if there is none.
 int skipPalette(ByteReader& reader, std::uint32_t flags)
 {
     if ((flags & PALETTE_FLAG) == 0)
@@ -46,7 +47,7 @@ void skipSubBlocks(ByteReader& reader)
         reader.skip(size);
 }
 
-// Returns false for a graphic control whose size is not the size that wxGIFDecoder expects.
+/// Returns false for a graphic control whose size is not the size that wxGIFDecoder expects.
 bool readExtension(ByteReader& reader, int& transparent)
 {
     constexpr std::uint32_t CONTROL_SIZE = 4;
@@ -62,13 +63,13 @@ bool readExtension(ByteReader& reader, int& transparent)
     return sized && reader.read8() == 0;
 }
 
-// Reads codes, whose number of bits varies, from the sub-blocks.
+/// Reads codes, whose number of bits varies, from the sub-blocks.
 class Codes
 {
 public:
     explicit Codes(ByteReader& reader) : m_reader(reader) {}
 
-    // Returns nullopt after the last sub-block.
+    /// Returns nullopt after the last sub-block.
     Optional<std::uint32_t> next(std::uint32_t bits)
     {
         while (m_bitCount < bits) {
@@ -86,7 +87,7 @@ public:
         return code;
     }
 
-    // Skips the rest of the current sub-block, because wxGIFDecoder reads whole sub-blocks.
+    /// Skips the rest of the current sub-block, because wxGIFDecoder reads whole sub-blocks.
     void skipSubBlock() { m_reader.skip(m_left); }
 
 private:
@@ -96,31 +97,42 @@ private:
     std::uint32_t m_bitCount = 0;
 };
 
-// Follows the codes of a frame without producing pixels. Only the length of each string is stored.
+/// Follows the codes of a frame without producing pixels. Only the length of each string is stored.
 class LzwWalk
 {
 public:
+    enum class End
+    {
+        LAST_PIXEL,
+        TOO_EARLY,
+        DAMAGED_CODE,
+        FULL_TABLE,
+    };
+
     explicit LzwWalk(const Frame& frame)
         : m_frame(frame), m_clear(1u << frame.codeSize), m_bits(frame.codeSize + 1), m_free(m_clear + 2)
     {
         m_lengths.fill(1);
     }
 
-    // Returns true if the codes give every pixel. The reader is then behind the sub-block of the last pixel.
-    bool reachesLastPixel(ByteReader& reader)
+    /// Follows the codes up to the last pixel, and returns where they end. At the last pixel the reader is
+    /// behind the sub-block of that pixel.
+    End follow(ByteReader& reader)
     {
         Codes codes(reader);
         while (m_pixels < m_frame.pixels) {
             const Optional<std::uint32_t> code = codes.next(m_bits);
             if (!code || *code == m_clear + 1)
-                return false;
+                return End::TOO_EARLY;
             if (*code == m_clear)
                 clearTable();
+            else if (!isKnown(*code))
+                return End::DAMAGED_CODE;
             else if (!take(*code))
-                return false;
+                return End::FULL_TABLE;
         }
         codes.skipSubBlock();
-        return !reader.ranOut();
+        return reader.ranOut() ? End::TOO_EARLY : End::LAST_PIXEL;
     }
 
 private:
@@ -130,7 +142,7 @@ private:
     {
         m_bits = m_frame.codeSize + 1;
         m_free = m_clear + 2;
-        m_hasPrevious = false;
+        m_previous.reset();
     }
 
     bool isColour(std::uint32_t code) const
@@ -138,22 +150,24 @@ private:
         return static_cast<int>(code) < m_frame.colours || static_cast<int>(code) == m_frame.transparent;
     }
 
+    bool isKnown(std::uint32_t code) const
+    {
+        const bool isNew = code == m_free && m_previous;
+        return code < m_clear ? isColour(code) : code < m_free || isNew;
+    }
+
+    /// Returns false if the table has no room for the string that the code adds.
     bool take(std::uint32_t code)
     {
-        const bool isFull = m_free > (1u << m_bits) - 1;
-        const bool isNew = code == m_free && m_hasPrevious;
-        if (code < m_clear ? !isColour(code) : code >= m_free && !isNew)
-            return false;
-        if (m_hasPrevious) {
-            if (isFull)
+        if (m_previous) {
+            if (m_free > (1u << m_bits) - 1)
                 return false;
-            m_lengths[m_free++] = m_lengths[m_previous] + 1;
+            m_lengths[m_free++] = m_lengths[*m_previous] + 1;
             if (m_free > (1u << m_bits) - 1 && m_bits < MAX_BITS)
                 ++m_bits;
         }
         m_pixels += m_lengths[code];
         m_previous = code;
-        m_hasPrevious = true;
         return true;
     }
 
@@ -161,14 +175,22 @@ private:
     std::uint32_t m_clear;
     std::uint32_t m_bits;
     std::uint32_t m_free;
-    std::uint32_t m_previous = 0;
-    bool m_hasPrevious = false;
+    Optional<std::uint32_t> m_previous; // empty behind a clear code
     std::uint64_t m_pixels = 0;
     std::array<std::uint32_t, 1u << MAX_BITS> m_lengths{};
 };
 
-// Returns the file up to the last pixel of the first frame, closed by a trailer. From the whole file
-// wxGIFDecoder would decode every frame in order to return the first.
+Unexpected<String> refuseCodes(LzwWalk::End end)
+{
+    if (end == LzwWalk::End::TOO_EARLY)
+        return Decoding::refuseShort();
+    if (end == LzwWalk::End::FULL_TABLE)
+        return {L"it goes on with a full table of codes, which is not supported"};
+    return Decoding::refuseDamaged();
+}
+
+/// Returns the file up to the last pixel of the first frame, closed by a trailer. From the whole file
+/// wxGIFDecoder would decode every frame in order to return the first.
 Decoding::CheckedImage checkFrame(ArrayView<const std::byte> file, ByteReader& reader, int globalColours,
                                   int transparent)
 {
@@ -190,8 +212,9 @@ Decoding::CheckedImage checkFrame(ArrayView<const std::byte> file, ByteReader& r
         return Decoding::refuseDamaged();
     if (!Decoding::fitsWxImage(width, height))
         return Decoding::refuseLarge();
-    if (!LzwWalk(frame).reachesLastPixel(reader))
-        return Decoding::refuseShort();
+    const LzwWalk::End end = LzwWalk(frame).follow(reader);
+    if (end != LzwWalk::End::LAST_PIXEL)
+        return refuseCodes(end);
     const ArrayView<const std::byte> used = file.first(reader.position());
     Array<std::byte> single(used.begin(), used.end());
     single.push_back(std::byte(0));

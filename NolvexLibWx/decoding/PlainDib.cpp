@@ -76,7 +76,7 @@ public:
     bool decode()
     {
         fillWithFirstColour();
-        while (!m_ended && m_isSound && !m_reader.ranOut()) {
+        while (!m_ended && m_sound && !m_reader.ranOut()) {
             const std::uint32_t count = m_reader.read8();
             const std::uint32_t value = m_reader.read8();
             if (count > 0)
@@ -85,7 +85,7 @@ public:
                 obey(value);
             m_ended = m_ended || (m_y == m_header.height - 1 && m_x == m_header.width);
         }
-        return m_ended && m_isSound && !m_reader.ranOut();
+        return m_ended && m_sound && !m_reader.ranOut();
     }
 
 private:
@@ -114,7 +114,7 @@ private:
         } else if (command == JUMP) {
             m_x += static_cast<std::int32_t>(m_reader.read8());
             m_y += static_cast<std::int32_t>(m_reader.read8());
-            m_isSound = m_x <= m_header.width && m_y < m_header.height;
+            m_sound = m_x <= m_header.width && m_y < m_header.height;
         } else {
             writeLiterals(command);
         }
@@ -153,8 +153,8 @@ private:
         // Encoders may fill the last run of a row beyond its end.
         if (m_x >= m_header.width)
             return;
-        m_isSound = m_isSound && colour < m_header.colours;
-        if (!m_isSound)
+        m_sound = m_sound && colour < m_header.colours;
+        if (!m_sound)
             return;
         const std::byte* const entry =
             m_file.data() + m_header.paletteStart + colour * m_header.paletteEntrySize;
@@ -168,7 +168,7 @@ private:
     std::int32_t m_x = 0;
     std::int32_t m_y = 0;
     bool m_ended = false;
-    bool m_isSound = true;
+    bool m_sound = true;
 };
 
 // One channel of a pixel with bit fields, scaled to the range of a byte.

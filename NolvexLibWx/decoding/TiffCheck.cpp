@@ -66,10 +66,10 @@ public:
         const std::uint64_t count = entries.read(m_offsetSize == 8 ? 8 : 2);
         for (std::uint64_t i = 0; i < count && !entries.ranOut(); ++i)
             readEntry(entries);
-        m_isWhole = !reader.ranOut() && !entries.ranOut();
+        m_whole = !reader.ranOut() && !entries.ranOut();
     }
 
-    bool isWhole() const { return m_isWhole; }
+    bool isWhole() const { return m_whole; }
 
     bool has(Tag tag) const { return find(tag) != nullptr; }
 
@@ -154,7 +154,7 @@ private:
     std::endian m_order = std::endian::little;
     std::size_t m_offsetSize = 4;
     Array<Entry> m_entries;
-    bool m_isWhole = false;
+    bool m_whole = false;
 };
 
 struct Layout

@@ -13,12 +13,12 @@ inline constexpr std::size_t DEFAULT_HEADER_SIZE_LIMIT = std::size_t{64} << 20;
 /// How long the arrival of a header may take unless the host sets another limit.
 inline constexpr std::chrono::milliseconds DEFAULT_HEADER_TIME_LIMIT = std::chrono::seconds(60);
 
-/// How long a sender may be silent in the middle of a file unless the host sets another patience.
+/// The file patience unless the host sets another: how long a sender may be silent in the middle of a file.
 inline constexpr std::chrono::milliseconds DEFAULT_FILE_PATIENCE = std::chrono::seconds(30);
 
 namespace Detail {
 
-/// What a TcpSocket takes from its peer, see the functions that set these.
+/// The limits of what a TcpSocket accepts from its peer. The functions of TcpSocket that set them tell more.
 struct ReceiveLimits
 {
     std::size_t headerSize = DEFAULT_HEADER_SIZE_LIMIT;

@@ -85,8 +85,8 @@ public:
     /// A header that takes longer to arrive is an error, however steadily its bytes come.
     void setHeaderTimeLimit(std::chrono::milliseconds time);
 
-    /// Receiving a file, compressed or not, goes on through pauses of the sender that are shorter than this;
-    /// a longer silence is an error. The silence is looked at once a second.
+    /// Sets the file patience: how long the sender may be silent in the middle of a file, compressed or not.
+    /// A longer silence is an error. The silence is compared with the patience once a second.
     void setFilePatience(std::chrono::milliseconds silence);
 
     /// Waits for the first byte of the next message. Returns false if the peer was silent for so long, or if

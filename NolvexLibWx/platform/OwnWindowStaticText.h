@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// Platform::OwnWindowStaticText: a wxStaticText that receives wxEVT_PAINT and the events of the mouse, and
-/// whose best size has room for all characters of its label. As a base class of public controls, it is chosen
-/// in this header and not by the build.
+/// Platform::OwnWindowStaticText is a wxStaticText that receives wxEVT_PAINT and the events of the mouse. Its
+/// best size has room for all characters of the label. Public controls derive from this class, so this header
+/// chooses the class of the system: the build of a program that uses the library cannot.
 #include <wx/defs.h>
 
 #ifdef __WXGTK__

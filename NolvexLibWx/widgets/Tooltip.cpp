@@ -8,6 +8,7 @@
 #include "NolvexLibWx/Monitors.h"
 #include "NolvexLibWx/ScopedWindowFreezer.h"
 #include "NolvexLibWx/StringConversions.h"
+#include "NolvexLibWx/detail/HeldShowEvent.h"
 #include "NolvexLibWx/platform/MouseTransparency.h"
 #include "NolvexLibWx/widgets/detail/TooltipDismissal.h"
 
@@ -153,29 +154,16 @@ void Wx::Tooltip::hideAndTellLater()
     m_postsShowEvent = false;
 }
 
-// wxWidgets sends wxEVT_SHOW in the middle of its own Show and goes on to use the window, which a handler may
-// destroy. The event is held back, and sent when wxWidgets is done.
 bool Wx::Tooltip::Show(bool show)
 {
-    m_holdsShowEvent = true;
-    const bool changed = wxPopupWindow::Show(show);
-    m_holdsShowEvent = false;
-    if (changed) {
-        wxShowEvent event(GetId(), show);
-        event.SetEventObject(this);
-        if (m_postsShowEvent)
-            AddPendingEvent(event);
-        else
-            HandleWindowEvent(event);
-    }
-    return changed;
+    return Detail::showAndHoldEvent(
+        *this, show, m_holdsShowEvent, [this](bool shown) { return wxPopupWindow::Show(shown); },
+        m_postsShowEvent ? Detail::ShowEventTime::LATER : Detail::ShowEventTime::NOW);
 }
 
 bool Wx::Tooltip::TryBefore(wxEvent& event)
 {
-    const bool isHeld =
-        m_holdsShowEvent && event.GetEventType() == wxEVT_SHOW && event.GetEventObject() == this;
-    return isHeld || wxPopupWindow::TryBefore(event);
+    return Detail::isHeldShowEvent(*this, m_holdsShowEvent, event) || wxPopupWindow::TryBefore(event);
 }
 
 void Wx::Tooltip::onOwnerLeft(wxMouseEvent& event)

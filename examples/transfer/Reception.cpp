@@ -22,7 +22,7 @@ using std::chrono::steady_clock;
 constexpr seconds MAX_SILENCE(60);
 constexpr seconds MAX_PREPARATION(600);
 
-// The patience is looked at that often.
+// How often the silence of the sender is compared with the patience.
 constexpr seconds PATIENCE_CHECK_PERIOD(1);
 
 // The senders' headers are short. One that takes longer is held back on purpose.
@@ -73,7 +73,7 @@ Reception::~Reception()
 
 void Reception::beginEnd()
 {
-    m_isEnding = true;
+    m_ending = true;
     m_connection.beginClose();
 }
 
@@ -88,7 +88,7 @@ void Reception::run()
     }
     removePart();
     m_connection.close();
-    m_hasEnded = true;
+    m_ended = true;
 }
 
 void Reception::serve()
@@ -102,11 +102,12 @@ void Reception::serve()
         receiveOne();
         lastMessage = steady_clock::now();
     }
-    if (m_expectsFile && !m_isEnding)
+    if (m_expectsFile && !m_ending)
         throw Exception("A file was offered and did not come.");
 }
 
-// What is left of a message that fails would be taken for the next message, so the connection ends with it.
+// The connection ends with a message that fails, because the rest of that message would be taken for the next
+// message.
 void Reception::receiveOne()
 {
     ReceivedData message;

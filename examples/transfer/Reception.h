@@ -35,7 +35,7 @@ public:
     void beginEnd();
 
     /// True when nothing is left to wait for.
-    bool hasEnded() const { return m_hasEnded; }
+    bool hasEnded() const { return m_ended; }
 
 private:
     /// The questions that the library asks while it receives a message.
@@ -71,10 +71,10 @@ private:
     std::filesystem::path m_part; // the file that is being received, or empty
     std::unique_ptr<ProgressBar> m_bar;
     bool m_bodyBegan = false;
-    std::string m_refusal; // why the current body is refused, or empty
-    std::chrono::seconds m_patience;
-    bool m_expectsFile = false; // the sender was told that its file is welcome
-    std::atomic<bool> m_isEnding = false;
-    std::atomic<bool> m_hasEnded = false;
+    std::string m_refusal;           // why the current body is refused, or empty
+    std::chrono::seconds m_patience; // how long the sender may be silent until the next message
+    bool m_expectsFile = false;      // the sender was told that its file is welcome
+    std::atomic<bool> m_ending = false;
+    std::atomic<bool> m_ended = false;
     std::thread m_thread; // declared last, because it uses all other members
 };

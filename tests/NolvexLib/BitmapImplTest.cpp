@@ -50,8 +50,8 @@ TEST(BitmapImplTest, constructor_withSizeBelowOne_isEmptyAndRemembersIt)
 
 TEST(BitmapImplTest, constructor_withSizeBeyondMemory_raises)
 {
-    constexpr std::int32_t MOST = std::numeric_limits<std::int32_t>::max();
-    EXPECT_THROW(Bitmap(MOST, MOST), std::exception);
+    constexpr std::int32_t MAX_SIDE = std::numeric_limits<std::int32_t>::max();
+    EXPECT_THROW(Bitmap(MAX_SIDE, MAX_SIDE), std::exception);
 }
 
 TEST(BitmapImplTest, rowAndAt_areRowMajorFromTheTop)

@@ -32,12 +32,12 @@ struct Value : public Polymorphic
 
 struct Entity : public Object
 {
-    explicit Entity(bool& isDestroyed) : m_isDestroyed(isDestroyed) {}
+    explicit Entity(bool& isDestroyed) : m_destroyed(isDestroyed) {}
 
-    ~Entity() override { m_isDestroyed = true; }
+    ~Entity() override { m_destroyed = true; }
 
 private:
-    bool& m_isDestroyed;
+    bool& m_destroyed;
 };
 
 static_assert(!IS_COPYABLE<Fixed> && !std::is_move_constructible_v<Fixed> &&

@@ -4,11 +4,10 @@
 #include "NolvexLib/Array.h"
 #include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/NativeWindows.h"
-#include "support/Events.h"
+#include "support/FrameFixture.h"
 #include "support/NoApplication.h"
 
 #include <wx/display.h>
-#include <wx/frame.h>
 
 #include <gtest/gtest.h>
 
@@ -21,29 +20,19 @@ using Wx::Detail::positionInWorkArea;
 
 namespace {
 
-constexpr int LARGEST = std::numeric_limits<int>::max();
-constexpr int SMALLEST = std::numeric_limits<int>::min();
+constexpr int MAX_COORDINATE = std::numeric_limits<int>::max();
+constexpr int MIN_COORDINATE = std::numeric_limits<int>::min();
 
-class MonitorsWindowTest : public testing::Test
+struct MonitorsWindowTest : Tests::FrameFixture
 {
-protected:
-    void SetUp() override
+    MonitorsWindowTest() : FrameFixture(L"monitors", {300, 200}, wxBORDER_NONE)
     {
-        m_frame =
-            new wxFrame(nullptr, wxID_ANY, "monitors", wxPoint(50, 50), wxSize(300, 200), wxBORDER_NONE);
-        m_frame->Bind(wxEVT_PAINT, [this](wxPaintEvent& event) {
-            m_painted = true;
-            event.Skip();
-        });
-        m_frame->Show();
         // The window manager may move the frame until the frame has been painted.
-        ASSERT_TRUE(Tests::pumpUntil([this] { return m_painted && region().size() == Pixel{300, 200}; }));
-        Tests::pumpEvents(50);
+        showFrame();
+        EXPECT_TRUE(Tests::pumpUntil([this] { return region().size() == Pixel{300, 200}; }));
     }
 
-    void TearDown() override { Tests::destroyNow(m_frame); }
-
-    Bucket region() const { return Wx::getScreenRegion(Wx::getWindowNativeHandle(m_frame)); }
+    Bucket region() const { return Wx::getScreenRegion(Wx::getWindowNativeHandle(frame)); }
 
     bool comesTo(Pixel topLeft) const
     {
@@ -57,9 +46,6 @@ protected:
     }
 
     static Bucket workArea() { return Wx::toBucket(wxDisplay(0u).GetClientArea()); }
-
-    wxFrame* m_frame = nullptr;
-    bool m_painted = false;
 };
 
 } // namespace
@@ -110,10 +96,12 @@ TEST(MonitorsTest, nearestMonitor_measuresAcrossCornersToo)
 TEST(MonitorsTest, nearestMonitor_farOutside_overflowsNowhere)
 {
     const Array<wxRect> monitors{{0, 0, 40, 100}, {-40, 0, 40, 100}};
-    EXPECT_EQ(nearestMonitor(monitors, {SMALLEST, 50}), 0) << "too far to tell the two apart";
+    EXPECT_EQ(nearestMonitor(monitors, {MIN_COORDINATE, 50}), 0) << "too far to tell the two apart";
     EXPECT_EQ(nearestMonitor(monitors, {-1000000, 50}), 1);
-    EXPECT_EQ(nearestMonitor(monitors, {LARGEST, LARGEST}), 0);
-    EXPECT_EQ(nearestMonitor(Array<wxRect>{{LARGEST, LARGEST, 100, 100}}, {SMALLEST, SMALLEST}), 0);
+    EXPECT_EQ(nearestMonitor(monitors, {MAX_COORDINATE, MAX_COORDINATE}), 0);
+    EXPECT_EQ(nearestMonitor(Array<wxRect>{{MAX_COORDINATE, MAX_COORDINATE, 100, 100}},
+                             {MIN_COORDINATE, MIN_COORDINATE}),
+              0);
 }
 
 TEST(MonitorsTest, positionInWorkArea_inside_isKept)
@@ -140,8 +128,11 @@ TEST(MonitorsTest, positionInWorkArea_ofAWindowTooLarge_isTheEdge)
 
 TEST(MonitorsTest, positionInWorkArea_survivesExtremes)
 {
-    EXPECT_EQ(positionInWorkArea({0, 0, 1920, 1080}, {LARGEST, LARGEST}, {SMALLEST, LARGEST}), (Pixel{0, 0}));
-    EXPECT_EQ(positionInWorkArea({LARGEST - 10, 0, 100, 100}, {20, 20}, {LARGEST, 0}), (Pixel{LARGEST, 0}));
+    EXPECT_EQ(positionInWorkArea({0, 0, 1920, 1080}, {MAX_COORDINATE, MAX_COORDINATE},
+                                 {MIN_COORDINATE, MAX_COORDINATE}),
+              (Pixel{0, 0}));
+    EXPECT_EQ(positionInWorkArea({MAX_COORDINATE - 10, 0, 100, 100}, {20, 20}, {MAX_COORDINATE, 0}),
+              (Pixel{MAX_COORDINATE, 0}));
     EXPECT_EQ(positionInWorkArea({}, {300, 200}, {100, 100}), (Pixel{0, 0})) << "no monitor";
 }
 
@@ -188,55 +179,52 @@ TEST(MonitorsTest, regionTypes_haveTheirValues)
 
 TEST_F(MonitorsWindowTest, regionByWindow_isThatOfItsCentre)
 {
-    const Pixel centre = Wx::getRectCenter(m_frame->GetScreenRect());
+    const Pixel centre = Wx::getRectCenter(frame->GetScreenRect());
     for (const auto type : {MonitorRegionType::WORK_AREA, MonitorRegionType::FULL_AREA}) {
-        EXPECT_EQ(Wx::getMonitorRegionByWindow(m_frame, type), Wx::getMonitorRegionByPoint(centre, type));
-        EXPECT_FALSE(Wx::getMonitorRegionByWindow(m_frame, type).isEmpty());
+        EXPECT_EQ(Wx::getMonitorRegionByWindow(frame, type), Wx::getMonitorRegionByPoint(centre, type));
+        EXPECT_FALSE(Wx::getMonitorRegionByWindow(frame, type).isEmpty());
     }
 }
 
 TEST_F(MonitorsWindowTest, smartPosition_insideTheWorkArea_isTaken)
 {
     const Pixel wanted = workArea().min + Pixel{120, 90};
-    Wx::smartPositionWindow(m_frame, wanted);
+    Wx::smartPositionWindow(frame, wanted);
     EXPECT_TRUE(comesTo(wanted));
 }
 
 TEST_F(MonitorsWindowTest, smartPosition_beyondTheLastCorner_endsAtIt)
 {
     const Pixel beyond{100000, 100000};
-    Wx::smartPositionWindow(m_frame, beyond);
+    Wx::smartPositionWindow(frame, beyond);
     EXPECT_TRUE(comesTo(workAreaAt(beyond).max - Pixel{300, 200}));
 }
 
 TEST_F(MonitorsWindowTest, smartPosition_beforeTheFirstCorner_startsAtIt)
 {
     const Pixel before{-100000, -100000};
-    Wx::smartPositionWindow(m_frame, before);
+    Wx::smartPositionWindow(frame, before);
     EXPECT_TRUE(comesTo(workAreaAt(before).min));
 }
 
 TEST_F(MonitorsWindowTest, smartPosition_ofAWindowTooWide_isTheLeftEdge)
 {
-    m_frame->SetSize(3000, 200);
+    frame->SetSize(3000, 200);
     ASSERT_TRUE(Tests::pumpUntil([this] { return region().width() == 3000; }));
-    Wx::smartPositionWindow(m_frame, workArea().min + Pixel{200, 100});
+    Wx::smartPositionWindow(frame, workArea().min + Pixel{200, 100});
     EXPECT_TRUE(comesTo(workArea().min + Pixel{0, 100}));
 }
 
 TEST_F(MonitorsWindowTest, smartPosition_ofAWindowTooHigh_isTheTopEdge)
 {
-    m_frame->SetSize(300, 3000);
+    frame->SetSize(300, 3000);
     ASSERT_TRUE(Tests::pumpUntil([this] { return region().height() == 3000; }));
-    Wx::smartPositionWindow(m_frame, workArea().min + Pixel{200, 100});
+    Wx::smartPositionWindow(frame, workArea().min + Pixel{200, 100});
     EXPECT_TRUE(comesTo(workArea().min + Pixel{200, 0}));
 }
 
 TEST_F(MonitorsWindowTest, windowBeingDestroyed_mayBeAskedAndPositioned)
 {
-    auto* frame = new wxFrame(nullptr, wxID_ANY, "going");
-    frame->Show();
-    Tests::pumpEvents(100);
     Bucket region;
     frame->Bind(wxEVT_DESTROY, [&](wxWindowDestroyEvent& event) {
         event.Skip();

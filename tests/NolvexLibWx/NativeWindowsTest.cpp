@@ -2,12 +2,10 @@
 #include "NolvexLibWx/NativeWindows.h"
 
 #include "NolvexLibWx/GeometryConversions.h"
-#include "support/Events.h"
+#include "support/FrameFixture.h"
 
 #include <wx/button.h>
 #include <wx/dialog.h>
-#include <wx/frame.h>
-#include <wx/panel.h>
 
 #include <gtest/gtest.h>
 
@@ -19,56 +17,36 @@ using Wx::setOwnerFromNativeHandle;
 
 namespace {
 
-class NativeWindowsTest : public testing::Test
+struct NativeWindowsTest : Tests::FrameFixture
 {
-protected:
-    void SetUp() override
-    {
-        m_frame = new wxFrame(nullptr, wxID_ANY, "window", wxPoint(90, 70), wxSize(320, 240));
-        m_other = new wxFrame(nullptr, wxID_ANY, "other");
-        m_panel = new wxPanel(m_frame);
-        m_window = getWindowNativeHandle(m_frame);
-        m_owner = getWindowNativeHandle(m_other);
-    }
-
-    void TearDown() override
+    ~NativeWindowsTest() override
     {
         // The owner is removed, because owners destroy the windows that they own.
-        setOwnerFromNativeHandle(m_window, {});
-        setOwnerFromNativeHandle(m_owner, {});
-        Tests::destroyNow(m_frame);
-        Tests::destroyNow(m_other);
+        setOwnerFromNativeHandle(window, {});
+        setOwnerFromNativeHandle(owner, {});
+        Tests::destroyNow(other);
     }
 
-    void show()
+    void show() const
     {
-        m_panel->Bind(wxEVT_PAINT, [this](wxPaintEvent& event) {
-            m_painted = true;
-            event.Skip();
-        });
-        m_frame->Show();
         // When the panel has been painted, the frame is placed. wxWidgets hears of the frame's size a little
         // later.
-        ASSERT_TRUE(Tests::pumpUntil([this] {
-            return m_painted && getScreenRegion(m_window) == Wx::toBucket(m_frame->GetScreenRect());
-        }));
-        Tests::pumpEvents(50);
+        showFrame();
+        EXPECT_TRUE(Tests::pumpUntil(
+            [this] { return getScreenRegion(window) == Wx::toBucket(frame->GetScreenRect()); }));
     }
 
-    wxFrame* m_frame = nullptr;
-    wxFrame* m_other = nullptr;
-    wxPanel* m_panel = nullptr;
-    bool m_painted = false;
-    WindowHandle m_window;
-    WindowHandle m_owner;
+    wxFrame* other = new wxFrame(nullptr, wxID_ANY, "other");
+    WindowHandle window = getWindowNativeHandle(frame);
+    WindowHandle owner = getWindowNativeHandle(other);
 };
 
 /// Returns the handle of a window that no longer exists.
 WindowHandle staleHandle()
 {
-    auto* frame = new wxFrame(nullptr, wxID_ANY, "gone");
-    const WindowHandle handle = getWindowNativeHandle(frame);
-    Tests::destroyNow(frame);
+    auto* gone = new wxFrame(nullptr, wxID_ANY, "gone");
+    const WindowHandle handle = getWindowNativeHandle(gone);
+    Tests::destroyNow(gone);
     return handle;
 }
 
@@ -76,48 +54,48 @@ WindowHandle staleHandle()
 
 TEST_F(NativeWindowsTest, handle_isTheToolkitsOwn)
 {
-    EXPECT_TRUE(m_window);
-    EXPECT_EQ(m_window.native, static_cast<const void*>(m_frame->GetHandle()));
-    EXPECT_EQ(getWindowNativeHandle(m_panel).native, static_cast<const void*>(m_panel->GetHandle()));
+    EXPECT_TRUE(window);
+    EXPECT_EQ(window.native, static_cast<const void*>(frame->GetHandle()));
+    EXPECT_EQ(getWindowNativeHandle(panel).native, static_cast<const void*>(panel->GetHandle()));
     EXPECT_EQ(getWindowNativeHandle(nullptr), WindowHandle());
 }
 
 TEST_F(NativeWindowsTest, screenRegion_ofATopLevelWindow_hasItsFrame)
 {
     show();
-    EXPECT_EQ(getScreenRegion(m_window), Wx::toBucket(m_frame->GetScreenRect()));
-    EXPECT_GT(getScreenRegion(m_window).height(), m_frame->GetClientSize().y);
+    EXPECT_EQ(getScreenRegion(window), Wx::toBucket(frame->GetScreenRect()));
+    EXPECT_GT(getScreenRegion(window).height(), frame->GetClientSize().y);
 }
 
 TEST_F(NativeWindowsTest, screenRegion_followsTheWindow)
 {
     show();
-    m_frame->SetPosition(wxPoint(200, 150));
-    EXPECT_TRUE(Tests::pumpUntil([this] { return getScreenRegion(m_window).min == Pixel{200, 150}; }));
+    frame->SetPosition(wxPoint(200, 150));
+    EXPECT_TRUE(Tests::pumpUntil([this] { return getScreenRegion(window).min == Pixel{200, 150}; }));
 }
 
 TEST_F(NativeWindowsTest, screenRegion_ofAHiddenWindow_isItsPlaceOfLastTime)
 {
     show();
-    m_frame->Hide();
+    frame->Hide();
     Tests::pumpEvents(50);
-    m_frame->SetPosition(wxPoint(230, 140));
-    EXPECT_EQ(getScreenRegion(m_window).min, (Pixel{230, 140}));
-    EXPECT_GE(getScreenRegion(m_window).width(), m_frame->GetClientSize().x);
-    EXPECT_GE(getScreenRegion(m_window).height(), m_frame->GetClientSize().y);
+    frame->SetPosition(wxPoint(230, 140));
+    EXPECT_EQ(getScreenRegion(window).min, (Pixel{230, 140}));
+    EXPECT_GE(getScreenRegion(window).width(), frame->GetClientSize().x);
+    EXPECT_GE(getScreenRegion(window).height(), frame->GetClientSize().y);
 }
 
 TEST_F(NativeWindowsTest, screenRegion_ofChildren_isTheirOwn)
 {
-    auto* inner = new wxPanel(m_panel, wxID_ANY, wxPoint(20, 30), wxSize(100, 80));
+    auto* inner = new wxPanel(panel, wxID_ANY, wxPoint(20, 30), wxSize(100, 80));
     auto* button = new wxButton(inner, wxID_ANY, "press", wxPoint(5, 7), wxSize(80, 60));
     show();
-    for (const wxWindow* window :
-         {static_cast<wxWindow*>(m_panel), static_cast<wxWindow*>(inner), static_cast<wxWindow*>(button)}) {
-        const Pixel start = Wx::toPixel(window->GetParent()->ClientToScreen(window->GetPosition()));
-        EXPECT_EQ(getScreenRegion(getWindowNativeHandle(window)),
-                  (Bucket{start, start + Wx::toPixel(window->GetSize())}))
-            << window->GetName();
+    for (const wxWindow* child :
+         {static_cast<wxWindow*>(panel), static_cast<wxWindow*>(inner), static_cast<wxWindow*>(button)}) {
+        const Pixel start = Wx::toPixel(child->GetParent()->ClientToScreen(child->GetPosition()));
+        EXPECT_EQ(getScreenRegion(getWindowNativeHandle(child)),
+                  (Bucket{start, start + Wx::toPixel(child->GetSize())}))
+            << child->GetName();
     }
 }
 
@@ -129,16 +107,16 @@ TEST_F(NativeWindowsTest, screenRegion_ofNoWindow_isEmpty)
 
 TEST_F(NativeWindowsTest, screenRegion_beforeTheFirstShow_isEmptyOrWhereItWillBe)
 {
-    for (wxWindow* window : {static_cast<wxWindow*>(m_frame), static_cast<wxWindow*>(m_panel)}) {
-        const Bucket region = getScreenRegion(getWindowNativeHandle(window));
-        EXPECT_TRUE(region == Bucket() || region == Wx::toBucket(window->GetScreenRect()));
+    for (wxWindow* hidden : {static_cast<wxWindow*>(frame), static_cast<wxWindow*>(panel)}) {
+        const Bucket region = getScreenRegion(getWindowNativeHandle(hidden));
+        EXPECT_TRUE(region == Bucket() || region == Wx::toBucket(hidden->GetScreenRect()));
     }
 }
 
 TEST_F(NativeWindowsTest, screenRegion_ofAStaleChildHandle_isEmpty)
 {
     show();
-    auto* child = new wxPanel(m_panel);
+    auto* child = new wxPanel(panel);
     const WindowHandle handle = getWindowNativeHandle(child);
     child->Destroy();
     EXPECT_EQ(getScreenRegion(handle), Bucket());
@@ -146,63 +124,68 @@ TEST_F(NativeWindowsTest, screenRegion_ofAStaleChildHandle_isEmpty)
 
 TEST_F(NativeWindowsTest, owner_isNoneAtFirst)
 {
-    EXPECT_EQ(getOwnerAsNativeHandle(m_window), WindowHandle());
+    EXPECT_EQ(getOwnerAsNativeHandle(window), WindowHandle());
 }
 
 TEST_F(NativeWindowsTest, setOwner_isWhatOwnerReturns)
 {
-    EXPECT_EQ(setOwnerFromNativeHandle(m_window, m_owner), m_window);
-    EXPECT_EQ(getOwnerAsNativeHandle(m_window), m_owner);
-    EXPECT_EQ(getOwnerAsNativeHandle(m_owner), WindowHandle());
-    EXPECT_EQ(m_frame->GetParent(), nullptr) << "the toolkit's parents are another matter";
+    EXPECT_EQ(setOwnerFromNativeHandle(window, owner), window);
+    EXPECT_EQ(getOwnerAsNativeHandle(window), owner);
+    EXPECT_EQ(getOwnerAsNativeHandle(owner), WindowHandle());
+    EXPECT_EQ(frame->GetParent(), nullptr) << "the toolkit's parents are another matter";
 }
 
 TEST_F(NativeWindowsTest, setOwner_worksOnShownWindows)
 {
     show();
-    m_other->Show();
+    bool shown = false;
+    other->Bind(wxEVT_PAINT, [&shown](wxPaintEvent& event) {
+        shown = true;
+        event.Skip();
+    });
+    other->Show();
+    ASSERT_TRUE(Tests::pumpUntil([&shown] { return shown; }));
+    setOwnerFromNativeHandle(window, owner);
     Tests::pumpEvents(50);
-    setOwnerFromNativeHandle(m_window, m_owner);
-    Tests::pumpEvents(50);
-    EXPECT_EQ(getOwnerAsNativeHandle(m_window), m_owner);
+    EXPECT_EQ(getOwnerAsNativeHandle(window), owner);
 }
 
 TEST_F(NativeWindowsTest, setOwner_null_makesUnowned)
 {
-    setOwnerFromNativeHandle(m_window, m_owner);
-    EXPECT_EQ(setOwnerFromNativeHandle(m_window, {}), m_window);
-    EXPECT_EQ(getOwnerAsNativeHandle(m_window), WindowHandle());
+    setOwnerFromNativeHandle(window, owner);
+    EXPECT_EQ(setOwnerFromNativeHandle(window, {}), window);
+    EXPECT_EQ(getOwnerAsNativeHandle(window), WindowHandle());
 }
 
 TEST_F(NativeWindowsTest, setOwner_replacesTheOwner)
 {
     auto* third = new wxFrame(nullptr, wxID_ANY, "third");
-    setOwnerFromNativeHandle(m_window, m_owner);
-    setOwnerFromNativeHandle(m_window, getWindowNativeHandle(third));
-    EXPECT_EQ(getOwnerAsNativeHandle(m_window), getWindowNativeHandle(third));
-    setOwnerFromNativeHandle(m_window, {});
+    setOwnerFromNativeHandle(window, owner);
+    setOwnerFromNativeHandle(window, getWindowNativeHandle(third));
+    EXPECT_EQ(getOwnerAsNativeHandle(window), getWindowNativeHandle(third));
+    setOwnerFromNativeHandle(window, {});
     Tests::destroyNow(third);
 }
 
 TEST_F(NativeWindowsTest, owner_ofADialog_isTheToolkitsParent)
 {
     show(); // the dialog of a hidden window would have no owner
-    auto* dialog = new wxDialog(m_frame, wxID_ANY, "dialog");
-    EXPECT_EQ(getOwnerAsNativeHandle(getWindowNativeHandle(dialog)), m_window);
+    auto* dialog = new wxDialog(frame, wxID_ANY, "dialog");
+    EXPECT_EQ(getOwnerAsNativeHandle(getWindowNativeHandle(dialog)), window);
 }
 
 TEST_F(NativeWindowsTest, setOwner_refusesCircles)
 {
-    setOwnerFromNativeHandle(m_window, m_window);
-    EXPECT_EQ(getOwnerAsNativeHandle(m_window), WindowHandle());
+    setOwnerFromNativeHandle(window, window);
+    EXPECT_EQ(getOwnerAsNativeHandle(window), WindowHandle());
 
     auto* third = new wxFrame(nullptr, wxID_ANY, "third");
     const WindowHandle last = getWindowNativeHandle(third);
-    setOwnerFromNativeHandle(m_window, m_owner);
-    setOwnerFromNativeHandle(last, m_window);
-    EXPECT_EQ(setOwnerFromNativeHandle(m_owner, last), m_owner);
-    EXPECT_EQ(getOwnerAsNativeHandle(m_owner), WindowHandle());
-    EXPECT_EQ(getOwnerAsNativeHandle(last), m_window) << "and nothing else has changed";
+    setOwnerFromNativeHandle(window, owner);
+    setOwnerFromNativeHandle(last, window);
+    EXPECT_EQ(setOwnerFromNativeHandle(owner, last), owner);
+    EXPECT_EQ(getOwnerAsNativeHandle(owner), WindowHandle());
+    EXPECT_EQ(getOwnerAsNativeHandle(last), window) << "and nothing else has changed";
     setOwnerFromNativeHandle(last, {});
     Tests::destroyNow(third);
 }
@@ -212,30 +195,30 @@ TEST_F(NativeWindowsTest, handlesOfNoWindow_haveNoOwnerAndGetNone)
     const WindowHandle stale = staleHandle();
     for (const WindowHandle none : {WindowHandle(), stale}) {
         EXPECT_EQ(getOwnerAsNativeHandle(none), WindowHandle());
-        EXPECT_EQ(setOwnerFromNativeHandle(none, m_owner), none);
+        EXPECT_EQ(setOwnerFromNativeHandle(none, owner), none);
         EXPECT_EQ(getOwnerAsNativeHandle(none), WindowHandle());
     }
 }
 
 TEST_F(NativeWindowsTest, setOwner_thatIsGone_keepsTheOwner)
 {
-    setOwnerFromNativeHandle(m_window, m_owner);
-    EXPECT_EQ(setOwnerFromNativeHandle(m_window, staleHandle()), m_window);
-    EXPECT_EQ(getOwnerAsNativeHandle(m_window), m_owner);
+    setOwnerFromNativeHandle(window, owner);
+    EXPECT_EQ(setOwnerFromNativeHandle(window, staleHandle()), window);
+    EXPECT_EQ(getOwnerAsNativeHandle(window), owner);
 }
 
 TEST_F(NativeWindowsTest, windowBeingDestroyed_mayBeAsked)
 {
-    auto* frame = new wxFrame(nullptr, wxID_ANY, "going");
-    const WindowHandle handle = getWindowNativeHandle(frame);
-    setOwnerFromNativeHandle(handle, m_owner);
+    auto* going = new wxFrame(nullptr, wxID_ANY, "going");
+    const WindowHandle handle = getWindowNativeHandle(going);
+    setOwnerFromNativeHandle(handle, owner);
     bool asked = false;
-    frame->Bind(wxEVT_DESTROY, [&](wxWindowDestroyEvent& event) {
+    going->Bind(wxEVT_DESTROY, [&](wxWindowDestroyEvent& event) {
         [[maybe_unused]] const Bucket region = getScreenRegion(handle);
         setOwnerFromNativeHandle(handle, {});
         asked = getOwnerAsNativeHandle(handle) == WindowHandle();
         event.Skip();
     });
-    frame->Destroy();
+    going->Destroy();
     EXPECT_TRUE(Tests::pumpUntil([&] { return asked; }));
 }

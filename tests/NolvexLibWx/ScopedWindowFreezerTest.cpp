@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/ScopedWindowFreezer.h"
 
-#include "support/Events.h"
-
-#include <wx/frame.h>
-#include <wx/panel.h>
+#include "support/FrameFixture.h"
 
 #include <gtest/gtest.h>
 
@@ -16,10 +13,15 @@ using Wx::ScopedWindowFreezer;
 static_assert(!std::is_copy_constructible_v<ScopedWindowFreezer>);
 static_assert(!std::is_convertible_v<wxWindow*, ScopedWindowFreezer>);
 
-TEST(ScopedWindowFreezerTest, freezesWhileItLives)
+namespace {
+
+struct ScopedWindowFreezerTest : Tests::FrameFixture
+{};
+
+} // namespace
+
+TEST_F(ScopedWindowFreezerTest, freezesWhileItLives)
 {
-    auto* frame = new wxFrame(nullptr, wxID_ANY, "frozen");
-    auto* panel = new wxPanel(frame);
     frame->Show();
     {
         const ScopedWindowFreezer freezer(panel);
@@ -31,13 +33,10 @@ TEST(ScopedWindowFreezerTest, freezesWhileItLives)
         EXPECT_TRUE(panel->IsFrozen()) << "still frozen by the outer one";
     }
     EXPECT_FALSE(panel->IsFrozen());
-    Tests::destroyNow(frame);
 }
 
-TEST(ScopedWindowFreezerTest, windowDestroyedMeanwhile_isLeftAlone)
+TEST_F(ScopedWindowFreezerTest, windowDestroyedMeanwhile_isLeftAlone)
 {
-    auto* frame = new wxFrame(nullptr, wxID_ANY, "frozen");
-    auto* panel = new wxPanel(frame);
     frame->Show();
     {
         const ScopedWindowFreezer freezer(panel);
@@ -45,10 +44,9 @@ TEST(ScopedWindowFreezerTest, windowDestroyedMeanwhile_isLeftAlone)
         EXPECT_TRUE(frame->GetChildren().empty());
     }
     EXPECT_FALSE(frame->IsFrozen());
-    Tests::destroyNow(frame);
 }
 
-TEST(ScopedWindowFreezerTest, ofNoWindow_doesNothing)
+TEST_F(ScopedWindowFreezerTest, ofNoWindow_doesNothing)
 {
     const ScopedWindowFreezer freezer(nullptr);
 }

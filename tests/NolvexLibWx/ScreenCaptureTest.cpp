@@ -25,8 +25,8 @@ using Wx::Detail::composeScreenRegion;
 
 namespace {
 
-constexpr std::int32_t LEAST = std::numeric_limits<std::int32_t>::min();
-constexpr std::int32_t MOST = std::numeric_limits<std::int32_t>::max();
+constexpr std::int32_t MIN_COORDINATE = std::numeric_limits<std::int32_t>::min();
+constexpr std::int32_t MAX_COORDINATE = std::numeric_limits<std::int32_t>::max();
 constexpr Rgb TRANSPARENT_BLACK{};
 
 // Every display of the composed screens shows the place of each pixel as its colour. The fourth byte is
@@ -173,7 +173,8 @@ TEST(ScreenCaptureTest, regionsWithoutPixels_giveTheEmptyImage)
 {
     for (const Bucket region :
          {Bucket{}, Bucket{{5, 5}, {5, 9}}, Bucket{{5, 5}, {9, 5}}, Bucket{{9, 9}, {5, 5}},
-          Bucket{{9, 5}, {5, 9}}, Bucket{{MOST, MOST}, {LEAST, LEAST}}, Bucket{{MOST, 0}, {LEAST, 5}}})
+          Bucket{{9, 5}, {5, 9}}, Bucket{{MAX_COORDINATE, MAX_COORDINATE}, {MIN_COORDINATE, MIN_COORDINATE}},
+          Bucket{{MAX_COORDINATE, 0}, {MIN_COORDINATE, 5}}})
         EXPECT_EQ(getScreenRegionColors(region), BitmapImpl<Rgb>());
 }
 
@@ -181,9 +182,10 @@ TEST(ScreenCaptureTest, regionsTooLarge_giveTheEmptyImage)
 {
     constexpr std::int32_t LIMIT = static_cast<std::int32_t>(Wx::MAX_SCREEN_REGION_PIXELS);
     for (const Bucket region :
-         {Bucket{{LEAST, LEAST}, {MOST, MOST}}, Bucket{{0, 0}, {MOST, MOST}}, Bucket{{0, 0}, {65536, 65536}},
-          Bucket{{LEAST, 0}, {MOST, 1}}, Bucket{{0, 0}, {1, MOST}}, Bucket{{-1, 0}, {LIMIT, 1}},
-          Bucket{{0, 0}, {3, LIMIT / 3 + 1}}})
+         {Bucket{{MIN_COORDINATE, MIN_COORDINATE}, {MAX_COORDINATE, MAX_COORDINATE}},
+          Bucket{{0, 0}, {MAX_COORDINATE, MAX_COORDINATE}}, Bucket{{0, 0}, {65536, 65536}},
+          Bucket{{MIN_COORDINATE, 0}, {MAX_COORDINATE, 1}}, Bucket{{0, 0}, {1, MAX_COORDINATE}},
+          Bucket{{-1, 0}, {LIMIT, 1}}, Bucket{{0, 0}, {3, LIMIT / 3 + 1}}})
         EXPECT_EQ(getScreenRegionColors(region), BitmapImpl<Rgb>());
 }
 
@@ -203,7 +205,8 @@ TEST(ScreenCaptureTest, regionsPartlyOutside_areTransparentThere)
 TEST(ScreenCaptureTest, regionsWhollyOutside_areTransparentBlack)
 {
     for (const Pixel corner :
-         {Pixel{-100000, -100000}, Pixel{100000, 0}, Pixel{MOST - 5, MOST - 4}, Pixel{LEAST, LEAST}}) {
+         {Pixel{-100000, -100000}, Pixel{100000, 0}, Pixel{MAX_COORDINATE - 5, MAX_COORDINATE - 4},
+          Pixel{MIN_COORDINATE, MIN_COORDINATE}}) {
         const Bucket region{corner, corner + Pixel{5, 4}};
         expectPixels(getScreenRegionColors(region), region,
                      [](std::int32_t, std::int32_t) { return TRANSPARENT_BLACK; });

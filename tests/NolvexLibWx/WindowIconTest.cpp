@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/WindowIcon.h"
 
-#include "support/Events.h"
+#include "support/FrameFixture.h"
 #include "support/Screen.h"
 #include "support/TestData.h"
 
 #include <wx/bitmap.h>
-#include <wx/frame.h>
 #include <wx/iconbndl.h>
 #include <wx/image.h>
 
@@ -18,24 +17,17 @@ using namespace Nolvex;
 
 namespace {
 
-class WindowIconTest : public testing::Test
+struct WindowIconTest : Tests::FrameFixture
 {
-protected:
-    void SetUp() override { m_frame = new wxFrame(nullptr, wxID_ANY, "icon"); }
-
-    void TearDown() override { Tests::destroyNow(m_frame); }
-
     wxImage icon() const
     {
         // GetIcon() would search for an icon of the system's size.
-        if (m_frame->GetIcons().IsEmpty())
+        if (frame->GetIcons().IsEmpty())
             return {};
         wxBitmap bitmap;
-        bitmap.CopyFromIcon(m_frame->GetIcons().GetIconByIndex(0));
+        bitmap.CopyFromIcon(frame->GetIcons().GetIconByIndex(0));
         return bitmap.ConvertToImage();
     }
-
-    wxFrame* m_frame = nullptr;
 };
 
 wxImage artwork()
@@ -57,7 +49,7 @@ wxImage twoColours()
 
 TEST_F(WindowIconTest, setIcon_givesTheWindowTheBitmap)
 {
-    Wx::setIcon(m_frame, wxBitmap(twoColours()));
+    Wx::setIcon(frame, wxBitmap(twoColours()));
     const wxImage shown = icon();
     ASSERT_TRUE(shown.IsOk());
     ASSERT_EQ(shown.GetSize(), wxSize(32, 32));
@@ -67,22 +59,22 @@ TEST_F(WindowIconTest, setIcon_givesTheWindowTheBitmap)
 
 TEST_F(WindowIconTest, setIcon_again_replacesTheIcon)
 {
-    Wx::setZephraIcon(m_frame);
-    Wx::setIcon(m_frame, wxBitmap(twoColours()));
-    EXPECT_EQ(m_frame->GetIcons().GetIconCount(), 1u);
+    Wx::setZephraIcon(frame);
+    Wx::setIcon(frame, wxBitmap(twoColours()));
+    EXPECT_EQ(frame->GetIcons().GetIconCount(), 1u);
     EXPECT_EQ(icon().GetSize(), wxSize(32, 32));
 }
 
 TEST_F(WindowIconTest, setIcon_invalidBitmap_leavesNoIcon)
 {
-    Wx::setIcon(m_frame, wxBitmap(twoColours()));
-    Wx::setIcon(m_frame, wxBitmap());
+    Wx::setIcon(frame, wxBitmap(twoColours()));
+    Wx::setIcon(frame, wxBitmap());
     EXPECT_FALSE(icon().IsOk());
 }
 
 TEST_F(WindowIconTest, setZephraIcon_isTheArtwork)
 {
-    Wx::setZephraIcon(m_frame);
+    Wx::setZephraIcon(frame);
     const wxImage shown = icon();
     const wxImage drawn = artwork();
     ASSERT_TRUE(shown.IsOk() && drawn.IsOk());
@@ -100,7 +92,7 @@ TEST_F(WindowIconTest, setZephraIcon_isTheArtwork)
 
 TEST_F(WindowIconTest, setZephraIcon_hasSoftEdges)
 {
-    Wx::setZephraIcon(m_frame);
+    Wx::setZephraIcon(frame);
     const wxImage shown = icon();
     const wxImage drawn = artwork();
     ASSERT_TRUE(shown.IsOk() && drawn.IsOk());

@@ -19,10 +19,10 @@ public:
 
     /// Returns false if the system does not number sockets in this way, or does not allow that many to be
     /// open.
-    bool isEffective() const { return m_isEffective; }
+    bool isEffective() const { return m_effective; }
 
 private:
-    bool m_isEffective = false;
+    bool m_effective = false;
     Array<int> m_descriptors;
 };
 
@@ -35,10 +35,10 @@ public:
     ~ScarceMemory();
 
     /// Returns false if memory cannot be limited.
-    bool isEffective() const { return m_isEffective; }
+    bool isEffective() const { return m_effective; }
 
 private:
-    bool m_isEffective = false;
+    bool m_effective = false;
     unsigned long long m_previous = 0;
 };
 

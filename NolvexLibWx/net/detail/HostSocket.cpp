@@ -13,7 +13,7 @@ namespace {
 
 using Platform::SocketReadiness;
 
-// What one call of wxWidgets is given at most.
+// wxWidgets counts the bytes of one call in 32 bits.
 constexpr std::int64_t MAX_CALL_SIZE = std::numeric_limits<std::int32_t>::max();
 
 } // namespace
@@ -35,14 +35,14 @@ HostSocket::~HostSocket()
     m_socket.SetTimeout(m_hostsTimeout);
 }
 
-std::int64_t HostSocket::receive(void* buffer, std::int64_t count)
+template<class TransferPiece>
+std::int64_t HostSocket::transfer(std::int64_t count, SocketReadiness readiness, Deadline end,
+                                  const TransferPiece& transferPiece)
 {
     const Platform::NonWaitingSocket nonWaiting(m_socket);
-    auto* const bytes = static_cast<std::byte*>(buffer);
-    Deadline end = deadline(wxSOCKET_NOWAIT_READ);
     std::int64_t done = 0;
-    while (done < count && wait(SocketReadiness::READABLE, end)) {
-        const std::int64_t piece = receivePiece(bytes + done, count - done);
+    while (done < count && wait(readiness, end)) {
+        const std::int64_t piece = transferPiece(done);
         done += piece;
         if (piece > 0)
             end.restart();
@@ -52,21 +52,18 @@ std::int64_t HostSocket::receive(void* buffer, std::int64_t count)
     return done;
 }
 
+std::int64_t HostSocket::receive(void* buffer, std::int64_t count)
+{
+    auto* const bytes = static_cast<std::byte*>(buffer);
+    return transfer(count, SocketReadiness::READABLE, deadline(wxSOCKET_NOWAIT_READ),
+                    [&](std::int64_t done) { return receivePiece(bytes + done, count - done); });
+}
+
 std::int64_t HostSocket::send(const void* buffer, std::int64_t count)
 {
-    const Platform::NonWaitingSocket nonWaiting(m_socket);
     const auto* const bytes = static_cast<const std::byte*>(buffer);
-    Deadline end = deadline(wxSOCKET_NOWAIT_WRITE);
-    std::int64_t done = 0;
-    while (done < count && wait(SocketReadiness::WRITABLE, end)) {
-        const std::int64_t piece = sendPiece(bytes + done, count - done);
-        done += piece;
-        if (piece > 0)
-            end.restart();
-        else if (end.hasPassed())
-            break;
-    }
-    return done;
+    return transfer(count, SocketReadiness::WRITABLE, deadline(wxSOCKET_NOWAIT_WRITE),
+                    [&](std::int64_t done) { return sendPiece(bytes + done, count - done); });
 }
 
 bool HostSocket::receiveText(std::string& text, std::size_t maxSize)
@@ -92,7 +89,7 @@ bool HostSocket::receiveText(std::string& text, std::size_t maxSize)
     }
 }
 
-// Looks at the waiting bytes first and takes them then, so that what follows the text stays in the socket.
+// Looks at the waiting bytes before it takes them, so that the bytes behind the text stay in the socket.
 std::int64_t HostSocket::receiveTextPiece(char* buffer, std::size_t size, const Deadline& deadline)
 {
     const std::int64_t waiting = waitingText(buffer, size);
@@ -100,12 +97,13 @@ std::int64_t HostSocket::receiveTextPiece(char* buffer, std::size_t size, const 
         return receivePiece(buffer, waiting);
     if (!wait(SocketReadiness::READABLE, deadline))
         return 0;
-    // A single byte does no harm, and when none comes wxWidgets learns that the connection has ended.
+    // Asking for a single byte takes nothing behind the text. If no byte comes, wxWidgets learns from the
+    // call that the connection has ended.
     const Platform::NonWaitingSocket nonWaiting(m_socket);
     return receivePiece(buffer, std::max<std::int64_t>(waitingText(buffer, size), 1));
 }
 
-// How many of the waiting bytes may be taken: those up to the first zero byte, or all of them.
+// Returns how many of the waiting bytes belong to the text: those up to the first zero byte, or all of them.
 std::int64_t HostSocket::waitingText(char* buffer, std::size_t size) const
 {
     const std::int64_t waiting = Platform::peekSocket(m_socket.GetSocket(), buffer, size);

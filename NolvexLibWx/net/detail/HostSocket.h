@@ -37,6 +37,12 @@ public:
     [[nodiscard]] bool receiveText(std::string& text, std::size_t maxSize);
 
 private:
+    /// Waits and calls `transferPiece(done)`, which returns how many bytes it has moved, until all bytes are
+    /// moved, the peer goes away, or the deadline passes after the last piece. Returns how many were moved.
+    template<class TransferPiece>
+    std::int64_t transfer(std::int64_t count, Platform::SocketReadiness readiness, Deadline end,
+                          const TransferPiece& transferPiece);
+
     Deadline deadline(wxSocketFlags flagAgainstWaiting) const;
     bool wait(Platform::SocketReadiness readiness, const Deadline& deadline) const;
     std::int64_t receiveTextPiece(char* buffer, std::size_t size, const Deadline& deadline);

@@ -30,7 +30,9 @@ void onStateChanged(GtkWidget* widget, GtkStateFlags previous, gpointer data) no
     wxMouseEvent event(enabled ? wxEVT_ENTER_WINDOW : wxEVT_LEAVE_WINDOW);
     event.SetId(window->GetId());
     event.SetEventObject(window);
-    event.SetPosition(window->ScreenToClient(wxGetMousePosition()));
+    const wxMouseState mouse = wxGetMouseState();
+    event.SetState(mouse);
+    event.SetPosition(window->ScreenToClient(mouse.GetPosition()));
     window->HandleWindowEvent(event);
 }
 
@@ -38,8 +40,13 @@ void onStateChanged(GtkWidget* widget, GtkStateFlags previous, gpointer data) no
 
 void Platform::watchHover(wxWindow& window)
 {
+    watchHover(window, window.GetHandle());
+}
+
+void Platform::watchHover(wxWindow& window, GtkWidget* widget)
+{
     // wxWidgets removes the handlers whose data is the window together with the window.
-    g_signal_connect(window.GetHandle(), "state-flags-changed", G_CALLBACK(&onStateChanged), &window);
+    g_signal_connect(widget, "state-flags-changed", G_CALLBACK(&onStateChanged), &window);
 }
 
 } // namespace Nolvex

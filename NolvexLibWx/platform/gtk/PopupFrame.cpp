@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/platform/PopupFrame.h"
 
+#include "NolvexLibWx/detail/HeldShowEvent.h"
+
 #include <gtk/gtk.h>
 
 namespace Nolvex {
@@ -49,24 +51,13 @@ bool Platform::PopupFrame::Show(bool show)
 {
     if (show)
         followTopLevelOfParent();
-    // wxFrame sends wxEVT_SHOW in the middle of Show and goes on to use the window, which a handler may
-    // destroy. The event is held back, and sent when wxFrame is done.
-    m_holdsShowEvent = true;
-    const bool changed = wxFrame::Show(show);
-    m_holdsShowEvent = false;
-    if (changed) {
-        wxShowEvent event(GetId(), show);
-        event.SetEventObject(this);
-        HandleWindowEvent(event);
-    }
-    return changed;
+    return Wx::Detail::showAndHoldEvent(*this, show, m_holdsShowEvent,
+                                        [this](bool shown) { return wxFrame::Show(shown); });
 }
 
 bool Platform::PopupFrame::TryBefore(wxEvent& event)
 {
-    const bool isHeld =
-        m_holdsShowEvent && event.GetEventType() == wxEVT_SHOW && event.GetEventObject() == this;
-    return isHeld || wxFrame::TryBefore(event);
+    return Wx::Detail::isHeldShowEvent(*this, m_holdsShowEvent, event) || wxFrame::TryBefore(event);
 }
 
 // Wayland places a popup relative to another window. The parent may have been moved to another frame since

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/platform/TextInput.h"
 
+#include "NolvexLibWx/platform/gtk/HoverWatch.h"
 #include "NolvexLibWx/platform/gtk/TextWidget.h"
 
 #include <wx/textctrl.h>
@@ -56,8 +57,12 @@ void Platform::prepareCapture(wxTextCtrl& text)
 {
     GtkWidget* const widget = textWidget(text);
     void* const handler = reinterpret_cast<void*>(&onEvent);
-    if (g_signal_handler_find(widget, G_SIGNAL_MATCH_FUNC, 0, 0, nullptr, handler, nullptr) == 0)
-        g_signal_connect(widget, "event", G_CALLBACK(&onEvent), nullptr);
+    if (g_signal_handler_find(widget, G_SIGNAL_MATCH_FUNC, 0, 0, nullptr, handler, nullptr) != 0)
+        return;
+    g_signal_connect(widget, "event", G_CALLBACK(&onEvent), nullptr);
+    // A control that is disabled during a drag does not hear of the release of the button. The event for the
+    // mouse that enters, which the control gets when it is enabled under the mouse, ends the drag.
+    watchHover(text, widget);
 }
 
 // wxWidgets captures the mouse for the widget's outer window (for an entry, the window of its parent) but

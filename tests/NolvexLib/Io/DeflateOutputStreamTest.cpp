@@ -15,13 +15,7 @@ namespace {
 using Tests::compress;
 using Tests::decompress;
 using Tests::documentText;
-
-std::string zeros(std::size_t size)
-{
-    std::string text;
-    text.resize(size);
-    return text;
-}
+using Tests::zeros;
 
 class DeflateSizeTest : public testing::TestWithParam<std::size_t>
 {};

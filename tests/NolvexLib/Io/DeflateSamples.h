@@ -25,6 +25,13 @@ inline std::string documentText(std::size_t size)
     return text;
 }
 
+inline std::string zeros(std::size_t size)
+{
+    std::string text;
+    text.resize(size);
+    return text;
+}
+
 inline Array<std::byte> compress(std::string_view text, int level = Io::DeflateOutputStream::DEFAULT_LEVEL,
                                  Optional<int> restartInterval = {})
 {

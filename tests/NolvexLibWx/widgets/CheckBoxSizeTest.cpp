@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/widgets/CheckBox.h"
-#include "support/Events.h"
-
-#include <wx/frame.h>
+#include "support/FrameFixture.h"
 
 #include <gtest/gtest.h>
 
@@ -15,15 +13,11 @@ using Wx::scaleByDpi;
 
 namespace {
 
-struct CheckBoxSizeTest : testing::Test
+struct CheckBoxSizeTest : Tests::FrameFixture
 {
-    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "size");
-
-    ~CheckBoxSizeTest() override { Tests::destroyNow(frame); }
-
     CheckBox* make(const String& label, const wxSize& size = wxDefaultSize) const
     {
-        return new CheckBox(frame, wxID_ANY, label, wxDefaultPosition, size);
+        return new CheckBox(panel, wxID_ANY, label, wxDefaultPosition, size);
     }
 
     wxSize sizeOf(const String& label, const wxSize& size = wxDefaultSize) const

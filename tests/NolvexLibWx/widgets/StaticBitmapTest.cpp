@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/widgets/StaticBitmap.h"
 
-#include "support/Events.h"
+#include "NolvexLib/Optional.h"
 #include "support/FrameFixture.h"
 #include "support/Screen.h"
 
@@ -15,7 +15,7 @@ namespace {
 
 constexpr RgbBytes PAPER{255, 255, 255};
 
-// No two pixels next to each other have the same colour.
+/// No two pixels next to each other have the same colour.
 RgbBytes patternAt(int x, int y)
 {
     return {static_cast<std::uint8_t>(10 * x), static_cast<std::uint8_t>(10 * y), 77};
@@ -38,15 +38,29 @@ wxBitmap patternBitmap(const wxSize& size)
     return {pattern(size), wxBITMAP_SCREEN_DEPTH, 1.0};
 }
 
-// Expects the pattern in the first pixels and white beyond them.
-void expectPattern(const wxImage& image, const wxSize& size)
+/// Returns the first pixel that shows neither the pattern, inside a rectangle of the size at the corner, nor
+/// white, beside that rectangle. Returns nullopt if there is no such pixel.
+Optional<wxPoint> wrongPixel(const wxImage& image, const wxSize& size)
 {
     for (int y = 0; y < image.GetHeight(); ++y) {
         for (int x = 0; x < image.GetWidth(); ++x) {
             const bool painted = x < size.x && y < size.y;
-            ASSERT_EQ(pixelAt(image, x, y), painted ? patternAt(x, y) : PAPER) << "at " << x << ", " << y;
+            if (pixelAt(image, x, y) != (painted ? patternAt(x, y) : PAPER))
+                return wxPoint(x, y);
         }
     }
+    return {};
+}
+
+/// Waits until the window shows the pattern in a rectangle of the size, and white beside it.
+void expectPattern(wxWindow* window, const wxSize& size)
+{
+    Optional<wxPoint> wrong;
+    EXPECT_TRUE(Tests::pumpUntil([&] {
+        wrong = wrongPixel(Tests::captureClientArea(window), size);
+        return !wrong;
+    })) << "wrong at "
+        << wrong->x << ", " << wrong->y;
 }
 
 struct StaticBitmapTest : Tests::FrameFixture
@@ -58,12 +72,6 @@ struct StaticBitmapTest : Tests::FrameFixture
         window->Move(10, 10);
         showFrame();
         return window;
-    }
-
-    static wxImage shown(StaticBitmap* window)
-    {
-        Tests::pumpEvents(100);
-        return Tests::captureClientArea(window);
     }
 };
 
@@ -80,9 +88,9 @@ TEST_F(StaticBitmapTest, construction_takesTheBitmapsSizeAsItsInitialSize)
 TEST_F(StaticBitmapTest, window_paintsTheBitmapAtItsTopLeftCorner)
 {
     StaticBitmap* window = show(patternBitmap({17, 9}));
-    expectPattern(shown(window), {17, 9});
+    expectPattern(window, {17, 9});
     window->SetSize(20, 20);
-    expectPattern(shown(window), {17, 9});
+    expectPattern(window, {17, 9});
 }
 
 TEST_F(StaticBitmapTest, setBitmap_toALargerOne_keepsTheSizeAndClips)
@@ -90,9 +98,9 @@ TEST_F(StaticBitmapTest, setBitmap_toALargerOne_keepsTheSizeAndClips)
     StaticBitmap* window = show(patternBitmap({6, 5}));
     window->setBitmap(patternBitmap({20, 20}));
     EXPECT_EQ(window->GetSize(), wxSize(6, 5));
-    expectPattern(shown(window), {6, 5});
+    expectPattern(window, {6, 5});
     window->SetSize(12, 12);
-    expectPattern(shown(window), {12, 12});
+    expectPattern(window, {12, 12});
 }
 
 TEST_F(StaticBitmapTest, setBitmap_toASmallerOne_showsTheBackgroundBesideIt)
@@ -100,7 +108,7 @@ TEST_F(StaticBitmapTest, setBitmap_toASmallerOne_showsTheBackgroundBesideIt)
     StaticBitmap* window = show(patternBitmap({12, 12}));
     window->setBitmap(patternBitmap({5, 3}));
     EXPECT_EQ(window->GetSize(), wxSize(12, 12));
-    expectPattern(shown(window), {5, 3});
+    expectPattern(window, {5, 3});
 }
 
 TEST_F(StaticBitmapTest, setBitmap_sharesTheBitmapInsteadOfCopyingItsPixels)
@@ -118,18 +126,18 @@ TEST_F(StaticBitmapTest, maskOfTheBitmap_isNotUsed)
     wxBitmap bitmap = patternBitmap({6, 6});
     bitmap.SetMask(new wxMask(bitmap, wxColour(10, 10, 77)));
     StaticBitmap* window = show(bitmap);
-    expectPattern(shown(window), {6, 6});
+    expectPattern(window, {6, 6});
 }
 
 TEST_F(StaticBitmapTest, withoutAnyBitmap_showsTheBackground)
 {
     StaticBitmap* window = show(wxBitmap());
     window->SetSize(8, 8);
-    expectPattern(shown(window), {0, 0});
+    expectPattern(window, {0, 0});
     window->setBitmap(patternBitmap({3, 3}));
-    expectPattern(shown(window), {3, 3});
+    expectPattern(window, {3, 3});
     window->setBitmap(wxBitmap());
-    expectPattern(shown(window), {0, 0});
+    expectPattern(window, {0, 0});
 }
 
 TEST_F(StaticBitmapTest, keyboard_doesNotReachIt)

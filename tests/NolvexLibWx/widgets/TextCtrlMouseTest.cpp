@@ -353,6 +353,27 @@ TEST_F(TextCtrlMouseTest, disabledWhileSelecting_setsTheMouseFree)
     }
 }
 
+TEST_F(TextCtrlMouseTest, enabledUnderTheMouseAfterADragThatEndedElsewhere_selectsNoMore)
+{
+    show("hello world");
+    for (wxWindow* window : {static_cast<wxWindow*>(text), static_cast<wxWindow*>(panel)}) {
+        moveMouse(pointAt(4));
+        wxUIActionSimulator().MouseDown();
+        ASSERT_TRUE(Tests::pumpUntil([&] { return text->HasCapture(); }));
+        window->Disable();
+        ASSERT_TRUE(Tests::pumpUntil([] { return wxWindow::GetCapture() == nullptr; }));
+        moveMouse({300, 150});
+        wxUIActionSimulator().MouseUp();
+        moveMouse(pointAt(5));
+        window->Enable();
+        Tests::pumpEvents(50);
+        const Range before = selectionOf(text);
+        moveMouse(pointAt(7));
+        moveMouse(pointAt(8));
+        EXPECT_EQ(selectionOf(text), before);
+    }
+}
+
 TEST_F(TextCtrlMouseTest, frameDisabledWhileSelecting_leavesTheOtherControlsTheMouse)
 {
     show("hello world");

@@ -1,20 +1,20 @@
 // SPDX-License-Identifier: MIT
-#include "NolvexLibWx/ColourConversions.h"
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/widgets/CollapsiblePanel.h"
-#include "support/Events.h"
+#include "support/FrameFixture.h"
 #include "support/Screen.h"
 #include "support/TickSkin.h"
 
-#include <wx/dcclient.h>
+#include <wx/button.h>
 #include <wx/dcmemory.h>
-#include <wx/frame.h>
-#include <wx/graphics.h>
-#include <wx/panel.h>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
+#include <cmath>
+#include <cstdlib>
+#include <string>
 #include <type_traits>
 
 using namespace Nolvex;
@@ -53,57 +53,8 @@ wxImage drawn(const wxSize& size, bool expanded, const Wx::GuiSkin& skin = Tests
     return painted(size, [&](wxDC& dc) { Tick::draw(dc, size, expanded, skin); });
 }
 
-// Draws the same tick with wxWidgets alone.
-void drawExpected(wxDC& dc, const wxSize& size, bool expanded)
-{
-    const int w = size.x;
-    const int h = size.y;
-    std::array<wxPoint, 4> points{wxPoint(0, 0), wxPoint(w, 0), wxPoint(w / 2, h), wxPoint(0, 0)};
-    if (!expanded)
-        points = {wxPoint(0, 0), wxPoint(w, h / 2), wxPoint(0, h), wxPoint(0, 0)};
-    if (wxGraphicsContext* context = dc.GetGraphicsContext())
-        context->SetAntialiasMode(wxANTIALIAS_NONE);
-    wxPen pen(Wx::toWxColour(Tests::TICK_OUTLINE));
-    pen.SetJoin(wxJOIN_MITER);
-    pen.SetCap(wxCAP_BUTT);
-    dc.SetPen(pen);
-    dc.SetBrush(Wx::toWxColour(Tests::TICK_FILL));
-    dc.DrawPolygon(4, points.data(), 0, 0, wxWINDING_RULE);
-}
-
-wxImage expectedTick(const wxSize& size, bool expanded)
-{
-    return painted(size, [&](wxDC& dc) { drawExpected(dc, size, expanded); });
-}
-
-// Shows the expected tick on the screen, where slanted lines have other pixels than in a bitmap.
-class ExpectedWindow : public wxWindow
-{
-public:
-    explicit ExpectedWindow(wxWindow* parent) : wxWindow(parent, wxID_ANY)
-    {
-        SetBackgroundColour(*wxWHITE);
-        Bind(wxEVT_PAINT, [this](wxPaintEvent&) {
-            wxPaintDC dc(this);
-            drawExpected(dc, GetClientSize(), m_expanded);
-        });
-    }
-
-    wxImage shown(const wxSize& size, bool expanded)
-    {
-        m_expanded = expanded;
-        SetSize(wxRect(wxPoint(80, 20), size));
-        Refresh();
-        Tests::pumpEvents(100);
-        return Tests::captureClientArea(this);
-    }
-
-private:
-    bool m_expanded = false;
-};
-
-// Returns a line of letters for each row: o for the outline, x for the inside, - for a pixel that is not
-// painted.
+/// Returns a line of letters for each row: o for the outline, x for the inside, - for a pixel that is not
+/// painted, ? for a pixel of another colour.
 std::string rows(const wxImage& image)
 {
     std::string text;
@@ -120,39 +71,121 @@ std::string rows(const wxImage& image)
     return text;
 }
 
-struct TickTest : testing::Test
-{
-    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "tick", wxPoint(100, 100), wxSize(300, 200));
-    wxPanel* panel = new wxPanel(frame);
-    ExpectedWindow* expected = new ExpectedWindow(panel);
+using Triangle = std::array<wxPoint, 3>;
 
-    Tick* shown(const Wx::GuiSkin& skin = Tests::tickSkin())
+/// A tick that is folded open points down, and a folded tick points to the right.
+Triangle triangleOf(const wxSize& size, bool expanded)
+{
+    if (expanded)
+        return {wxPoint(0, 0), wxPoint(size.x, 0), wxPoint(size.x / 2, size.y)};
+    return {wxPoint(0, 0), wxPoint(size.x, size.y / 2), wxPoint(0, size.y)};
+}
+
+/// Returns how far the pixel lies from the edge, measured across the longer direction of the edge, or a large
+/// number for a pixel that lies beside the ends of the edge.
+double distanceFrom(const wxPoint& from, const wxPoint& to, const wxPoint& pixel)
+{
+    constexpr double FAR_AWAY = 1000.0;
+    const wxPoint edge = to - from;
+    const wxPoint offset = pixel - from;
+    const bool isSteep = std::abs(edge.y) > std::abs(edge.x);
+    const double along = isSteep ? double(offset.y) / edge.y : double(offset.x) / edge.x;
+    if (along < 0.0 || along > 1.0)
+        return FAR_AWAY;
+    return std::abs(isSteep ? offset.x - along * edge.x : offset.y - along * edge.y);
+}
+
+double distanceFromOutline(const Triangle& triangle, const wxPoint& pixel)
+{
+    return std::min({distanceFrom(triangle[0], triangle[1], pixel),
+                     distanceFrom(triangle[1], triangle[2], pixel),
+                     distanceFrom(triangle[2], triangle[0], pixel)});
+}
+
+bool isInside(const Triangle& triangle, const wxPoint& pixel)
+{
+    for (std::size_t i = 0; i < triangle.size(); ++i) {
+        const wxPoint edge = triangle[(i + 1) % triangle.size()] - triangle[i];
+        const wxPoint offset = pixel - triangle[i];
+        if (edge.x * offset.y - edge.y * offset.x <= 0)
+            return false;
+    }
+    return true;
+}
+
+/// Returns the letters of rows() that are right for the pixel. Each system has its own choice of pixels
+/// beside a slanted line, and GTK fills the point of the triangle with the colour of the outline in a bitmap.
+std::string lettersAt(const Triangle& triangle, const wxPoint& pixel)
+{
+    const double distance = distanceFromOutline(triangle, pixel);
+    if (distance < 0.5)
+        return "o";
+    if (distance <= 1.0)
+        return "ox-";
+    if (!isInside(triangle, pixel))
+        return "-";
+    return distance < 2.0 ? "ox" : "x";
+}
+
+/// Returns whether each letter of rows() is right for a tick of the size.
+bool areRowsOfTick(const std::string& letters, const wxSize& size, bool expanded)
+{
+    const Triangle triangle = triangleOf(size, expanded);
+    std::size_t index = 0;
+    for (int y = 0; y < size.y; ++y, ++index) {
+        for (int x = 0; x < size.x; ++x, ++index) {
+            if (lettersAt(triangle, {x, y}).find(letters[index]) == std::string::npos)
+                return false;
+        }
+    }
+    return true;
+}
+
+struct TickTest : Tests::FrameFixture
+{
+    // A tick in focus has a mark of dots. The button takes the focus instead.
+    wxButton* button = new wxButton(panel, wxID_ANY, "focus", wxPoint(100, 100));
+
+    TickTest() { panel->SetBackgroundColour(*wxWHITE); }
+
+    Tick* shown(const Wx::GuiSkin& skin = Tests::tickSkin(), const wxPoint& position = {20, 20})
     {
-        panel->SetBackgroundColour(*wxWHITE);
         auto* tick = new Tick(panel, skin);
-        tick->Move(20, 20);
-        frame->Show();
-        frame->Raise();
-        Tests::pumpEvents(200);
+        tick->Move(position);
+        button->SetFocus();
+        showFrame();
         return tick;
     }
 
-    void expectShown(Tick* tick, bool expanded) const
+    static void expectShown(Tick* tick, bool expanded)
     {
-        const std::string wanted = rows(expected->shown(tick->GetClientSize(), expanded));
-        EXPECT_EQ(rows(Tests::captureClientArea(tick)), wanted);
+        std::string letters;
+        EXPECT_TRUE(Tests::pumpUntil([&] {
+            letters = rows(Tests::captureClientArea(tick));
+            return areRowsOfTick(letters, tick->GetClientSize(), expanded);
+        })) << letters;
     }
 
-    ~TickTest() override { Tests::destroyNow(frame); }
+    static void expectRows(Tick* tick, const std::string& expected)
+    {
+        std::string letters;
+        EXPECT_TRUE(Tests::pumpUntil([&] {
+            letters = rows(Tests::captureClientArea(tick));
+            return letters == expected;
+        })) << letters;
+    }
 };
 
 } // namespace
 
 TEST(TickPixelTest, draw_paintsATriangleDownOrRight)
 {
-    for (const wxSize size : {Wx::scaleByDpi(wxSize(9, 9)), wxSize(9, 9), wxSize(10, 7), wxSize(24, 31)}) {
-        for (const bool expanded : {false, true})
-            EXPECT_EQ(rows(drawn(size, expanded)), rows(expectedTick(size, expanded)));
+    for (const wxSize size :
+         {Wx::scaleByDpi(wxSize(9, 9)), wxSize(9, 9), wxSize(10, 7), wxSize(18, 18), wxSize(24, 31)}) {
+        for (const bool expanded : {false, true}) {
+            const std::string letters = rows(drawn(size, expanded));
+            EXPECT_TRUE(areRowsOfTick(letters, size, expanded)) << letters;
+        }
     }
 }
 
@@ -191,33 +224,31 @@ TEST_F(TickTest, windowOfNineByNine_paintsTheseVeryPixels)
     tick->SetMaxSize(wxDefaultSize);
     tick->SetMinSize(wxDefaultSize);
     tick->SetClientSize(wxSize(9, 9));
-    Tests::pumpEvents(100);
-    EXPECT_EQ(rows(Tests::captureClientArea(tick)), "ooooooooo\n"
-                                                    "oxxxxxxxo\n"
-                                                    "-oxxxxxxo\n"
-                                                    "-oxxxxxo-\n"
-                                                    "--oxxxxo-\n"
-                                                    "--oxxxo--\n"
-                                                    "---oxxo--\n"
-                                                    "---oxo---\n"
-                                                    "----oo---\n");
+    expectRows(tick, "ooooooooo\n"
+                     "oxxxxxxxo\n"
+                     "-oxxxxxxo\n"
+                     "-oxxxxxo-\n"
+                     "--oxxxxo-\n"
+                     "--oxxxo--\n"
+                     "---oxxo--\n"
+                     "---oxo---\n"
+                     "----oo---\n");
     tick->setExpanded(false);
-    Tests::pumpEvents(100);
-    EXPECT_EQ(rows(Tests::captureClientArea(tick)), "oo-------\n"
-                                                    "oxoo-----\n"
-                                                    "oxxxoo---\n"
-                                                    "oxxxxxoo-\n"
-                                                    "oxxxxxxxo\n"
-                                                    "oxxxxxxoo\n"
-                                                    "oxxxxoo--\n"
-                                                    "oxxoo----\n"
-                                                    "ooo------\n");
+    expectRows(tick, "oo-------\n"
+                     "oxoo-----\n"
+                     "oxxxoo---\n"
+                     "oxxxxxoo-\n"
+                     "oxxxxxxxo\n"
+                     "oxxxxxxoo\n"
+                     "oxxxxoo--\n"
+                     "oxxoo----\n"
+                     "ooo------\n");
 }
 
 TEST_F(TickTest, windowOfAnotherSkin_hasTheColoursOfTheFirst)
 {
     Tick* first = shown();
-    const std::string before = rows(Tests::captureClientArea(first));
+    expectShown(first, true);
     first->Destroy();
-    EXPECT_EQ(rows(Tests::captureClientArea(shown(otherSkin()))), before);
+    expectShown(shown(otherSkin(), {80, 80}), true);
 }

@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/widgets/TooltipWindow.h"
 
-#include "support/Events.h"
-
-#include <wx/frame.h>
-#include <wx/panel.h>
+#include "support/FrameFixture.h"
 
 #include <gtest/gtest.h>
 
@@ -19,12 +16,9 @@ public:
     explicit Control(wxWindow* parent) : wxPanel(parent), TooltipWindow(this) {}
 };
 
-struct TooltipWindowTest : testing::Test
+struct TooltipWindowTest : Tests::FrameFixture
 {
-    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "tooltip window");
-    Control* control = new Control(frame);
-
-    ~TooltipWindowTest() override { Tests::destroyNow(frame); }
+    Control* control = new Control(panel);
 };
 
 } // namespace

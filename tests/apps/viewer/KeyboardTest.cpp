@@ -52,8 +52,9 @@ struct ViewerKeyboardTest : Tests::ViewerFixture
 {
     int opened = 0;
     int closed = 0;
+    bool isClosing = false;
 
-    // Counts the menus that the user opens and closes.
+    /// Counts the menus that the user opens and closes.
     void watchMenus()
     {
         frame->Bind(wxEVT_MENU_OPEN, [this](wxMenuEvent& event) {
@@ -66,7 +67,7 @@ struct ViewerKeyboardTest : Tests::ViewerFixture
         });
     }
 
-    // Calls the function, which opens a menu, and types the key into the menu.
+    /// Calls the function, which opens a menu, and types the key into the menu.
     void typeIntoMenu(int key, const std::function<void()>& open, int times = 1)
     {
         const int before = opened;
@@ -74,6 +75,21 @@ struct ViewerKeyboardTest : Tests::ViewerFixture
         open();
         ASSERT_TRUE(pumpUntil([&] { return opened > before; }));
         EXPECT_TRUE(pumpUntil([&] { return closed == opened; }));
+    }
+
+    /// Shows the viewer, opens a menu by the function and presses Escape in the menu.
+    void expectEscapeClosesOnlyTheMenu(const std::function<void()>& open)
+    {
+        show(coordinates(60, 40));
+        focus(view);
+        watchMenus();
+        frame->Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent& event) {
+            isClosing = true;
+            event.Veto();
+        });
+        typeIntoMenu(WXK_ESCAPE, open, escapesOutOfMenus());
+        Tests::pumpEvents(200);
+        EXPECT_FALSE(isClosing);
     }
 };
 
@@ -86,37 +102,15 @@ void pressAlt(char mnemonic)
 
 TEST_F(ViewerKeyboardTest, escapeInAMenu_closesTheMenuOnly)
 {
-    show(coordinates(60, 40));
-    focus(view);
-    watchMenus();
-    bool isClosing = false;
-    frame->Bind(wxEVT_CLOSE_WINDOW, [&](wxCloseEvent& event) {
-        isClosing = true;
-        event.Veto();
-    });
-    typeIntoMenu(
-        WXK_ESCAPE, [] { pressAlt('v'); }, escapesOutOfMenus());
-    Tests::pumpEvents(200);
-    EXPECT_FALSE(isClosing);
+    expectEscapeClosesOnlyTheMenu([] { pressAlt('v'); });
     typeKey(WXK_ESCAPE);
     EXPECT_TRUE(pumpUntil([&] { return isClosing; })) << "without a menu";
 }
 
 TEST_F(ViewerKeyboardTest, escapeInAMenuOpenedByTheMouse_closesTheMenuOnly)
 {
-    show(coordinates(60, 40));
-    focus(view);
-    watchMenus();
-    bool isClosing = false;
-    frame->Bind(wxEVT_CLOSE_WINDOW, [&](wxCloseEvent& event) {
-        isClosing = true;
-        event.Veto();
-    });
     // GTK sends the keys of such a menu to the window first. The menu bar lies above the client area.
-    typeIntoMenu(
-        WXK_ESCAPE, [&] { Tests::clickAt(frame, wxPoint(20, -10)); }, escapesOutOfMenus());
-    Tests::pumpEvents(200);
-    EXPECT_FALSE(isClosing);
+    expectEscapeClosesOnlyTheMenu([&] { Tests::clickAt(frame, wxPoint(20, -10)); });
 }
 
 TEST_F(ViewerKeyboardTest, letterInAMenu_runsItsCommand)

@@ -117,8 +117,8 @@ bool Tests::whileClipboardIsTaken(const std::function<bool()>& copy)
     // time.
     outputWhilePumping("echo taken | xclip -selection clipboard -i >/dev/null 2>&1");
     // xclip goes to the background before the X server has heard of its copy.
-    constexpr int MOST_LOOKS = 200;
-    for (int i = 0; i < MOST_LOOKS && !readClipboard("UTF8_STRING").starts_with("taken"); ++i)
+    constexpr int MAX_LOOKS = 200;
+    for (int i = 0; i < MAX_LOOKS && !readClipboard("UTF8_STRING").starts_with("taken"); ++i)
         wxMilliSleep(10);
     GtkWidget* window = gtk_window_new(GTK_WINDOW_POPUP);
     gtk_widget_realize(window);

@@ -39,7 +39,7 @@ ScarceDescriptors::ScarceDescriptors()
         next = dup(STDIN_FILENO);
         if (next >= 0)
             m_descriptors.push_back(next);
-        m_isEffective = next >= FIRST_SCARCE;
+        m_effective = next >= FIRST_SCARCE;
     }
 }
 
@@ -59,13 +59,13 @@ ScarceMemory::ScarceMemory()
     getrlimit(RLIMIT_AS, &limit);
     m_previous = limit.rlim_cur;
     limit.rlim_cur = pages * static_cast<rlim_t>(sysconf(_SC_PAGESIZE)) + LEFT;
-    m_isEffective = pages != 0 && setrlimit(RLIMIT_AS, &limit) == 0;
+    m_effective = pages != 0 && setrlimit(RLIMIT_AS, &limit) == 0;
 #endif
 }
 
 ScarceMemory::~ScarceMemory()
 {
-    if (!m_isEffective)
+    if (!m_effective)
         return;
     rlimit limit = {};
     getrlimit(RLIMIT_AS, &limit);

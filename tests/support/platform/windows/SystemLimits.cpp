@@ -18,9 +18,9 @@ ScarceMemory::~ScarceMemory() = default;
 std::size_t inheritableSockets()
 {
     // Windows gives out handles in multiples of four, starting with the smallest ones.
-    constexpr SOCKET MOST = 65536;
+    constexpr SOCKET MAX_HANDLE = 65536;
     std::size_t count = 0;
-    for (SOCKET handle = 4; handle < MOST; handle += 4) {
+    for (SOCKET handle = 4; handle <= MAX_HANDLE; handle += 4) {
         int type = 0;
         int size = sizeof type;
         DWORD flags = 0;
