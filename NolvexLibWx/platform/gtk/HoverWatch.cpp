@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "NolvexLibWx/platform/gtk/HoverWatch.h"
+#include "NolvexLibWx/platform/HoverWatch.h"
 
 #include <wx/event.h>
+#include <wx/window.h>
 
 #include <gtk/gtk.h>
 
@@ -20,6 +21,7 @@ bool isUnderMouse(GtkWidget* widget)
     return owner == widget;
 }
 
+// wxWidgets drops the crossing events that GTK makes when the sensitivity changes.
 void onStateChanged(GtkWidget* widget, GtkStateFlags previous, gpointer data) noexcept
 {
     const bool enabled = gtk_widget_is_sensitive(widget) != FALSE;
