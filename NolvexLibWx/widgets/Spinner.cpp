@@ -21,8 +21,6 @@ namespace Nolvex {
 
 namespace {
 
-using Look = Wx::Detail::SpinnerArrow::Look;
-
 constexpr const char* SOURCE = "widgets/Spinner";
 constexpr long FIELD_STYLE = wxBORDER_NONE | wxTE_PROCESS_ENTER | wxTE_NO_VSCROLL;
 // These values were found by eye with the fonts of each scale.
@@ -218,6 +216,11 @@ void Wx::Spinner::changeByUser(float value)
         sendEditing(CUSTSPINNER_END_EDITING, false);
 }
 
+const wxBitmap& Wx::Spinner::arrowPicture(bool up, ArrowLook look)
+{
+    return Arrow::picture(up, look);
+}
+
 bool Wx::Spinner::applyValue(float requested, bool notify)
 {
     const wxWeakRef<Spinner> self(this);
@@ -293,7 +296,7 @@ void Wx::Spinner::showBothArrows(bool pressed)
 {
     for (StaticBitmap* window : {m_upArrow.get(), m_downArrow.get()}) {
         if (window != nullptr)
-            static_cast<Arrow*>(window)->show(pressed ? Look::PRESSED : Look::NORMAL);
+            static_cast<Arrow*>(window)->show(pressed ? ArrowLook::PRESSED : ArrowLook::NORMAL);
     }
 }
 
@@ -304,7 +307,7 @@ void Wx::Spinner::onArrowDown(Arrow& arrow, const wxMouseEvent& event)
     arrow.press().begin(Press::Means::MOUSE);
     m_drag->begin(arrow, event.GetPosition());
     m_valueAtPress = value();
-    arrow.show(Look::PRESSED);
+    arrow.show(ArrowLook::PRESSED);
     m_increasing = arrow.isUp();
     m_repeatTimer.Start(FIRST_REPEAT_TIME, wxTIMER_CONTINUOUS);
     sendEditing(CUSTSPINNER_START_EDITING, true);
@@ -378,13 +381,13 @@ void Wx::Spinner::onArrowEntered(Arrow& arrow, const wxMouseEvent& event)
     if (heldArrow() != nullptr)
         return;
     m_drag->hover(event.GetPosition());
-    arrow.show(Look::HOVERED);
+    arrow.show(ArrowLook::HOVERED);
 }
 
 void Wx::Spinner::onArrowLeft(Arrow& arrow)
 {
     if (heldArrow() == nullptr)
-        arrow.show(Look::NORMAL);
+        arrow.show(ArrowLook::NORMAL);
 }
 
 void Wx::Spinner::onValueEvent(wxSpinDoubleEvent& event)

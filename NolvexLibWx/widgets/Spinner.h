@@ -57,6 +57,13 @@ wxDECLARE_EXPORTED_EVENT(NOLVEXLIBWX_EXPORT, CUSTSPINNER_TEXT_FOCUS_LOST, wxFocu
 class NOLVEXLIBWX_EXPORT Spinner : public wxPanel, public Focusable
 {
 public:
+    enum class ArrowLook : int
+    {
+        NORMAL = 0,
+        HOVERED = 1,
+        PRESSED = 2, ///< both arrows look pressed during a drag
+    };
+
     /// `width` is the width of the text field in design units. A `step` that is 0, negative or not finite is
     /// automatic: 0.004 of the value, or 0.004 if the value is smaller than 1.
     Spinner(wxWindow* parent, int id, int width, float minValue, float maxValue, float defaultValue,
@@ -100,6 +107,9 @@ public:
 
     /// Changes the value as the user does, with all events. Does nothing if the value stays the same.
     void changeByUser(float value);
+
+    /// Returns the picture that an arrow shows, in the size for the screen. Meant for pictures and tests.
+    static const wxBitmap& arrowPicture(bool up, ArrowLook look);
 
 protected:
     // Derived spinners may use the parts, any of which may have been destroyed.

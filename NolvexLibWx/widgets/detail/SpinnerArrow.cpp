@@ -18,7 +18,6 @@ namespace Nolvex {
 
 namespace {
 
-using Look = Wx::Detail::SpinnerArrow::Look;
 using Pictures = std::array<wxBitmap, std::size(Resources::SPINNER_ARROWS)>;
 
 void decode(Pictures& pictures)
@@ -27,15 +26,6 @@ void decode(Pictures& pictures)
     for (std::size_t i = 0; i < pictures.size(); ++i)
         pictures[i] = Wx::scaleByDpi(Wx::convertMemoryToBitmap(
             Resources::SPINNER_ARROWS[i], Resources::SPINNER_ARROWS_SIZE, wxBITMAP_TYPE_ANY));
-}
-
-// All spinners share the pictures, which are decoded when the first spinner is made.
-const wxBitmap& picture(bool up, Look look)
-{
-    static Pictures pictures;
-    if (!pictures.front().IsOk())
-        decode(pictures);
-    return pictures[static_cast<std::size_t>(look) * 2 + (up ? 0 : 1)];
 }
 
 } // namespace
@@ -50,9 +40,12 @@ Wx::Detail::SpinnerArrow::SpinnerArrow(wxWindow* spinner, bool up)
 
 Wx::Detail::SpinnerArrow::~SpinnerArrow() = default;
 
-void Wx::Detail::SpinnerArrow::show(Look look)
+const wxBitmap& Wx::Detail::SpinnerArrow::picture(bool up, Look look)
 {
-    setBitmap(picture(m_up, look));
+    static Pictures pictures;
+    if (!pictures.front().IsOk())
+        decode(pictures);
+    return pictures[static_cast<std::size_t>(look) * 2 + (up ? 0 : 1)];
 }
 
 } // namespace Nolvex

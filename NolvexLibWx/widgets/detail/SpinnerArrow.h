@@ -2,6 +2,7 @@
 #pragma once
 
 #include "NolvexLibWx/Press.h"
+#include "NolvexLibWx/widgets/Spinner.h"
 #include "NolvexLibWx/widgets/StaticBitmap.h"
 
 namespace Nolvex::Wx::Detail {
@@ -11,12 +12,7 @@ namespace Nolvex::Wx::Detail {
 class SpinnerArrow : public StaticBitmap
 {
 public:
-    enum class Look : int
-    {
-        NORMAL = 0,
-        HOVERED = 1,
-        PRESSED = 2,
-    };
+    using Look = Spinner::ArrowLook;
 
     SpinnerArrow(wxWindow* spinner, bool up);
     ~SpinnerArrow() override;
@@ -27,7 +23,10 @@ public:
 
     bool isHeld() const { return m_press.isHeld(); }
 
-    void show(Look look);
+    void show(Look look) { setBitmap(picture(m_up, look)); }
+
+    /// All spinners share the pictures, which are decoded when the first spinner is made.
+    static const wxBitmap& picture(bool up, Look look);
 
 private:
     bool m_up;
