@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/widgets/Spinner.h"
 
+#include "NolvexLib/Noncopyable.h"
 #include "NolvexLib/StopException.h"
 #include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/DpiScaling.h"
@@ -12,6 +13,7 @@
 #include "NolvexLibWx/widgets/detail/SpinnerDrag.h"
 #include "NolvexLibWx/widgets/detail/SpinnerValue.h"
 
+#include <wx/app.h>
 #include <wx/sizer.h>
 #include <wx/spinctrl.h>
 
@@ -58,6 +60,22 @@ private:
     Spinner& m_spinner;
 };
 
+/// Exists while an event of the text field is handled.
+class Wx::Spinner::FieldEvent : private Noncopyable
+{
+public:
+    explicit FieldEvent(Spinner* spinner) : m_spinner(spinner) { ++spinner->m_fieldEvents; }
+
+    ~FieldEvent()
+    {
+        if (m_spinner)
+            --m_spinner->m_fieldEvents;
+    }
+
+private:
+    wxWeakRef<Spinner> m_spinner;
+};
+
 Wx::Spinner::Spinner(wxWindow* parent, int id, int width, float minValue, float maxValue, float defaultValue,
                      int precision, float step)
     : wxPanel(parent, id, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxBORDER_NONE),
@@ -81,9 +99,7 @@ Wx::Spinner::Spinner(wxWindow* parent, int id, int width, float minValue, float 
 Wx::Spinner::~Spinner()
 {
     m_repeatTimer.Stop();
-    // Destroying a text field that has the focus makes an event, which must not apply the typed value.
-    if (m_textField)
-        m_textField->Unbind(wxEVT_KILL_FOCUS, &Spinner::onTextFocusLost, this);
+    releaseField();
     // The handlers of the children use members of the spinner.
     DestroyChildren();
 }
@@ -96,6 +112,23 @@ void Wx::Spinner::makeField(int width)
     border->addChild(m_textField);
     m_textField->applySkin(GuiSkin::DEFAULT());
     m_layout->Add(border, 0, wxALIGN_CENTER, 0);
+}
+
+void Wx::Spinner::releaseField()
+{
+    if (!m_textField)
+        return;
+    // Destroying a text field that has the focus makes an event, which must not apply the typed value.
+    m_textField->Unbind(wxEVT_KILL_FOCUS, &Spinner::onTextFocusLost, this);
+    if (m_fieldEvents == 0)
+        return;
+    // After the handlers of a key, wxWidgets and GTK go on using the field that received the key.
+    wxWindow* parent = GetParent();
+    while (parent->IsBeingDeleted() && !parent->IsTopLevel())
+        parent = parent->GetParent();
+    m_textField->Hide();
+    m_textField->Reparent(parent);
+    wxTheApp->ScheduleForDestruction(m_textField);
 }
 
 void Wx::Spinner::makeArrows()
@@ -414,17 +447,20 @@ bool Wx::Spinner::commitText()
 
 void Wx::Spinner::onTextEnter(wxCommandEvent& /*event*/)
 {
+    const FieldEvent scope(this);
     if (commitText() && m_textField)
         m_textField->SetSelection(-1, -1);
 }
 
 void Wx::Spinner::onTextFocusGet(wxFocusEvent& event)
 {
+    const FieldEvent scope(this);
     event.Skip(sendTextFocus(CUSTSPINNER_TEXT_FOCUS_GET));
 }
 
 void Wx::Spinner::onTextFocusLost(wxFocusEvent& event)
 {
+    const FieldEvent scope(this);
     event.Skip(commitText() && sendTextFocus(CUSTSPINNER_TEXT_FOCUS_LOST));
 }
 
@@ -437,6 +473,7 @@ void Wx::Spinner::onTextKeyDown(wxKeyEvent& event)
         event.Skip();
         return;
     }
+    const FieldEvent scope(this);
     // A typed value is applied before the step.
     if (m_textField && m_textField->GetValue() != m_shownText && !commitText())
         return;

@@ -125,8 +125,10 @@ protected:
 private:
     using Arrow = Detail::SpinnerArrow;
     class Account;
+    class FieldEvent;
 
     void makeField(int width);
+    void releaseField();
     void makeArrows();
     void bindArrow(Arrow& arrow);
     void bindField();
@@ -168,6 +170,7 @@ private:
     wxString m_label;
     wxString m_shownText; // differs from the text of the field while the user types
     float m_valueAtPress = 0;
+    int m_fieldEvents = 0; // the number of events of the text field that are being handled
     bool m_changedByMouse = false;
     bool m_increasing = false;
     wxTimer m_repeatTimer;

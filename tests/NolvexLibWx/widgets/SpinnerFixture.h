@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/widgets/Spinner.h"
 #include "support/FrameFixture.h"
 #include "support/Gestures.h"
@@ -8,12 +9,12 @@
 #include <wx/spinctrl.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
-/// A frame for one spinner, and what the spinner reported.
 namespace Nolvex::Tests {
 
-/// A spinner whose parts and clock the test reaches.
+/// Gives tests access to the parts and the clock of a spinner.
 struct OpenSpinner : Wx::Spinner
 {
     using Spinner::downArrow;
@@ -23,43 +24,53 @@ struct OpenSpinner : Wx::Spinner
     using Spinner::upArrow;
 };
 
+using Reports = std::vector<std::string>;
+
+/// A shown frame with a spinner and a list of the events that the parent of the spinner has received.
 struct SpinnerFixture : FrameFixture
 {
+    static constexpr int ID = 21;
+
     wxWeakRef<OpenSpinner> spinner;
-    std::vector<std::string> reports;
+    Reports reports;
 
     SpinnerFixture()
     {
         showFrame();
         panel->Bind(Wx::CUSTSPINNER_START_EDITING,
-                    [this](wxActivateEvent& event) { report("start", event.GetActive()); });
+                    [this](wxActivateEvent& event) { report(event, event.GetActive() ? "start" : "wrong"); });
         panel->Bind(Wx::CUSTSPINNER_END_EDITING,
-                    [this](wxActivateEvent& event) { report("end", !event.GetActive()); });
-        panel->Bind(Wx::CUSTSPINNER_TEXT_FOCUS_GET, [this](wxFocusEvent&) { report("focus", true); });
-        panel->Bind(Wx::CUSTSPINNER_TEXT_FOCUS_LOST, [this](wxFocusEvent&) { report("blur", true); });
+                    [this](wxActivateEvent& event) { report(event, event.GetActive() ? "wrong" : "end"); });
+        panel->Bind(Wx::CUSTSPINNER_TEXT_FOCUS_GET, [this](wxFocusEvent& event) { report(event, "focus"); });
+        panel->Bind(Wx::CUSTSPINNER_TEXT_FOCUS_LOST, [this](wxFocusEvent& event) { report(event, "blur"); });
         panel->Bind(wxEVT_SPINCTRLDOUBLE, [this](wxSpinDoubleEvent& event) {
-            reports.push_back("value " + std::to_string(event.GetValue()));
+            report(event, "value " + std::to_string(event.GetValue()));
         });
     }
 
-    OpenSpinner* make(float minValue = 0, float maxValue = 10, float defaultValue = 1, int precision = 2,
-                      float step = 1)
+    template<class Spinner = OpenSpinner>
+    Spinner* make(float minValue = 0, float maxValue = 10, float defaultValue = 1, int precision = 2,
+                  float step = 1)
     {
-        spinner = new OpenSpinner(panel, 21, 60, minValue, maxValue, defaultValue, precision, step);
-        spinner->SetPosition(wxPoint(40, 60));
-        pumpUntil([this] { return spinner->IsShownOnScreen(); });
-        return spinner;
+        auto* made = new Spinner(panel, ID, 60, minValue, maxValue, defaultValue, precision, step);
+        made->SetPosition(wxPoint(40, 60));
+        spinner = made;
+        return made;
     }
 
     std::string text() const { return std::string(spinner->textField()->GetValue().utf8_str()); }
 
+    void focus() const
+    {
+        spinner->SetFocus();
+        ASSERT_TRUE(pumpUntil([this] { return spinner->textField()->HasFocus(); }));
+    }
+
     void typeText(const wxString& typed) const { spinner->textField()->ChangeValue(typed); }
 
-    void pressEnter() const { sendCommand(wxEVT_TEXT_ENTER); }
-
-    void sendCommand(wxEventType type) const
+    void pressEnter() const
     {
-        wxCommandEvent event(type, spinner->textField()->GetId());
+        wxCommandEvent event(wxEVT_TEXT_ENTER, spinner->textField()->GetId());
         event.SetEventObject(spinner->textField());
         spinner->textField()->GetEventHandler()->ProcessEvent(event);
     }
@@ -79,18 +90,27 @@ struct SpinnerFixture : FrameFixture
         sendMouse(arrow, wxEVT_LEFT_UP);
     }
 
+    /// Lets the time of the timer pass.
     void tick() const
     {
         wxTimerEvent event(spinner->repeatTimer());
         spinner->GetEventHandler()->ProcessEvent(event);
     }
 
-    std::vector<std::string> takeReports() { return std::exchange(reports, {}); }
+    Reports takeReports() { return std::exchange(reports, {}); }
+
+    bool comesTo(const Reports& expected)
+    {
+        return pumpUntil([&] { return reports == expected; });
+    }
 
 private:
-    void report(const char* what, bool expected) { reports.emplace_back(expected ? what : "wrong state"); }
+    void report(const wxEvent& event, const std::string& what)
+    {
+        EXPECT_EQ(event.GetId(), +ID);
+        EXPECT_EQ(event.GetEventObject(), spinner.get());
+        reports.push_back(what);
+    }
 };
-
-using Reports = std::vector<std::string>;
 
 } // namespace Nolvex::Tests

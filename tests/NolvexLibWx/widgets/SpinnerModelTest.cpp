@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The spinner against a second, naive implementation of its arithmetic, on generated cases.
+// Compares the spinner with a second, naive implementation of its arithmetic in generated cases.
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/widgets/TextControl.h"
 #include "SpinnerFixture.h"

@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/widgets/Spinner.h"
 
-#include "NolvexLib/DecimalPoint.h"
 #include "NolvexLib/StopException.h"
-#include "NolvexLibWx/DpiScaling.h"
-#include "NolvexLibWx/widgets/StaticBitmap.h"
-#include "NolvexLibWx/widgets/TextControl.h"
+#include "NolvexLibWx/MoveFocus.h"
 #include "SpinnerFixture.h"
 
+#include <wx/button.h>
+
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <memory>
 
 using namespace Nolvex;
 using namespace Nolvex::Tests;
@@ -122,11 +123,12 @@ TEST_F(SpinnerTest, precisionBeyondNineDigits_isShown_andSteppedByTheNinth)
     EXPECT_LT(text().size(), 200u);
 }
 
-TEST_F(SpinnerTest, negativePrecision_stepsByOne)
+TEST_F(SpinnerTest, negativePrecision_countsAsZero)
 {
-    make(0, 10, 1, -3, 0.25f);
+    make(0, 10, 1.4f, -3, 0.25f);
+    EXPECT_EQ(text(), "1");
     click(spinner->upArrow());
-    EXPECT_EQ(spinner->value(), 2.0f);
+    EXPECT_EQ(text(), "2");
 }
 
 TEST_F(SpinnerTest, hugeStep_reachesTheBound)
@@ -150,10 +152,10 @@ TEST_F(SpinnerTest, precisionSource_isAskedAtEveryFormatting)
     make(0, 10, 1, 0);
     int digits = 3;
     spinner->setPrecision([&digits] { return digits; }, false);
-    spinner->setValue(1.2345f, false);
+    spinner->setValue(1.2344f, false);
     EXPECT_EQ(text(), "1.234");
     digits = 1;
-    spinner->setValue(1.2345f, false);
+    spinner->setValue(1.2344f, false);
     EXPECT_EQ(text(), "1.2");
     spinner->setPrecision(0, false);
 }
@@ -207,156 +209,16 @@ TEST_F(SpinnerTest, clickSpeedOverride_countsForClicksAndRepetitions_notForDrags
     spinner->setClickSpeedOverride([]() -> Optional<float> { return 5.0f; });
     click(spinner->upArrow());
     EXPECT_EQ(spinner->value(), 15.0f);
+    sendMouse(spinner->upArrow(), wxEVT_MOTION, 4);
     sendMouse(spinner->upArrow(), wxEVT_LEFT_DOWN, 4);
     tick();
     EXPECT_EQ(spinner->value(), 20.0f);
-    sendMouse(spinner->upArrow(), wxEVT_MOTION, 4);
-    takeReports();
     sendMouse(spinner->upArrow(), wxEVT_MOTION, 4 - Wx::scaleByDpi(1));
+    EXPECT_EQ(spinner->value(), 21.0f);
     sendMouse(spinner->upArrow(), wxEVT_LEFT_UP, 3);
-    EXPECT_EQ(text().substr(0, 1), "2");
     spinner->setClickSpeedOverride([]() -> Optional<float> { return {}; });
-    spinner->setValue(30, false);
     click(spinner->upArrow());
-    EXPECT_EQ(spinner->value(), 31.0f);
-}
-
-TEST_F(SpinnerTest, click_startsStepsOnceAndEnds)
-{
-    make();
-    click(spinner->upArrow());
-    EXPECT_EQ(takeReports(), (Reports{"start", "value 2.000000", "end"}));
-    EXPECT_FALSE(spinner->repeatTimer().IsRunning());
-}
-
-TEST_F(SpinnerTest, holding_stepsAfter200Milliseconds_thenEvery50)
-{
-    make();
-    sendMouse(spinner->upArrow(), wxEVT_LEFT_DOWN);
-    EXPECT_TRUE(spinner->repeatTimer().IsRunning());
-    EXPECT_EQ(spinner->repeatTimer().GetInterval(), 200);
-    EXPECT_EQ(takeReports(), Reports{"start"});
-    tick();
-    EXPECT_TRUE(spinner->repeatTimer().IsRunning());
-    EXPECT_FALSE(spinner->repeatTimer().IsOneShot());
-    EXPECT_EQ(spinner->repeatTimer().GetInterval(), 50);
-    EXPECT_EQ(takeReports(), Reports{"value 2.000000"});
-    tick();
-    EXPECT_EQ(spinner->repeatTimer().GetInterval(), 50);
-    EXPECT_EQ(takeReports(), Reports{"value 3.000000"});
-    // The release steps once more.
-    sendMouse(spinner->upArrow(), wxEVT_LEFT_UP);
-    EXPECT_EQ(takeReports(), (Reports{"value 4.000000", "end"}));
-}
-
-TEST_F(SpinnerTest, draggingUp_raisesByTheStepAUnit)
-{
-    make(0, 100, 50, 0, 1);
-    sendMouse(spinner->upArrow(), wxEVT_MOTION, 4);
-    sendMouse(spinner->upArrow(), wxEVT_LEFT_DOWN, 4);
-    sendMouse(spinner->upArrow(), wxEVT_MOTION, 4 - Wx::scaleByDpi(10));
-    EXPECT_EQ(spinner->value(), 60.0f);
-    EXPECT_FALSE(spinner->repeatTimer().IsRunning());
-    sendMouse(spinner->upArrow(), wxEVT_MOTION, 4 + Wx::scaleByDpi(5));
-    EXPECT_EQ(spinner->value(), 45.0f);
-    // The release of a drag is no step.
-    sendMouse(spinner->upArrow(), wxEVT_LEFT_UP, 4);
-    EXPECT_EQ(takeReports(), (Reports{"start", "value 60.000000", "value 45.000000", "end"}));
-}
-
-TEST_F(SpinnerTest, motionWithoutAPress_changesNothing)
-{
-    make();
-    sendMouse(spinner->upArrow(), wxEVT_MOTION, 4);
-    sendMouse(spinner->upArrow(), wxEVT_MOTION, 1);
-    EXPECT_EQ(takeReports(), Reports{});
-}
-
-TEST_F(SpinnerTest, motionThatStaysInPlace_isNoDrag)
-{
-    make();
-    sendMouse(spinner->upArrow(), wxEVT_LEFT_DOWN, 4);
-    sendMouse(spinner->upArrow(), wxEVT_MOTION, 4);
-    EXPECT_TRUE(spinner->repeatTimer().IsRunning());
-    sendMouse(spinner->upArrow(), wxEVT_LEFT_UP, 4);
-    EXPECT_EQ(takeReports(), (Reports{"start", "value 2.000000", "end"}));
-}
-
-TEST_F(SpinnerTest, rightClick_restoresTheDefault)
-{
-    make(0, 10, 4);
-    spinner->setValue(9, false);
-    sendMouse(spinner->downArrow(), wxEVT_RIGHT_UP);
-    EXPECT_EQ(takeReports(), Reports{"value 4.000000"});
-}
-
-TEST_F(SpinnerTest, rightClickInADrag_restoresTheValueAtThePress_andEndsIt)
-{
-    make(0, 100, 4, 0);
-    spinner->setValue(50, false);
-    sendMouse(spinner->upArrow(), wxEVT_MOTION, 4);
-    sendMouse(spinner->upArrow(), wxEVT_LEFT_DOWN, 4);
-    sendMouse(spinner->upArrow(), wxEVT_MOTION, 4 - Wx::scaleByDpi(3));
-    takeReports();
-    sendMouse(spinner->upArrow(), wxEVT_RIGHT_UP, 4);
-    EXPECT_EQ(takeReports(), (Reports{"value 50.000000", "end"}));
-    EXPECT_EQ(wxWindow::GetCapture(), nullptr);
-}
-
-TEST_F(SpinnerTest, captureLost_endsTheInteractionWithoutAStep)
-{
-    make();
-    sendMouse(spinner->upArrow(), wxEVT_LEFT_DOWN);
-    takeReports();
-    wxMouseCaptureLostEvent lost;
-    lost.SetEventObject(spinner->upArrow());
-    spinner->upArrow()->GetEventHandler()->ProcessEvent(lost);
-    EXPECT_EQ(takeReports(), Reports{"end"});
-    EXPECT_FALSE(spinner->repeatTimer().IsRunning());
-    EXPECT_EQ(wxWindow::GetCapture(), nullptr);
-}
-
-TEST_F(SpinnerTest, commaAndPoint_areBothRead)
-{
-    make();
-    for (const char* typed : {"2,5", "2.5"}) {
-        spinner->setValue(1, false);
-        typeText(typed);
-        pressEnter();
-        EXPECT_EQ(spinner->value(), 2.5f) << typed;
-    }
-}
-
-TEST_F(SpinnerTest, typedValue_isBracketedByItsEditing)
-{
-    make();
-    typeText("4");
-    pressEnter();
-    EXPECT_EQ(takeReports(), (Reports{"start", "value 4.000000", "end"}));
-    EXPECT_EQ(text(), "4.0");
-}
-
-TEST_F(SpinnerTest, typedValueThatIsTheSame_isOnlyReformatted)
-{
-    make(0, 10, 4);
-    typeText("4");
-    pressEnter();
-    EXPECT_EQ(takeReports(), Reports{});
-    EXPECT_EQ(text(), "4.0");
-}
-
-TEST_F(SpinnerTest, textThatIsNoNumber_isReplacedByTheValue)
-{
-    make(0, 10, 4);
-    for (const char* typed : {"", "abc", "-", ".", "1e99", "nan", "inf"}) {
-        typeText(typed);
-        pressEnter();
-        EXPECT_EQ(text(), "4.0") << typed;
-        EXPECT_EQ(takeReports(), Reports{}) << typed;
-    }
-    typeText("7abc");
-    pressEnter();
-    EXPECT_EQ(spinner->value(), 7.0f);
+    EXPECT_EQ(spinner->value(), 22.0f);
 }
 
 TEST_F(SpinnerTest, setText_isShownUntilTheValueIsSet)
@@ -393,52 +255,61 @@ TEST_F(SpinnerTest, valueSetInItsOwnCallback_stays)
     EXPECT_EQ(text(), "40");
 }
 
-TEST_F(SpinnerTest, setFocus_goesToTheTextAndSelectsIt)
+TEST_F(SpinnerTest, stepThatIsNotFinite_isAutomatic)
 {
-    make();
-    spinner->SetFocus();
-    EXPECT_TRUE(pumpUntil([this] { return spinner->textField()->HasFocus(); }));
-    long from = -1;
-    long to = -1;
-    spinner->textField()->GetSelection(&from, &to);
-    EXPECT_EQ(from, 0);
-    EXPECT_EQ(to, 4);
-    EXPECT_EQ(takeReports(), Reports{"focus"});
+    for (const float step : {NOT_A_NUMBER, INFINITE, -INFINITE, -1.0f, 0.0f}) {
+        make(0, 1000, 500, 2, step);
+        click(spinner->upArrow());
+        EXPECT_EQ(spinner->value(), 502.0f) << step;
+        spinner->Destroy();
+    }
 }
 
-TEST_F(SpinnerTest, losingTheFocus_appliesTheTextBeforeItIsReported)
+TEST_F(SpinnerTest, clickSpeedThatIsNoUsefulNumber_movesByTheUnit)
 {
-    make();
-    auto* other = new wxTextCtrl(panel, wxID_ANY, "", wxPoint(200, 60));
-    spinner->SetFocus();
-    ASSERT_TRUE(pumpUntil([this] { return spinner->textField()->HasFocus(); }));
-    takeReports();
-    typeText("8");
-    other->SetFocus();
-    ASSERT_TRUE(pumpUntil([this] { return !reports.empty() && reports.back() == "blur"; }));
-    EXPECT_EQ(takeReports(), (Reports{"start", "value 8.000000", "end", "blur"}));
+    for (const float speed : {NOT_A_NUMBER, -3.0f, 0.0f, 1e-9f}) {
+        make(0, 10, 1, 1, 1);
+        spinner->setClickSpeedOverride([speed]() -> Optional<float> { return speed; });
+        click(spinner->upArrow());
+        EXPECT_EQ(text(), "1.1") << speed;
+        spinner->Destroy();
+    }
 }
 
-TEST_F(SpinnerTest, cursorKeys_stepAndPage)
+TEST_F(SpinnerTest, configure_keepsTheRemainderWithinTheBounds)
 {
-    make(0, 100, 50, 0, 2);
-    spinner->SetFocus();
-    ASSERT_TRUE(pumpUntil([this] { return spinner->textField()->HasFocus(); }));
-    takeReports();
-    typeKey(WXK_UP);
-    EXPECT_EQ(takeReports(), (Reports{"start", "value 52.000000", "end"}));
-    typeKey(WXK_PAGEDOWN);
-    EXPECT_EQ(takeReports(), (Reports{"start", "value 32.000000", "end"}));
-    typeKey(WXK_DOWN);
-    typeKey(WXK_PAGEUP);
-    EXPECT_EQ(spinner->value(), 50.0f);
-    EXPECT_TRUE(spinner->textField()->HasFocus());
+    make(0, 10, 0, 0, 1.25f);
+    click(spinner->upArrow());
+    EXPECT_EQ(text(), "1");
+    spinner->configure(0, 10, 0, 2, 1.25f, true);
+    EXPECT_EQ(text(), "1.25");
+}
+
+TEST_F(SpinnerTest, callOnValueChange_replacesAndReleasesTheFormerFunction)
+{
+    make();
+    const auto held = std::make_shared<int>(0);
+    spinner->callOnValueChange([held](float) { ++*held; });
+    EXPECT_EQ(held.use_count(), 2);
+    spinner->setValue(2, true);
+    spinner->callOnValueChange({});
+    EXPECT_EQ(held.use_count(), 1);
+    spinner->setValue(3, true);
+    EXPECT_EQ(*held, 1);
+}
+
+TEST_F(SpinnerTest, setTooltip_isTheTooltipOfTheField)
+{
+    make();
+    spinner->setTooltip(L"The exposure in stops");
+    ASSERT_NE(spinner->textField()->tooltip(), nullptr);
 }
 
 TEST_F(SpinnerTest, fieldAndArrows_haveTheirSizes)
 {
     make();
-    const int field = Wx::scaleByDpi(1) == 1 ? 14 : (Wx::scaleByDpi(1) == 2 ? 16 : 20);
+    const int scale = std::min(Wx::scaleByDpi(1), 3);
+    const int field = scale == 1 ? 14 : (scale == 2 ? 16 : 20);
     EXPECT_EQ(spinner->textField()->GetSize(), Wx::scaleByDpi(wxSize(60, field)));
     const wxSize arrow = wxSize(11, 9) * Wx::scaleByDpi(1);
     EXPECT_EQ(spinner->upArrow()->GetSize(), arrow);
@@ -446,29 +317,16 @@ TEST_F(SpinnerTest, fieldAndArrows_haveTheirSizes)
     EXPECT_EQ(spinner->upArrow()->GetPosition().x, spinner->downArrow()->GetPosition().x);
 }
 
-TEST_F(SpinnerTest, arrows_areShared_andChangeWithHoverAndPress)
+TEST_F(SpinnerTest, focusMovesToTheText_andFromItToTheNextControl)
 {
     make();
     auto* second = new OpenSpinner(panel, 22, 60, 0, 1, 0, 1, 1);
-    EXPECT_TRUE(second->upArrow()->bitmap().IsSameAs(spinner->upArrow()->bitmap()));
-    const wxBitmap normal = spinner->upArrow()->bitmap();
-    const wxBitmap normalDown = spinner->downArrow()->bitmap();
-    EXPECT_FALSE(normal.IsSameAs(normalDown));
-    sendMouse(spinner->upArrow(), wxEVT_ENTER_WINDOW);
-    const wxBitmap hovered = spinner->upArrow()->bitmap();
-    EXPECT_FALSE(hovered.IsSameAs(normal));
-    sendMouse(spinner->upArrow(), wxEVT_LEFT_DOWN);
-    const wxBitmap pressed = spinner->upArrow()->bitmap();
-    EXPECT_FALSE(pressed.IsSameAs(hovered));
-    EXPECT_TRUE(spinner->downArrow()->bitmap().IsSameAs(normalDown));
-    // A drag presses both, and nothing hovers meanwhile.
-    sendMouse(spinner->upArrow(), wxEVT_MOTION, 2);
-    EXPECT_FALSE(spinner->downArrow()->bitmap().IsSameAs(normalDown));
-    sendMouse(spinner->upArrow(), wxEVT_LEAVE_WINDOW);
-    EXPECT_TRUE(spinner->upArrow()->bitmap().IsSameAs(pressed));
-    sendMouse(spinner->upArrow(), wxEVT_LEFT_UP);
-    EXPECT_TRUE(spinner->upArrow()->bitmap().IsSameAs(normal));
-    EXPECT_TRUE(spinner->downArrow()->bitmap().IsSameAs(normalDown));
+    auto* before = new wxButton(panel, wxID_ANY, "before", wxPoint(200, 60));
+    before->SetFocus();
+    Wx::moveFocus(second, Wx::MoveFocusDirection::FORWARD);
+    EXPECT_TRUE(pumpUntil([this] { return spinner->textField()->HasFocus(); }));
+    typeKey(WXK_TAB, wxMOD_CONTROL);
+    EXPECT_TRUE(pumpUntil([before] { return before->HasFocus(); }));
 }
 
 TEST_F(SpinnerTest, childrenThatWereDestroyed_areMissedByNothing)
@@ -480,6 +338,7 @@ TEST_F(SpinnerTest, childrenThatWereDestroyed_areMissedByNothing)
     spinner->setValue(3, true);
     spinner->setText(L"text");
     spinner->setTooltip(L"tooltip");
+    spinner->SetLabel(L"label");
     spinner->SetFocus();
     spinner->configure(0, 1, 0, 1, 1, true);
     EXPECT_EQ(spinner->value(), 1.0f);
