@@ -1,19 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/widgets/Spinner.h"
 
-#include "NolvexLib/Noncopyable.h"
 #include "NolvexLib/StopException.h"
 #include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/MoveFocus.h"
 #include "NolvexLibWx/StringConversions.h"
-#include "NolvexLibWx/paint/PerScale.h"
 #include "NolvexLibWx/widgets/OskaBorder.h"
-#include "NolvexLibWx/widgets/detail/SpinnerArrow.h"
+#include "NolvexLibWx/widgets/detail/SpinnerArrows.h"
 #include "NolvexLibWx/widgets/detail/SpinnerDrag.h"
+#include "NolvexLibWx/widgets/detail/SpinnerField.h"
 #include "NolvexLibWx/widgets/detail/SpinnerValue.h"
 
-#include <wx/app.h>
 #include <wx/sizer.h>
 #include <wx/spinctrl.h>
 
@@ -24,9 +22,6 @@ namespace Nolvex {
 namespace {
 
 constexpr const char* SOURCE = "widgets/Spinner";
-constexpr long FIELD_STYLE = wxBORDER_NONE | wxTE_PROCESS_ENTER | wxTE_NO_VSCROLL;
-// These values were found by eye with the fonts of each scale.
-constexpr PerScale<int> FIELD_HEIGHT{14, 16, 20};
 constexpr int FIRST_REPEAT_TIME = 200; // milliseconds
 constexpr int REPEAT_TIME = 50;
 constexpr int PAGE_STEPS = 10;
@@ -51,7 +46,8 @@ public:
     {
         const Detail::SpinnerValue& number = *m_spinner.m_number;
         return AccessibleValue{number.value(), number.minValue(), number.maxValue(),
-                               number.clickAmount(number.stepAmount()), toString(m_spinner.m_shownText)};
+                               number.clickAmount(number.stepAmount()),
+                               toString(m_spinner.m_field->shownValue())};
     }
 
     void setValue(double value) override { m_spinner.changeByUser(static_cast<float>(value)); }
@@ -60,33 +56,23 @@ private:
     Spinner& m_spinner;
 };
 
-/// Exists while an event of the text field is handled.
-class Wx::Spinner::FieldEvent : private Noncopyable
-{
-public:
-    explicit FieldEvent(Spinner* spinner) : m_spinner(spinner) { ++spinner->m_fieldEvents; }
-
-    ~FieldEvent()
-    {
-        if (m_spinner)
-            --m_spinner->m_fieldEvents;
-    }
-
-private:
-    wxWeakRef<Spinner> m_spinner;
-};
-
 Wx::Spinner::Spinner(wxWindow* parent, int id, int width, float minValue, float maxValue, float defaultValue,
                      int precision, float step)
     : wxPanel(parent, id, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxBORDER_NONE),
       m_layout(new wxBoxSizer(wxHORIZONTAL)),
+      m_field(std::make_unique<Detail::SpinnerField>()),
+      m_arrows(std::make_unique<Detail::SpinnerArrows>()),
       m_number(std::make_unique<Detail::SpinnerValue>()),
       m_drag(std::make_unique<Detail::SpinnerDrag>())
 {
-    makeField(width);
-    makeArrows();
+    auto* const border = new OskaBorder(this);
+    border->addChild(m_field->make(border, width));
+    m_layout->Add(border, 0, wxALIGN_CENTER, 0);
+    m_layout->Add(m_arrows->make(this), 0, 0, 0);
     SetSizerAndFit(m_layout);
-    bindField();
+    bindArrow(*m_arrows->up());
+    bindArrow(*m_arrows->down());
+    bindField(*m_field->control());
     Bind(wxEVT_TIMER, &Spinner::onRepeat, this);
     Bind(wxEVT_SPINCTRLDOUBLE, &Spinner::onValueEvent, this);
     configure(minValue, maxValue, defaultValue, precision, step, true);
@@ -99,48 +85,12 @@ Wx::Spinner::Spinner(wxWindow* parent, int id, int width, float minValue, float 
 Wx::Spinner::~Spinner()
 {
     m_repeatTimer.Stop();
-    releaseField();
+    // Destroying a text field that has the focus makes an event, which must not apply the typed value.
+    if (TextControl* const field = textField())
+        field->Unbind(wxEVT_KILL_FOCUS, &Spinner::onTextFocusLost, this);
+    m_field->release(GetParent());
     // The handlers of the children use members of the spinner.
     DestroyChildren();
-}
-
-void Wx::Spinner::makeField(int width)
-{
-    auto* border = new OskaBorder(this);
-    m_textField = new TextControl(border, wxID_ANY, String(), FIELD_STYLE, {},
-                                  wxSize(width, atScreenScale(FIELD_HEIGHT)));
-    border->addChild(m_textField);
-    m_textField->applySkin(GuiSkin::DEFAULT());
-    m_layout->Add(border, 0, wxALIGN_CENTER, 0);
-}
-
-void Wx::Spinner::releaseField()
-{
-    if (!m_textField)
-        return;
-    // Destroying a text field that has the focus makes an event, which must not apply the typed value.
-    m_textField->Unbind(wxEVT_KILL_FOCUS, &Spinner::onTextFocusLost, this);
-    if (m_fieldEvents == 0)
-        return;
-    // After the handlers of a key, wxWidgets and GTK go on using the field that received the key.
-    wxWindow* parent = GetParent();
-    while (parent->IsBeingDeleted() && !parent->IsTopLevel())
-        parent = parent->GetParent();
-    m_textField->Hide();
-    m_textField->Reparent(parent);
-    wxTheApp->ScheduleForDestruction(m_textField);
-}
-
-void Wx::Spinner::makeArrows()
-{
-    auto* column = new wxBoxSizer(wxVERTICAL);
-    for (wxWeakRef<StaticBitmap>* place : {&m_upArrow, &m_downArrow}) {
-        auto* arrow = new Arrow(this, place == &m_upArrow);
-        bindArrow(*arrow);
-        column->Add(arrow, 0, 0, 0);
-        *place = arrow;
-    }
-    m_layout->Add(column, 0, 0, 0);
 }
 
 void Wx::Spinner::bindArrow(Arrow& arrow)
@@ -154,12 +104,27 @@ void Wx::Spinner::bindArrow(Arrow& arrow)
     arrow.Bind(wxEVT_LEAVE_WINDOW, [this, &arrow](wxMouseEvent&) { onArrowLeft(arrow); });
 }
 
-void Wx::Spinner::bindField()
+void Wx::Spinner::bindField(TextControl& field)
 {
-    m_textField->Bind(wxEVT_TEXT_ENTER, &Spinner::onTextEnter, this);
-    m_textField->Bind(wxEVT_SET_FOCUS, &Spinner::onTextFocusGet, this);
-    m_textField->Bind(wxEVT_KILL_FOCUS, &Spinner::onTextFocusLost, this);
-    m_textField->Bind(wxEVT_KEY_DOWN, &Spinner::onTextKeyDown, this);
+    field.Bind(wxEVT_TEXT_ENTER, &Spinner::onTextEnter, this);
+    field.Bind(wxEVT_SET_FOCUS, &Spinner::onTextFocusGet, this);
+    field.Bind(wxEVT_KILL_FOCUS, &Spinner::onTextFocusLost, this);
+    field.Bind(wxEVT_KEY_DOWN, &Spinner::onTextKeyDown, this);
+}
+
+Wx::StaticBitmap* Wx::Spinner::upArrow() const
+{
+    return m_arrows->up();
+}
+
+Wx::StaticBitmap* Wx::Spinner::downArrow() const
+{
+    return m_arrows->down();
+}
+
+Wx::TextControl* Wx::Spinner::textField() const
+{
+    return m_field->control();
 }
 
 void Wx::Spinner::configure(float minValue, float maxValue, float defaultValue, int precision, float step,
@@ -201,14 +166,14 @@ void Wx::Spinner::setPrecision(Function<int()> source, bool notify)
 
 void Wx::Spinner::setText(const String& text)
 {
-    if (m_textField)
-        m_textField->ChangeValue(toWxString(text));
+    if (TextControl* const field = textField())
+        field->ChangeValue(toWxString(text));
 }
 
 void Wx::Spinner::setTooltip(const String& text)
 {
-    if (m_textField)
-        m_textField->setTooltip(text);
+    if (TextControl* const field = textField())
+        field->setTooltip(text);
     setAccessibleDescription(*this, text);
 }
 
@@ -224,20 +189,19 @@ void Wx::Spinner::setClickSpeedOverride(Function<Optional<float>()> source)
 
 void Wx::Spinner::SetFocus()
 {
-    if (!m_textField)
-        return;
     const wxWeakRef<Spinner> self(this);
-    m_textField->SetFocus();
-    if (self && m_textField)
-        m_textField->SetSelection(-1, -1);
+    if (TextControl* const field = textField())
+        field->SetFocus();
+    if (self)
+        m_field->selectAll();
 }
 
 void Wx::Spinner::SetLabel(const wxString& label)
 {
     m_label = label;
     // The focus is in the field, so that screen readers announce the name of the field.
-    if (m_textField)
-        setAccessibleName(*m_textField, toString(label));
+    if (TextControl* const field = textField())
+        setAccessibleName(*field, toString(label));
     updateAccessible(*this);
 }
 
@@ -257,20 +221,15 @@ const wxBitmap& Wx::Spinner::arrowPicture(bool up, ArrowLook look)
 bool Wx::Spinner::applyValue(float requested, bool notify)
 {
     const wxWeakRef<Spinner> self(this);
-    m_shownText = toWxString(m_number->assign(requested));
-    if (m_textField)
-        m_textField->SetValue(m_shownText);
-    // SetValue sends wxEVT_TEXT.
+    m_field->showValue(toWxString(m_number->assign(requested)));
     if (!self)
         return false;
     Refresh(false);
     updateAccessible(*this);
-    if (notify) {
-        wxSpinDoubleEvent event(wxEVT_SPINCTRLDOUBLE, GetId(), static_cast<double>(m_number->value()));
-        event.SetEventObject(this);
-        ProcessEvent(event);
-    }
-    return self.get() != nullptr;
+    if (!notify)
+        return true;
+    wxSpinDoubleEvent event(wxEVT_SPINCTRLDOUBLE, GetId(), static_cast<double>(m_number->value()));
+    return send(event);
 }
 
 bool Wx::Spinner::changeValue(float target, bool notify)
@@ -293,44 +252,26 @@ bool Wx::Spinner::makeStep(bool increasing, int count)
     return step.carriesRemainder ? changeValue(step.target, true) : applyValue(step.target, true);
 }
 
-bool Wx::Spinner::sendEditing(const wxEventTypeTag<wxActivateEvent>& type, bool active)
+bool Wx::Spinner::send(wxEvent& event)
 {
     const wxWeakRef<Spinner> self(this);
-    wxActivateEvent event(type, active, 0, wxActivateEvent::Reason_Unknown);
     event.SetId(GetId());
     event.SetEventObject(this);
     event.ResumePropagation(wxEVENT_PROPAGATE_MAX);
     ProcessEvent(event);
     return self.get() != nullptr;
+}
+
+bool Wx::Spinner::sendEditing(const wxEventTypeTag<wxActivateEvent>& type, bool active)
+{
+    wxActivateEvent event(type, active, 0, wxActivateEvent::Reason_Unknown);
+    return send(event);
 }
 
 bool Wx::Spinner::sendTextFocus(const wxEventTypeTag<wxFocusEvent>& type)
 {
-    const wxWeakRef<Spinner> self(this);
     wxFocusEvent event(type, 0);
-    event.SetId(GetId());
-    event.SetEventObject(this);
-    event.ResumePropagation(wxEVENT_PROPAGATE_MAX);
-    ProcessEvent(event);
-    return self.get() != nullptr;
-}
-
-Wx::Spinner::Arrow* Wx::Spinner::heldArrow() const
-{
-    for (StaticBitmap* window : {m_upArrow.get(), m_downArrow.get()}) {
-        auto* const arrow = static_cast<Arrow*>(window);
-        if (arrow != nullptr && arrow->isHeld())
-            return arrow;
-    }
-    return nullptr;
-}
-
-void Wx::Spinner::showBothArrows(bool pressed)
-{
-    for (StaticBitmap* window : {m_upArrow.get(), m_downArrow.get()}) {
-        if (window != nullptr)
-            static_cast<Arrow*>(window)->show(pressed ? ArrowLook::PRESSED : ArrowLook::NORMAL);
-    }
+    return send(event);
 }
 
 void Wx::Spinner::onArrowDown(Arrow& arrow, const wxMouseEvent& event)
@@ -349,7 +290,7 @@ void Wx::Spinner::onArrowDown(Arrow& arrow, const wxMouseEvent& event)
 void Wx::Spinner::onRepeat(wxTimerEvent& /*event*/)
 {
     // An arrow that was destroyed while it was held is never released.
-    if (heldArrow() == nullptr) {
+    if (m_arrows->held() == nullptr) {
         m_repeatTimer.Stop();
         return;
     }
@@ -374,7 +315,7 @@ void Wx::Spinner::onArrowMoved(Arrow& arrow, const wxMouseEvent& event)
     if (!distance)
         return;
     if (!std::exchange(m_changedByMouse, true))
-        showBothArrows(true);
+        m_arrows->show(ArrowLook::PRESSED);
     changeValue(m_number->dragged(*distance, scaleByDpi(1)), true);
 }
 
@@ -405,13 +346,13 @@ bool Wx::Spinner::endInteraction(Arrow& arrow)
         return true;
     m_repeatTimer.Stop();
     m_changedByMouse = false;
-    showBothArrows(false);
+    m_arrows->show(ArrowLook::NORMAL);
     return sendEditing(CUSTSPINNER_END_EDITING, false);
 }
 
 void Wx::Spinner::onArrowEntered(Arrow& arrow, const wxMouseEvent& event)
 {
-    if (heldArrow() != nullptr)
+    if (m_arrows->held() != nullptr)
         return;
     m_drag->hover(event.GetPosition());
     arrow.show(ArrowLook::HOVERED);
@@ -419,7 +360,7 @@ void Wx::Spinner::onArrowEntered(Arrow& arrow, const wxMouseEvent& event)
 
 void Wx::Spinner::onArrowLeft(Arrow& arrow)
 {
-    if (heldArrow() == nullptr)
+    if (m_arrows->held() == nullptr)
         arrow.show(ArrowLook::NORMAL);
 }
 
@@ -434,9 +375,10 @@ void Wx::Spinner::onValueEvent(wxSpinDoubleEvent& event)
 
 bool Wx::Spinner::commitText()
 {
-    if (!m_textField)
+    const TextControl* const field = textField();
+    if (field == nullptr)
         return true;
-    const Optional<float> typed = Detail::SpinnerValue::parse(toString(m_textField->GetValue()));
+    const Optional<float> typed = Detail::SpinnerValue::parse(toString(field->GetValue()));
     if (!typed)
         return changeValue(m_number->exactValue(), false);
     if (*typed == value())
@@ -447,20 +389,20 @@ bool Wx::Spinner::commitText()
 
 void Wx::Spinner::onTextEnter(wxCommandEvent& /*event*/)
 {
-    const FieldEvent scope(this);
-    if (commitText() && m_textField)
-        m_textField->SetSelection(-1, -1);
+    const Detail::SpinnerField::Event scope(*m_field, this);
+    if (commitText())
+        m_field->selectAll();
 }
 
 void Wx::Spinner::onTextFocusGet(wxFocusEvent& event)
 {
-    const FieldEvent scope(this);
+    const Detail::SpinnerField::Event scope(*m_field, this);
     event.Skip(sendTextFocus(CUSTSPINNER_TEXT_FOCUS_GET));
 }
 
 void Wx::Spinner::onTextFocusLost(wxFocusEvent& event)
 {
-    const FieldEvent scope(this);
+    const Detail::SpinnerField::Event scope(*m_field, this);
     event.Skip(commitText() && sendTextFocus(CUSTSPINNER_TEXT_FOCUS_LOST));
 }
 
@@ -473,9 +415,9 @@ void Wx::Spinner::onTextKeyDown(wxKeyEvent& event)
         event.Skip();
         return;
     }
-    const FieldEvent scope(this);
+    const Detail::SpinnerField::Event scope(*m_field, this);
     // A typed value is applied before the step.
-    if (m_textField && m_textField->GetValue() != m_shownText && !commitText())
+    if (m_field->isEdited() && !commitText())
         return;
     if (sendEditing(CUSTSPINNER_START_EDITING, true) && makeStep(increasing, isPage ? PAGE_STEPS : 1))
         sendEditing(CUSTSPINNER_END_EDITING, false);

@@ -12,7 +12,6 @@
 #include <wx/event.h>
 #include <wx/panel.h>
 #include <wx/timer.h>
-#include <wx/weakref.h>
 
 #include <memory>
 
@@ -24,7 +23,9 @@ namespace Nolvex::Wx {
 namespace Detail {
 
 class SpinnerArrow;
+class SpinnerArrows;
 class SpinnerDrag;
+class SpinnerField;
 class SpinnerValue;
 
 } // namespace Detail
@@ -116,22 +117,16 @@ protected:
 
     wxTimer& repeatTimer() { return m_repeatTimer; }
 
-    StaticBitmap* upArrow() const { return m_upArrow; }
-
-    StaticBitmap* downArrow() const { return m_downArrow; }
-
-    TextControl* textField() const { return m_textField; }
+    StaticBitmap* upArrow() const;
+    StaticBitmap* downArrow() const;
+    TextControl* textField() const;
 
 private:
     using Arrow = Detail::SpinnerArrow;
     class Account;
-    class FieldEvent;
 
-    void makeField(int width);
-    void releaseField();
-    void makeArrows();
     void bindArrow(Arrow& arrow);
-    void bindField();
+    void bindField(TextControl& field);
 
     void onArrowDown(Arrow& arrow, const wxMouseEvent& event);
     void onArrowUp(Arrow& arrow);
@@ -150,27 +145,23 @@ private:
     bool applyValue(float requested, bool notify);
     bool changeValue(float target, bool notify);
     bool makeStep(bool increasing, int count);
+    bool send(wxEvent& event);
     bool sendEditing(const wxEventTypeTag<wxActivateEvent>& type, bool active);
     bool sendTextFocus(const wxEventTypeTag<wxFocusEvent>& type);
     bool commitText();
     bool endInteraction(Arrow& arrow);
 
-    Arrow* heldArrow() const;
-    void showBothArrows(bool pressed);
     float clickAmount() const;
 
-    wxWeakRef<StaticBitmap> m_upArrow;
-    wxWeakRef<StaticBitmap> m_downArrow;
-    wxWeakRef<TextControl> m_textField;
     wxBoxSizer* m_layout;
+    std::unique_ptr<Detail::SpinnerField> m_field;
+    std::unique_ptr<Detail::SpinnerArrows> m_arrows;
     std::unique_ptr<Detail::SpinnerValue> m_number;
     std::unique_ptr<Detail::SpinnerDrag> m_drag;
     Function<Optional<float>()> m_clickSpeedOverride;
     Function<void(float)> m_onValueChange;
     wxString m_label;
-    wxString m_shownText; // differs from the text of the field while the user types
     float m_valueAtPress = 0;
-    int m_fieldEvents = 0; // the number of events of the text field that are being handled
     bool m_changedByMouse = false;
     bool m_increasing = false;
     wxTimer m_repeatTimer;

@@ -7,7 +7,6 @@
 
 #include <wx/button.h>
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <memory>
@@ -305,18 +304,6 @@ TEST_F(SpinnerTest, setTooltip_isTheTooltipOfTheField)
     ASSERT_NE(spinner->textField()->tooltip(), nullptr);
 }
 
-TEST_F(SpinnerTest, fieldAndArrows_haveTheirSizes)
-{
-    make();
-    const int scale = std::min(Wx::scaleByDpi(1), 3);
-    const int field = scale == 1 ? 14 : (scale == 2 ? 16 : 20);
-    EXPECT_EQ(spinner->textField()->GetSize(), Wx::scaleByDpi(wxSize(60, field)));
-    const wxSize arrow = wxSize(11, 9) * Wx::scaleByDpi(1);
-    EXPECT_EQ(spinner->upArrow()->GetSize(), arrow);
-    EXPECT_EQ(spinner->downArrow()->GetPosition().y, spinner->upArrow()->GetPosition().y + arrow.y);
-    EXPECT_EQ(spinner->upArrow()->GetPosition().x, spinner->downArrow()->GetPosition().x);
-}
-
 TEST_F(SpinnerTest, focusMovesToTheText_andFromItToTheNextControl)
 {
     make();
@@ -343,4 +330,23 @@ TEST_F(SpinnerTest, childrenThatWereDestroyed_areMissedByNothing)
     spinner->configure(0, 1, 0, 1, 1, true);
     EXPECT_EQ(spinner->value(), 1.0f);
     EXPECT_FALSE(spinner->repeatTimer().IsRunning());
+}
+
+// The environment of the run sets the scale. The test holds at every scale.
+using SpinnerSizeTest = SpinnerFixture;
+
+TEST_F(SpinnerSizeTest, fieldAndArrows_haveTheirSizes)
+{
+    make();
+    const int scale = Wx::scaleByDpi(1);
+    const int field = scale <= 1 ? 14 : (scale == 2 ? 16 : 20);
+    EXPECT_EQ(spinner->textField()->GetSize(), Wx::scaleByDpi(wxSize(60, field)));
+    EXPECT_EQ(spinner->textField()->GetParent()->GetSize(), Wx::scaleByDpi(wxSize(60, field)) + wxSize(4, 4));
+    const wxSize arrow = wxSize(11, 9) * scale;
+    EXPECT_EQ(spinner->upArrow()->GetSize(), arrow);
+    EXPECT_EQ(spinner->downArrow()->GetSize(), arrow);
+    EXPECT_EQ(spinner->downArrow()->GetPosition(), spinner->upArrow()->GetPosition() + wxPoint(0, arrow.y));
+    EXPECT_EQ(spinner->upArrow()->GetPosition().x,
+              spinner->textField()->GetParent()->GetRect().GetRight() + 1);
+    EXPECT_EQ(spinner->GetSize().x, Wx::scaleByDpi(60) + 4 + arrow.x);
 }

@@ -3,10 +3,11 @@
 
 #include "NolvexLib/DecimalPoint.h"
 
+#include <unistd.h>
+
 #include <clocale>
 #include <cstdlib>
 #include <filesystem>
-#include <string>
 
 namespace Nolvex::Tests {
 
@@ -20,14 +21,20 @@ bool useLocale()
 }
 
 // Few systems have compiled locales of other countries, but many have their sources.
-void compileLocale()
+void compileAndUseLocale()
 {
-    const std::filesystem::path folder = std::filesystem::temp_directory_path() / "nolvex-test-locales";
-    std::filesystem::create_directories(folder);
-    const std::string target = (folder / LOCALE).string();
-    const std::string command = "localedef -i de_DE -f UTF-8 '" + target + "' >/dev/null 2>&1";
-    if (std::filesystem::exists(target) || std::system(command.c_str()) == 0)
+    namespace fs = std::filesystem;
+    const fs::path folder = fs::temp_directory_path() / ("nolvex-test-locale-" + std::to_string(::getpid()));
+    fs::create_directories(folder);
+    const std::string command =
+        "localedef -i de_DE -f UTF-8 '" + (folder / LOCALE).string() + "' >/dev/null 2>&1";
+    if (std::system(command.c_str()) == 0) {
         ::setenv("LOCPATH", folder.c_str(), 1);
+        useLocale();
+        ::unsetenv("LOCPATH");
+    }
+    // A locale in use no longer needs its files.
+    fs::remove_all(folder);
 }
 
 } // namespace
@@ -36,10 +43,8 @@ DecimalComma::DecimalComma()
 {
     const std::string former = std::setlocale(LC_NUMERIC, nullptr);
     m_former.assign(former.begin(), former.end());
-    if (useLocale())
-        return;
-    compileLocale();
-    useLocale();
+    if (!useLocale())
+        compileAndUseLocale();
 }
 
 DecimalComma::~DecimalComma()
