@@ -35,13 +35,23 @@ struct SpinnerDragTest : SpinnerFixture
 
     static void dragBy(int distance) { dragTo(wxGetMousePosition().y + distance); }
 
-    wxRect pressOnMonitor(unsigned index, wxWindow* arrow) const
+    bool isHovered(bool up) const
+    {
+        const Wx::StaticBitmap* const arrow = up ? spinner->upArrow() : spinner->downArrow();
+        return arrow->bitmap().IsSameAs(Wx::Spinner::arrowPicture(up, Wx::Spinner::ArrowLook::HOVERED));
+    }
+
+    wxRect pressOnMonitor(unsigned index, bool up) const
     {
         const wxRect monitor = wxDisplay(index).GetGeometry();
+        const wxWindow* const arrow = up ? spinner->upArrow() : spinner->downArrow();
         frame->Move(monitor.x + 60, monitor.y + 80);
-        EXPECT_TRUE(pumpUntil([&] { return wxDisplay::GetFromWindow(spinner) == static_cast<int>(index); }));
-        pumpEvents(GESTURE_TIME);
-        pressMouseAt(arrow, {5, 4});
+        // The frame reports its new place before it is there.
+        EXPECT_TRUE(pumpUntil([&] {
+            moveMouse(arrow, {5, 4});
+            return isHovered(up) && monitor.Contains(wxGetMousePosition());
+        }));
+        pressMouse();
         EXPECT_EQ(wxWindow::GetCapture(), arrow);
         return monitor;
     }
@@ -174,7 +184,7 @@ TEST_F(SpinnerDragTest, atTheTopOfEachMonitor_goesOnAtTheBottom)
 {
     make(-100000, 100000, 0, 0, 1);
     for (unsigned index = 0; index < wxDisplay::GetCount(); ++index) {
-        const wxRect monitor = pressOnMonitor(index, spinner->downArrow());
+        const wxRect monitor = pressOnMonitor(index, false);
         dragTo(monitor.GetTop() + 10);
         const float before = spinner->value();
         // The motion that reaches the edge counts in the other direction.
@@ -193,7 +203,7 @@ TEST_F(SpinnerDragTest, atTheBottomOfEachMonitor_goesOnAtTheTop)
 {
     make(-100000, 100000, 0, 0, 1);
     for (unsigned index = 0; index < wxDisplay::GetCount(); ++index) {
-        const wxRect monitor = pressOnMonitor(index, spinner->upArrow());
+        const wxRect monitor = pressOnMonitor(index, true);
         dragTo(monitor.GetBottom() - 10);
         const float before = spinner->value();
         dragTo(monitor.GetBottom());
@@ -210,7 +220,7 @@ TEST_F(SpinnerDragTest, atTheBottomOfEachMonitor_goesOnAtTheTop)
 TEST_F(SpinnerDragTest, outdatedMotionAfterTheWrap_countsForNothing)
 {
     make(-100000, 100000, 0, 0, 1);
-    const wxRect monitor = pressOnMonitor(0, spinner->upArrow());
+    const wxRect monitor = pressOnMonitor(0, true);
     dragTo(monitor.GetTop() + 10);
     dragTo(monitor.GetTop());
     ASSERT_TRUE(pumpUntil([&] { return wxGetMousePosition().y == monitor.GetBottom() - 1; }));
@@ -226,7 +236,7 @@ TEST_F(SpinnerDragTest, outdatedMotionAfterTheWrap_countsForNothing)
 TEST_F(SpinnerDragTest, pointerThatCannotBeMoved_endsTheDragAtTheEdge)
 {
     make<FixedPointerSpinner>(-100000, 100000, 0, 0, 1);
-    const wxRect monitor = pressOnMonitor(0, spinner->upArrow());
+    const wxRect monitor = pressOnMonitor(0, true);
     dragTo(monitor.GetTop() + 10);
     const float before = spinner->value();
     dragTo(monitor.GetTop());

@@ -37,6 +37,8 @@ struct SpinnerFixture : FrameFixture
     SpinnerFixture()
     {
         showFrame();
+        // At the edge of a monitor, even a motion that a test makes up would wrap.
+        wxUIActionSimulator().MouseMove(panel->ClientToScreen(wxPoint(250, 200)));
         panel->Bind(Wx::CUSTSPINNER_START_EDITING,
                     [this](wxActivateEvent& event) { report(event, event.GetActive() ? "start" : "wrong"); });
         panel->Bind(Wx::CUSTSPINNER_END_EDITING,
