@@ -84,9 +84,9 @@ bool Wx::Detail::SpinnerValue::isFinite() const
 
 void Wx::Detail::SpinnerValue::setRange(float minValue, float maxValue, float defaultValue)
 {
-    constexpr float INFINITE = std::numeric_limits<float>::infinity();
-    m_minValue = std::isnan(minValue) ? -INFINITE : minValue;
-    m_maxValue = std::isnan(maxValue) ? INFINITE : maxValue;
+    constexpr float ENDLESS = std::numeric_limits<float>::infinity();
+    m_minValue = std::isnan(minValue) ? -ENDLESS : minValue;
+    m_maxValue = std::isnan(maxValue) ? ENDLESS : maxValue;
     m_defaultValue = defaultValue;
 }
 

@@ -15,14 +15,15 @@ using namespace Nolvex::Tests;
 
 namespace {
 
-constexpr int CASES = 1500;
-constexpr int ACTIONS = 12; // of each case
+constexpr int CASES = 2500;
+constexpr int ACTIONS = 6; // of each case
 
-// One float, one text and a list of what was sent; every rule written out where it applies.
+// Writes out every rule where it applies.
 struct Model
 {
     float low, high, standard, step;
     int digits;
+    Optional<float> clickSpeed;
     float value = 0;
     float rest = 0;
     std::string text;
@@ -58,17 +59,17 @@ struct Model
 
     float amount() const { return step > 0 ? step : std::max(std::fabs(value), 1.0f) * 0.004f; }
 
-    void stepOnce(bool up, float times)
+    void makeSteps(bool up, float times)
     {
         float unit = 1;
         for (int i = 0; i < digits; ++i)
             unit *= 10;
         unit = 1 / unit;
-        const float by = amount() * times;
+        const float by = clickSpeed ? *clickSpeed : amount();
         if (by >= unit)
-            setAndKeepRest(limited((up ? by : -by) + value + rest), true);
+            setAndKeepRest(limited((up ? by : -by) * times + value + rest), true);
         else
-            set(value + (up ? unit : -unit), true);
+            set(value + (up ? unit : -unit) * times, true);
     }
 
     void dragBy(int pixels, int scale)
@@ -113,7 +114,7 @@ protected:
         const float a = number();
         const float b = number();
         const float steps[] = {0, 1, 0.5f, 0.1f, 0.015f, 3, -1, 0.0001f};
-        Model model{std::min(a, b), std::max(a, b), number(), steps[upTo(8)], upTo(6), 0, 0, {}, {}};
+        Model model{std::min(a, b), std::max(a, b), number(), steps[upTo(8)], upTo(6), {}, 0, 0, {}, {}};
         model.set(model.standard, false);
         return model;
     }
@@ -141,7 +142,7 @@ protected:
         if (right)
             model.set(dragged ? before : model.standard, true);
         else if (!dragged)
-            model.stepOnce(up, 1);
+            model.makeSteps(up, 1);
         model.sent.emplace_back("end");
     }
 
@@ -152,10 +153,10 @@ protected:
         model.sent.emplace_back("start");
         for (int i = upTo(4); i > 0; --i) {
             tick();
-            model.stepOnce(up, 1);
+            model.makeSteps(up, 1);
         }
         sendMouse(arrow, wxEVT_LEFT_UP);
-        model.stepOnce(up, 1);
+        model.makeSteps(up, 1);
         model.sent.emplace_back("end");
     }
 
@@ -166,6 +167,43 @@ protected:
         typeText(typed);
         pressEnter();
         model.type(typed);
+    }
+
+    void pressKeyBoth(Model& model, bool up)
+    {
+        const bool page = upTo(2) == 0;
+        wxKeyEvent event(wxEVT_KEY_DOWN);
+        event.m_keyCode = page ? (up ? WXK_PAGEUP : WXK_PAGEDOWN) : (up ? WXK_UP : WXK_DOWN);
+        spinner->textField()->GetEventHandler()->ProcessEvent(event);
+        model.sent.emplace_back("start");
+        model.makeSteps(up, page ? 10.0f : 1.0f);
+        model.sent.emplace_back("end");
+    }
+
+    void overrideBoth(Model& model)
+    {
+        const float speeds[] = {5, 0.05f, 0.3f, 0, -2};
+        model.clickSpeed = upTo(3) == 0 ? Optional<float>() : Optional<float>(speeds[upTo(5)]);
+        spinner->setClickSpeedOverride([speed = model.clickSpeed] { return speed; });
+    }
+
+    void resetBoth(Model& model)
+    {
+        sendMouse(spinner->downArrow(), wxEVT_RIGHT_UP);
+        model.set(model.standard, true);
+    }
+
+    // Making a window takes much longer than configuring one.
+    void startBoth(const Model& model, bool anew)
+    {
+        if (anew && spinner)
+            spinner->Destroy();
+        if (anew || !spinner)
+            make(model.low, model.high, model.standard, model.digits, model.step);
+        spinner->configure(model.low, model.high, model.standard, model.digits, model.step, false);
+        spinner->setClickSpeedOverride({});
+        spinner->setValue(model.standard, false);
+        takeReports();
     }
 
     void configureBoth(Model& model)
@@ -183,7 +221,7 @@ protected:
     void actOnBoth(Model& model)
     {
         const bool coin = upTo(2) == 0;
-        switch (upTo(6)) {
+        switch (upTo(9)) {
         case 0: {
             const float value = number();
             spinner->setValue(value, coin);
@@ -204,6 +242,15 @@ protected:
         case 4:
             configureBoth(model);
             break;
+        case 5:
+            pressKeyBoth(model, coin);
+            break;
+        case 6:
+            overrideBoth(model);
+            break;
+        case 7:
+            resetBoth(model);
+            break;
         default:
             holdBoth(model, coin);
         }
@@ -216,7 +263,7 @@ TEST_F(SpinnerModelTest, generatedCases_agreeInValueTextAndEvents)
 {
     for (int number = 0; number < CASES; ++number) {
         Model model = makeCase();
-        make(model.low, model.high, model.standard, model.digits, model.step);
+        startBoth(model, number % 20 == 0);
         for (int action = 0; action < ACTIONS; ++action) {
             actOnBoth(model);
             ASSERT_EQ(spinner->value(), model.value) << "case " << number << ", action " << action;
@@ -224,6 +271,5 @@ TEST_F(SpinnerModelTest, generatedCases_agreeInValueTextAndEvents)
             ASSERT_EQ(takeReports(), std::exchange(model.sent, {}))
                 << "case " << number << ", action " << action;
         }
-        spinner->Destroy();
     }
 }

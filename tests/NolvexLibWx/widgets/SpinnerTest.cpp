@@ -17,7 +17,7 @@ using namespace Nolvex::Tests;
 namespace {
 
 constexpr float NOT_A_NUMBER = std::numeric_limits<float>::quiet_NaN();
-constexpr float INFINITE = std::numeric_limits<float>::infinity();
+constexpr float ENDLESS = std::numeric_limits<float>::infinity();
 
 } // namespace
 
@@ -91,11 +91,11 @@ TEST_F(SpinnerTest, boundsThatAreNoNumbers_areNoBounds)
 
 TEST_F(SpinnerTest, infinity_withoutBounds_isShownAndCanBeLeft)
 {
-    make(-INFINITE, INFINITE, 5, 1);
-    spinner->setValue(INFINITE, false);
-    EXPECT_EQ(spinner->value(), INFINITE);
+    make(-ENDLESS, ENDLESS, 5, 1);
+    spinner->setValue(ENDLESS, false);
+    EXPECT_EQ(spinner->value(), ENDLESS);
     click(spinner->upArrow());
-    EXPECT_EQ(spinner->value(), INFINITE);
+    EXPECT_EQ(spinner->value(), ENDLESS);
     typeText("7");
     pressEnter();
     EXPECT_EQ(spinner->value(), 7.0f);
@@ -256,7 +256,7 @@ TEST_F(SpinnerTest, valueSetInItsOwnCallback_stays)
 
 TEST_F(SpinnerTest, stepThatIsNotFinite_isAutomatic)
 {
-    for (const float step : {NOT_A_NUMBER, INFINITE, -INFINITE, -1.0f, 0.0f}) {
+    for (const float step : {NOT_A_NUMBER, ENDLESS, -ENDLESS, -1.0f, 0.0f}) {
         make(0, 1000, 500, 2, step);
         click(spinner->upArrow());
         EXPECT_EQ(spinner->value(), 502.0f) << step;
