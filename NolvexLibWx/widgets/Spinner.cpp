@@ -99,7 +99,8 @@ void Wx::Spinner::bindArrow(Arrow& arrow)
     arrow.Bind(wxEVT_LEFT_UP, [this, &arrow](wxMouseEvent&) { onArrowUp(arrow); });
     arrow.Bind(wxEVT_MOTION, [this, &arrow](wxMouseEvent& event) { onArrowMoved(arrow, event); });
     arrow.Bind(wxEVT_RIGHT_UP, [this, &arrow](wxMouseEvent&) { onArrowRightUp(arrow); });
-    arrow.Bind(wxEVT_MOUSE_CAPTURE_LOST, [this, &arrow](wxMouseCaptureLostEvent&) { endInteraction(arrow); });
+    arrow.Bind(wxEVT_MOUSE_CAPTURE_LOST,
+               [this, &arrow](wxMouseCaptureLostEvent&) { onArrowCaptureLost(arrow); });
     arrow.Bind(wxEVT_ENTER_WINDOW, [this, &arrow](wxMouseEvent& event) { onArrowEntered(arrow, event); });
     arrow.Bind(wxEVT_LEAVE_WINDOW, [this, &arrow](wxMouseEvent&) { onArrowLeft(arrow); });
 }
@@ -340,14 +341,28 @@ void Wx::Spinner::onArrowRightUp(Arrow& arrow)
         Refresh(true);
 }
 
-bool Wx::Spinner::endInteraction(Arrow& arrow)
+void Wx::Spinner::onArrowCaptureLost(Arrow& arrow)
+{
+    // A handler may destroy the arrow only after wxWidgets has noticed that the mouse is lost.
+    if (!arrow.press().hasLostMouse())
+        endInteraction(arrow);
+    else if (stopInteraction(arrow))
+        CallAfter([this] { sendEditing(CUSTSPINNER_END_EDITING, false); });
+}
+
+bool Wx::Spinner::stopInteraction(Arrow& arrow)
 {
     if (!arrow.press().cancel())
-        return true;
+        return false;
     m_repeatTimer.Stop();
     m_changedByMouse = false;
     m_arrows->show(ArrowLook::NORMAL);
-    return sendEditing(CUSTSPINNER_END_EDITING, false);
+    return true;
+}
+
+bool Wx::Spinner::endInteraction(Arrow& arrow)
+{
+    return !stopInteraction(arrow) || sendEditing(CUSTSPINNER_END_EDITING, false);
 }
 
 void Wx::Spinner::onArrowEntered(Arrow& arrow, const wxMouseEvent& event)

@@ -132,6 +132,7 @@ private:
     void onArrowUp(Arrow& arrow);
     void onArrowMoved(Arrow& arrow, const wxMouseEvent& event);
     void onArrowRightUp(Arrow& arrow);
+    void onArrowCaptureLost(Arrow& arrow);
     void onArrowEntered(Arrow& arrow, const wxMouseEvent& event);
     void onArrowLeft(Arrow& arrow);
     void onRepeat(wxTimerEvent& event);
@@ -150,6 +151,8 @@ private:
     bool sendTextFocus(const wxEventTypeTag<wxFocusEvent>& type);
     bool commitText();
     bool endInteraction(Arrow& arrow);
+
+    bool stopInteraction(Arrow& arrow);
 
     float clickAmount() const;
 

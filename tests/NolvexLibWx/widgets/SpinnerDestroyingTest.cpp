@@ -14,7 +14,7 @@ enum class At
 {
     START,
     VALUE,
-    CALLBACK,
+    CALL,
     END,
 };
 
@@ -35,7 +35,7 @@ struct SpinnerDestroyingTest : SpinnerFixture, testing::WithParamInterface<At>
             panel->Bind(Wx::CUSTSPINNER_START_EDITING, [this](wxActivateEvent&) { destroy(); });
         else if (GetParam() == At::VALUE)
             panel->Bind(wxEVT_SPINCTRLDOUBLE, [this](wxSpinDoubleEvent&) { destroy(); });
-        else if (GetParam() == At::CALLBACK)
+        else if (GetParam() == At::CALL)
             doomed->callOnValueChange([this](float) { destroy(); });
         else
             panel->Bind(Wx::CUSTSPINNER_END_EDITING, [this](wxActivateEvent&) { destroy(); });
@@ -67,7 +67,7 @@ struct SpinnerDestroyingTest : SpinnerFixture, testing::WithParamInterface<At>
 } // namespace
 
 INSTANTIATE_TEST_SUITE_P(Events, SpinnerDestroyingTest,
-                         testing::Values(At::START, At::VALUE, At::CALLBACK, At::END),
+                         testing::Values(At::START, At::VALUE, At::CALL, At::END),
                          [](const auto& generated) { return nameOf(generated.param); });
 
 TEST_P(SpinnerDestroyingTest, click)
