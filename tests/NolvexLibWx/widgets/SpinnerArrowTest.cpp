@@ -4,10 +4,24 @@
 #include "SpinnerFixture.h"
 #include "support/Screen.h"
 
+#include <algorithm>
+
 using namespace Nolvex;
 using namespace Nolvex::Tests;
 
 namespace {
+
+constexpr RgbBytes FRAME{54, 54, 54};
+constexpr RgbBytes EDGE{37, 37, 37};
+constexpr RgbBytes FACE{60, 60, 60};
+constexpr RgbBytes TRIANGLE{200, 200, 200};
+
+// Returns the colour in the middle of a pixel of the picture, which each become several pixels of the screen.
+RgbBytes enlargedPixelAt(const wxImage& image, int x, int y)
+{
+    const int scale = std::max(Wx::scaleByDpi(1), 1);
+    return pixelAt(image, x * scale + scale / 2, y * scale + scale / 2);
+}
 
 struct SpinnerArrowTest : SpinnerFixture
 {
@@ -238,18 +252,15 @@ using SpinnerPixelTest = SpinnerArrowTest;
 TEST_F(SpinnerPixelTest, pictures_areOnTheScreen)
 {
     make();
-    ASSERT_TRUE(pumpUntil(
-        [this] { return pixelAt(captureClientArea(spinner->upArrow()), 0, 0) == RgbBytes(54, 54, 54); }));
-    const int scale = Wx::scaleByDpi(1);
+    ASSERT_TRUE(pumpUntil([this] { return pixelAt(captureClientArea(spinner->upArrow()), 0, 0) == FRAME; }));
     const wxImage up = captureClientArea(spinner->upArrow());
     const wxImage down = captureClientArea(spinner->downArrow());
-    // The border, the face and the triangle of the first arrow and of the second.
-    EXPECT_EQ(pixelAt(up, 1 * scale, 1 * scale), RgbBytes(37, 37, 37));
-    EXPECT_EQ(pixelAt(up, 2 * scale, 3 * scale), RgbBytes(60, 60, 60));
-    EXPECT_EQ(pixelAt(up, 5 * scale, 3 * scale), RgbBytes(200, 200, 200));
-    EXPECT_EQ(pixelAt(up, 3 * scale, 3 * scale), RgbBytes(60, 60, 60));
-    EXPECT_EQ(pixelAt(up, 3 * scale, 5 * scale), RgbBytes(200, 200, 200));
-    EXPECT_EQ(pixelAt(down, 3 * scale, 3 * scale), RgbBytes(200, 200, 200));
-    EXPECT_EQ(pixelAt(down, 3 * scale, 5 * scale), RgbBytes(60, 60, 60));
-    EXPECT_EQ(pixelAt(down, 5 * scale, 5 * scale), RgbBytes(200, 200, 200));
+    EXPECT_EQ(enlargedPixelAt(up, 1, 1), EDGE);
+    EXPECT_EQ(enlargedPixelAt(up, 2, 3), FACE);
+    EXPECT_EQ(enlargedPixelAt(up, 5, 3), TRIANGLE);
+    EXPECT_EQ(enlargedPixelAt(up, 3, 3), FACE);
+    EXPECT_EQ(enlargedPixelAt(up, 3, 5), TRIANGLE);
+    EXPECT_EQ(enlargedPixelAt(down, 3, 3), TRIANGLE);
+    EXPECT_EQ(enlargedPixelAt(down, 3, 5), FACE);
+    EXPECT_EQ(enlargedPixelAt(down, 5, 5), TRIANGLE);
 }

@@ -22,10 +22,8 @@ struct FixedPointerSpinner : OpenSpinner
 
 struct SpinnerDragTest : SpinnerFixture
 {
-    static float units(int pixels)
-    {
-        return static_cast<float>(pixels) / static_cast<float>(Wx::scaleByDpi(1));
-    }
+    // Returns the length of a drag that changes the value by this number of steps.
+    static int pixels(int steps) { return steps * Wx::scaleByDpi(1); }
 
     static void dragTo(int screenY)
     {
@@ -64,10 +62,10 @@ TEST_F(SpinnerDragTest, draggingUp_raisesByTheStepAUnit)
     make(0, 100, 50, 0, 1);
     sendMouse(spinner->upArrow(), wxEVT_MOTION, 4);
     sendMouse(spinner->upArrow(), wxEVT_LEFT_DOWN, 4);
-    sendMouse(spinner->upArrow(), wxEVT_MOTION, 4 - Wx::scaleByDpi(10));
+    sendMouse(spinner->upArrow(), wxEVT_MOTION, 4 - pixels(10));
     EXPECT_EQ(spinner->value(), 60.0f);
     EXPECT_FALSE(spinner->repeatTimer().IsRunning());
-    sendMouse(spinner->upArrow(), wxEVT_MOTION, 4 + Wx::scaleByDpi(5));
+    sendMouse(spinner->upArrow(), wxEVT_MOTION, 4 + pixels(5));
     EXPECT_EQ(spinner->value(), 45.0f);
     // The release of a drag is no step.
     sendMouse(spinner->upArrow(), wxEVT_LEFT_UP, 4);
@@ -98,7 +96,7 @@ TEST_F(SpinnerDragTest, rightClickInADrag_restoresTheValueAtThePress_andEndsIt)
     spinner->setValue(50, false);
     sendMouse(spinner->upArrow(), wxEVT_MOTION, 4);
     sendMouse(spinner->upArrow(), wxEVT_LEFT_DOWN, 4);
-    sendMouse(spinner->upArrow(), wxEVT_MOTION, 4 - Wx::scaleByDpi(3));
+    sendMouse(spinner->upArrow(), wxEVT_MOTION, 4 - pixels(3));
     takeReports();
     sendMouse(spinner->upArrow(), wxEVT_RIGHT_UP, 4);
     EXPECT_EQ(takeReports(), (Reports{"value 50.000000", "end"}));
@@ -110,7 +108,7 @@ TEST_F(SpinnerDragTest, motionBeforeThePress_isTheStartOfTheDrag)
     make(0, 100, 50, 0, 1);
     sendMouse(spinner->upArrow(), wxEVT_ENTER_WINDOW, 7);
     sendMouse(spinner->upArrow(), wxEVT_LEFT_DOWN, 7);
-    sendMouse(spinner->upArrow(), wxEVT_MOTION, 7 - Wx::scaleByDpi(3));
+    sendMouse(spinner->upArrow(), wxEVT_MOTION, 7 - pixels(3));
     EXPECT_EQ(spinner->value(), 53.0f);
     sendMouse(spinner->upArrow(), wxEVT_LEFT_UP);
 }
@@ -131,7 +129,7 @@ TEST_F(SpinnerDragTest, smallSteps_addUp)
     sendMouse(spinner->upArrow(), wxEVT_MOTION, 4);
     sendMouse(spinner->upArrow(), wxEVT_LEFT_DOWN, 4);
     for (int i = 1; i <= 8; ++i)
-        sendMouse(spinner->upArrow(), wxEVT_MOTION, 4 - Wx::scaleByDpi(i));
+        sendMouse(spinner->upArrow(), wxEVT_MOTION, 4 - pixels(i));
     EXPECT_EQ(spinner->value(), 52.0f);
     sendMouse(spinner->upArrow(), wxEVT_LEFT_UP);
 }
@@ -144,7 +142,7 @@ TEST_F(SpinnerDragTest, valueSetInItsOwnCallback_doesNotStopTheDrag)
     sendMouse(spinner->upArrow(), wxEVT_MOTION, 4);
     sendMouse(spinner->upArrow(), wxEVT_LEFT_DOWN, 4);
     for (int i = 1; i <= 12; ++i)
-        sendMouse(spinner->upArrow(), wxEVT_MOTION, 4 - Wx::scaleByDpi(i));
+        sendMouse(spinner->upArrow(), wxEVT_MOTION, 4 - pixels(i));
     EXPECT_EQ(spinner->value(), 60.0f);
     sendMouse(spinner->upArrow(), wxEVT_LEFT_UP);
 }
@@ -155,11 +153,11 @@ TEST_F(SpinnerDragTest, motionInsideTheCallback_countsOnce)
     bool first = true;
     spinner->callOnValueChange([&](float) {
         if (std::exchange(first, false))
-            sendMouse(spinner->upArrow(), wxEVT_MOTION, 4 - Wx::scaleByDpi(3));
+            sendMouse(spinner->upArrow(), wxEVT_MOTION, 4 - pixels(3));
     });
     sendMouse(spinner->upArrow(), wxEVT_MOTION, 4);
     sendMouse(spinner->upArrow(), wxEVT_LEFT_DOWN, 4);
-    sendMouse(spinner->upArrow(), wxEVT_MOTION, 4 - Wx::scaleByDpi(2));
+    sendMouse(spinner->upArrow(), wxEVT_MOTION, 4 - pixels(2));
     EXPECT_EQ(takeReports(), (Reports{"start", "value 53.000000", "value 52.000000"}));
     EXPECT_EQ(spinner->value(), 53.0f);
     sendMouse(spinner->upArrow(), wxEVT_LEFT_UP);
@@ -170,9 +168,9 @@ TEST_F(SpinnerDragTest, realDrag_followsThePointer_beyondTheSpinner)
     make(-1000, 1000, 0, 0, 1);
     moveMouse(spinner->upArrow(), {5, 4});
     pressMouse();
-    dragBy(-Wx::scaleByDpi(20));
+    dragBy(-pixels(20));
     EXPECT_TRUE(pumpUntil([this] { return spinner->value() == 20.0f; })) << spinner->value();
-    dragBy(Wx::scaleByDpi(50));
+    dragBy(pixels(50));
     EXPECT_TRUE(pumpUntil([this] { return spinner->value() == -30.0f; })) << spinner->value();
     releaseMouse();
     EXPECT_EQ(reports.front(), "start");
@@ -185,15 +183,15 @@ TEST_F(SpinnerDragTest, atTheTopOfEachMonitor_goesOnAtTheBottom)
     make(-100000, 100000, 0, 0, 1);
     for (unsigned index = 0; index < wxDisplay::GetCount(); ++index) {
         const wxRect monitor = pressOnMonitor(index, false);
-        dragTo(monitor.GetTop() + 10);
+        dragTo(monitor.GetTop() + pixels(10));
         const float before = spinner->value();
         // The motion that reaches the edge counts in the other direction.
         dragTo(monitor.GetTop());
-        EXPECT_TRUE(pumpUntil([&] { return spinner->value() == before - units(10); }))
+        EXPECT_TRUE(pumpUntil([&] { return spinner->value() == before - 10; }))
             << spinner->value() << " after " << before;
         EXPECT_EQ(wxGetMousePosition().y, monitor.GetBottom() - 1);
-        dragTo(monitor.GetBottom() - 31);
-        EXPECT_TRUE(pumpUntil([&] { return spinner->value() == before - units(10) + units(30); }))
+        dragTo(monitor.GetBottom() - 1 - pixels(30));
+        EXPECT_TRUE(pumpUntil([&] { return spinner->value() == before - 10 + 30; }))
             << spinner->value() << " after " << before;
         releaseMouse();
     }
@@ -204,14 +202,14 @@ TEST_F(SpinnerDragTest, atTheBottomOfEachMonitor_goesOnAtTheTop)
     make(-100000, 100000, 0, 0, 1);
     for (unsigned index = 0; index < wxDisplay::GetCount(); ++index) {
         const wxRect monitor = pressOnMonitor(index, true);
-        dragTo(monitor.GetBottom() - 10);
+        dragTo(monitor.GetBottom() - pixels(10));
         const float before = spinner->value();
         dragTo(monitor.GetBottom());
-        EXPECT_TRUE(pumpUntil([&] { return spinner->value() == before + units(10); }))
+        EXPECT_TRUE(pumpUntil([&] { return spinner->value() == before + 10; }))
             << spinner->value() << " after " << before;
         EXPECT_EQ(wxGetMousePosition().y, monitor.GetTop() + 1);
-        dragTo(monitor.GetTop() + 21);
-        EXPECT_TRUE(pumpUntil([&] { return spinner->value() == before + units(10) - units(20); }))
+        dragTo(monitor.GetTop() + 1 + pixels(20));
+        EXPECT_TRUE(pumpUntil([&] { return spinner->value() == before + 10 - 20; }))
             << spinner->value() << " after " << before;
         releaseMouse();
     }
@@ -221,7 +219,7 @@ TEST_F(SpinnerDragTest, outdatedMotionAfterTheWrap_countsForNothing)
 {
     make(-100000, 100000, 0, 0, 1);
     const wxRect monitor = pressOnMonitor(0, true);
-    dragTo(monitor.GetTop() + 10);
+    dragTo(monitor.GetTop() + pixels(10));
     dragTo(monitor.GetTop());
     ASSERT_TRUE(pumpUntil([&] { return wxGetMousePosition().y == monitor.GetBottom() - 1; }));
     const float before = spinner->value();
@@ -237,12 +235,12 @@ TEST_F(SpinnerDragTest, pointerThatCannotBeMoved_endsTheDragAtTheEdge)
 {
     make<FixedPointerSpinner>(-100000, 100000, 0, 0, 1);
     const wxRect monitor = pressOnMonitor(0, true);
-    dragTo(monitor.GetTop() + 10);
+    dragTo(monitor.GetTop() + pixels(10));
     const float before = spinner->value();
     dragTo(monitor.GetTop());
-    EXPECT_TRUE(pumpUntil([&] { return spinner->value() == before + units(10); })) << spinner->value();
-    dragTo(monitor.GetTop() + 30);
-    EXPECT_TRUE(pumpUntil([&] { return spinner->value() == before - units(20); })) << spinner->value();
+    EXPECT_TRUE(pumpUntil([&] { return spinner->value() == before + 10; })) << spinner->value();
+    dragTo(monitor.GetTop() + pixels(30));
+    EXPECT_TRUE(pumpUntil([&] { return spinner->value() == before - 20; })) << spinner->value();
     releaseMouse();
     EXPECT_EQ(reports.back(), "end");
 }
