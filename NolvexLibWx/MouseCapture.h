@@ -48,6 +48,11 @@ public:
 
     bool isHeld() const;
 
+    /// Returns true if the capture has begun, but the mouse has been taken away. While Windows takes the
+    /// mouse away, wxWidgets still counts the window among those that hold the mouse: a handler of
+    /// wxEVT_MOUSE_CAPTURE_LOST for which this function returns true must not destroy the window.
+    bool isLost() const { return m_watch && !isHeld(); }
+
 private:
     class Watch;
 

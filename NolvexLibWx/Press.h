@@ -60,6 +60,10 @@ public:
     /// in between.
     void freeMouse();
 
+    /// Returns true if the press captured the mouse and the mouse has been taken away, as explained at
+    /// MouseCapture::isLost.
+    bool hasLostMouse() const { return m_capture.isLost(); }
+
     /// Captures the mouse again for a press that continues although the system has ended the capture.
     void captureAgain();
 

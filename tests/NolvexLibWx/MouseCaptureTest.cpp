@@ -64,6 +64,18 @@ TEST_F(MouseCaptureTest, begunTwice_isEndedOnce)
     EXPECT_EQ(wxWindow::GetCapture(), nullptr);
 }
 
+TEST_F(MouseCaptureTest, takenByAnotherWindow_isLostUntilTheEnd)
+{
+    EXPECT_FALSE(one->capture.isLost());
+    one->capture.begin();
+    EXPECT_FALSE(one->capture.isLost());
+    two->capture.begin();
+    EXPECT_TRUE(one->capture.isLost());
+    one->capture.end();
+    EXPECT_FALSE(one->capture.isLost());
+    two->capture.end();
+}
+
 TEST_F(MouseCaptureTest, endedWithoutBegin_changesNothing)
 {
     one->capture.begin();

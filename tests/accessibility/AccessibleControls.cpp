@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A window with one control of each kind, for programs that read and operate it the way a screen reader does.
-// The controls change labels, come and go, and "Close" ends the program. A spinner and a combo box, which
-// exist only here, show what a control of any kind can tell.
+// The controls change labels, come and go, and "Close" ends the program. A combo box, which exists only here,
+// shows how a control tells about its items.
 #include "FakeControls.h"
 #include "NolvexLib/Exception.h"
 #include "NolvexLibWx/Accessibility.h"
@@ -11,6 +11,7 @@
 #include "NolvexLibWx/widgets/CheckBox.h"
 #include "NolvexLibWx/widgets/CollapsiblePanel.h"
 #include "NolvexLibWx/widgets/DropdownButton.h"
+#include "NolvexLibWx/widgets/Spinner.h"
 #include "NolvexLibWx/widgets/StaticBitmap.h"
 #include "NolvexLibWx/widgets/StaticLine.h"
 #include "NolvexLibWx/widgets/StaticText.h"
@@ -27,7 +28,6 @@ namespace {
 
 using namespace Nolvex;
 using Tests::FakeComboBox;
-using Tests::FakeSpinner;
 
 constexpr auto PUSH = Wx::Button::Behavior::PUSH;
 
@@ -128,8 +128,12 @@ private:
 
     void addChoices()
     {
-        add(new FakeSpinner(
-            m_page, [this](double value) { m_status->SetLabel(wxString::Format("Amount %g", value)); }));
+        auto* amount = new Wx::Spinner(m_page, wxID_ANY, 60, 0, 10, 3, 1, 0.5f);
+        amount->SetLabel(L"Amount");
+        amount->callOnValueChange([this](float value) {
+            m_status->SetLabel(wxString::Format("Amount %g", static_cast<double>(value)));
+        });
+        m_sizer->Add(amount, 0, wxALL, 2);
         m_colours = new FakeComboBox(m_page, {L"Red", L"Green", L"Blue"}, [this](const String& colour) {
             m_status->SetLabel(L"Painted " + Wx::toWxString(colour));
         });

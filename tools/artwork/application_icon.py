@@ -8,10 +8,11 @@ import pathlib
 import struct
 import zlib
 
+import words
+
 SIZE = 128
 SAMPLES = 4  # in each direction, a pixel
 RESOURCES = pathlib.Path(__file__).resolve().parents[2] / "NolvexLibWx" / "resources"
-WORDS_A_LINE = 8
 
 # Boxes are left, top, right, bottom, and the radius of the corners.
 SHADOW = (9, 12, 119, 126, 19)
@@ -156,31 +157,16 @@ def png(rows):
 
 
 def source(data):
-    words = struct.unpack(f"<{(len(data) + 3) // 4}I", data + bytes(-len(data) % 4))
-    lines = [
-        "    " + ", ".join(f"0x{word:08x}" for word in words[start : start + WORDS_A_LINE]) + ","
-        for start in range(0, len(words), WORDS_A_LINE)
+    body = [
+        f"const int Resources::APPLICATION_ICON_SIZE = {len(data)};",
+        "",
+        "// clang-format off",
+        "const unsigned Resources::APPLICATION_ICON[] = {",
+        *words.lines(data),
+        "};",
+        "// clang-format on",
     ]
-    return "\n".join(
-        [
-            "// SPDX-License-Identifier: MIT",
-            "// Made by tools/artwork/application_icon.py.",
-            '#include "NolvexLibWx/resources/ApplicationIcon.h"',
-            "",
-            "namespace Nolvex {",
-            "",
-            f"const int Resources::APPLICATION_ICON_SIZE = {len(data)};",
-            "",
-            "// clang-format off",
-            "const unsigned Resources::APPLICATION_ICON[] = {",
-            *lines,
-            "};",
-            "// clang-format on",
-            "",
-            "} // namespace Nolvex",
-            "",
-        ]
-    )
+    return words.unit("application_icon.py", "ApplicationIcon.h", body)
 
 
 def main():

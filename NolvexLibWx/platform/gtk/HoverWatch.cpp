@@ -20,6 +20,7 @@ bool isUnderMouse(GtkWidget* widget)
     return owner == widget;
 }
 
+// wxWidgets drops the crossing events that GTK makes when the sensitivity changes.
 void onStateChanged(GtkWidget* widget, GtkStateFlags previous, gpointer data) noexcept
 {
     const bool enabled = gtk_widget_is_sensitive(widget) != FALSE;

@@ -4,7 +4,7 @@
 #include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/detail/LabelledAccount.h"
 #include "NolvexLibWx/paint/LabelExtent.h"
-#include "NolvexLibWx/platform/gtk/HoverWatch.h"
+#include "NolvexLibWx/platform/HoverWatch.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/platform/SelfPaintedPanel.h"
 
-#include "NolvexLibWx/platform/gtk/HoverWatch.h"
+#include "NolvexLibWx/platform/HoverWatch.h"
 
 #include <wx/brush.h>
 #include <wx/dc.h>

@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/StringConversions.h"
+#include "NolvexLibWx/widgets/Spinner.h"
+#include "NolvexLibWx/widgets/StaticText.h"
+#include "apps/gallery/Page.h"
+
+#include <wx/sizer.h>
+
+namespace Nolvex::Gallery {
+
+namespace {
+
+constexpr int GAP = 8;
+constexpr int WIDTH = 60;
+
+struct SpinnerCase
+{
+    const wchar_t* label;
+    float minValue;
+    float maxValue;
+    float value;
+    int precision;
+    float step;
+};
+
+// Shows its arrows in one state until the mouse comes.
+class PosedSpinner : public Wx::Spinner
+{
+public:
+    PosedSpinner(wxWindow* parent, ArrowLook up, ArrowLook down)
+        : Wx::Spinner(parent, wxID_ANY, WIDTH, 0, 10, 5, 1, 0.1f)
+    {
+        upArrow()->setBitmap(arrowPicture(true, up));
+        downArrow()->setBitmap(arrowPicture(false, down));
+    }
+};
+
+void addRow(wxWindow* parent, wxSizer* grid, const wchar_t* label, Wx::Spinner* spinner, const Log& log)
+{
+    spinner->SetLabel(label);
+    spinner->callOnValueChange([log, name = String(label)](float value) {
+        log(L"\"" + name + L"\" is " + Wx::toString(wxString::Format("%g", static_cast<double>(value))) +
+            L".");
+    });
+    spinner->Bind(Wx::CUSTSPINNER_START_EDITING, [log, name = String(label)](wxActivateEvent&) {
+        log(L"Editing \"" + name + L"\" begins.");
+    });
+    spinner->Bind(Wx::CUSTSPINNER_END_EDITING,
+                  [log, name = String(label)](wxActivateEvent&) { log(L"Editing \"" + name + L"\" ends."); });
+    grid->Add(new Wx::StaticText(parent, wxID_ANY, label), 0, wxALIGN_CENTRE_VERTICAL);
+    grid->Add(spinner, 0, wxALIGN_CENTRE_VERTICAL);
+}
+
+void addLive(wxWindow* parent, wxSizer* grid, const Log& log)
+{
+    for (const SpinnerCase& c : {
+             SpinnerCase{L"Whole numbers, 0 to 100", 0, 100, 50, 0, 1},
+             SpinnerCase{L"Two places, in steps of 0.25", -10, 10, 1.5f, 2, 0.25f},
+             SpinnerCase{L"Automatic steps", 0, 10000, 500, 3, 0},
+         })
+        addRow(parent, grid, c.label,
+               new Wx::Spinner(parent, wxID_ANY, WIDTH, c.minValue, c.maxValue, c.value, c.precision, c.step),
+               log);
+
+    auto* fast = new Wx::Spinner(parent, wxID_ANY, WIDTH, 0, 100, 20, 0, 1);
+    fast->setClickSpeedOverride([]() -> Optional<float> { return 10.0f; });
+    fast->setTooltip(L"A click changes the number by 10, dragging by 1 for each pixel");
+    addRow(parent, grid, L"Clicks of 10, with a tooltip", fast, log);
+
+    auto* several = new Wx::Spinner(parent, wxID_ANY, WIDTH, 0, 1, 0.5f, 2, 0.01f);
+    several->setText(L"several");
+    addRow(parent, grid, L"A text instead of the number", several, log);
+
+    auto* disabled = new Wx::Spinner(parent, wxID_ANY, WIDTH, 0, 10, 3, 1, 1);
+    disabled->Disable();
+    addRow(parent, grid, L"Disabled", disabled, log);
+}
+
+void addStates(wxWindow* parent, wxSizer* grid, const Log& log)
+{
+    using enum Wx::Spinner::ArrowLook;
+    addRow(parent, grid, L"The mouse is over the upper arrow", new PosedSpinner(parent, HOVERED, NORMAL),
+           log);
+    addRow(parent, grid, L"The upper arrow is pressed", new PosedSpinner(parent, PRESSED, NORMAL), log);
+    addRow(parent, grid, L"The lower arrow is pressed", new PosedSpinner(parent, NORMAL, PRESSED), log);
+    addRow(parent, grid, L"The number is dragged", new PosedSpinner(parent, PRESSED, PRESSED), log);
+}
+
+void build(wxWindow* parent, const Log& log)
+{
+    auto* rows = new wxBoxSizer(wxVERTICAL);
+    auto* live = new wxFlexGridSizer(2, wxSize(2 * GAP, GAP));
+    addLive(parent, live, log);
+    rows->Add(live);
+    rows->Add(new Wx::StaticText(parent, wxID_ANY, L"The states of the arrows, until the mouse comes"), 0,
+              wxTOP | wxBOTTOM, 2 * GAP);
+    auto* states = new wxFlexGridSizer(2, wxSize(2 * GAP, GAP));
+    addStates(parent, states, log);
+    rows->Add(states);
+    parent->SetSizer(rows);
+}
+
+const Page PAGE(L"Spinners", build);
+
+} // namespace
+
+} // namespace Nolvex::Gallery
