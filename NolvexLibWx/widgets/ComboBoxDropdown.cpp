@@ -56,7 +56,8 @@ public:
 
     void ScrollWindow(int dx, int dy, const wxRect* rect) override
     {
-        if (m_dropdown.isSliceInView())
+        // wxWidgets also calls this function before there is a canvas, without a distance.
+        if (dy == 0 || m_dropdown.isSliceInView())
             wxScrolledWindow::ScrollWindow(dx, dy, rect);
         else
             m_dropdown.moveSlice();
