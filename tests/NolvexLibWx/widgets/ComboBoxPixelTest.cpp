@@ -74,7 +74,7 @@ int countTexts(const wxRect& part, const Canvas::Face& face)
     wxString text;
     EXPECT_TRUE(wxFile(path).ReadAll(&text));
     wxRemoveFile(path);
-    return static_cast<int>(text.Replace(L"<text ", L""));
+    return static_cast<int>(text.Replace(L"<text ", L"<"));
 }
 
 struct ComboBoxPixelTest : Tests::ComboBoxFixture
@@ -226,7 +226,7 @@ TEST_F(ComboBoxPixelTest, enabling_repaintsTheText)
 
 TEST_F(ComboBoxPixelTest, rows_beginTwoPixelsDownAndFiveToTheRight)
 {
-    const Array<ComboBox::Item> items{{L"\u2588", 1, {}}, {L"\u2588", 2, {}}, {L"", 3, {}}};
+    const Array<ComboBox::Item> items{{L"\u2588", 1, {}}, {L"\u2588", 2, {}}, {String(), 3, {}}};
     const RgbBytes background = Wx::GuiSkin::DEFAULT().background;
     const wxSize size(80, 3 * ROW + 10);
     const wxImage image =
@@ -246,7 +246,7 @@ TEST_F(ComboBoxPixelTest, rows_beginTwoPixelsDownAndFiveToTheRight)
 TEST_F(ComboBoxPixelTest, markedRow_hasTheHighlightOfTheDefaultSkin)
 {
     const Tests::DefaultSkinGuard guard;
-    const Array<ComboBox::Item> items{{L"", 1, {}}};
+    const Array<ComboBox::Item> items{{String(), 1, {}}};
     const Canvas::Face face = listOf(items, 0);
     Wx::GuiSkin::DEFAULT().highlight = {1, 2, 3};
     const wxImage image = Tests::painted(wxSize(50, 30), [&](wxDC& dc) {
