@@ -139,9 +139,12 @@ void Wx::ComboBoxDropdown::bindEvents(wxWindow& window)
 void Wx::ComboBoxDropdown::open()
 {
     layOut();
+    const wxWeakRef<ComboBoxDropdown> self(this);
     if (!IsShown())
         DropdownFrame::open();
-    showSelected();
+    // A handler of wxEVT_SHOW may have destroyed the frame.
+    if (self)
+        showSelected();
 }
 
 bool Wx::ComboBoxDropdown::Show(bool show)
