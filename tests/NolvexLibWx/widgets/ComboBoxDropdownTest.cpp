@@ -37,7 +37,7 @@ struct ComboBoxDropdownTest : Tests::ComboBoxFixture
         return Tests::pumpUntil(
             [&] {
                 const wxImage image = Tests::captureClientArea(scroller());
-                const int x = image.GetWidth() - 3; // beside the texts
+                const int x = 2; // beside the texts and the scroll bar
                 for (int y = 2; y < image.GetHeight(); ++y) {
                     const int top = scroller()->GetViewStart().y * Wx::scaleByDpi(6);
                     const bool isMarked = (y + top - 2) / rowHeight() == row;
