@@ -52,6 +52,9 @@ struct ComboBoxFixture : FrameFixture
         });
     }
 
+    // The box reports its destruction to the members.
+    ~ComboBoxFixture() override { destroyFrame(); }
+
     void make(bool enabled = true)
     {
         box = new ComboBox(
