@@ -17,7 +17,7 @@ void disconnect(GtkWidget* widget, const char* signal, gpointer data)
                                          0, nullptr, nullptr, data);
 }
 
-// Paints a line of one pixel at the edges, in the colour that Windows gives the borders of windows.
+// Paints a black line of one pixel at the edges, which separates the frame from a panel of the same colour.
 gboolean paintBorder(GtkWidget* widget, cairo_t* context, gpointer /*data*/) noexcept
 {
     cairo_set_source_rgb(context, 0, 0, 0);

@@ -52,6 +52,8 @@ struct ComboBoxDropdownTest : Tests::ComboBoxFixture
     int viewTop() const { return scroller()->GetViewStart().y * Wx::scaleByDpi(6); }
 };
 
+using ComboBoxDropdownSizeTest = ComboBoxDropdownTest;
+
 } // namespace
 
 TEST_F(ComboBoxDropdownTest, construction_makesAHiddenFrameOfThatNameAndStyle)
@@ -91,7 +93,7 @@ TEST_F(ComboBoxDropdownTest, wideBox_hasAListAsWide)
     EXPECT_EQ(dropdown->GetSize().x, 60);
 }
 
-TEST_F(ComboBoxDropdownTest, height_isThatOfTheRowsUpToSeventeen)
+TEST_F(ComboBoxDropdownSizeTest, height_isThatOfTheRowsUpToSeventeen)
 {
     makeWithItems(0);
     showFrame();
@@ -334,8 +336,9 @@ TEST_F(ComboBoxDropdownTest, longList_scrolledRowByRow_staysWhole)
 TEST_F(ComboBoxDropdownTest, atTheBottomOfTheScreen_opensAbove)
 {
     makeWithItems(10);
-    const int bottom = wxDisplay(0u).GetClientArea().GetBottom();
-    frame->SetSize(100, bottom - 100, 300, 100);
+    const wxRect area = wxDisplay(0U).GetClientArea();
+    const int bottom = area.GetBottom();
+    frame->SetSize(area.x + 60, bottom - 100, 300, 100);
     showFrame();
     Tests::pumpUntil([&] { return frame->GetPosition().y >= bottom - 150; }, 1000);
     box->setOpen(true);

@@ -26,6 +26,7 @@ static_assert(static_cast<int>(WindowEvent::CREATED) == 0);
 static_assert(static_cast<int>(WindowEvent::DESTROYED) == 1);
 
 using ComboBoxTest = Tests::ComboBoxFixture;
+using ComboBoxSizeTest = ComboBoxTest;
 
 } // namespace
 
@@ -42,7 +43,7 @@ TEST_F(ComboBoxTest, construction_hasNoItemsAndSendsNothing)
     expectSelected({});
 }
 
-TEST_F(ComboBoxTest, size_isTheWidthAnd24DesignUnits)
+TEST_F(ComboBoxSizeTest, box_hasTheWidthAnd24DesignUnits)
 {
     make();
     EXPECT_EQ(box->GetSize(), Wx::scaleByDpi(wxSize(120, 24)));
