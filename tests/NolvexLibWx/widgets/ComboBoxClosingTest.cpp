@@ -178,6 +178,19 @@ TEST_F(ComboBoxClosingTest, boxDisabled_closesIt)
     expectToOpenAgain();
 }
 
+TEST_F(ComboBoxClosingTest, boxDisabledWithoutTheFocus_closesIt)
+{
+    makeWithItems(5, 0);
+    auto* other = new ComboBox(panel, wxID_ANY, 50, {}, {}, true);
+    showFrame();
+    other->SetFocus();
+    box->setOpen(true);
+    ASSERT_TRUE(opens());
+    Tests::pumpEvents();
+    box->Disable();
+    EXPECT_FALSE(isOpen());
+}
+
 TEST_F(ComboBoxClosingTest, boxHidden_closesIt)
 {
     openByClick();

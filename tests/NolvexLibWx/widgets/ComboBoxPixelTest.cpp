@@ -190,6 +190,7 @@ TEST_F(ComboBoxPixelTest, mouseFocusAndOpenList_lightTheBorder)
 {
     makeWithItems(3, 0);
     auto* other = new ComboBox(panel, wxID_ANY, 50, {}, {}, true);
+    other->Move(10, 150);
     showFrame();
     other->SetFocus();
     EXPECT_TRUE(getsLit(false));
