@@ -25,6 +25,7 @@ constexpr int BOX_HEIGHT = 24; // design units
 constexpr int EDGE = 2;        // the frame and the inner line
 constexpr int TEXT_X = 8;
 constexpr int PAGE_ROWS = 17;
+constexpr int FOCUS_TIME = 100; // milliseconds
 constexpr RgbBytes DISABLED_TEXT{110, 110, 110};
 
 wxBitmap loadArrow(const unsigned* data, int size)
@@ -124,6 +125,7 @@ void Wx::ComboBox::bindEvents()
     Bind(wxEVT_LEFT_DCLICK, &ComboBox::onClicked, this);
     Bind(wxEVT_SET_FOCUS, &ComboBox::onFocused, this);
     Bind(wxEVT_KILL_FOCUS, &ComboBox::onFocusLost, this);
+    Bind(wxEVT_TIMER, &ComboBox::onFocusStillLost, this, m_focusTimer.GetId());
     Bind(wxEVT_PAINT, &ComboBox::onBoxPaint, this);
     Bind(wxEVT_MOUSEWHEEL, &ComboBox::onWheel, this);
     Bind(wxEVT_CHAR_HOOK, &ComboBox::onKey, this);
@@ -274,7 +276,17 @@ void Wx::ComboBox::onFocusLost(wxFocusEvent& event)
 {
     Refresh();
     event.Skip();
-    closeUnlessInside(event.GetWindow());
+    // A window manager may deactivate the frame for a moment while the list appears.
+    if (event.GetWindow() == nullptr)
+        m_focusTimer.StartOnce(FOCUS_TIME);
+    else
+        closeUnlessInside(event.GetWindow());
+}
+
+void Wx::ComboBox::onFocusStillLost(wxTimerEvent& /*event*/)
+{
+    if (!HasFocus())
+        setOpen(false);
 }
 
 void Wx::ComboBox::closeUnlessInside(const wxWindow* focused)

@@ -15,6 +15,7 @@
 #include <wx/bitmap.h>
 #include <wx/colour.h>
 #include <wx/font.h>
+#include <wx/timer.h>
 #include <wx/weakref.h>
 
 #include <cstdint>
@@ -119,6 +120,7 @@ private:
     void onWheel(wxMouseEvent& event);
     void onFocused(wxFocusEvent& event);
     void onFocusLost(wxFocusEvent& event);
+    void onFocusStillLost(wxTimerEvent& event);
     void onKey(wxKeyEvent& event);
     void onCharacter(wxKeyEvent& event);
     bool selectByKey(int key);
@@ -135,6 +137,7 @@ private:
     Function<void(wxWindow*, WindowEvent)> m_windowCallback;
     std::unique_ptr<ComboBoxSelection> m_selection;
     std::unique_ptr<TypedText> m_typed;
+    wxTimer m_focusTimer{this};
     wxWeakRef<ComboBoxDropdown> m_dropdown; // a child window, which the program may have destroyed
 };
 

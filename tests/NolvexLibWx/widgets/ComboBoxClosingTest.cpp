@@ -102,6 +102,34 @@ TEST_F(ComboBoxClosingTest, focusElsewhereWithTheMouseInside_leavesItOpen)
     EXPECT_TRUE(closes());
 }
 
+TEST_F(ComboBoxClosingTest, focusLostForAMoment_leavesItOpen)
+{
+    openByClick();
+    ASSERT_TRUE(Tests::pumpUntil([this] { return box->HasFocus(); }));
+    Tests::moveMouse(panel, {250, 150});
+    wxFocusEvent lost(wxEVT_KILL_FOCUS, box->GetId());
+    lost.SetEventObject(box);
+    box->GetEventHandler()->ProcessEvent(lost);
+    EXPECT_TRUE(lost.GetSkipped());
+    Tests::pumpEvents(250);
+    EXPECT_TRUE(isOpen()) << "the box has the focus";
+    box->setOpen(false);
+}
+
+TEST_F(ComboBoxClosingTest, focusLostByTheListItself_closesIt)
+{
+    makeWithItems(5, 0);
+    openByClick();
+    for (wxWindow* const window : {dropdown.get(), static_cast<wxWindow*>(canvas())}) {
+        box->setOpen(true);
+        wxFocusEvent lost(wxEVT_KILL_FOCUS, window->GetId());
+        lost.SetEventObject(window);
+        window->GetEventHandler()->ProcessEvent(lost);
+        EXPECT_TRUE(lost.GetSkipped());
+        EXPECT_FALSE(isOpen());
+    }
+}
+
 TEST_F(ComboBoxClosingTest, otherFrameActivated_closesIt)
 {
     openByClick();
