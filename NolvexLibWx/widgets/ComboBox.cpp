@@ -11,7 +11,7 @@
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/resources/ControlArrows.h"
 #include "NolvexLibWx/widgets/ComboBoxDropdown.h"
-#include "NolvexLibWx/widgets/ComboBoxSelection.h"
+#include "NolvexLibWx/widgets/detail/ComboBoxSelection.h"
 #include "NolvexLibWx/widgets/detail/TypedText.h"
 
 #include <wx/dcclient.h>

@@ -3,7 +3,7 @@
 
 #include "NolvexLibWx/ColourConversions.h"
 #include "NolvexLibWx/StringConversions.h"
-#include "NolvexLibWx/widgets/ComboBoxSelection.h"
+#include "NolvexLibWx/widgets/detail/ComboBoxSelection.h"
 
 #include <wx/brush.h>
 #include <wx/dcclient.h>

@@ -8,7 +8,7 @@
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/MoveFocus.h"
 #include "NolvexLibWx/widgets/ComboBoxCanvas.h"
-#include "NolvexLibWx/widgets/ComboBoxSelection.h"
+#include "NolvexLibWx/widgets/detail/ComboBoxSelection.h"
 
 #include <wx/eventfilter.h>
 #include <wx/scrolwin.h>

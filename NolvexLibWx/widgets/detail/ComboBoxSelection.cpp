@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "NolvexLibWx/widgets/ComboBoxSelection.h"
+#include "NolvexLibWx/widgets/detail/ComboBoxSelection.h"
 
 #include "NolvexLibWx/StringConversions.h"
 
