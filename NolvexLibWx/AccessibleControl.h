@@ -90,7 +90,7 @@ public:
     /// `value` is within the bounds.
     virtual void setValue(double value);
 
-    /// The choices of a combo box or list.
+    /// The choices of a combo box or list, or the further choices of a button.
     virtual int itemCount() const { return 0; }
 
     /// `index` is at least 0 and below `itemCount()`, here and below.
@@ -98,6 +98,7 @@ public:
 
     virtual Optional<int> selectedItem() const { return {}; }
 
+    /// Selects the choice of a list, or makes the choice of a button.
     virtual void selectItem(int index);
 
 protected:

@@ -50,6 +50,33 @@ bool isWithin(int offset, int length)
 
 } // namespace
 
+/// The choices of the frame are the items of the button.
+class Wx::DropdownButton::Account : public ButtonAccount
+{
+public:
+    explicit Account(DropdownButton& button)
+        : ButtonAccount(button, AccessibleRole::DROPDOWN_BUTTON), m_button(button)
+    {}
+
+    Flags<AccessibleState> states() const override
+    {
+        return toggleStates(m_button.isToggle()) | AccessibleState::HAS_POPUP;
+    }
+
+    int itemCount() const override { return static_cast<int>(m_button.m_items.size()); }
+
+    String itemName(int index) const override
+    {
+        const Button* const item = m_button.choice(index + 1);
+        return item != nullptr ? toString(item->GetLabel()) : String();
+    }
+
+    void selectItem(int index) override { m_button.makeChoice(index + 1); }
+
+private:
+    DropdownButton& m_button;
+};
+
 Wx::DropdownButton::DropdownButton(wxWindow* parent, const GuiSkin& skin, const Array<int>& ids,
                                    const Array<wxString>& labels, const wxBitmap& bitmap,
                                    const wxBitmap& disabledBitmap, const Array<Function<void()>>& callbacks,
@@ -72,7 +99,7 @@ Wx::DropdownButton::DropdownButton(wxWindow* parent, const GuiSkin& skin, const 
     Bind(wxEVT_TIMER, &DropdownButton::onHeld, this);
     Bind(wxEVT_MOTION, &DropdownButton::onMouseMoved, this);
     SetMinSize(itemSize());
-    describeAs<ButtonAccount, AccessibleRole::DROPDOWN_BUTTON>(*this);
+    describeAs<Account>(*this);
 }
 
 Wx::DropdownButton::~DropdownButton() = default;
@@ -94,14 +121,37 @@ void Wx::DropdownButton::createItems(const Array<int>& ids, const Array<wxString
     m_popup->Hide();
 }
 
+// Returns null if the program has destroyed the button of that choice.
+Wx::Button* Wx::DropdownButton::choice(int index) const
+{
+    if (index < 1 || index > static_cast<int>(m_items.size()))
+        Nolvex::Detail::throwStopException(SOURCE, __LINE__);
+    return m_items[static_cast<std::size_t>(index) - 1].get();
+}
+
 void Wx::DropdownButton::setText(int index, const String& text)
 {
-    if (index < 0 || index > static_cast<int>(m_items.size()))
-        Nolvex::Detail::throwStopException(SOURCE, __LINE__);
     if (index == 0)
         Button::SetLabel(toWxString(text));
-    else if (const wxWeakRef<Button>& item = m_items[static_cast<std::size_t>(index) - 1])
+    else if (Button* const item = choice(index))
         item->SetLabel(toWxString(text));
+    updateAccessible(*this);
+}
+
+void Wx::DropdownButton::makeChoice(int index)
+{
+    if (index == 0) {
+        doClick(wxPoint(GetClientSize().x / 2, GetClientSize().y / 2));
+        return;
+    }
+    const wxWeakRef<Button> item(choice(index));
+    if (!item)
+        return;
+    const wxWeakRef<DropdownButton> self(this);
+    callBackSafely(*item);
+    // The callback may have destroyed either.
+    if (self && item && swapsOnSelect())
+        swapWithMain(*item);
 }
 
 void Wx::DropdownButton::onMouseDown(wxMouseEvent& /*event*/)
@@ -228,6 +278,7 @@ void Wx::DropdownButton::swapWithMain(Button& item)
     Button::SetLabel(item.GetLabel());
     item.SetLabel(mainLabel);
     swapCallbacks(*this, item);
+    updateAccessible(*this);
 }
 
 void Wx::DropdownButton::onCaptureLost(wxMouseCaptureLostEvent& event)

@@ -45,6 +45,9 @@ public:
     /// Any other index is a programming error (StopException).
     void setText(int index, const String& text);
 
+    /// Makes a choice as the user does, even if the button is disabled. The index is that of `setText`.
+    void makeChoice(int index);
+
     /// Returns the present appearance of the button.
     Face face() const;
 
@@ -59,6 +62,9 @@ protected:
     void onButtonPaint(wxPaintEvent& event) override;
 
 private:
+    class Account;
+
+    Button* choice(int index) const;
     void createItems(const Array<int>& ids, const Array<wxString>& labels,
                      const Array<Function<void()>>& callbacks);
     void onHeld(wxTimerEvent& event);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/widgets/DropdownFrame.h"
 
+#include "NolvexLibWx/Monitors.h"
 #include "NolvexLibWx/widgets/detail/ModalDialogWatch.h"
 
 #include <wx/event.h>
@@ -22,7 +23,7 @@ void Wx::DropdownFrame::open()
 {
     if (!isOwnerUsable())
         return;
-    moveBelowOwner();
+    moveBesideOwner();
     Raise();
     Show();
 }
@@ -46,7 +47,7 @@ void Wx::DropdownFrame::OnInternalIdle()
     if (!IsShown())
         return;
     if (isOwnerUsable())
-        moveBelowOwner();
+        moveBesideOwner();
     else
         CallAfter(&DropdownFrame::hideUnlessUsable);
 }
@@ -66,10 +67,15 @@ bool Wx::DropdownFrame::isOwnerUsable() const
     return (parent == nullptr || parent->IsEnabled()) && (topLevel == nullptr || !topLevel->IsIconized());
 }
 
-void Wx::DropdownFrame::moveBelowOwner()
+void Wx::DropdownFrame::moveBesideOwner()
 {
+    const wxRect owner = m_owner->GetScreenRect();
+    const Bucket monitor = getMonitorRegionByWindow(m_owner, MonitorRegionType::WORK_AREA);
+    const int height = GetSize().y;
+    const int below = owner.GetBottom() + 1;
+    const bool isAbove = below + height > monitor.max.y && owner.y - height >= monitor.min.y;
     // A coordinate of -1 is valid on a monitor to the left or above.
-    Move(m_owner->GetScreenPosition() + wxPoint(0, m_owner->GetSize().y), wxSIZE_ALLOW_MINUS_ONE);
+    Move(owner.x, isAbove ? owner.y - height : below, wxSIZE_ALLOW_MINUS_ONE);
 }
 
 } // namespace Nolvex

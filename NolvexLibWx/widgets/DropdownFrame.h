@@ -16,7 +16,7 @@ class ModalDialogWatch;
 /// makes the frame once and then opens and hides it any number of times.
 ///
 /// The frame never takes the keyboard focus, so keys keep going to the owner; windows inside the frame must
-/// not accept the focus either. While open, the frame stays below the owner when that moves, and hides when
+/// not accept the focus either. While open, the frame stays beside the owner when that moves, and hides when
 /// the owner can no longer be seen or used: when the owner, a parent or the top level is hidden, when the top
 /// level is minimised, when a parent is disabled, and when a modal dialog opens. Disabling the owner alone
 /// does not hide the frame, as a press that has begun may still be completed. Close hides the frame too.
@@ -31,8 +31,9 @@ public:
                            const wxString& name = wxASCII_STR(wxFrameNameStr));
     ~DropdownFrame() override;
 
-    /// Shows the frame in front of other windows, its top left corner at the owner's bottom left corner.
-    /// Does nothing while the owner cannot be seen or used.
+    /// Shows the frame in front of other windows, its top left corner at the owner's bottom left corner. At
+    /// the bottom of the monitor, the frame opens above the owner if it fits there. Does nothing while the
+    /// owner cannot be seen or used.
     void open();
 
     bool Show(bool show = true) override;
@@ -41,7 +42,7 @@ public:
 
 private:
     bool isOwnerUsable() const;
-    void moveBelowOwner();
+    void moveBesideOwner();
     void hideUnlessUsable();
 
     wxWeakRef<wxWindow> m_owner;

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A window with one control of each kind, for programs that read and operate it the way a screen reader does.
-// The controls change labels, come and go, and "Close" ends the program. A combo box, which exists only here,
-// shows how a control tells about its items.
-#include "FakeControls.h"
+// The controls change labels, come and go, and "Close" ends the program.
 #include "NolvexLib/Exception.h"
 #include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/NolvexLibWx.h"
@@ -10,6 +8,7 @@
 #include "NolvexLibWx/widgets/Button.h"
 #include "NolvexLibWx/widgets/CheckBox.h"
 #include "NolvexLibWx/widgets/CollapsiblePanel.h"
+#include "NolvexLibWx/widgets/ComboBox.h"
 #include "NolvexLibWx/widgets/DropdownButton.h"
 #include "NolvexLibWx/widgets/Spinner.h"
 #include "NolvexLibWx/widgets/StaticBitmap.h"
@@ -27,7 +26,8 @@
 namespace {
 
 using namespace Nolvex;
-using Tests::FakeComboBox;
+
+using Colours = Array<Wx::ComboBox::Item>;
 
 constexpr auto PUSH = Wx::Button::Behavior::PUSH;
 
@@ -84,10 +84,11 @@ private:
             m_added = addButton(L"Added", [this] { m_added->Destroy(); });
             m_page->Layout();
         });
-        add(new Wx::DropdownButton(m_page, Wx::GuiSkin::DEFAULT(), {wxID_ANY, wxID_ANY},
-                                   {L"Open", L"Open copy"}, wxBitmap(), wxBitmap(),
-                                   {[this] { m_status->SetLabel(L"Opened"); }, Function<void()>()},
-                                   Wx::DropdownButton::Behavior::PUSH, true));
+        add(new Wx::DropdownButton(
+            m_page, Wx::GuiSkin::DEFAULT(), {wxID_ANY, wxID_ANY}, {L"Open", L"Open copy"}, wxBitmap(),
+            wxBitmap(),
+            {[this] { m_status->SetLabel(L"Opened"); }, [this] { m_status->SetLabel(L"Opened a copy"); }},
+            Wx::DropdownButton::Behavior::PUSH, true));
         add(new Wx::TextButton(m_page, wxID_ANY, L"\u00dcber uns \u2026",
                                [this] { m_status->SetLabel(L"Read"); }));
     }
@@ -134,11 +135,13 @@ private:
             m_status->SetLabel(wxString::Format("Amount %g", static_cast<double>(value)));
         });
         m_sizer->Add(amount, 0, wxALL, 2);
-        m_colours = new FakeComboBox(m_page, {L"Red", L"Green", L"Blue"}, [this](const String& colour) {
-            m_status->SetLabel(L"Painted " + Wx::toWxString(colour));
-        });
+        m_colours = new Wx::ComboBox(
+            m_page, wxID_ANY, 80,
+            [this](int id) { m_status->SetLabel(wxString::Format("Painted in colour %d", id)); }, {}, true);
+        m_colours->setData(Colours{{L"Red", 1, {}}, {L"Green", 2, {}}, {L"Blue", 3, {}}});
+        Wx::setAccessibleName(*m_colours, L"Colour");
         add(m_colours);
-        addButton(L"Mix", [this] { m_colours->setItems({L"Violet", L"Green"}); });
+        addButton(L"Mix", [this] { m_colours->setData(Colours{{L"Violet", 4, {}}, {L"Green", 2, {}}}); });
         addButton(L"Name", [this] { Wx::setAccessibleName(*m_colours, L"Paint"); });
     }
 
@@ -149,7 +152,7 @@ private:
     Wx::Button* m_save = nullptr;
     Wx::Button* m_added = nullptr;
     Wx::CheckBox* m_wrap = nullptr;
-    FakeComboBox* m_colours = nullptr;
+    Wx::ComboBox* m_colours = nullptr;
 };
 
 } // namespace

@@ -41,6 +41,7 @@ const Names ROLES = {{ROLE_SYSTEM_PUSHBUTTON, "push button"},
                      {ROLE_SYSTEM_SPINBUTTON, "spin button"},
                      {ROLE_SYSTEM_COMBOBOX, "combo box"},
                      {ROLE_SYSTEM_LISTITEM, "list item"},
+                     {ROLE_SYSTEM_MENUITEM, "menu item"},
                      {ROLE_SYSTEM_CLIENT, "window"},
                      {ROLE_SYSTEM_WINDOW, "window"}};
 
@@ -110,11 +111,12 @@ public:
 
     void select() const { m_accessible->accSelect(SELFLAG_TAKESELECTION, m_id); }
 
-    // Child windows, which have objects of their own, are not counted: only combo boxes have items here.
+    // Child windows, which have objects of their own, are not counted: only these two have items here.
     LONG itemCount() const
     {
         LONG count = 0;
-        const bool isList = number(&IAccessible::get_accRole) == ROLE_SYSTEM_COMBOBOX;
+        const LONG role = number(&IAccessible::get_accRole);
+        const bool isList = role == ROLE_SYSTEM_COMBOBOX || role == ROLE_SYSTEM_BUTTONDROPDOWN;
         return isList && m_accessible->get_accChildCount(&count) == S_OK ? count : 0;
     }
 

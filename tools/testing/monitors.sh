@@ -46,6 +46,7 @@ for monitors in '800x600+0+0 640x480+800+100' '640x480+640+0 640x480+0+200' '500
     status=1
   fi
   run NolvexLibWxTests 'TooltipTest.atTheEdge*:TooltipTest.shown*:SpinnerDragTest.*' || status=1
+  run NolvexLibWxTests 'ComboBoxDropdownTest.onAnyMonitor*:*.atTheBottomOf*' || status=1
   run NolvexViewerTests 'ViewerCommandsTest.capture*' || status=1
   [ $status -eq 0 ] || { echo "monitors: failed with $monitors"; exit 1; }
 done

@@ -10,12 +10,17 @@
 
 #include <gtk/gtk-a11y.h>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 
 namespace Nolvex {
 
 namespace {
+
+// Each announced item is a message to every program that listens. Assistive technology asks for the items of
+// a longer list when it needs them.
+constexpr int MAX_ANNOUNCED_ITEMS = 1000;
 
 struct Described
 {
@@ -123,6 +128,8 @@ AtkStateSet* refStateSet(AtkObject* accessible) noexcept
         if (told.has(pair.told))
             atk_state_set_add_state(states, pair.system);
     }
+    if (account->itemCount() > MAX_ANNOUNCED_ITEMS)
+        atk_state_set_add_state(states, ATK_STATE_MANAGES_DESCENDANTS);
     // A widget of GTK can have the focus even if the control leaves it to the mouse or to a child.
     if (!Wx::isTabStop(*describedBy(accessible)->record.control()))
         atk_state_set_remove_state(states, ATK_STATE_FOCUSABLE);
@@ -331,10 +338,10 @@ Hook& hookFor(wxWindow& control, GtkWidget* widget)
 
 void announceItems(AtkObject* accessible, Described& described, const Wx::AccessibleRecord::Changes& changes)
 {
-    for (int i = changes.itemsBefore - 1; i >= changes.items; --i)
+    for (int i = std::min(changes.itemsBefore, MAX_ANNOUNCED_ITEMS) - 1; i >= changes.items; --i)
         g_signal_emit_by_name(accessible, "children-changed::remove", i, described.items.item(i), nullptr);
     described.items.update(changes.items);
-    for (int i = changes.itemsBefore; i < changes.items; ++i)
+    for (int i = changes.itemsBefore; i < std::min(changes.items, MAX_ANNOUNCED_ITEMS); ++i)
         g_signal_emit_by_name(accessible, "children-changed::add", i, described.items.item(i), nullptr);
     if (changes.selection) {
         described.items.updateSelection();

@@ -60,9 +60,16 @@ gint itemIndex(AtkObject* accessible) noexcept
     return itemOf(accessible)->index;
 }
 
-AtkRole itemRole(AtkObject* /*accessible*/) noexcept
+// The choices of a button are made; only those of a list can be selected.
+bool isSelectable(const Wx::AccessibleControl& account)
 {
-    return ATK_ROLE_LIST_ITEM;
+    return account.role() != Wx::AccessibleRole::DROPDOWN_BUTTON;
+}
+
+AtkRole itemRole(AtkObject* accessible) noexcept
+{
+    const Wx::AccessibleControl* const account = accountOf(*itemOf(accessible));
+    return account == nullptr || isSelectable(*account) ? ATK_ROLE_LIST_ITEM : ATK_ROLE_MENU_ITEM;
 }
 
 bool isSelected(const Item& item)
@@ -75,11 +82,13 @@ AtkStateSet* itemStates(AtkObject* accessible) noexcept
 {
     AtkStateSet* const states = s_itemParentClass->ref_state_set(accessible);
     const Item& item = *itemOf(accessible);
-    if (accountOf(item) == nullptr) {
+    const Wx::AccessibleControl* const account = accountOf(item);
+    if (account == nullptr) {
         atk_state_set_add_state(states, ATK_STATE_DEFUNCT);
         return states;
     }
-    atk_state_set_add_state(states, ATK_STATE_SELECTABLE);
+    if (isSelectable(*account))
+        atk_state_set_add_state(states, ATK_STATE_SELECTABLE);
     atk_state_set_add_state(states, ATK_STATE_VISIBLE);
     if (item.record->isOperable()) {
         atk_state_set_add_state(states, ATK_STATE_ENABLED);

@@ -5,6 +5,8 @@
 
 #include <gtk/gtk.h>
 
+#include <algorithm>
+
 namespace Nolvex {
 
 namespace {
@@ -17,6 +19,17 @@ void disconnect(GtkWidget* widget, const char* signal, gpointer data)
                                          0, nullptr, nullptr, data);
 }
 
+// Paints a black line of one pixel at the edges, which separates the frame from a panel of the same colour.
+gboolean paintBorder(GtkWidget* widget, cairo_t* context, gpointer /*data*/) noexcept
+{
+    cairo_set_source_rgb(context, 0, 0, 0);
+    cairo_set_line_width(context, 1);
+    cairo_rectangle(context, 0.5, 0.5, gtk_widget_get_allocated_width(widget) - 1,
+                    gtk_widget_get_allocated_height(widget) - 1);
+    cairo_stroke(context);
+    return FALSE;
+}
+
 } // namespace
 
 Platform::PopupFrame::PopupFrame(wxWindow* parent, long style, const wxString& name)
@@ -26,10 +39,35 @@ Platform::PopupFrame::PopupFrame(wxWindow* parent, long style, const wxString& n
     g_object_ref(m_widget);
     gtk_window_set_type_hint(GTK_WINDOW(m_widget), GDK_WINDOW_TYPE_HINT_COMBO);
     Create(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, style, name);
+    if (borderWidth() > 0)
+        addBorder();
     stopWaitingForTheServer();
 }
 
 Platform::PopupFrame::~PopupFrame() = default;
+
+int Platform::PopupFrame::borderWidth() const
+{
+    return HasFlag(wxBORDER_SIMPLE) ? 1 : 0;
+}
+
+void Platform::PopupFrame::addBorder()
+{
+    gtk_container_set_border_width(GTK_CONTAINER(m_widget), static_cast<guint>(borderWidth()));
+    g_signal_connect_after(m_widget, "draw", G_CALLBACK(paintBorder), nullptr);
+}
+
+void Platform::PopupFrame::DoGetClientSize(int* width, int* height) const
+{
+    wxFrame::DoGetClientSize(width, height);
+    // The size that wxWidgets has cached is the size inside the border.
+    if (m_useCachedClientSize)
+        return;
+    for (int* const length : {width, height}) {
+        if (length != nullptr)
+            *length = std::max(*length - 2 * borderWidth(), 0);
+    }
+}
 
 void Platform::PopupFrame::stopWaitingForTheServer()
 {

@@ -29,9 +29,14 @@ public:
     bool AcceptsFocusRecursively() const override { return false; }
 
 protected:
+    /// GTK has no borders around top levels, so the frame paints wxBORDER_SIMPLE itself.
+    void DoGetClientSize(int* width, int* height) const override;
+
     bool TryBefore(wxEvent& event) override;
 
 private:
+    int borderWidth() const;
+    void addBorder();
     void stopWaitingForTheServer();
     void followTopLevelOfParent();
 

@@ -82,6 +82,12 @@ HRESULT give(VARIANT* target, LONG number)
     return S_OK;
 }
 
+// The choices of a button are made; only those of a list can be selected.
+bool isSelectable(const Wx::AccessibleControl& account)
+{
+    return account.role() != AccessibleRole::DROPDOWN_BUTTON;
+}
+
 // A spinner that gives no text is shown as its number in the C locale.
 String shownValue(const Wx::AccessibleValue& value)
 {
@@ -164,7 +170,7 @@ STDMETHODIMP Platform::DescribedAccessible::get_accDescription(VARIANT id, BSTR*
 STDMETHODIMP Platform::DescribedAccessible::get_accRole(VARIANT id, VARIANT* role)
 {
     if (isItem(id))
-        return give(role, ROLE_SYSTEM_LISTITEM);
+        return give(role, isSelectable(*account()) ? ROLE_SYSTEM_LISTITEM : ROLE_SYSTEM_MENUITEM);
     return isDescribed(id) ? give(role, systemRole(account()->role()))
                            : ForwardingAccessible::get_accRole(id, role);
 }
@@ -186,7 +192,7 @@ LONG Platform::DescribedAccessible::states() const
 
 LONG Platform::DescribedAccessible::itemStates(int index) const
 {
-    LONG states = STATE_SYSTEM_SELECTABLE;
+    LONG states = isSelectable(*account()) ? STATE_SYSTEM_SELECTABLE : 0;
     if (account()->selectedItem() == Optional<int>(index))
         states |= STATE_SYSTEM_SELECTED;
     if (!m_record->isOperable())

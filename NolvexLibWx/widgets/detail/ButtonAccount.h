@@ -7,7 +7,7 @@
 
 namespace Nolvex::Wx {
 
-/// The account of a button of any kind.
+/// The account of a push or toggle button, and the base of those of other buttons.
 class ButtonAccount : public AccessibleControl
 {
 public:
@@ -19,11 +19,7 @@ public:
 
     Flags<AccessibleState> states() const override
     {
-        Flags<AccessibleState> states;
-        states.set(AccessibleState::CHECKABLE, m_role == AccessibleRole::TOGGLE_BUTTON);
-        states.set(AccessibleState::HAS_POPUP, m_role == AccessibleRole::DROPDOWN_BUTTON);
-        states.set(AccessibleState::CHECKED, m_button.isToggled());
-        return states;
+        return toggleStates(m_role == AccessibleRole::TOGGLE_BUTTON);
     }
 
     Array<String> actions() const override { return {L"click"}; }
@@ -32,6 +28,15 @@ public:
     {
         const wxSize size = m_button.GetClientSize();
         m_button.doClick(wxPoint(size.x / 2, size.y / 2));
+    }
+
+protected:
+    Flags<AccessibleState> toggleStates(bool isToggle) const
+    {
+        Flags<AccessibleState> states;
+        states.set(AccessibleState::CHECKABLE, isToggle);
+        states.set(AccessibleState::CHECKED, isToggle && m_button.isToggled());
+        return states;
     }
 
 private:

@@ -311,6 +311,46 @@ TEST_F(DropdownButtonTest, captureLostBeforeItOpens_keepsItClosed)
     Tests::releaseMouse();
 }
 
+TEST_F(DropdownButtonTest, makeChoice_callsTheCallbackOfThatChoice)
+{
+    make();
+    int clicks = 0;
+    panel->Bind(wxEVT_BUTTON, [&clicks](wxEvent&) { ++clicks; });
+    for (const int index : {2, 0, 1})
+        button->makeChoice(index);
+    EXPECT_EQ(reports, Array<wxString>({L"three", L"one", L"two"}));
+    EXPECT_EQ(clicks, 1) << "only the main choice is a click";
+    EXPECT_EQ(button->GetLabel(), L"one");
+    EXPECT_THROW(button->makeChoice(3), StopException);
+    EXPECT_THROW(button->makeChoice(-1), StopException);
+    destroyFrame(); // while the variables of the handlers exist
+}
+
+TEST_F(DropdownButtonTest, makeChoice_swapsWithTheMainChoice)
+{
+    make(SWAP);
+    button->makeChoice(2);
+    EXPECT_EQ(button->GetLabel(), L"three");
+    EXPECT_EQ(item(1)->GetLabel(), L"one");
+    button->makeChoice(0);
+    EXPECT_EQ(reports, Array<wxString>({L"three", L"three"}));
+}
+
+TEST_F(DropdownButtonTest, makeChoiceThatDestroysTheButton_isSafe)
+{
+    makeWithCallback([this] { button->Destroy(); });
+    button->makeChoice(1);
+    EXPECT_FALSE(button);
+}
+
+TEST_F(DropdownButtonTest, makeChoiceOfADestroyedItem_doesNothing)
+{
+    make();
+    item(0)->Destroy();
+    button->makeChoice(1);
+    EXPECT_TRUE(reports.empty());
+}
+
 TEST_F(DropdownButtonTest, face_isOfTheStateAndTheSkin)
 {
     make();

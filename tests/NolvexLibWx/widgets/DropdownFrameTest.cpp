@@ -3,11 +3,14 @@
 
 #include "NolvexLib/Array.h"
 #include "NolvexLib/RgbBytes.h"
+#include "NolvexLibWx/GeometryConversions.h"
+#include "NolvexLibWx/ScreenCapture.h"
 #include "support/FrameFixture.h"
 #include "support/Gestures.h"
 #include "support/Screen.h"
 
 #include <wx/dialog.h>
+#include <wx/display.h>
 #include <wx/textctrl.h>
 
 #include <gtest/gtest.h>
@@ -86,6 +89,47 @@ TEST_F(DropdownFrameTest, open_showsItDirectlyBelowItsOwner)
     EXPECT_EQ(dropdown->GetScreenPosition(), below());
     EXPECT_EQ(contents->GetScreenPosition(), below());
     EXPECT_EQ(dropdown->GetSize(), LIST_SIZE);
+}
+
+TEST_F(DropdownFrameTest, simpleBorder_surroundsTheContents)
+{
+    dropdown->Destroy();
+    dropdown = new DropdownFrame(owner, wxBORDER_SIMPLE);
+    contents = new Contents(dropdown);
+    dropdown->SetClientSize(LIST_SIZE);
+    contents->SetSize(LIST_SIZE);
+    showFrame();
+    open();
+    EXPECT_EQ(dropdown->GetClientSize(), LIST_SIZE);
+    EXPECT_EQ(dropdown->GetSize(), LIST_SIZE + wxSize(2, 2));
+    EXPECT_EQ(dropdown->GetScreenPosition(), below());
+    EXPECT_EQ(contents->GetScreenPosition(), below() + wxPoint(1, 1));
+    const auto hasBorder = [this] {
+        const BitmapImpl<Rgb> image = Wx::getScreenRegionColors(
+            {Wx::toPixel(below()), Wx::toPixel(below()) + Wx::toPixel(dropdown->GetSize())});
+        const Rgb border = image.at(0, 0);
+        return border.g < 0.7f && image.at(60, 0) == border && image.at(121, 61) == border &&
+               image.at(0, 30) == border && image.at(1, 1).g == 1 && image.at(120, 60).g == 1;
+    };
+    EXPECT_TRUE(Tests::pumpUntil(hasBorder, 2000));
+}
+
+TEST_F(DropdownFrameTest, atTheBottomOfTheMonitor_opensAbove)
+{
+    showFrame();
+    const wxRect area = wxDisplay(0U).GetClientArea();
+    const auto openAt = [&](int y) {
+        dropdown->Hide();
+        owner->Move(between->ScreenToClient(wxPoint(area.x + 50, y)));
+        dropdown->open();
+        return dropdown->GetScreenPosition().y;
+    };
+    const int height = owner->GetSize().y + LIST_SIZE.y;
+    const int bottom = area.GetBottom() + 1;
+    EXPECT_EQ(openAt(bottom - height), bottom - LIST_SIZE.y) << "there is just enough room below";
+    EXPECT_EQ(openAt(bottom - height + 1), bottom - height + 1 - LIST_SIZE.y);
+    dropdown->SetClientSize(LIST_SIZE.x, area.height);
+    EXPECT_EQ(openAt(bottom - height), bottom - LIST_SIZE.y) << "there is no room above either";
 }
 
 TEST_F(DropdownFrameTest, open_placesItBeforeItIsShown)
