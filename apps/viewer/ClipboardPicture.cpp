@@ -2,6 +2,7 @@
 #include "apps/viewer/ClipboardPicture.h"
 
 #include "NolvexLibWx/ColourConversions.h"
+#include "apps/viewer/Development.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,7 +17,7 @@ float clamped(float value)
     return value > 0.0f ? std::min(1.0f, value) : 0.0f;
 }
 
-// Encodes the pixel as the viewer's bitmap does: every channel, alpha included, is raised to the exponent.
+// Encodes the pixel as the view does: every channel, alpha included, is raised to the exponent.
 Rgb encoded(const Rgb& pixel, float exponent)
 {
     if (exponent == 1.0f)
@@ -39,17 +40,20 @@ Rgb over(const Rgb& pixel, const Rgb& background)
 
 } // namespace
 
-BitmapImpl<Rgb> clipboardPicture(const Image& image, const RgbBytes& background)
+BitmapImpl<Rgb> clipboardPicture(const Image& image, const DisplaySettings& settings,
+                                 const RgbBytes& background)
 {
     const ImageDescriptor& descriptor = image.descriptor();
-    const float exponent = 1.0f / descriptor.gamma;
+    const Development development(descriptor, settings);
     const Rgb behind = Wx::toRgb(Wx::toWxColour(background));
     BitmapImpl<Rgb> picture(descriptor.width, descriptor.height);
     for (std::int32_t y = 0; y < descriptor.height; ++y) {
         Rgb* const row = picture.row(y);
         image.readRow(y, row);
-        std::transform(row, row + descriptor.width, row,
-                       [&](const Rgb& pixel) { return over(encoded(pixel, exponent), behind); });
+        development.apply(row, static_cast<std::size_t>(descriptor.width));
+        std::transform(row, row + descriptor.width, row, [&](const Rgb& pixel) {
+            return over(encoded(pixel, development.exponent()), behind);
+        });
     }
     return picture;
 }

@@ -5,12 +5,14 @@
 #include "NolvexLib/Rgb.h"
 #include "NolvexLib/RgbBytes.h"
 #include "NolvexLibImage/Image.h"
+#include "apps/viewer/DisplaySettings.h"
 
 namespace Nolvex::Viewer {
 
-/// Returns the image as Wx::setClipboardData takes it: encoded for display, its rows from the bottom up, so
-/// that programs paste at the top what the viewer shows at the top. Pictures on the clipboard have no alpha:
-/// transparent pixels show the background. Throws std::bad_alloc.
-BitmapImpl<Rgb> clipboardPicture(const Image& image, const RgbBytes& background);
+/// Returns the image as Wx::setClipboardData takes it: as the settings show it, encoded for display, its rows
+/// from the bottom up, so that programs paste at the top what the viewer shows at the top. Pictures on the
+/// clipboard have no alpha: transparent pixels show the background. Throws std::bad_alloc.
+BitmapImpl<Rgb> clipboardPicture(const Image& image, const DisplaySettings& settings,
+                                 const RgbBytes& background);
 
 } // namespace Nolvex::Viewer

@@ -3,6 +3,7 @@
 
 #include "NolvexLibWx/ColourConversions.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"
+#include "apps/viewer/Development.h"
 
 #include <wx/dcbuffer.h>
 #include <wx/pen.h>
@@ -51,8 +52,18 @@ int ImageView::FilterEvent(wxEvent& event)
 void ImageView::setPicture(SharedPicture picture)
 {
     m_picture = std::move(picture);
+    m_developed = wxBitmap();
     SetVirtualSize(bitmapSize());
     Scroll(0, 0);
+    Refresh();
+}
+
+void ImageView::setDisplay(const DisplaySettings& settings)
+{
+    if (settings == m_display)
+        return;
+    m_display = settings;
+    m_developed = wxBitmap();
     Refresh();
 }
 
@@ -81,14 +92,28 @@ void ImageView::onPaint(wxPaintEvent& /*event*/)
     // Only the visible part is drawn: a bitmap may be larger than the window system can draw at once.
     const wxPoint origin = bitmapOrigin();
     const wxRect visible = wxRect(-origin, GetClientSize()).Intersect(wxRect(bitmapSize()));
-    if (!visible.IsEmpty())
-        dc.DrawBitmap(bitmap().GetSubBitmap(visible), origin + visible.GetTopLeft());
+    if (const wxBitmap shown = visible.IsEmpty() ? wxBitmap() : visibleBitmap(visible); shown.IsOk())
+        dc.DrawBitmap(shown, origin + visible.GetTopLeft());
     if (m_focusMark) {
         dc.SetPen(wxPen(Wx::toWxColour(Wx::GuiSkin::DEFAULT().highlight), 1, wxPENSTYLE_DOT));
         dc.SetBrush(*wxTRANSPARENT_BRUSH);
         dc.DrawRectangle(wxRect(GetClientSize()));
     }
     m_painted = true;
+}
+
+// Returns the part of the picture as it is shown. With other settings than the usual ones, the result is kept
+// until the part changes.
+wxBitmap ImageView::visibleBitmap(const wxRect& part)
+{
+    if (m_display == DisplaySettings())
+        return bitmap().GetSubBitmap(part);
+    if (!m_developed.IsOk() || part != m_developedPart) {
+        const wxImage developed = develop(m_picture->image(), m_display, part);
+        m_developed = developed.IsOk() ? wxBitmap(developed) : wxBitmap();
+        m_developedPart = part;
+    }
+    return m_developed;
 }
 
 // After a click the line is not shown, because the user knows where the click went.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "NolvexLibWx/widgets/TooltipWindow.h"
+#include "apps/viewer/DisplaySettings.h"
 #include "apps/viewer/Picture.h"
 
 #include <wx/bitmap.h>
@@ -24,6 +25,12 @@ public:
 
     const SharedPicture& picture() const { return m_picture; }
 
+    /// Shows the picture with other settings, and keeps them for the pictures to come. Only the part that can
+    /// be seen is developed, so that a change is on the screen with the next frame.
+    void setDisplay(const DisplaySettings& settings);
+
+    const DisplaySettings& display() const { return m_display; }
+
     /// Returns the bitmap of the picture, or an invalid bitmap if there is no picture.
     const wxBitmap& bitmap() const;
 
@@ -38,10 +45,14 @@ private:
 
     void onPaint(wxPaintEvent& event);
     void onFocus(wxFocusEvent& event);
+    wxBitmap visibleBitmap(const wxRect& part);
     wxPoint bitmapOrigin() const;
     wxSize bitmapSize() const;
 
     SharedPicture m_picture;
+    DisplaySettings m_display;
+    wxBitmap m_developed; // what was painted last, if that was not the picture's own bitmap
+    wxRect m_developedPart;
     bool m_painted = false;
     bool m_tabPressed = false;
     bool m_focusMark = false;

@@ -108,7 +108,9 @@ wxWindow* ViewerFrame::makeToolBar(wxWindow* parent)
 
 wxWindow* ViewerFrame::makeOptions(wxWindow* parent)
 {
-    m_options = new ViewOptions(parent, [this](Command command) { run(command); });
+    m_options = new ViewOptions(
+        parent, [this](Command command) { run(command); },
+        [this](const DisplaySettings& settings) { m_view->setDisplay(settings); });
     return new Wx::CollapsiblePanel(parent, Wx::GuiSkin::DEFAULT(), L"View options", m_options);
 }
 
@@ -181,7 +183,7 @@ bool ViewerFrame::copyPicture()
     const RgbBytes background = Wx::toRgbBytes(m_view->GetBackgroundColour());
     bool copied = false;
     try {
-        copied = Wx::setClipboardData(clipboardPicture(picture->image(), background), {});
+        copied = Wx::setClipboardData(clipboardPicture(picture->image(), m_view->display(), background), {});
     } catch (const std::bad_alloc&) {
         return complain(L"The picture was not copied: there is not enough memory.");
     }

@@ -34,7 +34,7 @@ TEST(ClipboardPictureTest, rows_keepTheOrderFromTheBottomUp)
     Image image = floatImage(2, 3, 1.0f);
     setPixel(image, 1, 0, {1.0f, 0.0f, 0.0f, 1.0f});
     setPixel(image, 0, 2, {0.0f, 1.0f, 0.0f, 1.0f});
-    const BitmapImpl<Rgb> picture = clipboardPicture(image, BLACK);
+    const BitmapImpl<Rgb> picture = clipboardPicture(image, {}, BLACK);
     ASSERT_EQ(picture.width(), 2);
     ASSERT_EQ(picture.height(), 3);
     EXPECT_EQ(picture.at(1, 0).r, 1.0f);
@@ -47,7 +47,7 @@ TEST(ClipboardPictureTest, transparency_showsTheBackground)
     setPixel(image, 0, 0, {1.0f, 1.0f, 1.0f, 0.25f});
     setPixel(image, 1, 0, {0.5f, 0.5f, 0.5f, 7.0f});
     setPixel(image, 2, 0, {0.5f, 0.5f, 0.5f, -7.0f});
-    const BitmapImpl<Rgb> picture = clipboardPicture(image, {255, 0, 0});
+    const BitmapImpl<Rgb> picture = clipboardPicture(image, {}, {255, 0, 0});
     EXPECT_EQ(picture.at(0, 0), (Rgb{1.0f, 0.25f, 0.25f, 1.0f}));
     EXPECT_EQ(picture.at(1, 0), (Rgb{0.5f, 0.5f, 0.5f, 1.0f})) << "more than opaque";
     EXPECT_EQ(picture.at(2, 0), (Rgb{1.0f, 0.0f, 0.0f, 1.0f})) << "less than transparent";
@@ -57,7 +57,7 @@ TEST(ClipboardPictureTest, whatCannotBeShown_isClampedAndNanIsBlack)
 {
     Image image = floatImage(1, 1, 1.0f);
     setPixel(image, 0, 0, {NAN, INFINITY, -3.0f, 1.0f});
-    EXPECT_EQ(clipboardPicture(image, BLACK).at(0, 0), (Rgb{0.0f, 1.0f, 0.0f, 1.0f}));
+    EXPECT_EQ(clipboardPicture(image, {}, BLACK).at(0, 0), (Rgb{0.0f, 1.0f, 0.0f, 1.0f}));
 }
 
 TEST(ClipboardPictureTest, linearLight_becomesTheBytesThatAreShown)
@@ -69,8 +69,20 @@ TEST(ClipboardPictureTest, linearLight_becomesTheBytesThatAreShown)
     }
     const Viewer::Picture shown(L"linear", image);
     const wxImage bytes = shown.bitmap().ConvertToImage();
-    const DeviceIndependentBitmap copied(clipboardPicture(image, BLACK));
+    const DeviceIndependentBitmap copied(clipboardPicture(image, {}, BLACK));
     const std::uint8_t* bgr = copied.row(0);
     for (int x = 0; x < 64; ++x, bgr += 3)
         EXPECT_EQ(Tests::pixelAt(bytes, x, 0), (RgbBytes{bgr[2], bgr[1], bgr[0]})) << x;
+}
+
+TEST(ClipboardPictureTest, settings_changeTheCopyAsTheyChangeTheView)
+{
+    Image image = floatImage(1, 1, 2.0f);
+    setPixel(image, 0, 0, {0.0625f, 0.25f, 0.0f, 0.5f});
+    const Rgb brighter = clipboardPicture(image, {.exposure = 2.0f}, BLACK).at(0, 0);
+    const float opacity = std::sqrt(0.5f);
+    EXPECT_FLOAT_EQ(brighter.r, 0.5f * opacity);
+    EXPECT_FLOAT_EQ(brighter.g, 1.0f * opacity);
+    const Rgb green = clipboardPicture(image, {.channel = Viewer::Channel::GREEN}, BLACK).at(0, 0);
+    EXPECT_EQ(green, (Rgb{0.5f, 0.5f, 0.5f, 1.0f})) << "a channel has no transparency";
 }

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "NolvexLib/Rgb.h"
+#include "NolvexLibImage/Image.h"
+#include "apps/viewer/DisplaySettings.h"
+
+#include <wx/bitmap.h>
+#include <wx/gdicmn.h>
+#include <wx/image.h>
+
+#include <cstddef>
+
+namespace Nolvex::Viewer {
+
+/// Makes what the screen shows out of the pixels of an image, as the settings ask for.
+///
+/// Exposure multiplies the light. The values of an image whose gamma is not 1 are light, and are multiplied
+/// by 2 to the power of the exposure. The values of an image with gamma 1 are encoded for the screen already,
+/// as in most files of 8 bits. They are multiplied by 2 to the power of exposure / 2.2, which multiplies
+/// their light by nearly as much as in the other case. Alpha has no exposure.
+///
+/// One channel is shown in grey and without transparency. Luminance weights the colours by 0.2126, 0.7152 and
+/// 0.0722, the weights of ITU-R BT.709. Alpha is shown as it is, without the image's gamma.
+class Development
+{
+public:
+    Development(const ImageDescriptor& image, const DisplaySettings& settings);
+
+    /// Changes pixels with the values of the image to pixels that only need to be encoded.
+    void apply(Rgb* pixels, std::size_t count) const;
+
+    /// The exponent that encodes the changed pixels for the screen.
+    float exponent() const { return m_exponent; }
+
+    /// True if the changed pixels have the image's transparency.
+    bool isTransparent() const { return m_transparent; }
+
+private:
+    float m_factor;
+    Channel m_channel;
+    float m_exponent;
+    bool m_transparent;
+};
+
+/// Returns the part of the image that the rectangle covers, as BitmapConverter shows the whole image but with
+/// the settings. The rectangle counts rows from the top and must lie within the image. The result is invalid
+/// if the rectangle is empty or there is not enough memory for it. Throws std::bad_alloc if there is not even
+/// enough for a row of floats.
+wxImage develop(const Image& image, const DisplaySettings& settings, const wxRect& part);
+
+} // namespace Nolvex::Viewer
