@@ -84,9 +84,12 @@ bool Wx::Detail::SpinnerValue::isFinite() const
 
 void Wx::Detail::SpinnerValue::setRange(float minValue, float maxValue, float defaultValue)
 {
-    constexpr float ENDLESS = std::numeric_limits<float>::infinity();
-    m_minValue = std::isnan(minValue) ? -ENDLESS : minValue;
-    m_maxValue = std::isnan(maxValue) ? ENDLESS : maxValue;
+    m_minValue = minValue;
+    m_maxValue = maxValue;
+    if (std::isnan(minValue))
+        m_minValue = -std::numeric_limits<float>::infinity();
+    if (std::isnan(maxValue))
+        m_maxValue = std::numeric_limits<float>::infinity();
     m_defaultValue = defaultValue;
 }
 
