@@ -279,19 +279,14 @@ void Wx::ComboBox::onFocusLost(wxFocusEvent& event)
     // A window manager may deactivate the frame for a moment while the list appears.
     if (event.GetWindow() == nullptr)
         m_focusTimer.StartOnce(FOCUS_TIME);
-    else
-        closeUnlessInside(event.GetWindow());
+    // A handler that hears of the hiding may destroy the box, which wxWidgets still needs for this event.
+    else if (!isInside(wxGetMousePosition()))
+        CallAfter([this] { setOpen(false); });
 }
 
 void Wx::ComboBox::onFocusStillLost(wxTimerEvent& /*event*/)
 {
     if (!HasFocus())
-        setOpen(false);
-}
-
-void Wx::ComboBox::closeUnlessInside(const wxWindow* focused)
-{
-    if (focused == nullptr || !isInside(wxGetMousePosition()))
         setOpen(false);
 }
 

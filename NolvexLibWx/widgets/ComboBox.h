@@ -128,7 +128,6 @@ private:
     void leave(bool backward);
     void selectByUser(int index);
     void selectByWheel(int rotation);
-    void closeUnlessInside(const wxWindow* focused);
     void showSelection();
 
     GuiSkin m_skin = GuiSkin::DEFAULT();

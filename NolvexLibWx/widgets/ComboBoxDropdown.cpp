@@ -13,6 +13,7 @@
 #include <wx/eventfilter.h>
 #include <wx/scrolwin.h>
 #include <wx/sizer.h>
+#include <wx/utils.h>
 #include <wx/weakref.h>
 
 #include <algorithm>
@@ -266,7 +267,13 @@ void Wx::ComboBoxDropdown::onKey(wxKeyEvent& event)
 void Wx::ComboBoxDropdown::onFocusLost(wxFocusEvent& event)
 {
     event.Skip();
-    m_box.closeUnlessInside(event.GetWindow());
+    if (event.GetWindow() != nullptr && m_box.isInside(wxGetMousePosition()))
+        return;
+    const wxWeakRef<ComboBoxDropdown> self(this);
+    Hide();
+    // No further handlers can be looked for in a frame that a handler of wxEVT_SHOW has destroyed.
+    if (!self)
+        event.Skip(false);
 }
 
 } // namespace Nolvex
