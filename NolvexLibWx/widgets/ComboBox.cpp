@@ -276,6 +276,8 @@ void Wx::ComboBox::onFocusLost(wxFocusEvent& event)
 {
     Refresh();
     event.Skip();
+    if (!isOpen())
+        return;
     // A window manager may deactivate the frame for a moment while the list appears.
     if (event.GetWindow() == nullptr)
         m_focusTimer.StartOnce(FOCUS_TIME);
