@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "apps/program/ScreenshotTimer.h"
 
+#include <wx/app.h>
+
 #include <utility>
 
 namespace Nolvex::Program {
@@ -17,7 +19,7 @@ void ScreenshotTimer::Notify()
 {
     // wxWidgets destroys a closed window a little later, so that the weak reference may still point to the
     // window.
-    if (!m_window || m_window->IsBeingDeleted()) {
+    if (!m_window || wxTheApp->IsScheduledForDestruction(m_window)) {
         Stop();
         return;
     }
