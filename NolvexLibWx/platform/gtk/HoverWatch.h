@@ -7,8 +7,8 @@
 
 namespace Nolvex::Platform {
 
-/// As the function for all systems, for a window whose events of the mouse come from an inner widget, as those
-/// of a text come from the widget inside the scrolled one.
+/// As the function for all systems, for a window whose events of the mouse come from an inner widget, as
+/// those of a text come from the widget inside the scrolled one.
 void watchHover(wxWindow& window, GtkWidget* widget);
 
 } // namespace Nolvex::Platform

@@ -163,11 +163,11 @@ TEST(DevelopmentTest, imageWithoutAlpha_isOpaqueEverywhere)
 TEST(DevelopmentTest, whatIsNoNumberOrEndless_isBlackOrWhite)
 {
     constexpr float NAN_VALUE = std::numeric_limits<float>::quiet_NaN();
-    constexpr float INFINITE = std::numeric_limits<float>::infinity();
-    const Image source = pixel({NAN_VALUE, INFINITE, -3.0f, 1.0f}, 2.2f);
+    constexpr float ENDLESS = std::numeric_limits<float>::infinity();
+    const Image source = pixel({NAN_VALUE, ENDLESS, -3.0f, 1.0f}, 2.2f);
     for (const float exposure : {-20.0f, 20.0f})
         EXPECT_EQ(shown(source, {.exposure = exposure}), (RgbBytes{0, 255, 0}));
     EXPECT_EQ(shown(source, {.channel = Channel::LUMINANCE}), (RgbBytes{0, 0, 0}));
-    constexpr float HUGE_VALUE = std::numeric_limits<float>::max();
-    EXPECT_EQ(shown(pixel({HUGE_VALUE, 0.0f, 0.0f, 1.0f}, 2.2f), {.exposure = 20.0f}).r, 255);
+    constexpr float MAX_VALUE = std::numeric_limits<float>::max();
+    EXPECT_EQ(shown(pixel({MAX_VALUE, 0.0f, 0.0f, 1.0f}, 2.2f), {.exposure = 20.0f}).r, 255);
 }
