@@ -4,11 +4,15 @@
 #include "NolvexLibImage/pixels/Conversions.h"
 #include "NolvexLibImage/pixels/GammaEncoder.h"
 
+#include <wx/rawbmp.h>
+
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <cstdint>
 #include <future>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace Nolvex::Viewer {
@@ -17,6 +21,8 @@ namespace {
 
 constexpr float SCREEN_GAMMA = 2.2f;
 constexpr int COLOUR_BYTES = 3;
+constexpr int OPAQUE_DEPTH = 24;
+constexpr std::uint8_t OPAQUE_ALPHA = 255;
 constexpr int MAX_THREADS = 8;
 
 float factorOf(float exposure, float gamma)
@@ -78,6 +84,51 @@ private:
     Pixels::GammaEncoder m_power;
 };
 
+using PixelRow = std::vector<Rgb>;
+
+// Puts the colours of a row, red first, into the order of the system's bitmaps.
+void putInNativeOrder(std::uint8_t* colours, int width)
+{
+    if constexpr (wxNativePixelFormat::RED != 0) {
+        for (int x = 0; x < width; ++x, colours += COLOUR_BYTES)
+            std::swap(colours[0], colours[2]);
+    }
+}
+
+// Develops the rows of a part of an image. Several threads may do so at once.
+class PartDeveloper
+{
+public:
+    PartDeveloper(const Image& image, const DisplaySettings& settings, const wxRect& part)
+        : m_image(image),
+          m_part(part),
+          m_development(image.descriptor(), settings),
+          m_encoder(m_development.exponent(),
+                    static_cast<std::size_t>(part.width) * static_cast<std::size_t>(part.height))
+    {}
+
+    bool isTransparent() const { return m_development.isTransparent(); }
+
+    // Develops row `y` of the part. `row` is memory for the floats of a row, which stay in the cache of the
+    // processor from the first change to the last.
+    void develop(int y, PixelRow& row, std::uint8_t* colours, std::uint8_t* alphaOrNull) const
+    {
+        const ImageDescriptor& descriptor = m_image.descriptor();
+        const std::size_t start =
+            static_cast<std::size_t>(m_part.x) * Image::getPixelFormatByteCount(descriptor.format);
+        const std::byte* const source = m_image.row(descriptor.height - 1 - m_part.y - y).data() + start;
+        Pixels::toRgb(descriptor.format, source, row.data(), row.size());
+        m_development.apply(row.data(), row.size());
+        m_encoder.encode(row.data(), colours, alphaOrNull, row.size());
+    }
+
+private:
+    const Image& m_image;
+    wxRect m_part;
+    Development m_development;
+    Encoder m_encoder;
+};
+
 } // namespace
 
 Development::Development(const ImageDescriptor& image, const DisplaySettings& settings)
@@ -117,35 +168,53 @@ void Development::apply(Rgb* pixels, std::size_t count) const
 
 wxImage develop(const Image& image, const DisplaySettings& settings, const wxRect& part)
 {
-    const ImageDescriptor& descriptor = image.descriptor();
     if (part.IsEmpty())
         return {};
     // The pixels need not be cleared: every byte is written below.
     wxImage result(part.width, part.height, false);
     if (!result.IsOk())
         return {};
-    const Development development(descriptor, settings);
-    if (development.isTransparent())
+    const PartDeveloper developer(image, settings, part);
+    if (developer.isTransparent())
         result.SetAlpha();
-
-    const auto width = static_cast<std::size_t>(part.width);
-    const std::size_t start =
-        static_cast<std::size_t>(part.x) * Image::getPixelFormatByteCount(descriptor.format);
-    const Encoder encoder(development.exponent(), width * static_cast<std::size_t>(part.height));
-    // One row at a time, which stays in the cache of the processor from the first change to the last.
-    const auto developRows = [&](int first, int end) {
-        std::vector<Rgb> row(width);
+    runInBands(part.height, [&](int first, int end) {
+        PixelRow row(static_cast<std::size_t>(part.width));
         for (int y = first; y < end; ++y) {
-            const std::byte* const source = image.row(descriptor.height - 1 - part.y - y).data() + start;
-            Pixels::toRgb(descriptor.format, source, row.data(), width);
-            development.apply(row.data(), width);
-            const std::size_t done = static_cast<std::size_t>(y) * width;
-            encoder.encode(row.data(), result.GetData() + done * COLOUR_BYTES,
-                           result.HasAlpha() ? result.GetAlpha() + done : nullptr, width);
+            const std::size_t done = static_cast<std::size_t>(y) * static_cast<std::size_t>(part.width);
+            developer.develop(y, row, result.GetData() + done * COLOUR_BYTES,
+                              result.HasAlpha() ? result.GetAlpha() + done : nullptr);
         }
-    };
-    runInBands(part.height, developRows);
+    });
     return result;
+}
+
+wxBitmap developBitmap(const Image& image, const DisplaySettings& settings, const wxRect& part)
+{
+    const PartDeveloper developer(image, settings, part);
+    wxBitmap bitmap;
+    if (part.IsEmpty() || !bitmap.Create(part.GetSize(), OPAQUE_DEPTH))
+        return {};
+    std::atomic<bool> isOpaque = true;
+    {
+        wxNativePixelData data(bitmap);
+        if (!data)
+            return {};
+        runInBands(part.height, [&](int first, int end) {
+            PixelRow row(static_cast<std::size_t>(part.width));
+            std::vector<std::uint8_t> alpha(developer.isTransparent() ? static_cast<std::size_t>(part.width)
+                                                                      : 0);
+            wxNativePixelData::Iterator pixel(data);
+            for (int y = first; y < end && isOpaque; ++y) {
+                pixel.MoveTo(data, 0, y);
+                auto* const colours = reinterpret_cast<std::uint8_t*>(pixel.m_ptr);
+                developer.develop(y, row, colours, alpha.empty() ? nullptr : alpha.data());
+                putInNativeOrder(colours, part.width);
+                if (!std::ranges::all_of(alpha, [](std::uint8_t value) { return value == OPAQUE_ALPHA; }))
+                    isOpaque = false;
+            }
+        });
+    }
+    return isOpaque ? bitmap : wxBitmap(develop(image, settings, part));
 }
 
 } // namespace Nolvex::Viewer

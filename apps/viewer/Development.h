@@ -49,4 +49,8 @@ private:
 /// enough for a row of floats.
 wxImage develop(const Image& image, const DisplaySettings& settings, const wxRect& part);
 
+/// Returns the same as a bitmap, without alpha if the part is opaque. Written straight into the memory that
+/// the system draws from, the bitmap is ready sooner than one made of a wxImage.
+wxBitmap developBitmap(const Image& image, const DisplaySettings& settings, const wxRect& part);
+
 } // namespace Nolvex::Viewer

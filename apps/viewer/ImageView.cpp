@@ -109,8 +109,7 @@ wxBitmap ImageView::visibleBitmap(const wxRect& part)
     if (m_display == DisplaySettings())
         return bitmap().GetSubBitmap(part);
     if (!m_developed.IsOk() || part != m_developedPart) {
-        const wxImage developed = develop(m_picture->image(), m_display, part);
-        m_developed = developed.IsOk() ? wxBitmap(developed) : wxBitmap();
+        m_developed = developBitmap(m_picture->image(), m_display, part);
         m_developedPart = part;
     }
     return m_developed;

@@ -59,7 +59,7 @@ Contest steppingTheExposure()
                     stage->settings.exposure > 4.0f ? -4.0f : stage->settings.exposure + 0.05f;
                 wxMemoryDC dc(*screen);
                 const wxRect all(0, 0, WIDTH, HEIGHT);
-                dc.DrawBitmap(wxBitmap(Viewer::develop(stage->picture->image(), stage->settings, all)), 0, 0);
+                dc.DrawBitmap(Viewer::developBitmap(stage->picture->image(), stage->settings, all), 0, 0);
             }};
 }
 
