@@ -101,7 +101,9 @@ TEST(DevelopmentTest, bitmap_hasThePixelsOfTheImage)
             const DisplaySettings settings{.exposure = 0.5f};
             const wxRect part(3, 2, 61, 290);
             const wxBitmap bitmap = Viewer::developBitmap(source, settings, part);
-            EXPECT_TRUE(isSame(bitmap.ConvertToImage(), Viewer::develop(source, settings, part)))
+            // On Windows a bitmap keeps its colours multiplied by alpha, so that not all of them come back.
+            const wxImage expected = wxBitmap(Viewer::develop(source, settings, part)).ConvertToImage();
+            EXPECT_TRUE(isSame(bitmap.ConvertToImage(), expected))
                 << static_cast<int>(format) << ", gamma " << gamma;
         }
     }
