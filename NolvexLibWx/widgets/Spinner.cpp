@@ -323,8 +323,9 @@ void Wx::Spinner::onArrowMoved(Arrow& arrow, const wxMouseEvent& event)
 void Wx::Spinner::onArrowUp(Arrow& arrow)
 {
     const wxWeakRef<Arrow> released(&arrow);
-    // A handler of the step may open a dialog.
+    // A handler of the step may open a dialog, in which neither the mouse is held nor the step repeated.
     arrow.press().freeMouse();
+    m_repeatTimer.Stop();
     if (!m_changedByMouse && !makeStep(m_increasing, 1))
         return;
     if (released)
@@ -335,6 +336,7 @@ void Wx::Spinner::onArrowRightUp(Arrow& arrow)
 {
     const wxWeakRef<Arrow> released(&arrow);
     arrow.press().freeMouse();
+    m_repeatTimer.Stop();
     if (!applyValue(m_changedByMouse ? m_valueAtPress : m_number->defaultValue(), true))
         return;
     if (!released || endInteraction(*released))

@@ -192,9 +192,14 @@ TEST_F(SpinnerArrowTest, pressInAStepOfTheRelease_ownsTheMouse)
 {
     make();
     const wxWindow* holder = spinner;
-    spinner->callOnValueChange([&holder](float) { holder = wxWindow::GetCapture(); });
+    bool repeats = true;
+    spinner->callOnValueChange([&](float) {
+        holder = wxWindow::GetCapture();
+        repeats = spinner->repeatTimer().IsRunning();
+    });
     click(spinner->upArrow());
     EXPECT_EQ(holder, nullptr) << "a dialog that the callback opens needs the mouse";
+    EXPECT_FALSE(repeats) << "the dialog's event loop would make further steps";
 }
 
 TEST_F(SpinnerArrowTest, looks_followThePointer)
