@@ -211,9 +211,8 @@ void Wx::ComboBoxDropdown::markSelected()
 
 void Wx::ComboBoxDropdown::showSelected()
 {
-    if (m_selection.selected() == nullptr)
-        return;
-    const int selected = m_selection.index();
+    // With nothing selected, the list shows its start.
+    const int selected = m_selection.selected() == nullptr ? 0 : m_selection.index();
     const int height = m_scroller->GetSize().y;
     const int first = m_scrollUnit * (m_scroller->GetViewStart().y + 1) / m_rowHeight;
     const int rows = height / m_rowHeight;

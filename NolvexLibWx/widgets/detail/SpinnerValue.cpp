@@ -54,11 +54,21 @@ std::string_view numberWithin(std::string_view text)
     return text.substr(0, static_cast<std::size_t>(end - text.begin()));
 }
 
+// True for texts such as "7e" and "12em", which are no numbers to the streams of C++.
+bool lacksExponent(std::string_view number, std::size_t length)
+{
+    constexpr std::string_view MARKS = "eE";
+    return length < number.size() && MARKS.find(number[length]) != std::string_view::npos &&
+           number.substr(0, length).find_first_of(MARKS) == std::string_view::npos;
+}
+
 Optional<float> readFloat(std::string_view text)
 {
     const std::string_view number = numberWithin(text);
     float value = 0;
-    const std::errc error = std::from_chars(number.data(), number.data() + number.size(), value).ec;
+    const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
+    if (lacksExponent(number, static_cast<std::size_t>(end - number.data())))
+        return {};
     if (error == std::errc())
         return value;
     // The number may be too small for a float rather than too large.

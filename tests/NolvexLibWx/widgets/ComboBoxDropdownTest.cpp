@@ -273,6 +273,15 @@ TEST_F(ComboBoxDropdownTest, selection_isScrolledIntoView)
     EXPECT_TRUE(showsMarked(0));
 }
 
+TEST_F(ComboBoxDropdownTest, nothingSelected_showsTheStart)
+{
+    makeWithItems(30, 25);
+    openByClick();
+    ASSERT_EQ(viewTop(), 9 * rowHeight());
+    box->selectIndex(-1, false);
+    EXPECT_EQ(viewTop(), 0);
+}
+
 TEST_F(ComboBoxDropdownTest, itemsReplacedWhileOpen_areShownAtOnce)
 {
     makeWithItems(1000, 999);

@@ -85,7 +85,7 @@ TEST_F(SpinnerTextTest, textThatIsNoNumber_isReplacedByTheValue)
 {
     make(0, 10, 4);
     for (const wchar_t* typed :
-         {L"", L"abc", L"-", L".", L"--5", L"+-5", L"1e99", L"nan", L"inf", L"\u0664"}) {
+         {L"", L"abc", L"-", L".", L"--5", L"+-5", L"1e99", L"nan", L"inf", L"\u0664", L"7e", L"12em"}) {
         typeText(typed);
         pressEnter();
         EXPECT_EQ(text(), "4.0") << wxString(typed);
@@ -97,8 +97,8 @@ TEST_F(SpinnerTextTest, numberAtTheBeginning_isRead)
 {
     make(-1000, 1000, 4);
     const std::pair<const char*, float> cases[] = {
-        {"12abc", 12},   {"  7 mm", 7}, {"+3", 3}, {".5", 0.5f}, {"5.", 5},  {"-2,5", -2.5f},
-        {"1.2.3", 1.2f}, {"1e2", 100},  {"7e", 7}, {"0x10", 0},  {"3 4", 3}, {"1e-60", 0},
+        {"12abc", 12},   {"  7 mm", 7}, {"+3", 3},      {".5", 0.5f}, {"5.", 5},  {"-2,5", -2.5f},
+        {"1.2.3", 1.2f}, {"1e2", 100},  {"1e2e3", 100}, {"0x10", 0},  {"3 4", 3}, {"1e-60", 0},
     };
     for (const auto& [typed, value] : cases) {
         spinner->setValue(500, false);
