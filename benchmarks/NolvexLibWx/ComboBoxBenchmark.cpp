@@ -3,16 +3,13 @@
 
 #include "NolvexLib/Array.h"
 #include "NolvexLibWx/FontSetup.h"
-#include "NolvexLibWx/NolvexLibWx.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/widgets/ComboBoxCanvas.h"
 #include "support/PairedRatio.h"
+#include "support/WindowStage.h"
 
-#include <wx/app.h>
 #include <wx/dcclient.h>
 #include <wx/dcmemory.h>
-#include <wx/evtloop.h>
-#include <wx/frame.h>
 #include <wx/odcombo.h>
 
 #include <benchmark/benchmark.h>
@@ -44,55 +41,11 @@ Items makeItems(int count)
     return items;
 }
 
-// Keeps the library started and a shown frame alive for as long as the work needs them.
-class Stage
-{
-public:
-    Stage()
-    {
-        LibWx::startup(LibWx::ApplicationType::APPLICATION);
-        m_loop = std::make_unique<wxEventLoop>();
-        wxEventLoopBase::SetActive(m_loop.get());
-        m_frame = new wxFrame(nullptr, wxID_ANY, "benchmark", wxPoint(50, 50), wxSize(500, 500));
-        m_panel = new wxPanel(m_frame);
-        m_frame->Show();
-        for (int i = 0; i < 50; ++i) {
-            pump();
-            wxMilliSleep(2);
-        }
-    }
-
-    ~Stage()
-    {
-        m_frame->Destroy();
-        pump();
-        wxEventLoopBase::SetActive(nullptr);
-        m_loop.reset();
-        LibWx::shutdown();
-    }
-
-    Stage(const Stage&) = delete;
-    Stage& operator=(const Stage&) = delete;
-
-    wxWindow* panel() const { return m_panel; }
-
-    static void pump()
-    {
-        wxYield();
-        wxTheApp->ProcessIdle();
-    }
-
-private:
-    std::unique_ptr<wxEventLoop> m_loop;
-    wxFrame* m_frame = nullptr;
-    wxPanel* m_panel = nullptr;
-};
-
 // A box whose list counts how often it was painted.
 class ShownBox
 {
 public:
-    ShownBox(const Stage& stage, int count)
+    ShownBox(const WindowStage& stage, int count)
         : m_box(new ComboBox(
               stage.panel(), wxID_ANY, WIDTH, {},
               [this](wxWindow* list, ComboBox::WindowEvent) { m_list = list; }, true)),
@@ -121,7 +74,7 @@ public:
                                             .skin = Wx::GuiSkin::DEFAULT(),
                                             .font = m_box->GetFont()});
         m_box->setOpen(false);
-        Stage::pump();
+        WindowStage::pump();
     }
 
     /// Opens the list until the screen shows it, and closes the list again, several times.
@@ -131,9 +84,9 @@ public:
             const int before = m_paints;
             m_box->setOpen(true);
             while (m_paints == before)
-                Stage::pump();
+                WindowStage::pump();
             m_box->setOpen(false);
-            Stage::pump();
+            WindowStage::pump();
         }
     }
 
@@ -145,14 +98,14 @@ public:
         m_box->GetEventHandler()->ProcessEvent(event);
         canvas()->Update();
         while (m_paints == before)
-            Stage::pump();
+            WindowStage::pump();
     }
 
     void open()
     {
         m_box->setOpen(true);
         while (m_paints == 0)
-            Stage::pump();
+            WindowStage::pump();
     }
 
 private:
@@ -164,9 +117,13 @@ private:
     int m_paints = 0;
 };
 
+const wxSize FRAME(500, 500);
+
 struct Boxes
 {
-    Stage stage;
+    Boxes() { stage.show(); }
+
+    WindowStage stage{FRAME};
     ShownBox few{stage, FEW};
     ShownBox many{stage, MANY};
 };
@@ -201,7 +158,8 @@ const Figure OPEN_IN_TIME("combo_box_open_100000_in_15ms", 1.0, openInTime);
 // Both boxes are filled, opened for the first time, and destroyed.
 Contest openFirst()
 {
-    const auto stage = std::make_shared<Stage>();
+    const auto stage = std::make_shared<WindowStage>(FRAME);
+    stage->show();
     const auto items = std::make_shared<Items>(makeItems(MANY));
     const auto texts = std::make_shared<wxArrayString>();
     for (const ComboBox::Item& item : *items)
@@ -210,7 +168,7 @@ Contest openFirst()
                 auto* box = new wxOwnerDrawnComboBox(stage->panel(), wxID_ANY, "", wxDefaultPosition,
                                                      wxSize(WIDTH, -1), *texts, wxCB_READONLY);
                 box->Popup();
-                Stage::pump();
+                WindowStage::pump();
                 box->Dismiss();
                 box->Destroy();
             },
@@ -218,7 +176,7 @@ Contest openFirst()
                 auto* box = new ComboBox(stage->panel(), wxID_ANY, WIDTH, {}, {}, true);
                 box->setData(*items);
                 box->setOpen(true);
-                Stage::pump();
+                WindowStage::pump();
                 box->setOpen(false);
                 box->Destroy();
             }};
@@ -265,7 +223,7 @@ public:
         Refresh();
         Update();
         while (m_paints == before)
-            Stage::pump();
+            WindowStage::pump();
     }
 
 private:
@@ -282,7 +240,7 @@ Contest jump()
     boxes->many.open();
     auto* page = new Page(boxes->stage.panel(), size, *items, ROW_HEIGHT);
     for (int i = 0; i < 20; ++i)
-        Stage::pump();
+        WindowStage::pump();
     return {[boxes, items, page] {
                 page->turn();
                 page->turn();

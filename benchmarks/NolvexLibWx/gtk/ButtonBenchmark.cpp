@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/widgets/Button.h"
 
-#include "NolvexLibWx/NolvexLibWx.h"
 #include "support/PairedRatio.h"
+#include "support/WindowStage.h"
 
-#include <wx/app.h>
 #include <wx/button.h>
 #include <wx/dcmemory.h>
-#include <wx/evtloop.h>
-#include <wx/frame.h>
 #include <wx/sizer.h>
 
 #include <benchmark/benchmark.h>
@@ -23,54 +20,6 @@ namespace {
 constexpr int CONTROLS = 500;
 constexpr int PAINTS = 200;
 const wxSize FACE(120, 24);
-
-// Keeps the library started and an event loop and a frame alive for as long as the work needs them.
-class Stage
-{
-public:
-    Stage()
-    {
-        LibWx::startup(LibWx::ApplicationType::APPLICATION);
-        m_loop = std::make_unique<wxEventLoop>();
-        wxEventLoopBase::SetActive(m_loop.get());
-        m_frame = new wxFrame(nullptr, wxID_ANY, "benchmark");
-        m_panel = new wxPanel(m_frame);
-    }
-
-    ~Stage()
-    {
-        m_frame->Destroy();
-        pump();
-        wxEventLoopBase::SetActive(nullptr);
-        m_loop.reset();
-        LibWx::shutdown();
-    }
-
-    Stage(const Stage&) = delete;
-    Stage& operator=(const Stage&) = delete;
-
-    wxWindow* panel() const { return m_panel; }
-
-    void show() const
-    {
-        m_frame->Show();
-        pump();
-    }
-
-private:
-    static void pump()
-    {
-        for (int i = 0; i < 50; ++i) {
-            wxYield();
-            wxTheApp->ProcessIdle();
-            wxMilliSleep(2);
-        }
-    }
-
-    std::unique_ptr<wxEventLoop> m_loop;
-    wxFrame* m_frame = nullptr;
-    wxPanel* m_panel = nullptr;
-};
 
 Wx::Button* makeButton(wxWindow* parent)
 {
@@ -90,7 +39,7 @@ wxButton* makeNativeButton(wxWindow* parent)
 
 // The buttons are made, and destroyed together with their parent, as the controls of a dialog are.
 template<auto MAKE>
-Work construction(const std::shared_ptr<Stage>& stage)
+Work construction(const std::shared_ptr<WindowStage>& stage)
 {
     return [stage] {
         auto* parent = new wxPanel(stage->panel());
@@ -103,7 +52,7 @@ Work construction(const std::shared_ptr<Stage>& stage)
 template<auto MAKE_PEER>
 Contest construct()
 {
-    const auto stage = std::make_shared<Stage>();
+    const auto stage = std::make_shared<WindowStage>();
     Contest contest;
     contest.peer = construction<MAKE_PEER>(stage);
     contest.ours = construction<makeButton>(stage);
@@ -132,7 +81,7 @@ struct Surface
 // Each button draws itself, without the window's background, into the same kind of memory.
 Contest paintFace()
 {
-    const auto stage = std::make_shared<Stage>();
+    const auto stage = std::make_shared<WindowStage>();
     auto* sizer = new wxBoxSizer(wxVERTICAL);
     wxButton* native = makeNativeButton(stage->panel());
     Wx::Button* own = makeButton(stage->panel());
