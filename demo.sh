@@ -41,6 +41,7 @@ fi
 start_display
 if [ $windows = yes ]; then
   trap 'stop_wine; stop_display' EXIT
+  make_wine_template
   start_wine 96 demo
 else
   trap stop_display EXIT

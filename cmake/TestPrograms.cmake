@@ -32,13 +32,19 @@ function(nolvex_add_test_support)
   endif()
 endfunction()
 
+set(NOLVEX_TEST_PARTS 1 CACHE STRING
+  "Number of parts of the long test programs that may run at the same time. More than one needs NOLVEX_TEST_LAUNCHER.")
+set(NOLVEX_TEST_LAUNCHER "" CACHE FILEPATH
+  "Program that runs a test program on the display whose number, from 1, is in NOLVEX_TEST_PART.")
+
 # nolvex_add_test_program(<name> SOURCES <patterns...> [EXCLUDE <files...>] LIBRARIES <targets...> [MAIN <source>]
-#                         [PROCESS_PER_TEST] [NO_DISPLAY] [TIMEOUT <s>])
+#                         [PROCESS_PER_TEST] [IN_PARTS] [NO_DISPLAY] [TIMEOUT <s>])
 #
 # Makes a GoogleTest program. CTest runs the whole program as one test or, with PROCESS_PER_TEST, each TEST() in a
-# process of its own, for tests after which no other test may run in the same process.
+# process of its own, for tests after which no other test may run in the same process. With IN_PARTS the program is run
+# NOLVEX_TEST_PARTS times, each time with another part of its tests.
 function(nolvex_add_test_program name)
-  cmake_parse_arguments(arg "PROCESS_PER_TEST;NO_DISPLAY" "MAIN;TIMEOUT" "SOURCES;EXCLUDE;LIBRARIES" ${ARGN})
+  cmake_parse_arguments(arg "PROCESS_PER_TEST;IN_PARTS;NO_DISPLAY" "MAIN;TIMEOUT" "SOURCES;EXCLUDE;LIBRARIES" ${ARGN})
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}" ${arg_SOURCES})
   if(arg_EXCLUDE)
     list(REMOVE_ITEM sources ${arg_EXCLUDE})
@@ -60,15 +66,38 @@ function(nolvex_add_test_program name)
   endif()
   # A critical warning of GTK is a defect of the library and ends the program. GTK reads the variable only at the start.
   set(environment "G_DEBUG=fatal-criticals")
+  # Programs with windows share the mouse and the focus of their display, so that CTest runs them one at a time.
+  set(lock display)
+  if(arg_NO_DISPLAY OR NOT "NolvexLibWx" IN_LIST arg_LIBRARIES)
+    set(lock "")
+  endif()
+  if(arg_IN_PARTS AND NOLVEX_TEST_PARTS GREATER 1)
+    nolvex_add_test_parts(${name} "${environment}" "${lock}" ${arg_TIMEOUT})
+    return()
+  endif()
   if(arg_PROCESS_PER_TEST)
     gtest_add_tests(TARGET ${name} SOURCES ${sources} TEST_LIST tests)
   else()
     set(tests ${name})
     add_test(NAME ${name} COMMAND ${name})
   endif()
-  set_tests_properties(${tests} PROPERTIES TIMEOUT ${arg_TIMEOUT} ENVIRONMENT "${environment}")
-  # Programs with windows share the screen, the mouse and the focus, so that CTest runs them one at a time.
-  if("NolvexLibWx" IN_LIST arg_LIBRARIES AND NOT arg_NO_DISPLAY)
-    set_tests_properties(${tests} PROPERTIES RESOURCE_LOCK display)
-  endif()
+  set_tests_properties(${tests} PROPERTIES TIMEOUT ${arg_TIMEOUT} ENVIRONMENT "${environment}" RESOURCE_LOCK "${lock}")
+endfunction()
+
+# Each part has a display of its own.
+function(nolvex_add_test_parts name environment lock timeout)
+  math(EXPR last "${NOLVEX_TEST_PARTS} - 1")
+  foreach(index RANGE ${last})
+    math(EXPR part "${index} + 1")
+    set(part_environment "${environment}" NOLVEX_TEST_PART=${part}
+      GTEST_TOTAL_SHARDS=${NOLVEX_TEST_PARTS} GTEST_SHARD_INDEX=${index})
+    set(part_lock "")
+    if(lock)
+      set(part_lock "${lock}-${part}")
+    endif()
+    add_test(NAME ${name}-${part}
+      COMMAND ${NOLVEX_TEST_LAUNCHER} ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:${name}>)
+    set_tests_properties(${name}-${part} PROPERTIES
+      TIMEOUT ${timeout} ENVIRONMENT "${part_environment}" RESOURCE_LOCK "${part_lock}")
+  endforeach()
 endfunction()

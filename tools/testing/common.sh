@@ -91,6 +91,22 @@ start_display() {
   start_window_manager
 }
 
+# The number of parts in which run_tests runs the long test programs, each part on a display of its own. These programs
+# wait most of the time.
+TEST_PARTS=4
+
+# start_part_displays: starts the displays of the parts, and names them in NOLVEX_PART_DISPLAYS.
+start_part_displays() {
+  local display=$DISPLAY part
+  NOLVEX_PART_DISPLAYS=
+  for part in $(seq "$TEST_PARTS"); do
+    start_display
+    NOLVEX_PART_DISPLAYS+="$DISPLAY "
+  done
+  export NOLVEX_PART_DISPLAYS
+  use_display "${display#:}"
+}
+
 stop_display() {
   local process
   for process in "${display_processes[@]}"; do
@@ -107,7 +123,8 @@ configure_and_build() {
   log="build/$preset-build.log"
   mkdir -p build
   say "building $preset"
-  if ! { cmake --preset "$preset" "$@" && cmake --build --preset "$preset"; } >"$log" 2>&1; then
+  local parts=("-DNOLVEX_TEST_PARTS=$TEST_PARTS" "-DNOLVEX_TEST_LAUNCHER=$PWD/tools/testing/on-part-display.sh")
+  if ! { cmake --preset "$preset" "${parts[@]}" "$@" && cmake --build --preset "$preset"; } >"$log" 2>&1; then
     grep -m 20 -E -A8 'error|FAILED|Error' "$log" || true
     echo "The build failed; all of its output: $log"
     return 1
@@ -121,14 +138,14 @@ count_tests() {
   skipped=$((skipped + $(grep -cE '\[  SKIPPED \] .*ms\)' "$1" || true)))
 }
 
-# run_tests NAME BUILD-FOLDER: runs all test programs, one at a time if they share the screen. Adds to passed, failed
-# and skipped. A program that crashed, hung or ran no test counts as failed. Sets tests_run to the number of tests that
+# run_tests NAME BUILD-FOLDER: runs all test programs, one at a time if they share a display; start_part_displays must
+# have been called. Adds to passed, failed and skipped. A program that crashed, hung or ran no test counts as failed. Sets tests_run to the number of tests that
 # GoogleTest reported.
 run_tests() {
   local name=$1 folder=$2 log="build/$1-tests.log" passed_before=$passed failed_before=$failed status=0
   local before=$((passed + failed + skipped))
   say "testing $name"
-  ctest --test-dir "$folder" --parallel "$(nproc)" --verbose --no-tests=error >"$log" 2>&1 || status=$?
+  ctest --test-dir "$folder" --parallel $((TEST_PARTS + 1)) --verbose --no-tests=error >"$log" 2>&1 || status=$?
   count_tests "$log"
   tests_run=$((passed + failed + skipped - before))
   if [ "$status" -ne 0 ] || [ "$passed" -eq "$passed_before" ] || [ "$failed" -gt "$failed_before" ]; then
@@ -140,11 +157,24 @@ run_tests() {
 
 # run_test_program NAME COMMAND...: runs one test program with a time limit, and counts its tests as run_tests does.
 run_test_program() {
-  local log="build/$1-tests.log" passed_before=$passed failed_before=$failed status=0
+  log_test_program "$@"
+  count_test_program "$1"
+}
+
+# log_test_program NAME COMMAND...: runs one test program with a time limit. Several of these may run at the same time.
+log_test_program() {
+  local name=$1 status=0
   shift
-  timeout 300 "$@" >"$log" 2>&1 </dev/null || status=$?
+  timeout 300 "$@" >"build/$name-tests.log" 2>&1 </dev/null || status=$?
+  echo "$status" >"build/$name-tests.status"
+}
+
+# count_test_program NAME: counts the tests of the program that log_test_program has run.
+count_test_program() {
+  local log="build/$1-tests.log" passed_before=$passed failed_before=$failed status
+  status=$(cat "build/$1-tests.status" || echo unknown)
   count_tests "$log"
-  if [ "$status" -ne 0 ] || [ "$passed" -eq "$passed_before" ]; then
+  if [ "$status" != 0 ] || [ "$passed" -eq "$passed_before" ]; then
     [ "$failed" -gt "$failed_before" ] || failed=$((failed + 1))
     grep -m 40 -A4 -E ': Failure|\[  FAILED  \]' "$log" || true
     echo "Status $status. All output of the tests: $log"
@@ -159,10 +189,11 @@ summary() {
 
 # check NAME COMMAND...: runs a command and counts it as a test.
 check() {
-  local name=$1
+  local name=$1 start=$SECONDS
   shift
   if "$@"; then
     passed=$((passed + 1))
+    say "$name passed in $((SECONDS - start)) s"
   else
     echo "FAILED: $name"
     failed=$((failed + 1))

@@ -13,6 +13,7 @@ check "scripts" tools/testing/scripts.sh
 configure_and_build linux-release
 start_display
 trap stop_display EXIT
+start_part_displays
 run_tests linux build/linux-release
 # The Windows run of the same commit must run the same number of tests.
 echo "$(git rev-parse HEAD) $tests_run" >build/linux-test-count

@@ -15,6 +15,7 @@ export ASAN_OPTIONS=detect_leaks=1:detect_stack_use_after_return=1:strict_string
 export UBSAN_OPTIONS=print_stacktrace=1
 LSAN_OPTIONS=suppressions=$PWD/tests/support/leaks.supp:print_suppressions=0
 export LSAN_OPTIONS
+start_part_displays
 run_tests sanitizers build/sanitizers
 check "accessibility" tools/testing/accessibility.sh build/sanitizers/bin
 check "peer" tools/testing/peer.sh build/sanitizers/bin/NolvexLibraryPeer

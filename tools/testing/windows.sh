@@ -10,9 +10,13 @@ passed=0 failed=0 skipped=0
 
 build_windows
 start_display
-trap 'stop_wine; stop_display' EXIT
+trap 'stop_wine_of_parts; stop_wine; stop_display' EXIT
+start_part_displays
+make_wine_template
+start_wine_of_parts
 start_wine
 run_tests windows "$WINDOWS_BUILD"
+stop_wine_of_parts
 linux_count=$(sed -n "s/^$(git rev-parse HEAD) //p" build/linux-test-count 2>/dev/null || true)
 if [ -n "$linux_count" ]; then
   # Tests that cannot run on this system say why and count as skipped.
@@ -31,12 +35,27 @@ start_wine 96 fresh
 check "zip" tools/testing/zip.sh
 stop_wine
 
-for dpi in 120 144 192 288; do
-  say "testing at $dpi DPI"
-  start_wine "$dpi"
-  export NOLVEX_TEST_SCALE=$((dpi * 100 / 96))
-  run_test_program "windows-$dpi" tools/testing/run-wine.sh "$WINDOWS_BUILD/bin/NolvexLibWxTests.exe" \
+# test_at_dpi DPI DISPLAY
+test_at_dpi() {
+  use_display "${2#:}"
+  start_wine "$1"
+  NOLVEX_TEST_SCALE=$(($1 * 100 / 96)) log_test_program "windows-$1" \
+    tools/testing/run-wine.sh "$WINDOWS_BUILD/bin/NolvexLibWxTests.exe" \
     --gtest_filter='DpiScalingTest.*:FontSetupTest.*:OskaBorder*:*SizeTest.*:*PixelTest.*:*FaceTest.*:PerScaleTest.*'
   stop_wine
+}
+
+say "testing at other scales"
+scales=(120 144 192 288)
+read -ra displays <<<"$DISPLAY $NOLVEX_PART_DISPLAYS"
+rm -f build/windows-*-tests.status
+runs=()
+for index in "${!scales[@]}"; do
+  (trap - EXIT; test_at_dpi "${scales[index]}" "${displays[index % ${#displays[@]}]}") &
+  runs+=($!)
+done
+wait "${runs[@]}" || true # a run without a status counts as failed
+for dpi in "${scales[@]}"; do
+  count_test_program "windows-$dpi"
 done
 summary windows

@@ -15,14 +15,24 @@ build_windows() {
   configure_and_build windows-release "-DCMAKE_CROSSCOMPILING_EMULATOR=$PWD/tools/testing/run-wine.sh"
 }
 
-# start_wine [DPI [NAME]]: makes a new Wine prefix for this script alone, with the system's DPI set. stop_wine ends it.
+WINE_TEMPLATE=$PWD/build/wine-template
+
+# make_wine_template: makes the prefix that start_wine copies. To be called once by a script.
+make_wine_template() {
+  rm -rf build/wine-*-part-* # an earlier run with more parts
+  tools/windows/prepare.sh --wine-prefix "$WINE_TEMPLATE" >/dev/null
+}
+
+# start_wine [DPI [NAME]]: makes a new Wine prefix for this script alone, with the system's DPI set, and starts it on the
+# display in use. stop_wine ends it.
 start_wine() {
   local dpi=${1:-96}
   WINEPREFIX=$PWD/build/wine-${2:-$dpi}
   export WINEPREFIX WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES='mscoree,mshtml=;winemenubuilder.exe=d'
   # A program that crashes ends; Wine's debugger would keep it waiting until the time limit of its test.
   WINEDLLOVERRIDES+=';winedbg.exe=d'
-  tools/windows/prepare.sh --wine-prefix "$WINEPREFIX" >/dev/null
+  rm -rf "$WINEPREFIX"
+  cp -a --reflink=auto "$WINE_TEMPLATE" "$WINEPREFIX"
   if [ "$dpi" -ne 96 ]; then
     wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$dpi" /f >/dev/null 2>&1
     wineserver -w
@@ -36,4 +46,20 @@ start_wine() {
 stop_wine() {
   wineserver -k 2>/dev/null || true
   wineserver -w 2>/dev/null || true
+}
+
+# start_wine_of_parts, stop_wine_of_parts: the prefixes that on-part-display.sh uses for the parts of the tests.
+start_wine_of_parts() {
+  local part=0 display
+  for display in $NOLVEX_PART_DISPLAYS; do
+    part=$((part + 1))
+    (use_display "${display#:}"; start_wine 96 "96-part-$part")
+  done
+}
+
+stop_wine_of_parts() {
+  local part
+  for part in $(seq "$TEST_PARTS"); do
+    (export WINEPREFIX=$PWD/build/wine-96-part-$part; stop_wine)
+  done
 }
