@@ -192,8 +192,10 @@ TEST(TickPixelTest, draw_paintsATriangleDownOrRight)
 TEST(TickPixelTest, draw_usesTheColoursOfTheSkinThatWasPaintedFirst)
 {
     const wxSize size(9, 9);
-    EXPECT_EQ(rows(drawn(size, true, Tests::tickSkin())), rows(drawn(size, true, otherSkin())));
-    EXPECT_EQ(rows(drawn(size, false, Tests::tickSkin())), rows(drawn(size, false, otherSkin())));
+    for (const bool expanded : {true, false}) {
+        const std::string first = rows(drawn(size, expanded, Tests::tickSkin()));
+        EXPECT_EQ(rows(drawn(size, expanded, otherSkin())), first);
+    }
 }
 
 TEST_F(TickTest, construction_isExpandedAndFixedInSize)
