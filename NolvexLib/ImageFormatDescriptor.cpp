@@ -3,6 +3,7 @@
 
 #include "NolvexLib/StopException.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -23,7 +24,7 @@ enum class Alpha
     YES,
 };
 
-// The first colour format is the default.
+// The first colour format is the default format.
 ImageFormatDescriptor describe(ImageFormat format, const wchar_t* name, const wchar_t* mimeType,
                                Array<String> extensions, std::initializer_list<ColorFormat> colorFormats,
                                Alpha alpha)
@@ -62,15 +63,42 @@ Table makeTable()
     // clang-format on
 }
 
+const Table& table()
+{
+    static const Table TABLE = makeTable();
+    return TABLE;
+}
+
+// The C library's functions would follow the host's locale.
+constexpr wchar_t toLowerAscii(wchar_t unit)
+{
+    return unit >= L'A' && unit <= L'Z' ? static_cast<wchar_t>(unit - L'A' + L'a') : unit;
+}
+
+bool isExtension(StringView text, StringView lowerCaseExtension)
+{
+    return std::ranges::equal(text.view(), lowerCaseExtension.view(), {}, toLowerAscii);
+}
+
 } // namespace
 
 const ImageFormatDescriptor& getImageFormatDescriptor(ImageFormat format)
 {
-    static const Table TABLE = makeTable();
     const auto index = static_cast<std::size_t>(format);
-    if (index >= TABLE.size())
+    if (index >= table().size())
         Detail::throwStopException("ImageFormatDescriptor", __LINE__);
-    return TABLE[index];
+    return table()[index];
+}
+
+Optional<ImageFormat> getImageFormatFromExtension(StringView extension)
+{
+    for (const ImageFormatDescriptor& descriptor : table()) {
+        for (const String& known : descriptor.extensions) {
+            if (isExtension(extension, known))
+                return descriptor.format;
+        }
+    }
+    return {};
 }
 
 } // namespace Nolvex

@@ -7,6 +7,7 @@
 #include "NolvexLib/Flags.h"
 #include "NolvexLib/ImageFormat.h"
 #include "NolvexLib/ImageFormatFlag.h"
+#include "NolvexLib/Optional.h"
 #include "NolvexLib/String.h"
 
 namespace Nolvex {
@@ -29,5 +30,9 @@ struct ImageFormatDescriptor
 
 /// The descriptor lives as long as the program. An invalid value is a programming error (StopException).
 NOLVEXLIB_EXPORT const ImageFormatDescriptor& getImageFormatDescriptor(ImageFormat format);
+
+/// The format that file names with this extension mean. The extension has no dot, and its letters may be
+/// large or small. Returns nullopt if no format has the extension.
+NOLVEXLIB_EXPORT Optional<ImageFormat> getImageFormatFromExtension(StringView extension);
 
 } // namespace Nolvex

@@ -90,6 +90,28 @@ TEST(ImageFormatDescriptorTest, getImageFormatDescriptor_ofWhatIsNoFormat_isAPro
     EXPECT_THROW(getImageFormatDescriptor(static_cast<ImageFormat>(-1)), StopException);
 }
 
+TEST(ImageFormatDescriptorTest, getImageFormatFromExtension_findsEachFormatByEachOfItsExtensions)
+{
+    for (int value = 0; value < IMAGE_FORMAT_COUNT; ++value) {
+        const auto format = static_cast<ImageFormat>(value);
+        for (const String& extension : getImageFormatDescriptor(format).extensions)
+            EXPECT_EQ(getImageFormatFromExtension(extension), format) << extension.toUtf8();
+    }
+}
+
+TEST(ImageFormatDescriptorTest, getImageFormatFromExtension_ignoresTheCaseOfLetters)
+{
+    EXPECT_EQ(getImageFormatFromExtension(L"PNG"), ImageFormat::PNG);
+    EXPECT_EQ(getImageFormatFromExtension(L"jPeG"), ImageFormat::JPEG);
+    EXPECT_EQ(getImageFormatFromExtension(L"JP2"), ImageFormat::JPEG2000);
+}
+
+TEST(ImageFormatDescriptorTest, getImageFormatFromExtension_ofOtherTexts_isEmpty)
+{
+    for (const wchar_t* text : {L"", L".png", L"pn", L"pngs", L"png ", L"txt", L"\u017Fgi", L"t\u0130f"})
+        EXPECT_EQ(getImageFormatFromExtension(text), Optional<ImageFormat>()) << StringView(text).toUtf8();
+}
+
 TEST(ColorFormatTest, values_areBitsOfASet)
 {
     EXPECT_EQ(static_cast<int>(ColorFormat::DEFAULT), 0);
