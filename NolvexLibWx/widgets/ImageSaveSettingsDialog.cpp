@@ -15,6 +15,7 @@
 #include <wx/sizer.h>
 #include <wx/statbox.h>
 
+#include <algorithm>
 #include <bit>
 #include <memory>
 
@@ -57,6 +58,12 @@ Array<ColorFormat> formatsIn(Flags<ColorFormat> set)
     for (std::uint32_t bits = set.bits(); bits != 0; bits &= bits - 1)
         formats.push_back(static_cast<ColorFormat>(bits & (~bits + 1)));
     return formats;
+}
+
+// Tab goes to and fro between the color formats and the check box, with Shift and Ctrl, too.
+bool isTab(const wxKeyEvent& event)
+{
+    return event.GetKeyCode() == WXK_TAB && !event.AltDown();
 }
 
 Wx::ImageSaveSettings initialSettings(const ImageFormatDescriptor& format,
@@ -158,6 +165,7 @@ wxSizer* Wx::ImageSaveSettingsDialog::makeColorFormats(Flags<ColorFormat> allowe
         const long style = m_colorFormats.empty() ? wxRB_GROUP : 0;
         auto* button = new wxRadioButton(sizer->GetStaticBox(), wxID_ANY, labelOf(format), wxDefaultPosition,
                                          wxDefaultSize, style);
+        button->Bind(wxEVT_CHAR_HOOK, &ImageSaveSettingsDialog::onColorFormatKey, this);
         if (format == initial)
             button->SetValue(true);
         m_colorFormats.emplace_back(format, button);
@@ -170,7 +178,7 @@ void Wx::ImageSaveSettingsDialog::addAlphaCheckBox(wxSizer& rows, bool includeAl
 {
     m_alpha = new CheckBox(this, ALPHA_ID, L"Include alpha channel");
     m_alpha->setValue(includeAlpha, false);
-    m_alpha->Bind(wxEVT_CHAR_HOOK, &ImageSaveSettingsDialog::onTabInCheckBox, this);
+    m_alpha->Bind(wxEVT_CHAR_HOOK, &ImageSaveSettingsDialog::onAlphaKey, this);
     rows.Add(m_alpha, 0, wxTOP | wxBOTTOM, scaleByDpi(GAP / 2));
 }
 
@@ -249,14 +257,44 @@ void Wx::ImageSaveSettingsDialog::onCharHook(wxKeyEvent& event)
     }
 }
 
-// By itself a check box moves the focus to another Focusable, but radio buttons are no Focusable.
-void Wx::ImageSaveSettingsDialog::onTabInCheckBox(wxKeyEvent& event)
+// The arrow keys go round in the group. wxMSW would leave the group, whose box it takes for a single control.
+void Wx::ImageSaveSettingsDialog::onColorFormatKey(wxKeyEvent& event)
 {
-    wxRadioButton* const selected = selectedColorFormat();
-    if (event.GetKeyCode() == WXK_TAB && !event.AltDown() && selected != nullptr)
-        selected->SetFocus();
-    else
+    switch (event.HasAnyModifiers() ? WXK_NONE : event.GetKeyCode()) {
+    case WXK_DOWN:
+    case WXK_RIGHT:
+        selectNeighbour(1);
+        return;
+    case WXK_UP:
+    case WXK_LEFT:
+        selectNeighbour(m_colorFormats.size() - 1);
+        return;
+    default:
+        break;
+    }
+    if (!isTab(event))
         event.Skip();
+    else if (m_alpha != nullptr)
+        m_alpha->SetFocus();
+}
+
+// By itself a check box moves the focus to another Focusable, but radio buttons are no Focusable.
+void Wx::ImageSaveSettingsDialog::onAlphaKey(wxKeyEvent& event)
+{
+    if (!isTab(event))
+        event.Skip();
+    else if (wxRadioButton* const selected = selectedColorFormat())
+        selected->SetFocus();
+}
+
+void Wx::ImageSaveSettingsDialog::selectNeighbour(std::size_t distance)
+{
+    const auto selected = std::ranges::find(m_colorFormats, selectedColorFormat(),
+                                            &std::pair<ColorFormat, wxRadioButton*>::second);
+    const auto index = static_cast<std::size_t>(selected - m_colorFormats.begin());
+    wxRadioButton* const neighbour = m_colorFormats[(index + distance) % m_colorFormats.size()].second;
+    neighbour->SetValue(true);
+    neighbour->SetFocus();
 }
 
 // A modal dialog must outlive its event loop. A program that destroys all its windows ends the dialog.

@@ -11,6 +11,7 @@
 
 #include <wx/dialog.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <utility>
 
@@ -72,13 +73,15 @@ private:
     wxSizer* makeButtons();
     wxRadioButton* selectedColorFormat() const;
     ImageSaveSettings settings(ImageSaveSettings initial) const;
+    void selectNeighbour(std::size_t distance);
     void setFirstFocus();
     void closeWithParent();
     void end(int result);
 
     void onButton(wxEvent& event);
     void onCharHook(wxKeyEvent& event);
-    void onTabInCheckBox(wxKeyEvent& event);
+    void onColorFormatKey(wxKeyEvent& event);
+    void onAlphaKey(wxKeyEvent& event);
     void onParentDestroyed(wxWindowDestroyEvent& event);
 
     Stack<std::pair<ColorFormat, wxRadioButton*>> m_colorFormats;

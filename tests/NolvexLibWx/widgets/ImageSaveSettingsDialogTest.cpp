@@ -349,12 +349,6 @@ TEST_F(ImageSaveSettingsDialogTest, okButton_returnsWhatTheUserHasClicked)
     EXPECT_EQ(result, (Settings{U16, false}));
 }
 
-TEST_F(ImageSaveSettingsDialogTest, keypadEnter_confirms)
-{
-    const Result result = request(ImageFormat::PNG, [](wxDialog&) { typeKey(WXK_NUMPAD_ENTER); });
-    EXPECT_EQ(result, (Settings{U8, true}));
-}
-
 TEST_F(ImageSaveSettingsDialogTest, otherButtons_leaveTheDialogOpen)
 {
     request(ImageFormat::PNG, [](wxDialog& dialog) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ImageSaveSettingsFixture.h"
+#include "support/KeypadEnter.h"
 
 namespace Nolvex::Tests {
 namespace {
@@ -40,17 +41,18 @@ TEST_F(ImageSaveSettingsKeyTest, checkBoxAlone_hasTheFocusFirst_andSpaceClearsIt
     EXPECT_EQ(result, (Settings{ColorFormat::UINT8_RGB, false}));
 }
 
-TEST_F(ImageSaveSettingsKeyTest, arrows_selectTheNextAndPreviousRadioButton)
+TEST_F(ImageSaveSettingsKeyTest, arrows_selectTheNextAndPreviousRadioButtonAndGoRound)
 {
     const Result result = request(ImageFormat::TIFF, [](wxDialog& dialog) {
         const std::vector<wxRadioButton*> buttons = radioButtons(dialog);
         ASSERT_TRUE(comesToFocus(buttons.at(0)));
-        for (const std::size_t next : {1u, 2u, 3u}) {
-            typeKey(WXK_DOWN);
+        const std::pair<int, std::size_t> steps[] = {{WXK_DOWN, 1}, {WXK_RIGHT, 2}, {WXK_DOWN, 3},
+                                                     {WXK_DOWN, 0}, {WXK_UP, 3},    {WXK_LEFT, 2}};
+        for (const auto& [key, next] : steps) {
+            typeKey(key);
             EXPECT_TRUE(pumpUntil([&] { return selectedButton(dialog) == buttons.at(next); })) << next;
+            EXPECT_TRUE(comesToFocus(buttons.at(next))) << next;
         }
-        typeKey(WXK_UP);
-        EXPECT_TRUE(pumpUntil([&] { return selectedButton(dialog) == buttons.at(2); }));
         typeKey(WXK_RETURN);
     });
     EXPECT_EQ(result, (Settings{ColorFormat::FLT16_LINEAR_RGB, true}));
@@ -79,18 +81,21 @@ TEST_F(ImageSaveSettingsKeyTest, tab_goesFromTheRadioButtonsToTheCheckBoxAndBack
     EXPECT_EQ(result, (Settings{ColorFormat::UINT16_RGB, false}));
 }
 
-TEST_F(ImageSaveSettingsKeyTest, ofEveryFocus_returnConfirmsAndEscapeCancels)
+TEST_F(ImageSaveSettingsKeyTest, atEveryFocus_enterConfirmsAndEscapeCancels)
 {
+    const std::pair<std::function<void()>, bool> keys[] = {{[] { typeKey(WXK_RETURN); }, true},
+                                                           {[] { pressKeypadEnter(); }, true},
+                                                           {[] { typeKey(WXK_ESCAPE); }, false}};
     for (const bool atCheckBox : {false, true}) {
-        for (const int key : {WXK_RETURN, WXK_NUMPAD_ENTER, WXK_ESCAPE}) {
-            const Result result = request(ImageFormat::PNG, [&](wxDialog& dialog) {
+        for (const auto& [press, confirms] : keys) {
+            const Result result = request(ImageFormat::PNG, [&, &pressKey = press](wxDialog& dialog) {
                 wxWindow* const focused =
                     atCheckBox ? static_cast<wxWindow*>(alphaBox(dialog)) : radioButtons(dialog).at(0);
                 focused->SetFocus();
                 EXPECT_TRUE(comesToFocus(focused));
-                typeKey(key);
+                pressKey();
             });
-            EXPECT_EQ(result.has_value(), key != WXK_ESCAPE) << key;
+            EXPECT_EQ(result.has_value(), confirms) << atCheckBox;
         }
     }
 }
