@@ -9,7 +9,7 @@
 
 #include <gmock/gmock.h>
 
-#include <cmath>
+#include <latch>
 #include <limits>
 #include <optional>
 #include <string>
@@ -39,6 +39,7 @@ public:
     {
         EXPECT_EQ(window, WindowHandle{&windowOfTests});
         m_calls.push_back("state " + std::to_string(static_cast<int>(state)));
+        std::this_thread::yield(); // lets another thread come in between if it can
     }
 
     void setProgressValue(WindowHandle window, std::int32_t completed, std::int32_t total) override
@@ -233,9 +234,11 @@ TEST_F(TaskbarProgressTest, calls_ofEightThreads_doNotMix)
     constexpr int THREADS = 8;
     constexpr int ROUNDS = 500;
     takeCalls();
+    std::latch start(THREADS);
     Array<std::thread> threads;
     for (int number = 0; number < THREADS; ++number) {
-        threads.emplace_back([this, number] {
+        threads.emplace_back([this, number, &start] {
+            start.arrive_and_wait();
             for (int round = 0; round < ROUNDS; ++round) {
                 progress->setProgress(static_cast<float>(number * ROUNDS + round) / (THREADS * ROUNDS));
                 if (round % 50 == 0)

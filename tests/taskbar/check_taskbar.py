@@ -102,7 +102,8 @@ def check_signals(program, bus):
     dock.expect(True, 0.25, "a quarter")
 
     before = len(dock.updates)
-    steps.do("progress 1 0.25", "progress 1 0.2504", "new-without-window 2", "progress 2 0.9", "progress 1 0.3")
+    steps.do("progress 1 0.25", "progress 1 0.2504", "new-without-window 2", "progress 2 0.9", "new 4",
+             "delete 4", "progress 1 0.3")
     dock.expect(True, 0.3, "no window shows nothing")
     check(len(dock.updates) == before + 1, f"the same value was sent again: {dock.updates[before:]}")
 
