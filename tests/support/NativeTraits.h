@@ -13,4 +13,7 @@ bool toolkitKnowsItsModule();
 /// depths 1 and 24 only.
 int depthOfBitmap(int asked);
 
+/// Returns whether the task bar is reached over the session bus. Windows has no bus.
+bool taskbarNeedsSessionBus();
+
 } // namespace Nolvex::Tests

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Runs every test under the address, leak and undefined-behaviour sanitizers, the tests of the core and the network
-# under the thread sanitizer, and the fuzzers for a short time.
+# Runs every test under the address, leak and undefined-behaviour sanitizers, the tests of the core, the network and the
+# task bar under the thread sanitizer, and the fuzzers for a short time.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 . tools/testing/common.sh
@@ -20,14 +20,18 @@ run_tests sanitizers build/sanitizers
 check "accessibility" tools/testing/accessibility.sh build/sanitizers/bin
 check "peer" tools/testing/peer.sh build/sanitizers/bin/NolvexLibraryPeer
 check "transfer" tools/testing/transfer.sh build/sanitizers/bin
+check "task bar" tools/testing/taskbar.sh build/sanitizers/bin/NolvexTaskbarSteps
 
 # wxWidgets is not instrumented, so that the thread sanitizer would report many false findings in tests with windows,
 # but not in tests with sockets.
-export TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1
+export TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1:suppressions=$PWD/tests/support/threads.supp
 configure_and_build thread-sanitizer
-for program in NolvexLibTests NolvexLibWxNetTests; do
+for program in NolvexLibTests NolvexLibWxNetTests NolvexLibWxTaskbarTests; do
   run_test_program "$program-threads" "build/thread-sanitizer/bin/$program"
 done
+# Without the option, the end of the program would take a second, as if it waited for the bus.
+TSAN_OPTIONS+=:atexit_sleep_ms=0 \
+  check "task bar with threads" tools/testing/taskbar.sh build/thread-sanitizer/bin/NolvexTaskbarSteps
 
 configure_and_build fuzz
 say "fuzzing"

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/NativeWindows.h"
+#include "NolvexLibWx/TaskbarProgress.h"
+#include "support/FrameFixture.h"
+
+#include <thread>
+
+namespace Nolvex::Tests {
+namespace {
+
+using Wx::TaskbarProgress;
+
+// The task bar of the system, and real windows. What it shows cannot be read back on every system.
+struct TaskbarProgressWindowTest : FrameFixture
+{
+    static void showEverything(TaskbarProgress& progress)
+    {
+        for (const float fraction : {0.0f, 0.5f, 1.0f, 1.5f, -1.0f})
+            progress.setProgress(fraction);
+        progress.setIndeterminate();
+        progress.setIdle();
+        progress.setProgress(0.75f);
+    }
+};
+
+TEST_F(TaskbarProgressWindowTest, ofAShownFrame_canBeChangedByEveryThread)
+{
+    showFrame();
+    TaskbarProgress progress(Wx::getWindowNativeHandle(frame));
+    showEverything(progress);
+    std::thread([&progress] { showEverything(progress); }).join();
+    pumpEvents();
+    EXPECT_TRUE(frame->IsShown());
+}
+
+TEST_F(TaskbarProgressWindowTest, outlivesItsWindow)
+{
+    showFrame();
+    TaskbarProgress progress(Wx::getWindowNativeHandle(frame));
+    progress.setProgress(0.5f);
+    destroyFrame();
+    showEverything(progress);
+    pumpEvents();
+    EXPECT_FALSE(frame);
+}
+
+TEST_F(TaskbarProgressWindowTest, ofAHiddenFrameAndOfAControl_survivesEveryCall)
+{
+    TaskbarProgress ofFrame(Wx::getWindowNativeHandle(frame));
+    TaskbarProgress ofPanel(Wx::getWindowNativeHandle(panel));
+    showEverything(ofFrame);
+    showEverything(ofPanel);
+    pumpEvents();
+    EXPECT_FALSE(frame->IsShown());
+}
+
+} // namespace
+} // namespace Nolvex::Tests
