@@ -17,4 +17,9 @@ WindowHandle dialogOwner(WindowHandle owner);
 /// True if wxWidgets can make a dialog whose parent is `wrapper`. wxGTK needs its native window.
 bool isPossibleParent(const wxWindow& wrapper);
 
+/// Cancels the dialogs of GTK that `dialog` owns, such as its question whether to overwrite a file. Returns
+/// true if windows that `dialog` owns were on the screen. Windows destroys such windows together with the owner
+/// of `dialog`.
+bool cancelOwnedDialogs(const wxWindow& dialog);
+
 } // namespace Nolvex::Platform

@@ -2,9 +2,16 @@
 // The dialogs of the system, operated by keys.
 #include "NolvexLibWx/FileDialogs.h"
 
+#include "support/ClosedFolder.h"
 #include "support/FileDialogFixture.h"
 
+#include <wx/platinfo.h>
+
 #include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <type_traits>
 
 using namespace Nolvex;
 using Wx::dirSelectDlg;
@@ -68,6 +75,19 @@ TEST_F(FileDialogsTest, open_inAFolderThatDoesNotExist_letsTheUserChooseElsewher
     EXPECT_EQ(filenameOpenDlg(owner, L"Open", filters, folder.path() / L"none" / L"a.png"), a);
 }
 
+TEST_F(FileDialogsTest, open_inAFolderWithoutRights_letsTheUserChooseElsewhere)
+{
+    const Io::Path a = folder.file(L"a.png", "a");
+    const Io::Path closed = folder.path() / L"closed";
+    const Tests::ClosedFolder guard(closed);
+    if (!guard.isClosed())
+        GTEST_SKIP() << "The rights of folders do not bind this user.";
+    // GTK tells at once that the folder cannot be read.
+    DialogRobot robot({inMessageBox([] { pressKey(WXK_ESCAPE); }), enter(a)});
+    EXPECT_EQ(filenameOpenDlg(owner, L"Open", filters, closed / L"b.png"), a);
+    EXPECT_TRUE(isFrameUsable());
+}
+
 TEST_F(FileDialogsTest, open_withoutInitialPath_letsTheUserChoose)
 {
     const Io::Path a = folder.file(L"a.png", "a");
@@ -80,6 +100,17 @@ TEST_F(FileDialogsTest, open_returnsNamesBeyondAscii)
     const Io::Path file = folder.file(L"\u00fcber \u65e5\u672c\u8a9e \u05e9\u05dc\u05d5\u05dd.png", "a");
     DialogRobot robot({enter(file)});
     EXPECT_EQ(filenameOpenDlg(owner, L"Open", filters, folder.path() / L""), file);
+}
+
+TEST_F(FileDialogsTest, open_returnsNamesThatAreNoUtf8)
+{
+    const std::filesystem::path name("caf\xe9.png");
+    if (std::is_same_v<std::filesystem::path::value_type, wchar_t>)
+        GTEST_SKIP() << "Names are UTF-16 on this system.";
+    const Io::Path file = folder.path() / Io::Path(name);
+    std::ofstream(file.native()) << "a";
+    DialogRobot robot({pressWhenListed({L"caf\ufffd.png (invalid encoding)"}, WXK_HOME), press(WXK_RETURN)});
+    EXPECT_EQ(filenameOpenDlg(owner, L"Open", {}, folder.path() / L""), file);
 }
 
 TEST_F(FileDialogsTest, open_proposesNamesBeyondAscii)
@@ -202,11 +233,27 @@ TEST_F(FileDialogsTest, multiOpen_returnsOneTypedFile)
     EXPECT_EQ(multiFilenameOpenDlg(owner, L"Open", filters, folder.path()), Stack<Io::Path>{a});
 }
 
-TEST_F(FileDialogsTest, multiOpen_ofAFileAsFolder_letsTheUserChoose)
+TEST_F(FileDialogsTest, multiOpen_ofAFileAsFolder_canBeCancelled)
 {
+    DialogRobot robot({press(WXK_ESCAPE)});
+    EXPECT_TRUE(multiFilenameOpenDlg(owner, L"Open", filters, folder.file(L"a.png", "a")).empty());
+    EXPECT_TRUE(isFrameUsable());
+}
+
+TEST_F(FileDialogsTest, multiOpen_ofAFileAsFolder_opensInItsFolderOnGtk)
+{
+    if (wxPlatformInfo::Get().GetPortId() != wxPORT_GTK)
+        GTEST_SKIP() << "The dialog of Windows takes the path as it is.";
     const Io::Path a = folder.file(L"a.png", "a");
-    DialogRobot robot({enter(a)});
-    EXPECT_EQ(multiFilenameOpenDlg(owner, L"Open", filters, a), Stack<Io::Path>{a});
+    const Io::Path b = folder.file(L"b.png", "b");
+    DialogRobot robot(
+        {{"the files are listed",
+          [] { return hasFileDialog() && Tests::listedFiles(Tests::activeFileDialog()).size() == 2; },
+          [] {
+              Tests::selectFiles({L"a.png", L"b.png"});
+              pressKey(WXK_RETURN);
+          }}});
+    EXPECT_EQ(multiFilenameOpenDlg(owner, L"Open", filters, a), (Stack<Io::Path>{a, b}));
 }
 
 TEST_F(FileDialogsTest, multiOpen_cancelled_isEmpty)

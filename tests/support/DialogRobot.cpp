@@ -5,14 +5,16 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <utility>
 
 namespace Nolvex {
 
 namespace {
 
-constexpr int PERIOD = 20;     // milliseconds
-constexpr int MAX_TICKS = 500; // ten seconds for each step
+constexpr int PERIOD = 20;            // milliseconds
+constexpr int MAX_TICKS = 500;        // ten seconds for each step
+constexpr int MAX_STUCK_TICKS = 1500; // a dialog that cannot be ended must not hang the run
 constexpr int TICKS_TO_END_AGAIN = 25;
 // The window manager hears later than the program which window has the focus.
 constexpr int TICKS_TO_SETTLE = 5;
@@ -49,6 +51,8 @@ void Tests::DialogRobot::Notify()
     if (std::exchange(m_busy, true))
         return;
     ++m_ticks;
+    if (m_ticks > MAX_STUCK_TICKS)
+        std::abort();
     if (isStuck()) {
         if (!std::exchange(m_stuck, true))
             ADD_FAILURE() << "The dialog does not get to: "

@@ -86,7 +86,7 @@ struct FileDialogFixture : FrameFixture
     }
 
     TemporaryFolder folder;
-    wxTextCtrl* other = new wxTextCtrl(panel, wxID_ANY, "", wxPoint(5, 5));
+    wxTextCtrl* otherField = new wxTextCtrl(panel, wxID_ANY, "", wxPoint(5, 5));
     wxTextCtrl* field = new wxTextCtrl(panel, wxID_ANY, "", wxPoint(5, 60));
     WindowHandle owner = Wx::getWindowNativeHandle(frame);
     Array<Io::FileFilter> filters{{L"PNG pictures", {L"*.png"}}, {L"All files", {}}};

@@ -13,4 +13,9 @@ bool Platform::isPossibleParent(const wxWindow& /*wrapper*/)
     return true;
 }
 
+bool Platform::cancelOwnedDialogs(const wxWindow& /*dialog*/)
+{
+    return false;
+}
+
 } // namespace Nolvex

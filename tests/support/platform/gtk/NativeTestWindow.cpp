@@ -4,6 +4,7 @@
 #include "NolvexLibWx/NativeWindows.h"
 #include "support/Events.h"
 
+#include <gtest/gtest.h>
 #include <gtk/gtk.h>
 
 namespace Nolvex {
@@ -27,7 +28,7 @@ Tests::NativeTestWindow::NativeTestWindow()
     gtk_container_add(GTK_CONTAINER(widget(m_window)), widget(m_field));
     gtk_widget_show_all(widget(m_window));
     gtk_window_present(GTK_WINDOW(widget(m_window)));
-    pumpUntil([this] { return hasFocus(); });
+    EXPECT_TRUE(pumpUntil([this] { return hasFocus(); }));
 }
 
 Tests::NativeTestWindow::~NativeTestWindow()

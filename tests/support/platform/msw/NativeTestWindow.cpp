@@ -6,6 +6,8 @@
 
 #include <wx/msw/wrapwin.h>
 
+#include <gtest/gtest.h>
+
 namespace Nolvex {
 
 namespace {
@@ -44,9 +46,13 @@ HWND createField(HWND parent)
 
 Tests::NativeTestWindow::NativeTestWindow() : m_window{createWindow()}, m_field{createField(hwnd(m_window))}
 {
-    SetForegroundWindow(hwnd(m_window));
-    SetFocus(hwnd(m_field));
-    pumpUntil([this] { return hasFocus(); });
+    // The activation of a window that was shown before may still be on its way.
+    EXPECT_TRUE(pumpUntil([this] {
+        SetForegroundWindow(hwnd(m_window));
+        SetFocus(hwnd(m_field));
+        return hasFocus();
+    }));
+    EXPECT_TRUE(pumpUntil([this] { return hasFocus(); }));
 }
 
 Tests::NativeTestWindow::~NativeTestWindow()
