@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 // Runs the tests of a program with windows inside one start and stop of the library.
 #include "NolvexLib/Exception.h"
+#include "NolvexLib/Io/TemporaryFolder.h"
 #include "NolvexLibWx/NolvexLibWx.h"
+#include "NolvexLibWx/StringConversions.h"
 #include "support/ClipboardReading.h"
 
 #include <wx/app.h>
 #include <wx/debug.h>
 #include <wx/evtloop.h>
+#include <wx/utils.h>
 
 #include <gtest/gtest.h>
 
@@ -22,6 +25,14 @@ void failOnAssert(const wxString& file, int line, const wxString& function, cons
                   << file.utf8_str() << ':' << line << ": " << message.utf8_str();
 }
 
+// The file dialogs of GTK remember files and settings, which must not be those of the user. GTK reads the
+// variables when it starts.
+void keepSettingsOfDesktopIn(const Nolvex::Io::Path& folder)
+{
+    wxSetEnv("XDG_DATA_HOME", Nolvex::Wx::toWxString(folder.nativeStr()));
+    wxSetEnv("GSETTINGS_BACKEND", "memory");
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -30,6 +41,8 @@ int main(int argc, char** argv)
         return *status;
     testing::InitGoogleTest(&argc, argv);
     wxSetAssertHandler(failOnAssert);
+    const Nolvex::Tests::TemporaryFolder settings;
+    keepSettingsOfDesktopIn(settings.path());
     try {
         Nolvex::LibWx::startup(Nolvex::LibWx::ApplicationType::APPLICATION);
     } catch (const Nolvex::Exception& failure) {

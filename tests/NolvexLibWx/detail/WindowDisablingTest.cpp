@@ -1,35 +1,105 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLib/GuiDisabler.h"
-#include "support/Events.h"
+#include "support/FrameFixture.h"
 
-#include <wx/frame.h>
+#include <wx/textctrl.h>
 
 #include <gtest/gtest.h>
 
-#include <optional>
-
 using namespace Nolvex;
 
-TEST(WindowDisablingTest, guiDisabler_disablesTopLevelWindowsWhileItLives)
+namespace {
+
+struct WindowDisablingTest : Tests::FrameFixture
 {
-    auto* first = new wxFrame(nullptr, wxID_ANY, "first");
-    auto* second = new wxFrame(nullptr, wxID_ANY, "second");
+    ~WindowDisablingTest() override { Tests::destroyNow(other); }
+
+    wxFrame* other = new wxFrame(nullptr, wxID_ANY, "other");
+    wxTextCtrl* first = new wxTextCtrl(panel, wxID_ANY, "", wxPoint(5, 5));
+    wxTextCtrl* second = new wxTextCtrl(panel, wxID_ANY, "", wxPoint(5, 60));
+};
+
+bool takesKeys(wxTextCtrl* text)
+{
+    text->Clear();
+    wxUIActionSimulator().Char('X');
+    return Tests::pumpUntil([text] { return !text->IsEmpty(); }, 1000);
+}
+
+} // namespace
+
+TEST_F(WindowDisablingTest, guiDisabler_disablesTopLevelWindowsWhileItLives)
+{
     // wxWidgets does not disable hidden windows, which take no input anyway.
-    first->Show();
-    second->Show();
+    frame->Show();
+    other->Show();
     Tests::pumpEvents(20);
-    second->Disable();
+    other->Disable();
     {
         const GuiDisabler disabler;
-        EXPECT_FALSE(first->IsEnabled());
+        EXPECT_FALSE(frame->IsEnabled());
         {
             const GuiDisabler nested;
-            EXPECT_FALSE(first->IsEnabled());
+            EXPECT_FALSE(frame->IsEnabled());
         }
-        EXPECT_FALSE(first->IsEnabled());
+        EXPECT_FALSE(frame->IsEnabled());
     }
-    EXPECT_TRUE(first->IsEnabled());
-    EXPECT_FALSE(second->IsEnabled()) << "was disabled before, stays so";
-    Tests::destroyNow(first);
-    Tests::destroyNow(second);
+    EXPECT_TRUE(frame->IsEnabled());
+    EXPECT_FALSE(other->IsEnabled()) << "was disabled before, stays so";
+}
+
+TEST_F(WindowDisablingTest, afterwards_theFocusIsWhereItWas)
+{
+    showFrame();
+    second->SetFocus();
+    ASSERT_TRUE(takesKeys(second));
+    {
+        const GuiDisabler disabler;
+        Tests::pumpEvents();
+    }
+    EXPECT_TRUE(takesKeys(second));
+    EXPECT_TRUE(first->IsEmpty());
+}
+
+TEST_F(WindowDisablingTest, afterDisablersInEachOther_theFocusIsWhereItWas)
+{
+    showFrame();
+    second->SetFocus();
+    ASSERT_TRUE(takesKeys(second));
+    {
+        const GuiDisabler disabler;
+        const GuiDisabler nested;
+        Tests::pumpEvents();
+    }
+    EXPECT_TRUE(takesKeys(second));
+}
+
+TEST_F(WindowDisablingTest, afterwards_theSelectionInTheFieldIsTheSame)
+{
+    showFrame();
+    second->SetFocus();
+    ASSERT_TRUE(takesKeys(second));
+    second->SetValue("abcdef");
+    second->SetSelection(2, 4);
+    {
+        const GuiDisabler disabler;
+        Tests::pumpEvents();
+    }
+    Tests::pumpEvents();
+    EXPECT_EQ(second->GetStringSelection(), "cd");
+}
+
+TEST_F(WindowDisablingTest, focusDestroyedMeanwhile_isForgotten)
+{
+    showFrame();
+    second->SetFocus();
+    ASSERT_TRUE(takesKeys(second));
+    {
+        const GuiDisabler disabler;
+        second->Destroy();
+        Tests::pumpEvents();
+    }
+    EXPECT_TRUE(frame->IsEnabled());
+    first->SetFocus();
+    EXPECT_TRUE(takesKeys(first));
 }

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "NolvexLib/WindowHandle.h"
+
+#include <wx/defs.h>
+
+class WXDLLIMPEXP_FWD_CORE wxWindow;
+
+namespace Nolvex::Platform {
+
+/// Returns the window to be the native owner of a dialog for which the caller has named the living window
+/// `owner`, or null for none. GTK needs a top-level window, and gets the active one in place of null: the
+/// window manager may hide a dialog without an owner, or leave it without the focus.
+WindowHandle dialogOwner(WindowHandle owner);
+
+/// True if wxWidgets can make a dialog whose parent is `wrapper`. wxGTK needs its native window.
+bool isPossibleParent(const wxWindow& wrapper);
+
+/// Cancels the dialogs of GTK that `dialog` owns, such as its question whether to overwrite a file. Returns
+/// true if windows that `dialog` owns were on the screen. Windows destroys such windows together with the owner
+/// of `dialog`.
+bool cancelOwnedDialogs(const wxWindow& dialog);
+
+} // namespace Nolvex::Platform
