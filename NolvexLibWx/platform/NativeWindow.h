@@ -8,6 +8,12 @@ namespace Nolvex::Platform {
 
 // Functions for the windows of the system. All of them accept null handles and handles of destroyed windows.
 
+/// Returns false for a window that is being destroyed.
+bool isWindow(WindowHandle window);
+
+/// Returns the top-level window that is, or contains, `window`. Returns null if there is none.
+WindowHandle topLevelWindow(WindowHandle window);
+
 /// Returns an empty region, at the origin, if there is no window or the system has not yet placed it.
 Bucket windowRegion(WindowHandle window);
 

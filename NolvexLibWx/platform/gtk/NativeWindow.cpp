@@ -89,6 +89,20 @@ Bucket topLevelRegion(GtkWindow* window)
 
 } // namespace
 
+bool Platform::isWindow(WindowHandle window)
+{
+    return findWidget(window) != nullptr;
+}
+
+WindowHandle Platform::topLevelWindow(WindowHandle window)
+{
+    GtkWidget* const widget = findWidget(window);
+    if (widget == nullptr)
+        return {};
+    GtkWidget* const topLevel = gtk_widget_get_toplevel(widget);
+    return {gtk_widget_is_toplevel(topLevel) ? topLevel : nullptr};
+}
+
 Bucket Platform::windowRegion(WindowHandle window)
 {
     GtkWidget* const widget = findWidget(window);

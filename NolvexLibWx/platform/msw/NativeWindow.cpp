@@ -12,31 +12,36 @@ HWND toHwnd(WindowHandle window)
     return static_cast<HWND>(window.native);
 }
 
-bool isAlive(WindowHandle window)
+} // namespace
+
+bool Platform::isWindow(WindowHandle window)
 {
     return window && IsWindow(toHwnd(window));
 }
 
-} // namespace
+WindowHandle Platform::topLevelWindow(WindowHandle window)
+{
+    return {isWindow(window) ? GetAncestor(toHwnd(window), GA_ROOT) : nullptr};
+}
 
 Bucket Platform::windowRegion(WindowHandle window)
 {
     RECT rect{};
-    if (!isAlive(window) || !GetWindowRect(toHwnd(window), &rect))
+    if (!isWindow(window) || !GetWindowRect(toHwnd(window), &rect))
         return {};
     return {{rect.left, rect.top}, {rect.right, rect.bottom}};
 }
 
 WindowHandle Platform::windowOwner(WindowHandle window)
 {
-    if (!isAlive(window))
+    if (!isWindow(window))
         return {};
     return {reinterpret_cast<void*>(GetWindowLongPtrW(toHwnd(window), GWLP_HWNDPARENT))};
 }
 
 void Platform::setWindowOwner(WindowHandle window, WindowHandle owner)
 {
-    if (!isAlive(window) || (owner && !isAlive(owner)))
+    if (!isWindow(window) || (owner && !isWindow(owner)))
         return;
     SetWindowLongPtrW(toHwnd(window), GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner.native));
 }

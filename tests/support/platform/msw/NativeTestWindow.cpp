@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#include "support/NativeTestWindow.h"
+
+#include "NolvexLibWx/NativeWindows.h"
+#include "support/Events.h"
+
+#include <wx/msw/wrapwin.h>
+
+namespace Nolvex {
+
+namespace {
+
+HWND hwnd(WindowHandle window)
+{
+    return static_cast<HWND>(window.native);
+}
+
+constexpr const wchar_t* CLASS_NAME = L"NolvexNativeTestWindow";
+
+void registerWindowClass()
+{
+    WNDCLASSW windowClass{};
+    windowClass.lpfnWndProc = DefWindowProcW;
+    windowClass.hInstance = GetModuleHandleW(nullptr);
+    windowClass.lpszClassName = CLASS_NAME;
+    windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
+    RegisterClassW(&windowClass); // fails for the second window, whose class is registered already
+}
+
+HWND createWindow()
+{
+    registerWindowClass();
+    return CreateWindowExW(0, CLASS_NAME, L"native", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 200, 150, 300, 200,
+                           nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+}
+
+HWND createField(HWND parent)
+{
+    return CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 5, 5, 200, 25, parent, nullptr,
+                           GetModuleHandleW(nullptr), nullptr);
+}
+
+} // namespace
+
+Tests::NativeTestWindow::NativeTestWindow() : m_window{createWindow()}, m_field{createField(hwnd(m_window))}
+{
+    SetForegroundWindow(hwnd(m_window));
+    SetFocus(hwnd(m_field));
+    pumpUntil([this] { return hasFocus(); });
+}
+
+Tests::NativeTestWindow::~NativeTestWindow()
+{
+    destroy();
+    pumpEvents(10);
+}
+
+void Tests::NativeTestWindow::destroy()
+{
+    if (isAlive())
+        DestroyWindow(hwnd(m_window));
+}
+
+bool Tests::NativeTestWindow::isAlive() const
+{
+    return IsWindow(hwnd(m_window)) != 0;
+}
+
+bool Tests::NativeTestWindow::isEnabled() const
+{
+    return IsWindowEnabled(hwnd(m_window)) && IsWindowEnabled(hwnd(m_field));
+}
+
+bool Tests::NativeTestWindow::hasFocus() const
+{
+    return GetForegroundWindow() == hwnd(m_window) && GetFocus() == hwnd(m_field);
+}
+
+Bucket Tests::NativeTestWindow::region() const
+{
+    return Wx::getScreenRegion(m_window);
+}
+
+} // namespace Nolvex
