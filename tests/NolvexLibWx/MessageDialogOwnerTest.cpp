@@ -77,8 +77,8 @@ struct MessageDialogOwnerTest : Tests::FrameFixture
 
 TEST_F(MessageDialogOwnerTest, foreignOwner_staysTheOwnerAndGetsTheFocusBack)
 {
-    const Tests::NativeTestWindow host;
     showFrameAside();
+    const Tests::NativeTestWindow host;
     {
         const MessageDialogDriver driver([&](MessageDialog& dialog) {
             EXPECT_EQ(Wx::getOwnerAsNativeHandle(Wx::getWindowNativeHandle(&dialog)), host.handle());
