@@ -13,4 +13,7 @@ bool toolkitKnowsItsModule();
 /// depths 1 and 24 only.
 int depthOfBitmap(int asked);
 
+/// Returns false on Windows, where every thread shows its own dialogs.
+bool needsMainThreadForDialogs();
+
 } // namespace Nolvex::Tests
