@@ -4,6 +4,7 @@
 #include "NolvexLib/Exception.h"
 #include "NolvexLib/Lib.h"
 #include "NolvexLib/StopException.h"
+#include "NolvexLibWx/detail/NativeMessageDialog.h"
 #include "NolvexLibWx/detail/WindowDisabling.h"
 #include "NolvexLibWx/platform/ToolkitModule.h"
 
@@ -12,6 +13,7 @@
 #include <wx/image.h>
 #include <wx/init.h>
 #include <wx/log.h>
+#include <wx/scopeguard.h>
 #include <wx/socket.h>
 #include <wx/timer.h>
 
@@ -125,6 +127,19 @@ void initialiseApplication(LibWx::ApplicationType type)
     }
 }
 
+// Other threads may ask the main thread for message dialogs while it processes wxWidgets' pending events.
+void acceptDialogCalls()
+{
+    NativeMessageDialog::mainThreadCalls().open(
+        [] { wxTheApp->CallAfter([] { NativeMessageDialog::mainThreadCalls().serveNext(); }); });
+}
+
+// Threads that wait for a dialog are released, so that the main thread can wait for the end of those threads.
+void refuseDialogCalls()
+{
+    NativeMessageDialog::mainThreadCalls().close();
+}
+
 void startFirst(LibWx::ApplicationType type)
 {
     Lib::startup();
@@ -143,10 +158,12 @@ void startFirst(LibWx::ApplicationType type)
 
     replaceProcessEventsTimer(new ProcessEventsTimer);
     g_processEventsTimer->Start(PROCESS_EVENTS_PERIOD_MS, wxTIMER_CONTINUOUS);
+    acceptDialogCalls();
 }
 
 void stopLast()
 {
+    refuseDialogCalls();
     g_processEventsTimer->Stop();
     replaceProcessEventsTimer(nullptr);
 
@@ -187,6 +204,8 @@ bool LibWx::isStarted()
 
 int LibWx::runEventLoop()
 {
+    acceptDialogCalls();
+    const wxScopeGuard refuse = wxMakeGuard(refuseDialogCalls);
     return wxAppConsoleBase::GetInstance()->OnRun();
 }
 

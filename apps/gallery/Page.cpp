@@ -16,8 +16,9 @@ Array<Page>& registry()
 
 } // namespace
 
-Page::Page(String pageTitle, Function<void(wxWindow* parent, const Log& log)> pageBuild)
-    : title(std::move(pageTitle)), build(std::move(pageBuild))
+Page::Page(String pageTitle, Function<void(wxWindow* parent, const Log& log)> pageBuild,
+           Array<Window> pageWindows)
+    : title(std::move(pageTitle)), build(std::move(pageBuild)), windows(std::move(pageWindows))
 {
     registry().push_back(*this);
 }

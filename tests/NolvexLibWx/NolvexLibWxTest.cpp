@@ -7,6 +7,7 @@
 #include "NolvexLib/GuiDisabler.h"
 #include "NolvexLib/Lib.h"
 #include "NolvexLib/StopException.h"
+#include "NolvexLibWx/MessageDialog.h"
 #include "support/NativeTraits.h"
 #include "support/ProcessResources.h"
 
@@ -16,15 +17,19 @@
 #include <wx/image.h>
 #include <wx/init.h>
 #include <wx/log.h>
+#include <wx/modalhook.h>
 #include <wx/socket.h>
+#include <wx/stopwatch.h>
 #include <wx/timer.h>
 #include <wx/utils.h>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <string>
+#include <thread>
 #include <vector>
 
 using Nolvex::LibWx::ApplicationType;
@@ -513,4 +518,109 @@ TEST(NolvexLibWxTest, startup_withoutADisplay_raisesAMessageAndCanBeTriedAgain)
     EXPECT_TRUE(isStarted());
     EXPECT_EQ(imageHandlerNames().size(), 7u) << "the host's handlers stand for those of their types";
     shutdown();
+}
+
+namespace {
+
+// Says no to every dialog, wherever it is shown.
+struct Refusal : wxModalDialogHook
+{
+    Refusal() { Register(); }
+
+    ~Refusal() override { Unregister(); }
+
+    int Enter(wxDialog* /*dialog*/) override
+    {
+        ++dialogs;
+        return wxID_NO;
+    }
+
+    std::atomic<int> dialogs = 0;
+};
+
+bool ask()
+{
+    return Nolvex::Wx::showYesNoDialog({}, L"Title", L"Sure?", Nolvex::Wx::MessageDialogIcon::QUESTION);
+}
+
+} // namespace
+
+TEST(NolvexLibWxTest, messageDialogOfAThread_isShownInRunEventLoop)
+{
+    startup(ApplicationType::APPLICATION);
+    const Refusal refusal;
+    bool answer = true;
+    std::thread thread([&] {
+        answer = ask();
+        wxTheApp->CallAfter([] { Nolvex::LibWx::stopEventLoop(); });
+    });
+    auto* frame = new wxFrame(nullptr, wxID_ANY, "loop");
+    Nolvex::LibWx::runEventLoop();
+    thread.join();
+    EXPECT_FALSE(answer);
+    EXPECT_EQ(refusal.dialogs, 1);
+    frame->Destroy();
+    shutdown();
+}
+
+TEST(NolvexLibWxTest, messageDialogOfAThread_isShownByProcessAllPendingEvents)
+{
+    startup(ApplicationType::APPLICATION);
+    const Refusal refusal;
+    std::atomic<bool> answered = false;
+    std::thread thread([&] {
+        EXPECT_FALSE(ask());
+        answered = true;
+    });
+    const wxStopWatch watch;
+    while (!answered && watch.Time() < 20'000)
+        Nolvex::LibWx::processAllPendingEvents();
+    thread.join();
+    EXPECT_EQ(refusal.dialogs, 1);
+    shutdown();
+}
+
+TEST(NolvexLibWxTest, threadThatAsksWhileTheLoopEnds_isReleased)
+{
+    startup(ApplicationType::APPLICATION);
+    const Refusal refusal;
+    std::atomic<bool> mayAsk = false;
+    bool answer = true;
+    std::thread thread([&] {
+        while (!mayAsk)
+            std::this_thread::yield();
+        answer = ask();
+    });
+    auto* frame = new wxFrame(nullptr, wxID_ANY, "loop");
+    wxTheApp->CallAfter([&] {
+        // The question comes while the main thread is busy with its last event.
+        mayAsk = true;
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        Nolvex::LibWx::stopEventLoop();
+    });
+    Nolvex::LibWx::runEventLoop();
+    thread.join();
+    EXPECT_FALSE(answer);
+    // Nothing processes events any more, so a thread that asks now must not wait either.
+    std::thread([&] { answer = ask(); }).join();
+    EXPECT_FALSE(answer);
+    frame->Destroy();
+    shutdown();
+}
+
+TEST(NolvexLibWxTest, threadThatWaitsForADialog_isReleasedByTheLastShutdown)
+{
+    startup(ApplicationType::APPLICATION);
+    const Refusal refusal;
+    std::atomic<bool> asks = false;
+    bool answer = true;
+    std::thread thread([&] {
+        asks = true;
+        answer = ask();
+    });
+    while (!asks)
+        std::this_thread::yield();
+    shutdown();
+    thread.join();
+    EXPECT_FALSE(answer);
 }

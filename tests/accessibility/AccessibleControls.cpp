@@ -3,6 +3,8 @@
 // The controls change labels, come and go, and "Close" ends the program.
 #include "NolvexLib/Exception.h"
 #include "NolvexLibWx/Accessibility.h"
+#include "NolvexLibWx/MessageDialog.h"
+#include "NolvexLibWx/NativeWindows.h"
 #include "NolvexLibWx/NolvexLibWx.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/widgets/Button.h"
@@ -46,6 +48,8 @@ public:
         addPanel();
         addUnlabelled();
         addChoices();
+        // Assistive technology waits for the end of a click, so the dialog is shown afterwards.
+        addButton(L"Ask", [this] { m_page->CallAfter([this] { ask(); }); });
         addButton(L"Close", [this] { m_frame->Close(); });
         const wxSize size = m_page->GetBestSize();
         m_frame->SetClientSize(size.x, 2 * size.y); // leaves room for added and unfolded controls
@@ -63,6 +67,13 @@ private:
                                       std::move(onClick), behavior, enabled, OskaBorderState::ENABLED);
         add(button);
         return button;
+    }
+
+    void ask()
+    {
+        const bool yes = Wx::showYesNoDialog(Wx::getWindowNativeHandle(m_frame), L"Question",
+                                             L"Overwrite the file?", Wx::MessageDialogIcon::QUESTION);
+        m_status->SetLabel(yes ? "Answered yes" : "Answered no");
     }
 
     void addLabel()

@@ -9,6 +9,7 @@
 //     select N NAME  selects item N of the control, counted from 0
 //     says REPORT    the program has told of that change
 //     gone LINE      there is no such control any more
+//     window TITLE   the following lines are about the window with that title, which has a line, too
 //     ended          the program has ended
 #include <windows.h>
 
@@ -23,8 +24,8 @@
 
 namespace {
 
-constexpr const wchar_t* TITLE = L"Accessible controls";
-constexpr DWORD LIMIT = 15000; // milliseconds
+std::wstring title = L"Accessible controls"; // of the window that is read
+constexpr DWORD LIMIT = 15000;               // milliseconds
 
 using Names = std::vector<std::pair<LONG, const char*>>;
 
@@ -42,6 +43,7 @@ const Names ROLES = {{ROLE_SYSTEM_PUSHBUTTON, "push button"},
                      {ROLE_SYSTEM_COMBOBOX, "combo box"},
                      {ROLE_SYSTEM_LISTITEM, "list item"},
                      {ROLE_SYSTEM_MENUITEM, "menu item"},
+                     {ROLE_SYSTEM_DIALOG, "dialog"},
                      {ROLE_SYSTEM_CLIENT, "window"},
                      {ROLE_SYSTEM_WINDOW, "window"}};
 
@@ -170,7 +172,7 @@ private:
 
 std::vector<HWND> windowsWithin(HWND window)
 {
-    std::vector<HWND> result;
+    std::vector<HWND> result{window};
     const auto add = [](HWND child, LPARAM list) -> BOOL {
         reinterpret_cast<std::vector<HWND>*>(list)->push_back(child);
         return TRUE;
@@ -181,7 +183,7 @@ std::vector<HWND> windowsWithin(HWND window)
 
 HWND findWindow()
 {
-    return FindWindowW(nullptr, TITLE);
+    return FindWindowW(nullptr, title.c_str());
 }
 
 // Visits the controls and their items until `visit` returns true; returns whether it did.
@@ -288,6 +290,10 @@ bool holds(const std::string& expectation)
         const std::string number = rest.substr(0, next);
         const std::string name = rest.substr(std::min(next + 1, rest.size()));
         return word == "set" ? setValue(number, name) : select(number, name);
+    }
+    if (word == "window") {
+        title.assign(rest.begin(), rest.end());
+        return findWindow() != nullptr;
     }
     if (word == "says")
         return contains(reports, rest);

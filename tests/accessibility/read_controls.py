@@ -8,6 +8,7 @@ there, with role, name, description, states, value and actions. Between these li
     select N NAME  selects item N of the control
     says REPORT    the program has told of that change
     gone LINE      there is no such control any more
+    window TITLE   the following lines are about the window with that title, and the window itself has a line, too
     ended          the program has ended
 """
 
@@ -75,6 +76,7 @@ def described(control):
 
 class Reader:
     def __init__(self):
+        self.title = TITLE
         self.window = None
         self.reports = []
         self.listener = Atspi.EventListener.new(self.take)
@@ -89,12 +91,12 @@ class Reader:
 
     def find_window(self):
         programs = children_of(Atspi.get_desktop(0))
-        windows = [window for program in programs for window in children_of(program) if window.get_name() == TITLE]
+        windows = [window for program in programs for window in children_of(program) if window.get_name() == self.title]
         self.window = windows[0] if windows else None
         return self.window is not None
 
     def lines(self):
-        return [described(control) for control in all_within(self.window)]
+        return [described(self.window)] + [described(control) for control in all_within(self.window)]
 
     def operate(self, name, fits, operation):
         """Another control, such as a label, may have the same name."""
@@ -115,6 +117,9 @@ class Reader:
         if word == "select":
             number, _, name = rest.partition(" ")
             return self.operate(name, children_of, lambda control: control.select_child(int(number)))
+        if word == "window":
+            self.title = rest
+            return self.find_window()
         if word == "says":
             return rest in self.reports
         if word == "ended":

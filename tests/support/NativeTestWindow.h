@@ -3,6 +3,7 @@
 
 #include "NolvexLib/Bucket.h"
 #include "NolvexLib/Noncopyable.h"
+#include "NolvexLib/String.h"
 #include "NolvexLib/WindowHandle.h"
 
 namespace Nolvex::Tests {
@@ -31,6 +32,9 @@ public:
 
     /// True if the window is active and its field has the focus.
     bool hasFocus() const;
+
+    /// The text that has been typed into the field.
+    String text() const;
 
     /// The screen rectangle, with the frame.
     Bucket region() const;

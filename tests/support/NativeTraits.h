@@ -16,4 +16,7 @@ int depthOfBitmap(int asked);
 /// Returns whether the task bar is reached over the session bus. Windows has no bus.
 bool taskbarNeedsSessionBus();
 
+/// Returns false on Windows, where every thread shows its own dialogs.
+bool needsMainThreadForDialogs();
+
 } // namespace Nolvex::Tests

@@ -59,6 +59,11 @@ bool Tests::NativeTestWindow::hasFocus() const
     return isAlive() && gtk_widget_has_focus(widget(m_field)) != 0;
 }
 
+String Tests::NativeTestWindow::text() const
+{
+    return String::fromUtf8(gtk_entry_get_text(GTK_ENTRY(widget(m_field))));
+}
+
 Bucket Tests::NativeTestWindow::region() const
 {
     return Wx::getScreenRegion(m_window);

@@ -82,6 +82,14 @@ bool Tests::NativeTestWindow::hasFocus() const
     return GetForegroundWindow() == hwnd(m_window) && GetFocus() == hwnd(m_field);
 }
 
+String Tests::NativeTestWindow::text() const
+{
+    constexpr int MAX_LENGTH = 100;
+    wchar_t text[MAX_LENGTH]{};
+    GetWindowTextW(hwnd(m_field), text, MAX_LENGTH);
+    return text;
+}
+
 Bucket Tests::NativeTestWindow::region() const
 {
     return Wx::getScreenRegion(m_window);

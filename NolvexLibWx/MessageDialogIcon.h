@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+// <windows.h> makes ERROR a macro. It is included here, so that no later include can bring the macro back.
+#ifdef _WIN32
+#include <wx/msw/wrapwin.h>
+#undef ERROR
+#endif
+
+namespace Nolvex::Wx {
+
+/// The picture of a message dialog.
+enum class MessageDialogIcon : int
+{
+    NONE = 0,
+    ERROR = 1,
+    WARNING = 2,
+    INFO = 3,
+    QUESTION = 4,
+    SUCCESS = 5,
+};
+
+} // namespace Nolvex::Wx

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/MessageDialogButton.h"
+
+#include <wx/defs.h>
+
+#include <gtest/gtest.h>
+
+#include <type_traits>
+
+using namespace Nolvex;
+using Wx::MessageDialogButton;
+using Wx::MessageDialogControl;
+
+namespace {
+
+// The program's own control, made while the program is loaded.
+const MessageDialogButton OWN(L"Retry", 'R');
+
+} // namespace
+
+TEST(MessageDialogControlTest, predefinedControls_haveTheIdentifiersOfTheirOrder)
+{
+    EXPECT_EQ(MessageDialogControl::OUTSIDE_CLOSE.m_controlId, 15999);
+    EXPECT_EQ(MessageDialogControl::FRAME_CLOSE.m_controlId, 16000);
+    EXPECT_EQ(MessageDialogControl::FRAME_ICON.m_controlId, 16001);
+    EXPECT_EQ(MessageDialogButton::OK.m_controlId, 16002);
+    EXPECT_EQ(MessageDialogButton::CANCEL.m_controlId, 16003);
+    EXPECT_EQ(MessageDialogButton::YES.m_controlId, 16004);
+    EXPECT_EQ(MessageDialogButton::NO.m_controlId, 16005);
+}
+
+TEST(MessageDialogControlTest, predefinedControls_haveTheirKeys)
+{
+    EXPECT_EQ(MessageDialogControl::OUTSIDE_CLOSE.keyCodesToBind(), Stack<int>());
+    EXPECT_EQ(MessageDialogControl::FRAME_CLOSE.keyCodesToBind(), Stack<int>{27});
+    EXPECT_EQ(MessageDialogControl::FRAME_ICON.keyCodesToBind(), Stack<int>());
+    EXPECT_EQ(MessageDialogButton::OK.keyCodesToBind(), (Stack<int>{13, 370}));
+    EXPECT_EQ(MessageDialogButton::CANCEL.keyCodesToBind(), Stack<int>());
+    EXPECT_EQ(MessageDialogButton::YES.keyCodesToBind(), Stack<int>{89});
+    EXPECT_EQ(MessageDialogButton::NO.keyCodesToBind(), Stack<int>{78});
+}
+
+TEST(MessageDialogControlTest, predefinedButtons_haveTheirLabelsAndAreEnabled)
+{
+    EXPECT_EQ(MessageDialogButton::OK.m_label, L"OK");
+    EXPECT_EQ(MessageDialogButton::CANCEL.m_label, L"Cancel");
+    EXPECT_EQ(MessageDialogButton::YES.m_label, L"Yes");
+    EXPECT_EQ(MessageDialogButton::NO.m_label, L"No");
+    for (const MessageDialogButton* button : {&MessageDialogButton::OK, &MessageDialogButton::CANCEL,
+                                              &MessageDialogButton::YES, &MessageDialogButton::NO})
+        EXPECT_TRUE(button->m_enabled);
+}
+
+TEST(MessageDialogControlTest, controlOfTheProgram_comesAfterThePredefinedOnes)
+{
+    EXPECT_GE(OWN.m_controlId, 16006);
+}
+
+TEST(MessageDialogControlTest, everyControl_hasTheNextIdentifier)
+{
+    const MessageDialogControl control({WXK_F1});
+    const MessageDialogButton button(L"Skip", Stack<int>{WXK_F2, WXK_F3});
+    EXPECT_EQ(button.m_controlId, control.m_controlId + 1);
+    EXPECT_EQ(control.keyCodesToBind(), Stack<int>{WXK_F1});
+    EXPECT_EQ(button.keyCodesToBind(), (Stack<int>{WXK_F2, WXK_F3}));
+}
+
+TEST(MessageDialogControlTest, buttonMadeOfOneKey_hasThatKey)
+{
+    EXPECT_EQ(OWN.m_label, L"Retry");
+    EXPECT_TRUE(OWN.m_enabled);
+    EXPECT_EQ(OWN.m_keyCodes, Stack<int>{'R'});
+}
+
+TEST(MessageDialogControlTest, buttonMadeOfEmptyBraces_hasNoKey)
+{
+    EXPECT_EQ(MessageDialogButton(L"Skip", {}).m_keyCodes, Stack<int>());
+}
+
+TEST(MessageDialogControlTest, disabledButton_keepsItsKeysAndBindsNone)
+{
+    MessageDialogButton button(L"Skip", {'S', 'K'});
+    button.m_enabled = false;
+    EXPECT_EQ(button.keyCodesToBind(), Stack<int>());
+    EXPECT_EQ(button.m_keyCodes, (Stack<int>{'S', 'K'}));
+    button.m_enabled = true;
+    EXPECT_EQ(button.keyCodesToBind(), (Stack<int>{'S', 'K'}));
+}
+
+TEST(MessageDialogControlTest, controls_cannotBeCopied)
+{
+    EXPECT_FALSE(std::is_copy_constructible_v<MessageDialogControl>);
+    EXPECT_FALSE(std::is_copy_constructible_v<MessageDialogButton>);
+    EXPECT_FALSE(std::is_copy_assignable_v<MessageDialogButton>);
+}

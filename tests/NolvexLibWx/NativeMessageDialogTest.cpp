@@ -1,0 +1,238 @@
+// SPDX-License-Identifier: MIT
+// Message dialogs of threads other than the main thread.
+#include "NolvexLibWx/MessageDialog.h"
+
+#include "NolvexLib/StopException.h"
+#include "NolvexLibWx/NativeWindows.h"
+#include "NolvexLibWx/detail/NativeDialogMapping.h"
+#include "support/FrameFixture.h"
+
+#include <wx/modalhook.h>
+#include <wx/msgdlg.h>
+#include <wx/textctrl.h>
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <functional>
+#include <mutex>
+#include <thread>
+
+using namespace Nolvex;
+using Wx::MessageDialogButton;
+using Wx::MessageDialogControl;
+using Wx::MessageDialogIcon;
+
+namespace {
+
+constexpr int CLOSED = 16000;
+
+using Controls = Stack<const MessageDialogControl*>;
+
+const Controls OK_CANCEL{&MessageDialogButton::OK, &MessageDialogButton::CANCEL};
+const Controls YES_NO{&MessageDialogButton::YES, &MessageDialogButton::NO};
+
+int show(WindowHandle owner, MessageDialogIcon icon, const Controls& controls)
+{
+    return Wx::Detail::showMessageDialogImpl(owner, L"Title", L"a\tb", icon, controls);
+}
+
+/// Answers native message dialogs instead of the user, before they reach the screen.
+class Answers : private wxModalDialogHook
+{
+public:
+    using Answer = std::function<int(wxMessageDialog&)>;
+
+    explicit Answers(Answer answer) : m_answer(std::move(answer)) { Register(); }
+
+    ~Answers() override { Unregister(); }
+
+private:
+    int Enter(wxDialog* dialog) override
+    {
+        auto* const native = dynamic_cast<wxMessageDialog*>(dialog);
+        return native != nullptr ? m_answer(*native) : wxID_NONE;
+    }
+
+    Answer m_answer;
+};
+
+struct NativeMessageDialogTest : Tests::FrameFixture
+{
+    NativeMessageDialogTest() { showFrame(); }
+
+    /// Runs the function on another thread, while this thread processes events until the function returns.
+    static void runOnThread(const std::function<void()>& function)
+    {
+        std::atomic<bool> ended = false;
+        std::thread thread([&] {
+            function();
+            ended = true;
+        });
+        EXPECT_TRUE(Tests::pumpUntil([&] { return ended.load(); }, 20'000));
+        thread.join();
+    }
+
+    int showOnThread(MessageDialogIcon icon, const Controls& controls, WindowHandle owner = {}) const
+    {
+        int result = 0;
+        runOnThread([&] { result = show(owner, icon, controls); });
+        return result;
+    }
+};
+
+/// Returns the line of the StopException that the function throws, or 0 if it throws none.
+int stopLine(const std::function<void()>& function)
+{
+    try {
+        function();
+    } catch (const StopException& stop) {
+        EXPECT_EQ(stop.file(), "MessageDialog");
+        return stop.line();
+    }
+    return 0;
+}
+
+} // namespace
+
+TEST_F(NativeMessageDialogTest, style_isThatOfTheIconAndTheButtons)
+{
+    using NativeDialogMapping::style;
+    EXPECT_EQ(style(MessageDialogIcon::NONE, {}), 0x48001);
+    EXPECT_EQ(style(MessageDialogIcon::ERROR, {}), 0x8201);
+    EXPECT_EQ(style(MessageDialogIcon::WARNING, {}), 0x8101);
+    EXPECT_EQ(style(MessageDialogIcon::INFO, {}), 0x8801);
+    EXPECT_EQ(style(MessageDialogIcon::QUESTION, {}), 0x8401);
+    EXPECT_EQ(style(MessageDialogIcon::ERROR, YES_NO), 0x8201 | 0xA);
+    EXPECT_EQ(style(MessageDialogIcon::ERROR, OK_CANCEL), 0x8201 | 0x14);
+    EXPECT_EQ(style(MessageDialogIcon::ERROR, Controls{&MessageDialogButton::OK}), 0x8201 | 0x4);
+    EXPECT_EQ(style(MessageDialogIcon::ERROR, Controls{&MessageDialogButton::YES}), 0x8201)
+        << "Yes without No is no question";
+    EXPECT_EQ(style(MessageDialogIcon::ERROR, Controls{&MessageDialogButton::YES, &MessageDialogButton::NO,
+                                                       &MessageDialogButton::CANCEL}),
+              0x8201 | 0x1A);
+}
+
+TEST_F(NativeMessageDialogTest, styleOfOtherIcons_isFatal)
+{
+    for (const int icon : {5, 6, 99, -1}) {
+        EXPECT_EQ(
+            stopLine([icon] { NativeDialogMapping::style(static_cast<MessageDialogIcon>(icon), YES_NO); }),
+            354);
+    }
+}
+
+TEST_F(NativeMessageDialogTest, results_areTheIdentifiersOfTheControls)
+{
+    EXPECT_EQ(NativeDialogMapping::controlId(5100), 16002);
+    EXPECT_EQ(NativeDialogMapping::controlId(5101), 16003);
+    EXPECT_EQ(NativeDialogMapping::controlId(5103), 16004);
+    EXPECT_EQ(NativeDialogMapping::controlId(5104), 16005);
+    for (const int result : {0, -1, 5102, 5105, 16002})
+        EXPECT_EQ(stopLine([result] { NativeDialogMapping::controlId(result); }), 389);
+}
+
+TEST_F(NativeMessageDialogTest, otherThread_getsTheNativeDialogAndItsResult)
+{
+    const Answers answers([](wxMessageDialog& dialog) {
+        EXPECT_EQ(dialog.GetMessage(), "a    b");
+        EXPECT_EQ(dialog.GetCaption(), "Title");
+        EXPECT_EQ(dialog.GetMessageDialogStyle(), 0x8401 | 0xA);
+        return wxID_YES;
+    });
+    EXPECT_EQ(showOnThread(MessageDialogIcon::QUESTION, YES_NO), 16004);
+}
+
+TEST_F(NativeMessageDialogTest, showFunctions_onOtherThreads_tellTheAnswer)
+{
+    int answer = wxID_OK;
+    const Answers answers([&](wxMessageDialog&) { return answer; });
+    const auto ask = [&](auto* function, int given) {
+        bool result = false;
+        answer = given;
+        runOnThread([&] { result = function({}, L"Title", L"Message", MessageDialogIcon::INFO); });
+        return result;
+    };
+    EXPECT_TRUE(ask(Wx::showOkDialog, wxID_OK));
+    EXPECT_FALSE(ask(Wx::showOkDialog, wxID_CANCEL));
+    EXPECT_TRUE(ask(Wx::showOkCancelDialog, wxID_OK));
+    EXPECT_FALSE(ask(Wx::showOkCancelDialog, wxID_CANCEL));
+    EXPECT_TRUE(ask(Wx::showYesNoDialog, wxID_YES));
+    EXPECT_FALSE(ask(Wx::showYesNoDialog, wxID_NO));
+    EXPECT_FALSE(ask(Wx::showYesNoDialog, wxID_CANCEL)) << "Escape never means yes";
+}
+
+TEST_F(NativeMessageDialogTest, fatalErrors_areThrownOnTheCallingThread)
+{
+    const Answers answers([](wxMessageDialog&) { return wxID_HELP; });
+    int icon = 0;
+    int result = 0;
+    runOnThread([&] {
+        icon = stopLine([] { show({}, MessageDialogIcon::SUCCESS, YES_NO); });
+        result = stopLine([] { show({}, MessageDialogIcon::INFO, YES_NO); });
+    });
+    EXPECT_EQ(icon, 354);
+    EXPECT_EQ(result, 389);
+}
+
+TEST_F(NativeMessageDialogTest, owner_isDisabledMeanwhile)
+{
+    auto* field = new wxTextCtrl(panel, wxID_ANY);
+    field->SetFocus();
+    EXPECT_TRUE(Tests::pumpUntil([&] { return field->HasFocus(); }));
+    bool disabled = false;
+    const Answers answers([&](wxMessageDialog& dialog) {
+        disabled = !frame->IsEnabled();
+        EXPECT_NE(dialog.GetParent(), nullptr);
+        return wxID_OK;
+    });
+    EXPECT_EQ(showOnThread(MessageDialogIcon::INFO, OK_CANCEL, Wx::getWindowNativeHandle(frame)), 16002);
+    EXPECT_TRUE(disabled);
+    EXPECT_TRUE(frame->IsEnabled());
+    EXPECT_TRUE(Tests::pumpUntil([&] { return field->HasFocus(); })) << "the focus is back";
+}
+
+TEST_F(NativeMessageDialogTest, severalThreads_areServedOneAfterAnother)
+{
+    constexpr int THREADS = 6;
+    constexpr int DIALOGS = 5;
+    std::atomic<int> shown = 0;
+    std::atomic<int> answered = 0;
+    const Answers answers([&](wxMessageDialog&) {
+        EXPECT_EQ(++shown, 1);
+        std::this_thread::yield();
+        --shown;
+        return wxID_NO;
+    });
+    const auto ask = [&] {
+        for (int i = 0; i < DIALOGS; ++i) {
+            if (show({}, MessageDialogIcon::WARNING, YES_NO) == 16005)
+                ++answered;
+        }
+    };
+    runOnThread([&] {
+        Array<std::thread> threads;
+        for (int i = 0; i < THREADS; ++i)
+            threads.emplace_back(ask);
+        for (std::thread& thread : threads)
+            thread.join();
+    });
+    EXPECT_EQ(answered, THREADS * DIALOGS);
+}
+
+TEST_F(NativeMessageDialogTest, realDialog_isAnsweredByTheUser)
+{
+    std::atomic<int> result = 0;
+    std::thread thread(
+        [&] { result = show(Wx::getWindowNativeHandle(frame), MessageDialogIcon::QUESTION, OK_CANCEL); });
+    // Escape is typed until the dialog is on the screen, and the frame ignores Escape.
+    wxTimer typist;
+    wxEvtHandler handler;
+    typist.SetOwner(&handler);
+    handler.Bind(wxEVT_TIMER, [](wxTimerEvent&) { wxUIActionSimulator().Char(WXK_ESCAPE); });
+    typist.Start(300);
+    EXPECT_TRUE(Tests::pumpUntil([&] { return result != 0; }, 20'000));
+    thread.join();
+    EXPECT_EQ(result, 16003);
+    EXPECT_TRUE(frame->IsEnabled());
+}
