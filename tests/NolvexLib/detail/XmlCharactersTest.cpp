@@ -195,6 +195,7 @@ TEST(XmlCharactersTest, markupThatIsNoTag_isNamed)
               (Flaw{"A processing instruction or a second declaration is not allowed", 3}));
     EXPECT_EQ(flawIn(element("What? No!")), std::nullopt);
     EXPECT_EQ(flawIn("<?xml?>!?", 7), std::nullopt) << "the declaration lies before the start";
+    EXPECT_EQ(flawIn("<!x", 1), std::nullopt);
 }
 
 TEST(XmlCharactersTest, refuseXmlMarkup_namesWhatBeginsThere)
