@@ -212,13 +212,17 @@ bool Wx::ComboBox::Reparent(wxWindowBase* newParent)
     return changed;
 }
 
-void Wx::ComboBox::showSelection()
+void Wx::ComboBox::markSelection()
 {
     Refresh();
     updateAccessible(*this);
-    if (!m_dropdown)
-        return;
-    m_dropdown->markSelected();
+    if (m_dropdown)
+        m_dropdown->markSelected();
+}
+
+void Wx::ComboBox::showSelection()
+{
+    markSelection();
     if (isOpen())
         m_dropdown->showSelected();
 }
@@ -300,7 +304,8 @@ void Wx::ComboBox::onKey(wxKeyEvent& event)
         event.Skip();
         return;
     }
-    showSelection();
+    // Keys that do not change the selection leave a list where the user has scrolled it.
+    markSelection();
     if (selectByKey(key) || openOrCloseByKey(event))
         return;
     if (key == WXK_TAB && !event.AltDown())

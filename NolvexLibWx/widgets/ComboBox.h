@@ -128,6 +128,10 @@ private:
     void leave(bool backward);
     void selectByUser(int index);
     void selectByWheel(int rotation);
+    /// Repaints the face and marks the selected row of the list.
+    void markSelection();
+
+    /// Does the same, and scrolls an open list to the selected row.
     void showSelection();
 
     GuiSkin m_skin = GuiSkin::DEFAULT();

@@ -223,8 +223,12 @@ void Wx::ComboBoxDropdown::showSelected()
                                    m_scrollUnit);
 }
 
-void Wx::ComboBoxDropdown::turnWheel(const wxMouseEvent& event)
+void Wx::ComboBoxDropdown::turnWheel(wxMouseEvent& event)
 {
+    if (event.GetWheelAxis() != wxMOUSE_WHEEL_VERTICAL) {
+        event.Skip();
+        return;
+    }
     m_selection.setIndex(m_canvas->markedRow());
     m_box.showSelection();
     m_box.selectByWheel(event.GetWheelRotation());

@@ -42,7 +42,7 @@ public:
     void showSelected();
 
     /// Turns the wheel over the list: the marked row becomes the selected one before the selection moves.
-    void turnWheel(const wxMouseEvent& event);
+    void turnWheel(wxMouseEvent& event);
 
     /// Selects the item of the row and closes the list. The list stays open if there is no such row.
     void choose(int row);

@@ -371,6 +371,7 @@ void Wx::Spinner::onArrowEntered(Arrow& arrow, const wxMouseEvent& event)
 {
     if (m_arrows->held() != nullptr)
         return;
+    // Windows sends a motion with this event. GTK does not, so that a drag would begin at an older position.
     m_drag->hover(event.GetPosition());
     arrow.show(ArrowLook::HOVERED);
 }

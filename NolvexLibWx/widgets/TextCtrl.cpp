@@ -57,7 +57,13 @@ Wx::TextCtrl::TextCtrl(wxWindow* parent, int id, const wxString& value, const wx
     bindGroupExit(*this);
 }
 
-Wx::TextCtrl::~TextCtrl() = default;
+// The destructor of wxTextCtrl thaws a frozen control by wxTextCtrl::DoThaw, which on GTK would release a text
+// that DoFreeze of this class has not taken.
+Wx::TextCtrl::~TextCtrl()
+{
+    while (IsFrozen())
+        Thaw();
+}
 
 void Wx::TextCtrl::AppendText(const wxString& text)
 {

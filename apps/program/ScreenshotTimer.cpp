@@ -28,7 +28,8 @@ void ScreenshotTimer::Notify()
         return;
     Stop();
     m_error = *outcome;
-    m_window->Close();
+    if (m_window) // the turn may have destroyed the window
+        m_window->Close();
 }
 
 } // namespace Nolvex::Program

@@ -3,6 +3,7 @@
 
 #include "NolvexLib/StopException.h"
 #include "pixels/Reference.h"
+#include "support/SystemLimits.h"
 
 #include <gtest/gtest.h>
 
@@ -12,6 +13,7 @@
 #include <cstdint>
 #include <cstring>
 #include <limits>
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -105,6 +107,49 @@ TEST(ImageTest, create_atTheLimits_isNotTooLarge)
     EXPECT_EQ(errorOf(1, 2147483647, PixelFormat::UINT8_GREY).find(L"too large"), String::NPOS);
     EXPECT_EQ(errorOf(32768, 32768, PixelFormat::FLOAT32_RGBA).find(L"too large"), String::NPOS);
     EXPECT_NE(errorOf(32769, 32768, PixelFormat::FLOAT32_RGBA).find(L"too large"), String::NPOS);
+}
+
+TEST(ImageTest, create_withoutEnoughMemory_saysSo)
+{
+    const Tests::ScarceMemory scarce;
+    if (!scarce.isEffective())
+        GTEST_SKIP() << "memory cannot be limited";
+    EXPECT_EQ(errorOf(20'000, 10'000, PixelFormat::UINT8_RGB),
+              L"An image of 20000 x 10000 pixels does not fit into the memory that is left.");
+}
+
+TEST(ImageTest, copy_withoutEnoughMemory_throwsAndChangesNothing)
+{
+    Image large = makeImage(20'000, 10'000);
+    large.row(9'999)[0] = std::byte(255);
+    Image assigned = makeImage(4, 3);
+    fill(assigned);
+    const Rgb before = assigned.getRgba(2, 1);
+
+    const Tests::ScarceMemory scarce;
+    if (!scarce.isEffective())
+        GTEST_SKIP() << "memory cannot be limited";
+    EXPECT_THROW(const Image copy = large, std::bad_alloc);
+    EXPECT_THROW(assigned = large, std::bad_alloc);
+    EXPECT_EQ(assigned.descriptor().width, 4);
+    EXPECT_EQ(assigned.getRgba(2, 1), before);
+    EXPECT_EQ(large.getRgba(0, 9'999), (Rgb{1, 0, 0, 1}));
+}
+
+// Systems that give out memory when it is first used have room for this image.
+TEST(ImageTest, rowsBeyondFourGigabytes_haveTheirOwnMemory)
+{
+    constexpr std::int32_t SIDE = 40'000;
+    Expected<Image, String> image = Image::create(SIDE, SIDE, PixelFormat::UINT8_RGBA, 1.0f);
+    if (!image)
+        GTEST_SKIP() << image.error().toUtf8();
+    EXPECT_EQ(image->row(SIDE - 1).data() - image->row(0).data(), std::ptrdiff_t(SIDE - 1) * SIDE * 4);
+    image->row(SIDE - 1).back() = std::byte(255);
+    EXPECT_EQ(image->getRgba(SIDE - 1, SIDE - 1), (Rgb{0, 0, 0, 1}));
+    EXPECT_EQ(image->getRgba(SIDE - 1, 0), (Rgb{0, 0, 0, 0}));
+    // The row at which offsets of 32 bits would start again, rounded down.
+    constexpr std::int32_t WRAPPED = static_cast<std::int32_t>((std::int64_t(1) << 32) / (SIDE * 4));
+    EXPECT_EQ(image->getRgba(SIDE - 1, SIDE - 1 - WRAPPED), (Rgb{0, 0, 0, 0}));
 }
 
 TEST(ImageTest, create_withAnInvalidFormat_isAProgrammingError)
@@ -278,6 +323,42 @@ TEST(ImageTest, descriptors_areEqualOnlyInAllProperties)
     EXPECT_NE(descriptor, (ImageDescriptor{4, 2, PixelFormat::UINT8_RGB, 2.2f}));
     EXPECT_NE(descriptor, (ImageDescriptor{4, 3, PixelFormat::UINT8_RGBA, 2.2f}));
     EXPECT_NE(descriptor, (ImageDescriptor{4, 3, PixelFormat::UINT8_RGB, 1.0f}));
+}
+
+TEST(ImageTest, moveAssignment_ofItself_keepsThePixels)
+{
+    Image image = makeImage(4, 3);
+    fill(image);
+    const Rgb before = image.getRgba(2, 1);
+    Image& same = image;
+    image = std::move(same);
+    EXPECT_EQ(image.descriptor(), (ImageDescriptor{4, 3, PixelFormat::UINT8_RGB, 1.0f}));
+    EXPECT_EQ(image.getRgba(2, 1), before);
+}
+
+TEST(ImageTest, swap_exchangesPixelsAndProperties)
+{
+    Image small = makeImage(4, 3);
+    fill(small);
+    Image large = makeImage(50, 20, PixelFormat::FLOAT32_GREY);
+    const Rgb before = small.getRgba(2, 1);
+    std::swap(small, large);
+    EXPECT_EQ(large.getRgba(2, 1), before);
+    EXPECT_EQ(large.rowBytes(), 12U);
+    EXPECT_EQ(small.descriptor(), (ImageDescriptor{50, 20, PixelFormat::FLOAT32_GREY, 1.0f}));
+    EXPECT_EQ(small.row(19).size(), 200U);
+}
+
+TEST(ImageTest, copy_ofEveryFormat_hasTheSameBytes)
+{
+    for (const PixelFormat format : FORMATS) {
+        Image image = Image::create(13, 7, format, 2.2f).value();
+        fill(image);
+        const Image copy = image;
+        EXPECT_EQ(copy.descriptor(), image.descriptor());
+        for (std::int32_t y = 0; y < 7; ++y)
+            EXPECT_TRUE(std::ranges::equal(copy.row(y), image.row(y)));
+    }
 }
 
 TEST(ImageTest, move_leavesNoPixelsBehind)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/ScreenCapture.h"
-#include "NolvexLibWx/detail/ScreenRegion.h"
 
+#include "CapturedRegions.h"
 #include "NolvexLib/Array.h"
 #include "NolvexLibWx/GeometryConversions.h"
 #include "support/Events.h"
@@ -12,50 +12,20 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <limits>
 
 using namespace Nolvex;
-using Platform::TakeScreenRow;
-using Tests::fromBytes;
+using Tests::expectPixels;
+using Tests::isOnOneOf;
 using Tests::patternPicture;
 using Tests::PictureWindow;
+using Tests::TRANSPARENT_BLACK;
 using Wx::getScreenRegionColors;
-using Wx::Detail::composeScreenRegion;
 
 namespace {
 
 constexpr std::int32_t MIN_COORDINATE = std::numeric_limits<std::int32_t>::min();
 constexpr std::int32_t MAX_COORDINATE = std::numeric_limits<std::int32_t>::max();
-constexpr Rgb TRANSPARENT_BLACK{};
-
-// Every display of the composed screens shows the place of each pixel as its colour. The fourth byte is
-// noise.
-void readPlaces(const Bucket& area, const TakeScreenRow& take)
-{
-    for (std::int32_t y = area.min.y; y < area.max.y; ++y) {
-        Array<std::uint8_t> row;
-        for (std::int32_t x = area.min.x; x < area.max.x; ++x)
-            row.insert(row.end(), {static_cast<std::uint8_t>(x), static_cast<std::uint8_t>(y), 7, 99});
-        take({area.min.x, y}, row.data(), area.width());
-    }
-}
-
-Rgb placeColour(std::int32_t x, std::int32_t y)
-{
-    return fromBytes(7, y & 255, x & 255);
-}
-
-template<class Expected>
-void expectPixels(const BitmapImpl<Rgb>& image, const Bucket& region, Expected expected)
-{
-    ASSERT_EQ(image.size(), region.size());
-    for (std::int32_t y = region.min.y; y < region.max.y; ++y) {
-        for (std::int32_t x = region.min.x; x < region.max.x; ++x)
-            ASSERT_EQ(image.at(x - region.min.x, y - region.min.y), expected(x, y))
-                << "at " << x << ", " << y;
-    }
-}
 
 Array<Bucket> displays()
 {
@@ -63,19 +33,6 @@ Array<Bucket> displays()
     for (unsigned index = 0; index < wxDisplay::GetCount(); ++index)
         geometries.push_back(Wx::toBucket(wxDisplay(index).GetGeometry()));
     return geometries;
-}
-
-bool isOnOneOf(const Array<Bucket>& displays, Pixel point)
-{
-    return std::ranges::any_of(displays, [&](const Bucket& display) { return display.contains(point); });
-}
-
-void expectComposed(const Bucket& region, const Array<Bucket>& displays)
-{
-    const BitmapImpl<Rgb> image = composeScreenRegion(region, displays, readPlaces);
-    expectPixels(image, region, [&](std::int32_t x, std::int32_t y) {
-        return isOnOneOf(displays, {x, y}) ? placeColour(x, y) : TRANSPARENT_BLACK;
-    });
 }
 
 Bucket firstDisplay()
@@ -117,50 +74,6 @@ void expectCaptured(const int (&size)[2])
 }
 
 } // namespace
-
-TEST(ScreenCaptureTest, compose_putsEachDisplayInItsPlace_andLeavesGapsTransparent)
-{
-    const Array<Bucket> displays{{{-4, -3}, {0, 0}}, {{2, 0}, {5, 2}}};
-    expectComposed({{-6, -5}, {7, 4}}, displays);
-    expectComposed({{-4, -3}, {0, 0}}, displays);
-    expectComposed({{-2, -1}, {3, 1}}, displays);
-    expectComposed({{0, 0}, {2, 2}}, displays);
-    expectComposed({{100, 100}, {103, 102}}, displays);
-}
-
-TEST(ScreenCaptureTest, compose_makesEveryByteAFloatAndIgnoresTheFourth)
-{
-    const Array<Bucket> displays{{{0, 0}, {256, 1}}};
-    expectComposed({{0, 0}, {256, 1}}, displays);
-}
-
-TEST(ScreenCaptureTest, compose_asksForTheMeetingsInTheOrderOfTheDisplays)
-{
-    const Array<Bucket> displays{{{10, 0}, {20, 10}}, {{0, 0}, {10, 10}},  {{50, 50}, {60, 60}},
-                                 {{0, 50}, {20, 60}}, {{50, 0}, {60, 20}}, {{0, 10}, {20, 20}}};
-    Array<Bucket> asked;
-    composeScreenRegion({{5, 5}, {15, 11}}, displays,
-                        [&](const Bucket& area, const TakeScreenRow&) { asked.push_back(area); });
-    EXPECT_EQ(asked, (Array<Bucket>{{{10, 5}, {15, 10}}, {{5, 5}, {10, 10}}, {{5, 10}, {15, 11}}}));
-}
-
-TEST(ScreenCaptureTest, compose_leavesWhatCannotBeReadTransparent)
-{
-    const Array<Bucket> displays{{{0, 0}, {4, 4}}};
-    const Bucket region{{0, 0}, {4, 4}};
-    const auto readTheSecondRow = [](const Bucket& area, const TakeScreenRow& take) {
-        readPlaces({{area.min.x + 1, 1}, {area.max.x, 2}}, take);
-    };
-    expectPixels(composeScreenRegion(region, displays, readTheSecondRow), region,
-                 [](std::int32_t x, std::int32_t y) {
-                     return y == 1 && x >= 1 ? placeColour(x, y) : TRANSPARENT_BLACK;
-                 });
-}
-
-TEST(ScreenCaptureTest, compose_withoutDisplays_isTransparentBlack)
-{
-    expectComposed({{-1, -2}, {6, 5}}, {});
-}
 
 TEST(ScreenCaptureTest, withoutAnApplication_isTransparentBlack)
 {

@@ -71,6 +71,8 @@ void Wx::ComboBoxSelection::notify() const
         m_eventTarget->ProcessEvent(event);
     if (box && onSelect)
         onSelect(itemId);
+    if (box)
+        box->Refresh();
 }
 
 } // namespace Nolvex

@@ -247,6 +247,19 @@ TEST_F(ComboBoxDropdownTest, wheelOverTheList_startsAtTheMarkedRow)
     EXPECT_TRUE(isOpen());
 }
 
+TEST_F(ComboBoxDropdownTest, sidewaysWheel_isLeftToOthers)
+{
+    makeWithItems(30, 2);
+    openByClick();
+    sendMouse(canvas(), wxEVT_MOTION, inRow(9));
+    EXPECT_FALSE(sendMouse(canvas(), wxEVT_MOUSEWHEEL, inRow(9), -120, wxMOUSE_WHEEL_HORIZONTAL));
+    EXPECT_FALSE(sendMouse(dropdown, wxEVT_MOUSEWHEEL, {5, 5}, 120, wxMOUSE_WHEEL_HORIZONTAL));
+    EXPECT_FALSE(sendMouse(box, wxEVT_MOUSEWHEEL, {5, 5}, 120, wxMOUSE_WHEEL_HORIZONTAL));
+    expectSelected({});
+    EXPECT_EQ(box->getSelectedIndex(), Optional<int>(2));
+    EXPECT_EQ(canvas()->markedRow(), 9);
+}
+
 TEST_F(ComboBoxDropdownTest, wheelThatReachesTheBox_turnsTheListUnderTheMouse)
 {
     makeWithItems(30, 2);
@@ -271,6 +284,24 @@ TEST_F(ComboBoxDropdownTest, selection_isScrolledIntoView)
     sendKey(WXK_HOME);
     EXPECT_EQ(viewTop(), 0);
     EXPECT_TRUE(showsMarked(0));
+}
+
+TEST_F(ComboBoxDropdownTest, keysThatSelectNothing_markTheSelectionAndDoNotScroll)
+{
+    makeWithItems(30, 2);
+    openByClick();
+    scroller()->Scroll(-1, 10 * rowHeight() / Wx::scaleByDpi(6));
+    ASSERT_EQ(viewTop(), 10 * rowHeight());
+    for (const int key : {int(WXK_SHIFT), int(WXK_F5), int('x')}) {
+        sendMouse(canvas(), wxEVT_MOTION, inRow(12));
+        sendMouse(canvas(), wxEVT_MOTION, inRow(13));
+        ASSERT_EQ(canvas()->markedRow(), 13);
+        sendKey(key);
+        EXPECT_EQ(viewTop(), 10 * rowHeight()) << key;
+        EXPECT_EQ(canvas()->markedRow(), 2) << key;
+    }
+    sendKey(WXK_UP);
+    EXPECT_TRUE(showsMarked(1));
 }
 
 TEST_F(ComboBoxDropdownTest, nothingSelected_showsTheStart)

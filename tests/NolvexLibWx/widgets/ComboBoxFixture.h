@@ -121,14 +121,18 @@ struct ComboBoxFixture : FrameFixture
         return !event.GetSkipped();
     }
 
-    static void sendMouse(wxWindow* window, wxEventType type, wxPoint position, int rotation = 0)
+    /// Returns true if the event was consumed.
+    static bool sendMouse(wxWindow* window, wxEventType type, wxPoint position, int rotation = 0,
+                          wxMouseWheelAxis axis = wxMOUSE_WHEEL_VERTICAL)
     {
         wxMouseEvent event(type);
+        event.m_wheelAxis = axis;
         event.SetPosition(position);
         event.m_wheelRotation = rotation;
         event.m_wheelDelta = 120;
         event.SetEventObject(window);
         window->GetEventHandler()->ProcessEvent(event);
+        return !event.GetSkipped();
     }
 
     void clickBox() const { clickAt(box, centre()); }

@@ -11,6 +11,7 @@
 #include <climits>
 #include <memory>
 #include <type_traits>
+#include <utility>
 
 using namespace Nolvex;
 using Wx::ComboBox;
@@ -157,6 +158,29 @@ TEST_F(ComboBoxTest, selectIndex_notifiesFirstTheParentThenTheCallback)
     box->selectIndex(0, false);
     box->selectIndex(0, true);
     expectSelected({2, 0});
+}
+
+TEST_F(ComboBoxTest, face_isRefreshedBeforeAndAfterTheNotification)
+{
+    makeWithItems(3);
+    showFrame();
+    int paintings = 0;
+    box->Bind(wxEVT_PAINT, [&paintings](wxPaintEvent& event) {
+        ++paintings;
+        event.Skip();
+    });
+    Tests::pumpEvents();
+    paintings = 0;
+    int paintedInTheHandler = 0;
+    panel->Bind(wxEVT_COMBOBOX, [&](wxCommandEvent&) {
+        Tests::pumpUntil([&] { return paintings > 0; }, 2000);
+        paintedInTheHandler = std::exchange(paintings, 0);
+    });
+    sendKey(WXK_DOWN);
+    EXPECT_GT(paintedInTheHandler, 0) << "a handler may show a dialog beside the new face";
+    EXPECT_TRUE(Tests::pumpUntil([&] { return paintings > 0; }, 2000))
+        << "a handler may have changed what the face shows";
+    destroyFrame(); // while the variables of the handlers exist
 }
 
 TEST_F(ComboBoxTest, selectIndex_withoutSuchAnItem_readsBackAsNone)

@@ -103,6 +103,18 @@ TEST_F(SpinnerTest, infinity_withoutBounds_isShownAndCanBeLeft)
     EXPECT_EQ(spinner->value(), 8.0f);
 }
 
+// Only a finite value is brought into new bounds by itself.
+TEST_F(SpinnerTest, configure_withAnInfiniteValue_keepsTheValueUntilTheNext)
+{
+    make(-ENDLESS, ENDLESS, 5, 1);
+    spinner->setValue(ENDLESS, false);
+    spinner->configure(0, 10, 5, 2, 1, true);
+    EXPECT_EQ(spinner->value(), ENDLESS);
+    EXPECT_EQ(takeReports(), Reports{});
+    click(spinner->downArrow());
+    EXPECT_EQ(spinner->value(), 10.0f);
+}
+
 TEST_F(SpinnerTest, boundsInTheWrongOrder_giveTheMinimum)
 {
     make(10, 0, 5, 1);

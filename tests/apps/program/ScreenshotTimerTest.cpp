@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 using namespace Nolvex;
 using Program::ScreenshotTimer;
 
@@ -55,4 +57,67 @@ TEST_F(ScreenshotTimerTest, windowClosedBefore_isAnErrorAndTakesNoFurtherTurn)
     EXPECT_FALSE(frame);
     EXPECT_EQ(turns, before);
     EXPECT_EQ(timer.error(), L"The window was closed before its picture was taken.");
+}
+
+TEST_F(ScreenshotTimerTest, firstTurn_isTakenAfterThePeriod)
+{
+    const ScreenshotTimer timer(*frame, 10 * PERIOD, endingAt(1, L""));
+    Tests::pumpEvents(2 * PERIOD);
+    EXPECT_EQ(turns, 0);
+    EXPECT_TRUE(Tests::pumpUntil([&] { return turns == 1; }));
+}
+
+TEST_F(ScreenshotTimerTest, windowIsPaintedBetweenTwoTurns)
+{
+    showFrame();
+    int paintings = 0;
+    panel->Bind(wxEVT_PAINT, [&](wxPaintEvent& event) {
+        ++paintings;
+        event.Skip();
+    });
+    std::vector<int> paintingsBefore;
+    const ScreenshotTimer timer(*frame, 5 * PERIOD, [&]() -> Optional<String> {
+        paintingsBefore.push_back(paintings);
+        panel->Refresh();
+        return paintingsBefore.size() == 4 ? Optional<String>(String()) : Optional<String>();
+    });
+    ASSERT_TRUE(Tests::pumpUntil([&] { return !frame; }));
+    for (std::size_t i = 1; i < paintingsBefore.size(); ++i)
+        EXPECT_GT(paintingsBefore[i], paintingsBefore[i - 1]) << i;
+}
+
+TEST_F(ScreenshotTimerTest, windowDestroyedByTheLastTurn_isSurvived)
+{
+    const ScreenshotTimer timer(*frame, PERIOD, [&]() -> Optional<String> {
+        ++turns;
+        delete frame.get();
+        return String(L"The picture came too late.");
+    });
+    EXPECT_TRUE(Tests::pumpUntil([&] { return turns == 1; }));
+    Tests::pumpEvents(3 * PERIOD);
+    EXPECT_EQ(turns, 1);
+    EXPECT_EQ(timer.error(), L"The picture came too late.");
+}
+
+TEST_F(ScreenshotTimerTest, windowThatStaysOpen_getsNoFurtherTurn)
+{
+    frame->Bind(wxEVT_CLOSE_WINDOW, [](wxCloseEvent& event) { event.Veto(); });
+    const ScreenshotTimer timer(*frame, PERIOD, endingAt(2, L""));
+    ASSERT_TRUE(Tests::pumpUntil([&] { return turns == 2; }));
+    Tests::pumpEvents(3 * PERIOD);
+    EXPECT_EQ(turns, 2);
+    EXPECT_TRUE(timer.error().isEmpty());
+    EXPECT_TRUE(frame);
+}
+
+TEST_F(ScreenshotTimerTest, destroyedTimer_takesNoFurtherTurn)
+{
+    {
+        const ScreenshotTimer timer(*frame, PERIOD, endingAt(1000, L""));
+        ASSERT_TRUE(Tests::pumpUntil([&] { return turns > 0; }));
+    }
+    const int before = turns;
+    Tests::pumpEvents(5 * PERIOD);
+    EXPECT_EQ(turns, before);
+    EXPECT_TRUE(frame) << "only the timer closes the window";
 }

@@ -3,6 +3,7 @@
 
 #include "support/FrameFixture.h"
 #include "support/Screen.h"
+#include "support/SystemLimits.h"
 
 #include <wx/image.h>
 
@@ -73,4 +74,50 @@ TEST_F(WindowPictureTest, fileThatCannotBeWritten_isNamedInTheError)
     showFrame();
     const String error = writeWindowPicture(*frame, Io::Path(L"no/such/folder/picture.png"));
     EXPECT_NE(error.find(L"picture.png"), String::NPOS) << error.toUtf8();
+}
+
+TEST_F(WindowPictureTest, folderInPlaceOfTheFile_isAnError)
+{
+    showFrame();
+    const Io::Path folder = file.parentDirectory();
+    const String error = writeWindowPicture(*frame, folder);
+    EXPECT_NE(error.find(folder.fileName()), String::NPOS) << error.toUtf8();
+    EXPECT_TRUE(std::filesystem::is_directory(folder.native()));
+}
+
+TEST_F(WindowPictureTest, fullDisk_isAnError)
+{
+    const Io::Path full = Tests::fileOnAFullDisk();
+    if (full.nativeStr().isEmpty())
+        GTEST_SKIP() << "this system has no file that takes no byte";
+    showFrame();
+    EXPECT_NE(writeWindowPicture(*frame, full), L"");
+}
+
+TEST_F(WindowPictureTest, windowThatCannotBeRead_leavesAnEarlierPictureAsItIs)
+{
+    showFrame();
+    ASSERT_EQ(writeWindowPicture(*frame, file), L"");
+    const auto size = std::filesystem::file_size(file.native());
+    wxPanel outside(frame, wxID_ANY, wxPoint(-30'000, -30'000), wxSize(50, 50));
+    EXPECT_NE(writeWindowPicture(outside, file), L"");
+    EXPECT_EQ(std::filesystem::file_size(file.native()), size);
+}
+
+TEST_F(WindowPictureTest, windowPartlyBesideTheScreen_isBlackThere)
+{
+    panel->SetBackgroundColour(wxColour(COLOUR.r, COLOUR.g, COLOUR.b));
+    showFrame();
+    frame->Move(-200, 100);
+    ASSERT_TRUE(Tests::pumpUntil([&] { return frame->ClientToScreen(wxPoint(0, 0)).x < -100; }));
+    const int hidden = -frame->ClientToScreen(wxPoint(0, 0)).x;
+    wxImage picture;
+    // The system paints the window at its new place a little later.
+    EXPECT_TRUE(Tests::pumpUntil([&] {
+        return writeWindowPicture(*frame, file).isEmpty() &&
+               picture.LoadFile(wxString(file.nativeStr().c_str())) &&
+               Tests::pixelAt(picture, hidden + 20, 40) == COLOUR;
+    }));
+    EXPECT_EQ(picture.GetSize(), frame->GetClientSize());
+    EXPECT_EQ(Tests::pixelAt(picture, hidden - 1, 40), (RgbBytes{0, 0, 0}));
 }

@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
-#include "NolvexLibImage/pixels/GammaEncoder.h"
+#include "NolvexLibImage/pixels/detail/GammaTable.h"
 
 #include "../AtEachLevel.h"
 #include "../Reference.h"
 #include "NolvexLibImage/pixels/Conversions.h"
+#include "NolvexLibImage/pixels/GammaEncoder.h"
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cmath>
 #include <limits>
+#include <memory>
 #include <vector>
 
 namespace Nolvex::Pixels {
@@ -41,6 +44,64 @@ std::vector<std::uint8_t> encodedRow(const GammaEncoder& encoder, const std::vec
 }
 
 } // namespace
+
+TEST(GammaTableEncodePowerTest, floatsOfAllKinds_areRaisedAndRounded)
+{
+    for (const float exponent : {1.0f / 2.2f, 1.0f, 2.0f, 2.2f, 3.0f, -1.0f, 0.0f, INFINITE, NOT_A_NUMBER}) {
+        for (const float value : Reference::specialFloats())
+            ASSERT_EQ(encodePower(value, exponent), Reference::powerByte(value, exponent))
+                << value << " to the power of " << exponent;
+        for (const float value : Reference::randomFractions(5'000))
+            ASSERT_EQ(encodePower(value, exponent), Reference::powerByte(value, exponent))
+                << value << " to the power of " << exponent;
+    }
+}
+
+TEST(GammaTableMakeTest, table_isNullForUnusualExponents)
+{
+    for (const float exponent : {0.0f, -2.2f, 2.0f, 16.0f, 17.0f, 0.01f, INFINITE, NOT_A_NUMBER})
+        EXPECT_EQ(GammaTable::make(exponent), nullptr) << exponent;
+}
+
+// The exponents have the largest and the smallest tables.
+TEST(GammaTableMakeTest, floatsFromTheLowestToOne_haveTheBytesOfPower)
+{
+    for (const float exponent : {0.0625f, 1.0f / 2.2f, 1.0f, 2.2f, 15.5f}) {
+        const std::unique_ptr<const GammaTable> table = GammaTable::make(exponent);
+        ASSERT_NE(table, nullptr) << exponent;
+        const Detail::GammaLookup& lookup = table->lookup;
+        constexpr std::uint32_t ONE = std::bit_cast<std::uint32_t>(1.0f);
+        constexpr std::uint32_t STEP = 9'973; // a prime, so that the floats lie anywhere in the buckets
+        for (std::uint32_t bits = std::bit_cast<std::uint32_t>(lookup.lowest); bits <= ONE; bits += STEP) {
+            const std::uint32_t entry = lookup.entries[(bits >> lookup.shift) - lookup.firstBucket];
+            ASSERT_EQ((entry + bits) >> lookup.shift, encodePower(std::bit_cast<float>(bits), exponent))
+                << std::bit_cast<float>(bits) << " to the power of " << exponent;
+        }
+    }
+}
+
+TEST(GammaTableMakeTest, lookup_endsWithTheBucketOfOneAndFitsIntoTheCache)
+{
+    for (const float exponent : {0.0625f, 1.0f / 2.2f, 1.0f, 2.2f, 15.5f}) {
+        const std::unique_ptr<const GammaTable> table = GammaTable::make(exponent);
+        ASSERT_NE(table, nullptr) << exponent;
+        const Detail::GammaLookup& lookup = table->lookup;
+        EXPECT_EQ(lookup.entries, table->entries.data());
+        EXPECT_EQ(lookup.firstBucket + table->entries.size() - 1,
+                  std::bit_cast<std::uint32_t>(1.0f) >> lookup.shift);
+        EXPECT_EQ(std::bit_cast<std::uint32_t>(lookup.lowest), lookup.firstBucket << lookup.shift);
+        EXPECT_EQ(encodePower(lookup.lowest, exponent), 0) << "every float below has the same byte";
+        EXPECT_LE(table->entries.size(), 65'536U);
+    }
+}
+
+TEST(GammaTableMakeTest, minusInfinity_isInvertedUnlessTheExponentIsOdd)
+{
+    EXPECT_EQ(GammaTable::make(2.2f)->lookup.infinityFlip, 0x8000'0000U);
+    EXPECT_EQ(GammaTable::make(2.5f)->lookup.infinityFlip, 0x8000'0000U);
+    EXPECT_EQ(GammaTable::make(1.0f)->lookup.infinityFlip, 0U);
+    EXPECT_EQ(GammaTable::make(15.0f)->lookup.infinityFlip, 0U);
+}
 
 TEST(GammaTableExponentTest, table_isMadeFrom1Over16To16)
 {

@@ -1,36 +1,18 @@
 // SPDX-License-Identifier: MIT
-#include "Connections.h"
-#include "NolvexLibWx/net/SocketOwner.h"
+#include "NolvexLibWx/net/SocketInputStream.h"
 
-#include <wx/socket.h>
+#include "StreamPair.h"
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <string>
 #include <thread>
 
 namespace Nolvex::Wx {
 namespace {
 
-using Tests::RawSocket;
-
-struct StreamPair
-{
-    StreamPair()
-    {
-        wxIPV4address address;
-        address.Hostname("127.0.0.1");
-        address.Service(listener.port());
-        client->SetTimeout(1);
-        client->Connect(address, true);
-        peer = listener.accept();
-    }
-
-    RawSocket listener = RawSocket::listening();
-    wxSocketClient* client = new wxSocketClient(wxSOCKET_WAITALL | wxSOCKET_BLOCK);
-    Legacy::Detail::SocketOwner owner{client};
-    RawSocket peer;
-};
+using Tests::StreamPair;
 
 // Makes the protected functions of the stream public.
 class OpenInputStream : public SocketInputStream
@@ -121,35 +103,58 @@ TEST(SocketInputStreamTest, lastReadCount_isWhatTheSocketGave)
     EXPECT_EQ(stream.lastReadCount(), 0);
 }
 
-TEST(SocketOutputStreamTest, write_sendsAll)
+TEST(SocketInputStreamTest, readOfNoBytes_takesNothingAndIsComplete)
 {
     StreamPair pair;
-    SocketOutputStream stream(pair.client);
-    stream.write("abc", 3);
-    stream.flush();
-    EXPECT_EQ(stream.lastWriteCount(), 3);
-    EXPECT_EQ(pair.peer.receive(3), "abc");
+    OpenInputStream stream(pair.client);
+    pair.peer.send("ab");
+    char byte = 0;
+    EXPECT_EQ(stream.read(&byte, 0), 0);
+    EXPECT_EQ(stream.lastReadCount(), 0);
+    EXPECT_EQ(stream.read(&byte, 1), 1);
+    EXPECT_EQ(byte, 'a');
 }
 
-TEST(SocketOutputStreamTest, write_toAPeerThatTakesNothing_leavesBytesOut)
+TEST(SocketInputStreamTest, read_waitsForTheRest)
 {
     StreamPair pair;
-    SocketOutputStream stream(pair.client);
-    const std::string data(50'000'000, 'x');
-    EXPECT_NO_THROW(stream.write(data.data(), 50'000'000));
-    EXPECT_LT(stream.lastWriteCount(), 50'000'000);
-    EXPECT_GT(stream.lastWriteCount(), 0);
+    SocketInputStream stream(pair.client);
+    std::string buffer(4, '\0');
+    std::thread sender([&pair] {
+        for (const char* const part : {"ab", "c", "d"}) {
+            pair.peer.send(part);
+            std::this_thread::sleep_for(std::chrono::milliseconds(30)); // a slow peer
+        }
+    });
+    EXPECT_EQ(stream.read(buffer.data(), 4), 4);
+    sender.join();
+    EXPECT_EQ(buffer, "abcd");
 }
 
-TEST(SocketOutputStreamTest, streamsOfSocketsThatAreNotConnected_moveNothing)
+TEST(SocketInputStreamTest, read_fromASilentPeer_endsWithTheTimeOut)
+{
+    StreamPair pair;
+    OpenInputStream stream(pair.client);
+    pair.peer.send("a");
+    std::string buffer(2, '\0');
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(stream.read(buffer.data(), 2), 1);
+    const auto elapsed = std::chrono::steady_clock::now() - start;
+    EXPECT_GE(elapsed, std::chrono::milliseconds(900)) << "the time-out of the pair is a second";
+    EXPECT_LT(elapsed, std::chrono::seconds(8));
+    EXPECT_FALSE(stream.eofImpl());
+}
+
+TEST(SocketInputStreamTest, read_ofASocketThatIsNotConnected_givesOnlyWhatWasPutBack)
 {
     const Legacy::Detail::SocketOwner socket(new wxSocketClient(wxSOCKET_BLOCK));
-    SocketInputStream input(socket.get());
-    SocketOutputStream output(socket.get());
-    char byte = 0;
-    EXPECT_EQ(input.read(&byte, 1), 0);
-    output.write(&byte, 1);
-    EXPECT_EQ(output.lastWriteCount(), 0);
+    OpenInputStream stream(socket.get());
+    std::string buffer(3, '\0');
+    EXPECT_EQ(stream.read(buffer.data(), 3), 0);
+    EXPECT_FALSE(stream.eofImpl());
+    stream.putBack(std::byte('x'));
+    EXPECT_EQ(stream.read(buffer.data(), 3), 1);
+    EXPECT_EQ(buffer[0], 'x');
 }
 
 } // namespace
