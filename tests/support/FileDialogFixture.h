@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "NolvexLib/Io/TemporaryFolder.h"
 #include "NolvexLibWx/Clipboard.h"
 #include "NolvexLibWx/FileDialogs.h"
 #include "NolvexLibWx/NativeWindows.h"
 #include "support/DialogRobot.h"
 #include "support/FrameFixture.h"
 #include "support/NativeDialog.h"
+#include "support/TemporaryFolder.h"
 
 #include <wx/textctrl.h>
 

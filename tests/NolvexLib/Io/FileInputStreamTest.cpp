@@ -3,7 +3,7 @@
 
 #include "Bytes.h"
 #include "NolvexLib/Exception.h"
-#include "TemporaryFolder.h"
+#include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 

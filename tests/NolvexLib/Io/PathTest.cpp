@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLib/Io/Path.h"
 
-#include "TemporaryFolder.h"
+#include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 

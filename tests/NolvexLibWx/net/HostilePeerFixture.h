@@ -4,10 +4,10 @@
 #include "Connections.h"
 
 #include "../../NolvexLib/Io/Bytes.h"
-#include "../../NolvexLib/Io/TemporaryFolder.h"
 #include "NolvexLib/Io/DeflateOutputStream.h"
 #include "NolvexLib/Io/MemoryOutputStream.h"
 #include "support/ProcessResources.h"
+#include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 // Tests how long connections wait for their peers.
 #include "Connections.h"
 
-#include "../../NolvexLib/Io/TemporaryFolder.h"
+#include "support/TemporaryFolder.h"
 
 #include <wx/apptrait.h>
 #include <wx/evtloop.h>

@@ -3,7 +3,7 @@
 #include "NolvexLib/Io/FileInputStream.h"
 #include "NolvexLib/Io/FileOutputStream.h"
 
-#include "../TemporaryFolder.h"
+#include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
