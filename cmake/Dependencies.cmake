@@ -29,6 +29,17 @@ if(NOLVEX_BUILD_BENCHMARKS)
   find_package(benchmark CONFIG REQUIRED)
 endif()
 
+if(NOLVEX_BUILD_APPS)
+  # The viewer writes PNG and TIFF files with more than 8 bits, which wxWidgets does not.
+  find_package(PNG REQUIRED)
+  find_package(TIFF REQUIRED)
+  if(WIN32)
+    # The static library of the cross-build does not name the libraries that it needs.
+    find_package(JPEG REQUIRED)
+    set_property(TARGET TIFF::TIFF APPEND PROPERTY INTERFACE_LINK_LIBRARIES JPEG::JPEG ZLIB::ZLIB)
+  endif()
+endif()
+
 if(NOLVEX_BUILD_TOOLKIT_LIBRARY)
   include(Toolkit)
   if(NOT WIN32)

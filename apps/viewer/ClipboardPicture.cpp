@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/ClipboardPicture.h"
 
+#include "NolvexLibWx/Clipboard.h"
 #include "NolvexLibWx/ColourConversions.h"
 #include "apps/viewer/Development.h"
 
 #include <algorithm>
 #include <cmath>
+#include <new>
 
 namespace Nolvex::Viewer {
 
@@ -56,6 +58,20 @@ BitmapImpl<Rgb> clipboardPicture(const Image& image, const DisplaySettings& sett
         });
     }
     return picture;
+}
+
+Optional<String> copyToClipboard(const Image& image, const DisplaySettings& settings,
+                                 const RgbBytes& background)
+{
+    try {
+        if (Wx::setClipboardData(clipboardPicture(image, settings, background), {}))
+            return {};
+    } catch (const std::bad_alloc&) {
+        return String(L"The picture was not copied: there is not enough memory.");
+    }
+    return String(
+        L"The picture was not copied: another program is using the clipboard, or the picture is too "
+        L"large for it.");
 }
 
 } // namespace Nolvex::Viewer

@@ -2,8 +2,10 @@
 #pragma once
 
 #include "NolvexLib/BitmapImpl.h"
+#include "NolvexLib/Optional.h"
 #include "NolvexLib/Rgb.h"
 #include "NolvexLib/RgbBytes.h"
+#include "NolvexLib/String.h"
 #include "NolvexLibImage/Image.h"
 #include "apps/viewer/DisplaySettings.h"
 
@@ -14,5 +16,10 @@ namespace Nolvex::Viewer {
 /// clipboard have no alpha: transparent pixels show the background. Throws std::bad_alloc.
 BitmapImpl<Rgb> clipboardPicture(const Image& image, const DisplaySettings& settings,
                                  const RgbBytes& background);
+
+/// Puts the picture on the clipboard. Returns a sentence for the user if that fails. On GTK events are
+/// processed meanwhile.
+[[nodiscard]] Optional<String> copyToClipboard(const Image& image, const DisplaySettings& settings,
+                                               const RgbBytes& background);
 
 } // namespace Nolvex::Viewer

@@ -14,18 +14,24 @@ namespace {
 using Menu = CommandInfo::Menu;
 
 constexpr CommandInfo TABLE[] = {
-    {OPEN, Menu::PICTURE, L"&Open...", L"Ctrl+O", 'O', wxMOD_CONTROL, false, L"Opens a picture (Ctrl+O)"},
+    {OPEN, Menu::PICTURE, L"&Open...", L"Ctrl+O", 'O', wxMOD_CONTROL, false, L"Opens pictures (Ctrl+O)"},
+    {SAVE_AS, Menu::PICTURE, L"Save &as...", L"Ctrl+S", 'S', wxMOD_CONTROL, false,
+     L"Saves the picture as a new file (Ctrl+S)"},
     {COPY, Menu::PICTURE, L"&Copy image", L"Ctrl+C", 'C', wxMOD_CONTROL, false,
      L"Puts the picture on the clipboard (Ctrl+C)"},
     {CAPTURE_SCREEN, Menu::PICTURE, L"Capture &screen", L"Ctrl+Shift+S", 'S', wxMOD_CONTROL | wxMOD_SHIFT,
      false, L"Shows a picture of all displays (Ctrl+Shift+S)"},
+    {NEXT_PICTURE, Menu::PICTURE, L"&Next", L"Ctrl+PgDn", WXK_PAGEDOWN, wxMOD_CONTROL, false,
+     L"Shows the next of the pictures that were opened together (Ctrl+PgDn)"},
+    {PREVIOUS_PICTURE, Menu::PICTURE, L"P&revious", L"Ctrl+PgUp", WXK_PAGEUP, wxMOD_CONTROL, false,
+     L"Shows the picture before (Ctrl+PgUp)"},
     {CLOSE, Menu::PICTURE, L"C&lose", L"Ctrl+W", 'W', wxMOD_CONTROL, false, L"Closes the viewer (Ctrl+W)"},
     {SHOW_LOG, Menu::VIEW, L"&Log", L"Ctrl+L", 'L', wxMOD_CONTROL, true,
      L"Shows or hides what the viewer has done (Ctrl+L)"},
     {SHOW_TOOLTIPS, Menu::VIEW, L"&Tooltips", L"", 0, wxMOD_NONE, true, L"Shows or hides these hints"},
     {LIGHT_SURROUND, Menu::VIEW, L"Light &surround", L"", 0, wxMOD_NONE, true,
      L"Surrounds the picture with a light grey"},
-    {ABOUT, Menu::HELP, L"&About", L"", 0, wxMOD_NONE, false, L"Writes what this program is to the log"},
+    {ABOUT, Menu::HELP, L"&About...", L"", 0, wxMOD_NONE, false, L"Tells what this program is"},
 };
 
 struct MenuTitle

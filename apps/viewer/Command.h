@@ -15,12 +15,15 @@ namespace Nolvex::Viewer {
 enum Command : int
 {
     OPEN = wxID_OPEN,
+    SAVE_AS = wxID_SAVEAS,
     COPY = wxID_COPY,
     CLOSE = wxID_CLOSE,
     CAPTURE_SCREEN = wxID_HIGHEST + 1,
     SHOW_LOG,
     SHOW_TOOLTIPS,
     LIGHT_SURROUND,
+    NEXT_PICTURE,
+    PREVIOUS_PICTURE,
     ABOUT = wxID_ABOUT,
 };
 

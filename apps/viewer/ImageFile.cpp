@@ -3,6 +3,7 @@
 
 #include "NolvexLib/Array.h"
 #include "NolvexLib/Exception.h"
+#include "NolvexLib/ImageFormatDescriptor.h"
 #include "NolvexLib/Io/FileInputStream.h"
 #include "NolvexLib/Io/FileSize.h"
 #include "NolvexLibWx/MemoryImages.h"
@@ -89,6 +90,17 @@ Expected<Image, String> decode(ArrayView<const std::byte> content)
 }
 
 } // namespace
+
+Array<Io::FileFilter> readableFilters()
+{
+    Io::FileFilter pictures{L"Pictures", {L"*.pfm"}};
+    for (const ImageFormat format : {ImageFormat::PNG, ImageFormat::JPEG, ImageFormat::TIFF, ImageFormat::BMP,
+                                     ImageFormat::GIF, ImageFormat::TARGA, ImageFormat::ICO}) {
+        for (const String& extension : getImageFormatDescriptor(format).extensions)
+            pictures.patterns.push_back(L"*." + extension);
+    }
+    return {pictures, {L"All files", {L"*"}}};
+}
 
 Expected<SharedPicture, String> readPictureFile(const Io::Path& path)
 {

@@ -8,7 +8,16 @@
 
 namespace Nolvex::Viewer {
 
-Picture::Picture(String name, Image image) : m_name(std::move(name)), m_image(std::move(image)) {}
+Picture::Picture(String name, Image image)
+    : m_name(std::move(name)), m_image(std::make_shared<const Image>(std::move(image)))
+{}
+
+std::shared_ptr<const Picture> Picture::named(String name) const
+{
+    auto renamed = std::make_shared<Picture>(*this);
+    renamed->m_name = std::move(name);
+    return renamed;
+}
 
 String Picture::sizeText() const
 {
@@ -18,7 +27,7 @@ String Picture::sizeText() const
 const wxBitmap& Picture::bitmap() const
 {
     if (!m_bitmap.IsOk())
-        m_bitmap = BitmapConverter::zephraImageToWxBitmap(m_image);
+        m_bitmap = BitmapConverter::zephraImageToWxBitmap(*m_image);
     return m_bitmap;
 }
 

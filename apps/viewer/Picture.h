@@ -20,9 +20,12 @@ public:
 
     const String& name() const { return m_name; }
 
-    const Image& image() const { return m_image; }
+    const Image& image() const { return *m_image; }
 
-    Pixel size() const { return {m_image.descriptor().width, m_image.descriptor().height}; }
+    Pixel size() const { return {image().descriptor().width, image().descriptor().height}; }
+
+    /// Returns the same picture with another name. Both share the image.
+    std::shared_ptr<const Picture> named(String name) const;
 
     /// Returns the size as text, such as "640 x 480", with a multiplication sign.
     String sizeText() const;
@@ -33,7 +36,7 @@ public:
 
 private:
     String m_name;
-    Image m_image;
+    std::shared_ptr<const Image> m_image;
     mutable wxBitmap m_bitmap;
 };
 

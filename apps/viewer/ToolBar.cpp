@@ -22,6 +22,7 @@ ToolBar::ToolBar(wxWindow* parent, const Function<void(Command)>& run)
     : wxPanel(parent), m_run(run), m_row(new wxBoxSizer(wxHORIZONTAL))
 {
     addButton(L"Open...", Command::OPEN);
+    addButton(L"Save as...", Command::SAVE_AS);
     addButton(L"Copy", Command::COPY);
     addButton(L"Capture", Command::CAPTURE_SCREEN);
     m_log = addButton(L"Log", Command::SHOW_LOG);

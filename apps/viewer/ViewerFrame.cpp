@@ -2,66 +2,49 @@
 #include "apps/viewer/ViewerFrame.h"
 
 #include "NolvexLibWx/Accessibility.h"
-#include "NolvexLibWx/Clipboard.h"
 #include "NolvexLibWx/ColourConversions.h"
 #include "NolvexLibWx/DpiScaling.h"
+#include "NolvexLibWx/FileDialogs.h"
 #include "NolvexLibWx/FontSetup.h"
+#include "NolvexLibWx/MessageDialog.h"
+#include "NolvexLibWx/NativeWindows.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/WindowIcon.h"
 #include "NolvexLibWx/widgets/ApplySkinRecursive.h"
 #include "NolvexLibWx/widgets/CollapsiblePanel.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"
 #include "NolvexLibWx/widgets/OskaBorder.h"
-#include "NolvexLibWx/widgets/TextCtrl.h"
 #include "apps/viewer/ClipboardPicture.h"
 #include "apps/viewer/Command.h"
 #include "apps/viewer/ImageFile.h"
 #include "apps/viewer/ImageView.h"
+#include "apps/viewer/LogPanel.h"
 #include "apps/viewer/ScreenPicture.h"
 #include "apps/viewer/ToolBar.h"
 #include "apps/viewer/ViewOptions.h"
+#include "apps/viewer/WindowSize.h"
+#include "apps/viewer/writing/PictureWriter.h"
 
 #include <wx/collpane.h>
-#include <wx/display.h>
-#include <wx/filedlg.h>
 #include <wx/menu.h>
 #include <wx/panel.h>
-#include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/weakref.h>
 
 #include <algorithm>
 #include <functional>
 #include <memory>
-#include <new>
 #include <utility>
 
 namespace Nolvex::Viewer {
 
 namespace {
 
-constexpr int MARGIN = 8;
-constexpr int BORDER = 2;
 constexpr RgbBytes LIGHT_SURROUND_COLOUR{200, 200, 200};
-constexpr int LOG_HEIGHT = 90;
-const wxSize MIN_SIZE(360, 300);
 const wxSize MIN_VIEW(80, 60); // scroll bars need some room
 
 // The screen is captured this long after the command, so that the menu has left the screen.
 constexpr int CAPTURE_DELAY_MS = 250;
-
-/// Returns the client size that shows the whole picture, if the screen is large enough, and beside the
-/// picture a vertical scroll bar. The scroll bar appears when the options or the log take some of the height,
-/// and would force a horizontal scroll bar if the width were missing.
-wxSize clientSizeFor(const wxBitmap& picture, int heightAbove)
-{
-    const int around = 2 * (Wx::scaleByDpi(MARGIN) + BORDER);
-    const wxSize frame(around + wxSystemSettings::GetMetric(wxSYS_VSCROLL_X), around + heightAbove);
-    wxSize size = (picture.IsOk() ? picture.GetSize() : wxSize(0, 0)) + frame;
-    size.IncTo(Wx::scaleByDpi(MIN_SIZE));
-    size.DecTo(wxDisplay(0u).GetClientArea().GetSize() * 4 / 5);
-    return size;
-}
 
 String openedMessage(const Picture& picture)
 {
@@ -70,7 +53,11 @@ String openedMessage(const Picture& picture)
 
 } // namespace
 
-ViewerFrame::ViewerFrame(const SharedPicture& picture) : wxFrame(nullptr, wxID_ANY, wxString())
+ViewerFrame::ViewerFrame(const SharedPicture& picture, Array<Io::Path> files)
+    : wxFrame(nullptr, wxID_ANY, wxString()),
+      m_saving(*this,
+               [this](const SaveTask& task, const Optional<String>& failure) { onSaved(task, failure); }),
+      m_pictures(std::move(files))
 {
     Wx::setZephraIcon(this);
     // The log inherits the font, which makes its text as large as those of the other controls.
@@ -83,7 +70,9 @@ ViewerFrame::ViewerFrame(const SharedPicture& picture) : wxFrame(nullptr, wxID_A
     above->Add(makeOptions(panel), 0, wxEXPAND | wxTOP, margin);
     sizer->Add(above, 0, wxEXPAND | wxLEFT | wxRIGHT, margin);
     sizer->Add(makeView(panel, picture), 1, wxEXPAND | wxALL, margin);
-    sizer->Add(makeLog(panel), 0, wxEXPAND | wxLEFT | wxRIGHT | wxBOTTOM, margin);
+    m_log = new LogPanel(panel);
+    m_log->Hide();
+    sizer->Add(m_log, 0, wxEXPAND | wxLEFT | wxRIGHT | wxBOTTOM, margin);
     panel->SetSizer(sizer);
     SetMenuBar(makeMenuBar());
 
@@ -94,6 +83,7 @@ ViewerFrame::ViewerFrame(const SharedPicture& picture) : wxFrame(nullptr, wxID_A
     Centre();
     bindCommands();
     makeRoom();
+    m_saving.setPicture(picture, m_pictures.current().value_or(Io::Path()));
     describePicture();
     if (picture)
         report(openedMessage(*picture));
@@ -123,20 +113,6 @@ wxWindow* ViewerFrame::makeView(wxWindow* parent, const SharedPicture& picture)
     return border;
 }
 
-wxWindow* ViewerFrame::makeLog(wxWindow* parent)
-{
-    // The border of the library frames the log, since the borders of the systems do not fit a dark skin.
-    m_logBorder = new OskaBorder(parent, {});
-    m_log =
-        new Wx::TextCtrl(m_logBorder, wxID_ANY, {}, wxDefaultPosition, Wx::scaleByDpi(wxSize(-1, LOG_HEIGHT)),
-                         wxTE_MULTILINE | wxTE_READONLY | wxBORDER_NONE);
-    m_logBorder->addChild(m_log);
-    Wx::setAccessibleName(*m_log, L"Log");
-    m_logTooltip = new Wx::Tooltip(m_log, String());
-    m_logBorder->Hide();
-    return m_logBorder;
-}
-
 void ViewerFrame::bindCommands()
 {
     const auto bind = [this](Command command, const std::function<void()>& handler) {
@@ -144,6 +120,9 @@ void ViewerFrame::bindCommands()
             wxEVT_MENU, [handler](wxCommandEvent&) { handler(); }, command);
     };
     bind(Command::OPEN, [this] { onOpen(); });
+    bind(Command::SAVE_AS, [this] { m_saving.saveAs(); });
+    bind(Command::NEXT_PICTURE, [this] { onStep(1); });
+    bind(Command::PREVIOUS_PICTURE, [this] { onStep(-1); });
     bind(Command::COPY, [this] { onCopy(); });
     bind(Command::CAPTURE_SCREEN, [this] { onCapture(); });
     bind(Command::CLOSE, [this] { Close(); });
@@ -154,6 +133,7 @@ void ViewerFrame::bindCommands()
     Bind(wxEVT_COLLAPSIBLEPANE_CHANGED, [this](wxCollapsiblePaneEvent&) { makeRoom(); });
     m_captureTimer.SetOwner(this);
     Bind(wxEVT_TIMER, [this](wxTimerEvent&) { captureScreen(); });
+    Bind(wxEVT_CLOSE_WINDOW, &ViewerFrame::onClose, this);
     Bind(wxEVT_CHAR_HOOK, &ViewerFrame::onKey, this);
     Bind(wxEVT_MENU_OPEN, &ViewerFrame::onMenuOpened, this);
     Bind(wxEVT_MENU_CLOSE, &ViewerFrame::onMenuClosed, this);
@@ -166,12 +146,49 @@ bool ViewerFrame::wasPainted() const
 
 bool ViewerFrame::openPicture(const Io::Path& file)
 {
+    return openPictures({file});
+}
+
+bool ViewerFrame::openPictures(const Array<Io::Path>& files)
+{
+    PictureList pictures(files);
+    for (std::size_t tried = 0; tried < files.size(); ++tried, pictures.move(1)) {
+        if (readAndShow(*pictures.current())) {
+            m_pictures = pictures;
+            describePicture();
+            return true;
+        }
+    }
+    return false;
+}
+
+bool ViewerFrame::readAndShow(const Io::Path& file)
+{
     const Expected<SharedPicture, String> picture = readPictureFile(file);
     if (!picture)
         return complain(picture.error());
-    showPicture(*picture);
+    showPicture(*picture, file);
     report(openedMessage(**picture));
     return true;
+}
+
+void ViewerFrame::savePicture(const Io::Path& file, ImageFormat format, const Wx::ImageSaveSettings& settings)
+{
+    m_saving.save({m_view->picture(), file, format, settings});
+}
+
+void ViewerFrame::onSaved(const SaveTask& task, const Optional<String>& failure)
+{
+    if (failure) {
+        complain(*failure);
+        return;
+    }
+    report(L"Saved the picture as \"" + task.file.nativeStr() + L"\"." +
+           (task.settings.includeAlpha && !writesAlpha(task.format) ? L" Its alpha was left out." : L""));
+    if (task.picture != m_view->picture())
+        return;
+    m_pictures = PictureList({task.file});
+    showPicture(task.picture->named(task.file.fileName()), task.file);
 }
 
 bool ViewerFrame::copyPicture()
@@ -180,19 +197,13 @@ bool ViewerFrame::copyPicture()
     if (!picture)
         return complain(L"There is no picture to copy.");
     const wxWeakRef<ViewerFrame> self(this);
-    const RgbBytes background = Wx::toRgbBytes(m_view->GetBackgroundColour());
-    bool copied = false;
-    try {
-        copied = Wx::setClipboardData(clipboardPicture(picture->image(), m_view->display(), background), {});
-    } catch (const std::bad_alloc&) {
-        return complain(L"The picture was not copied: there is not enough memory.");
-    }
+    const Optional<String> failure =
+        copyToClipboard(picture->image(), m_view->display(), Wx::toRgbBytes(m_view->GetBackgroundColour()));
     // Events run while a clipboard manager fetches the picture, and one of them may have closed this window.
     if (!self)
-        return copied;
-    if (!copied)
-        return complain(L"The picture was not copied: another program is using the clipboard, or the "
-                        L"picture is too large for it.");
+        return !failure;
+    if (failure)
+        return complain(*failure);
     report(L"Copied the picture, " + picture->sizeText() + L" pixels.");
     return true;
 }
@@ -204,7 +215,8 @@ bool ViewerFrame::captureScreen()
         return complain(L"The screen cannot be read.");
     const auto picture =
         std::make_shared<const Picture>(L"Unsaved picture of the screen", std::move(*screen));
-    showPicture(picture);
+    m_pictures = {};
+    showPicture(picture, {});
     report(L"Captured the screen, " + picture->sizeText() + L" pixels.");
     return true;
 }
@@ -216,7 +228,7 @@ void ViewerFrame::showLog(bool show)
     m_options->setLogShown(show);
     if (show == isLogShown())
         return;
-    m_logBorder->Show(show);
+    m_log->Show(show);
     makeRoom();
     if (!show)
         m_view->SetFocus();
@@ -226,7 +238,7 @@ void ViewerFrame::showLog(bool show)
 // appears.
 void ViewerFrame::makeRoom()
 {
-    wxWindow* const panel = m_logBorder->GetParent();
+    wxWindow* const panel = m_log->GetParent();
     const wxSize least = panel->GetSizer()->CalcMin();
     SetMinClientSize(least);
     wxSize size = GetClientSize();
@@ -238,7 +250,7 @@ void ViewerFrame::makeRoom()
 
 bool ViewerFrame::isLogShown() const
 {
-    return m_logBorder->IsShown();
+    return m_log->IsShown();
 }
 
 void ViewerFrame::setTooltips(bool wanted)
@@ -248,7 +260,7 @@ void ViewerFrame::setTooltips(bool wanted)
     m_options->setTooltips(wanted);
     m_toolBar->setTooltips(wanted);
     m_view->setTooltip(wanted ? m_description : String());
-    m_logTooltip->setText(wanted ? L"What the viewer has done, the latest at the end" : String());
+    m_log->setTooltips(wanted);
 }
 
 void ViewerFrame::setLightSurround(bool light)
@@ -263,14 +275,18 @@ void ViewerFrame::setLightSurround(bool light)
 
 void ViewerFrame::tellAbout()
 {
-    report(L"nolvex-viewer " + Wx::toString(wxString(NOLVEX_VERSION)) +
-           L", every control of which is one of NolvexLibWx. MIT License.");
-    showLog(true);
+    Wx::showOkDialog(
+        Wx::getWindowNativeHandle(this), L"About the viewer",
+        L"nolvex-viewer " + Wx::toString(wxString(NOLVEX_VERSION)) +
+            L"\n\nShows, inspects and saves rendered images. Every control in its window is one of "
+            L"NolvexLibWx.\n\nMIT License, the NolvexLibWx authors.",
+        Wx::MessageDialogIcon::INFO);
 }
 
-void ViewerFrame::showPicture(const SharedPicture& picture)
+void ViewerFrame::showPicture(const SharedPicture& picture, const Io::Path& file)
 {
     m_view->setPicture(picture);
+    m_saving.setPicture(picture, file);
     describePicture();
 }
 
@@ -283,13 +299,16 @@ void ViewerFrame::describePicture()
         SetTitle(L"Viewer");
         m_description = L"There is no picture yet.";
     }
+    GetMenuBar()->Enable(Command::SAVE_AS, m_view->picture() != nullptr);
+    for (const Command command : {Command::NEXT_PICTURE, Command::PREVIOUS_PICTURE})
+        GetMenuBar()->Enable(command, m_pictures.count() > 1);
     Wx::setAccessibleName(*m_view, m_view->picture() ? m_view->picture()->name() : String(L"No picture"));
     setTooltips(m_tooltips);
 }
 
 void ViewerFrame::report(const String& message)
 {
-    m_log->AppendText(Wx::toWxString(message + L"\n"));
+    m_log->add(message);
 }
 
 bool ViewerFrame::complain(const String& message)
@@ -307,24 +326,49 @@ void ViewerFrame::run(int command)
 
 void ViewerFrame::onOpen()
 {
-    wxFileDialog dialog(this, L"Open a picture", {}, {}, wxFileSelectorDefaultWildcardStr,
-                        wxFD_OPEN | wxFD_FILE_MUST_EXIST);
-    if (dialog.ShowModal() == wxID_OK)
-        openPicture(Io::Path(Wx::toString(dialog.GetPath())));
+    const wxWeakRef<ViewerFrame> self(this);
+    if (!m_saving.letGo() || !self)
+        return;
+    const Io::Path folder = m_pictures.current().value_or(Io::Path()).parentDirectory();
+    const Stack<Io::Path> files = Wx::multiFilenameOpenDlg(Wx::getWindowNativeHandle(this), L"Open pictures",
+                                                           readableFilters(), folder);
+    if (self && !files.empty())
+        openPictures(Array<Io::Path>(files.begin(), files.end()));
+}
+
+void ViewerFrame::onStep(int steps)
+{
+    const wxWeakRef<ViewerFrame> self(this);
+    if (m_pictures.count() < 2 || !m_saving.letGo() || !self)
+        return;
+    m_pictures.move(steps);
+    readAndShow(*m_pictures.current());
 }
 
 void ViewerFrame::onCopy()
 {
     // While the log has the focus, Copy means the selected text of the log.
-    if (m_log->HasFocus() && m_log->CanCopy())
-        m_log->Copy();
+    if (m_log->hasTextToCopy())
+        m_log->copyText();
     else
         copyPicture();
 }
 
 void ViewerFrame::onCapture()
 {
-    m_captureTimer.StartOnce(CAPTURE_DELAY_MS);
+    const wxWeakRef<ViewerFrame> self(this);
+    if (m_saving.letGo() && self)
+        m_captureTimer.StartOnce(CAPTURE_DELAY_MS);
+}
+
+void ViewerFrame::onClose(wxCloseEvent& event)
+{
+    const wxWeakRef<ViewerFrame> self(this);
+    const bool mayClose = !event.CanVeto() || m_saving.letGo();
+    if (!mayClose)
+        event.Veto();
+    else if (self)
+        Destroy();
 }
 
 // The window handles the keys itself instead of the menu, because the log receives all keys while it has the

@@ -1,29 +1,22 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "NolvexLib/Array.h"
+#include "NolvexLib/ImageFormat.h"
 #include "NolvexLib/Io/Path.h"
 #include "NolvexLib/String.h"
+#include "NolvexLibWx/widgets/ImageSaveSettings.h"
 #include "apps/viewer/Picture.h"
+#include "apps/viewer/PictureList.h"
+#include "apps/viewer/PictureSaving.h"
 
 #include <wx/frame.h>
 #include <wx/timer.h>
 
-namespace Nolvex {
-
-class OskaBorder;
-
-} // namespace Nolvex
-
-namespace Nolvex::Wx {
-
-class TextCtrl;
-class Tooltip;
-
-} // namespace Nolvex::Wx
-
 namespace Nolvex::Viewer {
 
 class ImageView;
+class LogPanel;
 class ToolBar;
 class ViewOptions;
 
@@ -31,10 +24,15 @@ class ViewOptions;
 /// bevelled border, and below it a log, hidden at first, of commands and failures. A command that fails
 /// writes the reason to the log, shows it, and leaves the picture as it is. Ctrl+W, Ctrl+Q and Escape close
 /// the window; Escape in an open menu closes the menu only.
+///
+/// A picture without a file, such as a picture of the screen, is not given up before the user has been asked
+/// whether to save it.
 class ViewerFrame : public wxFrame
 {
 public:
-    explicit ViewerFrame(const SharedPicture& picture);
+    /// `files` are the files that were opened together, the first of which holds the picture. Without files
+    /// the picture counts as unsaved.
+    explicit ViewerFrame(const SharedPicture& picture, Array<Io::Path> files = {});
 
     /// True once the picture has been painted on the screen.
     bool wasPainted() const;
@@ -42,6 +40,9 @@ public:
     // Each of these commands returns whether it succeeded, and writes the outcome to the log.
 
     bool openPicture(const Io::Path& file);
+
+    /// Shows the first of the files that can be read, and lets the user go through all of them.
+    bool openPictures(const Array<Io::Path>& files);
 
     /// Puts the picture on the clipboard, as it is shown. On GTK events are processed meanwhile, so that the
     /// window may have been closed and destroyed when this returns.
@@ -64,17 +65,21 @@ public:
 
     bool hasLightSurround() const { return m_lightSurround; }
 
-    /// Writes the name and version of this program to the log, and shows the log.
+    /// Saves the shown picture. Returns at once; the outcome is written to the log when the file is written.
+    void savePicture(const Io::Path& file, ImageFormat format, const Wx::ImageSaveSettings& settings);
+
+    /// Tells the name and version of this program in a message.
     void tellAbout();
 
 private:
     wxWindow* makeToolBar(wxWindow* parent);
     wxWindow* makeOptions(wxWindow* parent);
     wxWindow* makeView(wxWindow* parent, const SharedPicture& picture);
-    wxWindow* makeLog(wxWindow* parent);
     void bindCommands();
 
-    void showPicture(const SharedPicture& picture);
+    bool readAndShow(const Io::Path& file);
+    void showPicture(const SharedPicture& picture, const Io::Path& file);
+    void onSaved(const SaveTask& task, const Optional<String>& failure);
     void describePicture();
     void report(const String& message);
     bool complain(const String& message);
@@ -82,7 +87,9 @@ private:
     void makeRoom();
     void run(int command);
     void onOpen();
+    void onStep(int steps);
     void onCopy();
+    void onClose(wxCloseEvent& event);
     void onCapture();
     void onKey(wxKeyEvent& event);
     void onMenuOpened(wxMenuEvent& event);
@@ -91,9 +98,9 @@ private:
     ToolBar* m_toolBar = nullptr;
     ViewOptions* m_options = nullptr;
     ImageView* m_view = nullptr;
-    OskaBorder* m_logBorder = nullptr;
-    Wx::TextCtrl* m_log = nullptr;
-    Wx::Tooltip* m_logTooltip = nullptr;
+    LogPanel* m_log = nullptr;
+    PictureSaving m_saving;
+    PictureList m_pictures;
     String m_description;
     wxTimer m_captureTimer;
     int m_openMenus = 0;

@@ -65,7 +65,7 @@ int show(const Viewer::CommandLine& line)
     if (!picture)
         return fail(picture.error());
 
-    auto* frame = new Viewer::ViewerFrame(*picture);
+    auto* frame = new Viewer::ViewerFrame(*picture, {file});
     frame->Show();
     if (line.screenshot.isEmpty())
         return LibWx::runEventLoop();

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Runs the tests of a program with windows inside one start and stop of the library.
 #include "NolvexLib/Exception.h"
-#include "NolvexLib/Io/TemporaryFolder.h"
 #include "NolvexLibWx/NolvexLibWx.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "support/ClipboardReading.h"
+#include "support/TemporaryFolder.h"
 
 #include <wx/app.h>
 #include <wx/debug.h>

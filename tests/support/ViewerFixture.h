@@ -62,7 +62,8 @@ struct ViewerFixture : testing::Test
 
     void make(const Viewer::SharedPicture& picture)
     {
-        frame = new Viewer::ViewerFrame(picture);
+        // With a file the picture counts as saved, so that closing the window asks nothing.
+        frame = new Viewer::ViewerFrame(picture, {Io::Path(L"test")});
         view = findIn<Viewer::ImageView>(frame);
         log = findIn<Wx::TextCtrl>(frame);
     }

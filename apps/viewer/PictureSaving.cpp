@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include "apps/viewer/PictureSaving.h"
+
+#include "NolvexLibWx/NativeWindows.h"
+#include "apps/viewer/LossQuestion.h"
+#include "apps/viewer/SaveDialogs.h"
+
+#include <wx/utils.h>
+#include <wx/weakref.h>
+#include <wx/window.h>
+
+namespace Nolvex::Viewer {
+
+PictureSaving::PictureSaving(wxWindow& window, SaveJob::Done done)
+    : m_window(window),
+      m_done(std::move(done)),
+      m_job([this](const SaveTask& task, const Optional<String>& failure) { onWritten(task, failure); })
+{}
+
+void PictureSaving::setPicture(const SharedPicture& picture, const Io::Path& file)
+{
+    m_picture = picture;
+    m_file = file;
+}
+
+bool PictureSaving::saveAs()
+{
+    const wxWeakRef<wxWindow> alive(&m_window);
+    if (!m_picture)
+        return false;
+    const Io::Path proposal = m_file.isEmpty() ? Io::Path(m_picture->name()) : m_file;
+    const Optional<SaveTask> task = askHowToSave(m_window, m_picture, proposal, m_defaults);
+    if (!task || !alive)
+        return false;
+    save(*task);
+    return true;
+}
+
+void PictureSaving::save(SaveTask task)
+{
+    waitForFile();
+    m_job.start(std::move(task), Wx::TaskbarProgress(Wx::getWindowNativeHandle(&m_window)));
+}
+
+bool PictureSaving::letGo()
+{
+    const wxWeakRef<wxWindow> alive(&m_window);
+    if (!waitForFile())
+        return false;
+    if (!isUnsaved())
+        return true;
+    const LossAnswer answer = askAboutLoss(m_window);
+    if (!alive || answer == LossAnswer::CANCEL)
+        return false;
+    if (answer == LossAnswer::DISCARD)
+        return true;
+    if (!saveAs())
+        return false;
+    return waitForFile() && !isUnsaved();
+}
+
+bool PictureSaving::waitForFile()
+{
+    if (!m_job.isRunning())
+        return true;
+    const wxBusyCursor busy;
+    m_job.finish();
+    return m_wasWritten;
+}
+
+void PictureSaving::onWritten(const SaveTask& task, const Optional<String>& failure)
+{
+    m_wasWritten = !failure;
+    if (m_wasWritten && task.picture == m_picture)
+        m_file = task.file;
+    m_done(task, failure);
+}
+
+} // namespace Nolvex::Viewer

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "NolvexLib/Io/Path.h"
+#include "apps/viewer/Picture.h"
+#include "apps/viewer/SaveDefaults.h"
+#include "apps/viewer/SaveJob.h"
+
+class WXDLLIMPEXP_FWD_CORE wxWindow;
+
+namespace Nolvex::Viewer {
+
+/// What the viewer's window does to keep pictures: it saves them, and knows whether the picture that it shows
+/// would be lost. Functions that ask the user run events, so that the window may have been destroyed when
+/// they return; they return false then.
+class PictureSaving
+{
+public:
+    /// `done` is called when a file has been written, or could not be.
+    PictureSaving(wxWindow& window, SaveJob::Done done);
+
+    /// Tells which picture is shown and, unless the path is empty, its file. A picture without a file is lost
+    /// when another one takes its place.
+    void setPicture(const SharedPicture& picture, const Io::Path& file);
+
+    bool isUnsaved() const { return m_picture && m_file.isEmpty(); }
+
+    /// Asks for a file and begins to write it. Returns whether it began.
+    bool saveAs();
+
+    void save(SaveTask task);
+
+    /// Waits for a file that is being written, and asks what to do with an unsaved picture. Returns whether
+    /// another picture may take the place of this one; not if the file could not be written.
+    bool letGo();
+
+private:
+    /// Returns whether the file that was being written, if any, is complete.
+    bool waitForFile();
+    void onWritten(const SaveTask& task, const Optional<String>& failure);
+
+    wxWindow& m_window;
+    SaveJob::Done m_done;
+    SharedPicture m_picture;
+    Io::Path m_file;
+    bool m_wasWritten = false; // of the last file
+    SaveDefaults m_defaults;
+    SaveJob m_job;
+};
+
+} // namespace Nolvex::Viewer

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#include "apps/viewer/WindowSize.h"
+
+#include "NolvexLibWx/DpiScaling.h"
+
+#include <wx/bitmap.h>
+#include <wx/display.h>
+#include <wx/settings.h>
+
+namespace Nolvex::Viewer {
+
+namespace {
+
+constexpr int BORDER = 2;
+const wxSize MIN_SIZE(360, 300);
+
+} // namespace
+
+wxSize clientSizeFor(const wxBitmap& picture, int heightAbove)
+{
+    const int around = 2 * (Wx::scaleByDpi(MARGIN) + BORDER);
+    const wxSize frame(around + wxSystemSettings::GetMetric(wxSYS_VSCROLL_X), around + heightAbove);
+    wxSize size = (picture.IsOk() ? picture.GetSize() : wxSize(0, 0)) + frame;
+    size.IncTo(Wx::scaleByDpi(MIN_SIZE));
+    size.DecTo(wxDisplay(0u).GetClientArea().GetSize() * 4 / 5);
+    return size;
+}
+
+} // namespace Nolvex::Viewer

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <wx/gdicmn.h>
+
+class WXDLLIMPEXP_FWD_CORE wxBitmap;
+
+namespace Nolvex::Viewer {
+
+/// The space between the controls of the window, in design units.
+inline constexpr int MARGIN = 8;
+
+/// Returns the client size that shows the whole picture, if the screen is large enough, and beside the
+/// picture a vertical scroll bar. The scroll bar appears when the options or the log take some of the height,
+/// and would force a horizontal scroll bar if the width were missing. `heightAbove` is the height of what
+/// stands above the picture.
+wxSize clientSizeFor(const wxBitmap& picture, int heightAbove);
+
+} // namespace Nolvex::Viewer

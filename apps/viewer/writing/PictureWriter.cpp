@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#include "apps/viewer/writing/PictureWriter.h"
+
+#include "NolvexLib/ImageFormatDescriptor.h"
+#include "apps/viewer/writing/PngWriter.h"
+#include "apps/viewer/writing/ReplacementFile.h"
+#include "apps/viewer/writing/TiffWriter.h"
+#include "apps/viewer/writing/WxImageWriter.h"
+
+#include <algorithm>
+#include <new>
+
+namespace Nolvex::Viewer {
+
+namespace {
+
+Optional<String> encode(std::iostream& stream, const Image& image, ImageFormat format,
+                        const Wx::ImageSaveSettings& settings, const WritingProgress& progress)
+{
+    const bool alpha = settings.includeAlpha && writesAlpha(format);
+    switch (format) {
+    case ImageFormat::PNG:
+        return writePng(stream, image, settings, progress);
+    case ImageFormat::TIFF:
+        return writeTiff(stream, image, settings, progress);
+    case ImageFormat::JPEG:
+        return writeByWxImage(stream, image, wxBITMAP_TYPE_JPEG, alpha);
+    case ImageFormat::BMP:
+        return writeByWxImage(stream, image, wxBITMAP_TYPE_BMP, alpha);
+    case ImageFormat::TARGA:
+        return writeByWxImage(stream, image, wxBITMAP_TYPE_TGA, alpha);
+    case ImageFormat::GIF:
+        return writeByWxImage(stream, image, wxBITMAP_TYPE_GIF, alpha);
+    default:
+        return String(L"the viewer cannot write this format");
+    }
+}
+
+} // namespace
+
+const Array<ImageFormat>& writableFormats()
+{
+    static const Array<ImageFormat> FORMATS = {ImageFormat::PNG, ImageFormat::TIFF,  ImageFormat::JPEG,
+                                               ImageFormat::BMP, ImageFormat::TARGA, ImageFormat::GIF};
+    return FORMATS;
+}
+
+Array<Io::FileFilter> writableFilters()
+{
+    Array<Io::FileFilter> filters;
+    for (const ImageFormat format : writableFormats()) {
+        const ImageFormatDescriptor& descriptor = getImageFormatDescriptor(format);
+        Io::FileFilter filter{descriptor.name, {}};
+        for (const String& extension : descriptor.extensions)
+            filter.patterns.push_back(L"*." + extension);
+        filters.push_back(std::move(filter));
+    }
+    return filters;
+}
+
+Optional<ImageFormat> writableFormatOf(const Io::Path& file)
+{
+    const Optional<ImageFormat> format = getImageFormatFromExtension(file.extension());
+    const bool isWritable = format && std::ranges::count(writableFormats(), *format) > 0;
+    return isWritable ? format : Optional<ImageFormat>();
+}
+
+bool writesAlpha(ImageFormat format)
+{
+    // wxWidgets leaves alpha out of BMP files.
+    return format != ImageFormat::BMP &&
+           getImageFormatDescriptor(format).flags.has(ImageFormatFlag::SUPPORTS_ALPHA);
+}
+
+Optional<String> writePictureFile(const Io::Path& file, const Image& image, ImageFormat format,
+                                  const Wx::ImageSaveSettings& settings, const WritingProgress& progress)
+{
+    bool isStopped = false;
+    const WritingProgress watched = [&](float share) { return !(isStopped = !progress(share)); };
+    Optional<String> failure;
+    try {
+        ReplacementFile replacement(file);
+        failure = replacement.isOpen() ? encode(replacement.stream(), image, format, settings, watched)
+                                       : String(L"no file of this name can be created there");
+        if (!failure && !isStopped && watched(1.0f) && !replacement.commit())
+            failure = String(L"the file cannot be written");
+    } catch (const std::bad_alloc&) {
+        failure = String(L"there is not enough memory");
+    }
+    if (failure)
+        return L"The picture was not saved as \"" + file.nativeStr() + L"\": " + *failure + L".";
+    return isStopped ? String() : Optional<String>();
+}
+
+} // namespace Nolvex::Viewer

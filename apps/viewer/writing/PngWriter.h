@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "NolvexLib/Optional.h"
+#include "NolvexLib/String.h"
+#include "NolvexLibImage/Image.h"
+#include "NolvexLibWx/widgets/ImageSaveSettings.h"
+#include "apps/viewer/writing/WritingProgress.h"
+
+#include <iosfwd>
+
+namespace Nolvex::Viewer {
+
+/// Writes a PNG file of 8 or, for UINT16_RGB, 16 bits for each channel. Returns the reason for a failure, as
+/// the rest of a sentence. If the progress stops the writing, the stream holds a part of the file.
+Optional<String> writePng(std::ostream& stream, const Image& image, const Wx::ImageSaveSettings& settings,
+                          const WritingProgress& progress);
+
+} // namespace Nolvex::Viewer

@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: MIT
+#include "apps/viewer/writing/RowEncoder.h"
+
+#include "NolvexLib/StopException.h"
+#include "NolvexLibImage/pixels/Conversions.h"
+
+#include <bit>
+#include <cmath>
+#include <cstring>
+
+namespace Nolvex::Viewer {
+
+namespace {
+
+constexpr float DISPLAY_GAMMA = 2.2f;
+constexpr std::size_t COLOURS = 3;
+
+float power(float value, float exponent)
+{
+    return exponent == 1.0f ? value : std::copysign(std::pow(std::fabs(value), exponent), value);
+}
+
+template<class Integer>
+Integer toInteger(float value, float most)
+{
+    const float clamped = value > 0.0f ? std::fmin(value, 1.0f) : 0.0f; // NaN becomes 0
+    return static_cast<Integer>(std::lrint(clamped * most));
+}
+
+std::uint8_t toByte(float value)
+{
+    return toInteger<std::uint8_t>(value, 255.0f);
+}
+
+std::uint16_t toWord(float value)
+{
+    return toInteger<std::uint16_t>(value, 65535.0f);
+}
+
+} // namespace
+
+RowEncoder::RowEncoder(const Image& image, ColorFormat format, bool alpha)
+    : m_image(image),
+      m_format(format == ColorFormat::DEFAULT ? ColorFormat::UINT8_RGB : format),
+      m_alpha(alpha),
+      m_gamma(1.0f / image.descriptor().gamma, static_cast<std::size_t>(image.descriptor().width) *
+                                                   static_cast<std::size_t>(image.descriptor().height)),
+      m_row(static_cast<std::size_t>(image.descriptor().width))
+{
+    if (m_format == ColorFormat::UINT8_RGB)
+        m_colours.resize(m_row.size() * COLOURS);
+}
+
+std::size_t RowEncoder::channelBytes() const
+{
+    switch (m_format) {
+    case ColorFormat::DEFAULT:
+    case ColorFormat::UINT8_RGB:
+        return sizeof(std::uint8_t);
+    case ColorFormat::UINT16_RGB:
+    case ColorFormat::FLT16_LINEAR_RGB:
+        return sizeof(std::uint16_t);
+    case ColorFormat::FLT32_LINEAR_RGB:
+        return sizeof(float);
+    }
+    Detail::throwStopException("writing/RowEncoder", __LINE__);
+}
+
+std::size_t RowEncoder::rowBytes() const
+{
+    return m_row.size() * static_cast<std::size_t>(channelCount()) * channelBytes();
+}
+
+void RowEncoder::encode(std::int32_t rowFromTop, std::byte* destination)
+{
+    const ImageDescriptor& descriptor = m_image.descriptor();
+    m_image.readRow(descriptor.height - 1 - rowFromTop, m_row.data());
+    switch (m_format) {
+    case ColorFormat::DEFAULT:
+    case ColorFormat::UINT8_RGB:
+        return encodeBytes(destination);
+    case ColorFormat::UINT16_RGB:
+        return encodeNumbers<std::uint16_t>(destination, 1.0f / descriptor.gamma, toWord);
+    case ColorFormat::FLT16_LINEAR_RGB:
+        return encodeNumbers<std::uint16_t>(destination, DISPLAY_GAMMA / descriptor.gamma, toHalf);
+    case ColorFormat::FLT32_LINEAR_RGB:
+        return encodeNumbers<float>(destination, DISPLAY_GAMMA / descriptor.gamma,
+                                    [](float value) { return value; });
+    }
+}
+
+void RowEncoder::encodeBytes(std::byte* destination)
+{
+    if (m_image.descriptor().gamma == 1.0f)
+        Pixels::rgbToRgb8(m_row.data(), m_colours.data(), m_row.size());
+    else
+        m_gamma.encode(m_row.data(), m_colours.data(), nullptr, m_row.size());
+    if (!m_alpha) {
+        std::memcpy(destination, m_colours.data(), m_colours.size());
+        return;
+    }
+    const std::uint8_t* colours = m_colours.data();
+    for (const Rgb& pixel : m_row) {
+        std::memcpy(destination, colours, COLOURS);
+        destination[COLOURS] = static_cast<std::byte>(toByte(pixel.a));
+        colours += COLOURS;
+        destination += COLOURS + 1;
+    }
+}
+
+template<class Number, class Convert>
+void RowEncoder::encodeNumbers(std::byte* destination, float exponent, Convert convert) const
+{
+    const auto write = [&](float value) {
+        const Number number = convert(value);
+        std::memcpy(destination, &number, sizeof(Number));
+        destination += sizeof(Number);
+    };
+    for (const Rgb& pixel : m_row) {
+        write(power(pixel.r, exponent));
+        write(power(pixel.g, exponent));
+        write(power(pixel.b, exponent));
+        if (m_alpha)
+            write(pixel.a);
+    }
+}
+
+std::uint16_t toHalf(float value)
+{
+    constexpr std::uint32_t INFINITE_HALF = 0x7c00;
+    constexpr std::uint32_t QUIET_BIT = 0x0200;
+    const auto bits = std::bit_cast<std::uint32_t>(value);
+    const std::uint32_t sign = (bits >> 16) & 0x8000u;
+    const float magnitude = std::fabs(value);
+    std::uint32_t half = 0;
+    if (std::isnan(value)) {
+        half = INFINITE_HALF | QUIET_BIT;
+    } else if (magnitude >= 65520.0f) {
+        half = INFINITE_HALF; // half way from the largest half float to the next step
+    } else if (magnitude < 0x1p-14f) {
+        half = static_cast<std::uint32_t>(std::lrint(magnitude * 0x1p24f)); // a multiple of 2^-24
+    } else {
+        // The exponent is biased by 127 in a float and by 15 in a half float. The sum rounds to the nearest
+        // of the ten bits that stay, to even in a tie, and carries into the exponent.
+        constexpr std::uint32_t BIAS_DIFFERENCE = (127u - 15u) << 23;
+        const std::uint32_t rebiased = (bits & 0x7fff'ffffu) - BIAS_DIFFERENCE;
+        half = (rebiased + 0xfffu + ((rebiased >> 13) & 1u)) >> 13;
+    }
+    return static_cast<std::uint16_t>(sign | half);
+}
+
+} // namespace Nolvex::Viewer

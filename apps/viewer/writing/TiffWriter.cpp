@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: MIT
+#include "apps/viewer/writing/TiffWriter.h"
+
+#include "NolvexLib/Array.h"
+#include "apps/viewer/writing/RowEncoder.h"
+
+#include <tiffio.h>
+
+#include <cstdint>
+#include <iostream>
+#include <memory>
+
+namespace Nolvex::Viewer {
+
+namespace {
+
+// Files beyond 4 GiB need the form with addresses of 64 bits. The compressed size is not known in advance.
+constexpr std::uint64_t MAX_CLASSIC_BYTES = std::uint64_t(4) << 30;
+constexpr int BYTE_BITS = 8;
+
+std::iostream& streamOf(thandle_t handle)
+{
+    return *static_cast<std::iostream*>(handle);
+}
+
+tmsize_t readBytes(thandle_t handle, void* bytes, tmsize_t count)
+{
+    std::iostream& stream = streamOf(handle);
+    stream.read(static_cast<char*>(bytes), count);
+    const auto read = static_cast<tmsize_t>(stream.gcount());
+    if (stream.eof())
+        stream.clear();
+    return read;
+}
+
+tmsize_t writeBytes(thandle_t handle, void* bytes, tmsize_t count)
+{
+    return streamOf(handle).write(static_cast<const char*>(bytes), count) ? count : 0;
+}
+
+toff_t seekTo(thandle_t handle, toff_t offset, int origin)
+{
+    constexpr auto FAILURE = static_cast<toff_t>(-1);
+    std::iostream& stream = streamOf(handle);
+    const auto direction = origin == SEEK_SET   ? std::ios::beg
+                           : origin == SEEK_CUR ? std::ios::cur
+                                                : std::ios::end;
+    // A file stream has one position for reading and writing.
+    if (!stream.seekp(static_cast<std::streamoff>(offset), direction))
+        return FAILURE;
+    return static_cast<toff_t>(stream.tellp());
+}
+
+int closeNothing(thandle_t)
+{
+    return 0;
+}
+
+toff_t sizeOf(thandle_t handle)
+{
+    std::iostream& stream = streamOf(handle);
+    const std::streampos position = stream.tellp();
+    stream.seekp(0, std::ios::end);
+    const std::streampos size = stream.tellp();
+    stream.seekp(position);
+    return static_cast<toff_t>(size);
+}
+
+int mapNothing(thandle_t, void**, toff_t*)
+{
+    return 0;
+}
+
+void unmapNothing(thandle_t, void*, toff_t) {}
+
+int keepSilent(TIFF*, void*, const char*, const char*, va_list)
+{
+    return 1;
+}
+
+struct Closer
+{
+    void operator()(TIFF* file) const { TIFFClose(file); }
+};
+
+using TiffFile = std::unique_ptr<TIFF, Closer>;
+
+TiffFile openTiff(std::iostream& stream, bool isLarge)
+{
+    TIFFOpenOptions* const options = TIFFOpenOptionsAlloc();
+    if (options == nullptr)
+        return {};
+    TIFFOpenOptionsSetErrorHandlerExtR(options, keepSilent, nullptr);
+    TIFFOpenOptionsSetWarningHandlerExtR(options, keepSilent, nullptr);
+    TiffFile file(TIFFClientOpenExt("picture", isLarge ? "w8" : "w", &stream, readBytes, writeBytes, seekTo,
+                                    closeNothing, sizeOf, mapNothing, unmapNothing, options));
+    TIFFOpenOptionsFree(options);
+    return file;
+}
+
+void describe(TIFF* file, const ImageDescriptor& image, const RowEncoder& rows, bool isFloat)
+{
+    TIFFSetField(file, TIFFTAG_IMAGEWIDTH, static_cast<std::uint32_t>(image.width));
+    TIFFSetField(file, TIFFTAG_IMAGELENGTH, static_cast<std::uint32_t>(image.height));
+    TIFFSetField(file, TIFFTAG_SAMPLESPERPIXEL, rows.channelCount());
+    TIFFSetField(file, TIFFTAG_BITSPERSAMPLE, static_cast<int>(rows.channelBytes()) * BYTE_BITS);
+    TIFFSetField(file, TIFFTAG_SAMPLEFORMAT, isFloat ? SAMPLEFORMAT_IEEEFP : SAMPLEFORMAT_UINT);
+    TIFFSetField(file, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_RGB);
+    TIFFSetField(file, TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG);
+    TIFFSetField(file, TIFFTAG_ORIENTATION, ORIENTATION_TOPLEFT);
+    TIFFSetField(file, TIFFTAG_COMPRESSION, COMPRESSION_ADOBE_DEFLATE);
+    TIFFSetField(file, TIFFTAG_PREDICTOR, isFloat ? PREDICTOR_FLOATINGPOINT : PREDICTOR_HORIZONTAL);
+    TIFFSetField(file, TIFFTAG_ROWSPERSTRIP, TIFFDefaultStripSize(file, 0));
+    if (rows.channelCount() == 4) {
+        const std::uint16_t alpha = EXTRASAMPLE_UNASSALPHA;
+        TIFFSetField(file, TIFFTAG_EXTRASAMPLES, 1, &alpha);
+    }
+}
+
+// Returns whether libtiff took every row.
+bool writeRows(TIFF* file, const Image& image, RowEncoder& rows, const WritingProgress& progress)
+{
+    Array<std::byte> row(rows.rowBytes());
+    const std::int32_t height = image.descriptor().height;
+    for (std::int32_t y = 0; y < height; ++y) {
+        if (!progress(static_cast<float>(y) / static_cast<float>(height)))
+            return true;
+        rows.encode(y, row.data());
+        if (TIFFWriteScanline(file, row.data(), static_cast<std::uint32_t>(y), 0) < 0)
+            return false;
+    }
+    return TIFFFlush(file) != 0;
+}
+
+bool isFloatFormat(ColorFormat format)
+{
+    return format == ColorFormat::FLT16_LINEAR_RGB || format == ColorFormat::FLT32_LINEAR_RGB;
+}
+
+} // namespace
+
+Optional<String> writeTiff(std::iostream& stream, const Image& image, const Wx::ImageSaveSettings& settings,
+                           const WritingProgress& progress)
+{
+    RowEncoder rows(image, settings.colorFormat, settings.includeAlpha);
+    const std::uint64_t bytes = rows.rowBytes() * static_cast<std::uint64_t>(image.descriptor().height);
+    const TiffFile file = openTiff(stream, bytes >= MAX_CLASSIC_BYTES);
+    if (file) {
+        describe(file.get(), image.descriptor(), rows, isFloatFormat(settings.colorFormat));
+        if (writeRows(file.get(), image, rows, progress))
+            return {};
+    }
+    return String(L"the file cannot be written");
+}
+
+} // namespace Nolvex::Viewer

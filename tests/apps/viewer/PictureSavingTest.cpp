@@ -1,0 +1,245 @@
+// SPDX-License-Identifier: MIT
+// Saves pictures as a user does: through the dialogs, by the keyboard.
+#include "apps/viewer/PictureSaving.h"
+
+#include "NolvexLibWx/MessageDialog.h"
+#include "NolvexLibWx/widgets/ImageSaveSettingsDialog.h"
+#include "NolvexLibWx/widgets/StaticText.h"
+#include "apps/viewer/Command.h"
+#include "apps/viewer/ImageFile.h"
+#include "support/ModalDialogs.h"
+#include "support/TemporaryFolder.h"
+#include "support/ViewerFixture.h"
+
+#include <wx/weakref.h>
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+using namespace Nolvex;
+using Tests::coordinates;
+using Tests::DialogRobot;
+using Tests::FileDialogFixture;
+using Tests::pressIn;
+using Tests::pumpUntil;
+using Wx::ImageSaveSettingsDialog;
+using Wx::MessageDialog;
+
+namespace {
+
+struct PictureSavingTest : Tests::ViewerFixture
+{
+    Tests::TemporaryFolder folder;
+
+    static DialogRobot::Step confirmSettings() { return pressIn<ImageSaveSettingsDialog>(WXK_RETURN); }
+
+    static DialogRobot::Step answer(int key) { return pressIn<MessageDialog>(key); }
+
+    /// Shows a picture without a file.
+    void showUnsaved()
+    {
+        show(coordinates(60, 40));
+        ASSERT_TRUE(frame->captureScreen());
+        Tests::pumpEvents(100);
+    }
+
+    /// Closes the window as the user does. Returns whether it is gone.
+    bool isGoneAfterClosing()
+    {
+        const wxWeakRef<Viewer::ViewerFrame> window(frame);
+        frame->Close();
+        Tests::pumpUntil([&] { return !window; }, 500);
+        if (!window)
+            frame = nullptr;
+        return !window;
+    }
+
+    std::ptrdiff_t fileCount() const
+    {
+        return std::distance(std::filesystem::directory_iterator(folder.path().native()),
+                             std::filesystem::directory_iterator());
+    }
+};
+
+} // namespace
+
+TEST_F(PictureSavingTest, saveAs_writesTheFileAndTakesItsName)
+{
+    show(coordinates(60, 40));
+    const Io::Path file = folder.file(L"saved.png");
+    {
+        DialogRobot robot({FileDialogFixture::enter(file), confirmSettings()});
+        command(Viewer::SAVE_AS);
+    }
+    ASSERT_TRUE(pumpUntil([&] { return lastMessage().StartsWith(L"Saved"); })) << lastMessage();
+    EXPECT_EQ(frame->GetTitle(), L"saved.png (60 \u00D7 40)");
+    const Expected<Viewer::SharedPicture, String> read = Viewer::readPictureFile(file);
+    ASSERT_TRUE(read.hasValue());
+    EXPECT_EQ(Tests::pixelAt((*read)->bitmap().ConvertToImage(), 59, 20), Tests::coordinate(59, 20));
+    EXPECT_FALSE(frame->isLogShown());
+}
+
+TEST_F(PictureSavingTest, saveAs_ofAFormatWithoutChoice_asksForTheFileOnly)
+{
+    show(coordinates(60, 40));
+    {
+        DialogRobot robot({FileDialogFixture::enter(folder.file(L"saved.jpg"))});
+        command(Viewer::SAVE_AS);
+    }
+    EXPECT_TRUE(pumpUntil([&] { return lastMessage().StartsWith(L"Saved"); })) << lastMessage();
+}
+
+TEST_F(PictureSavingTest, saveAs_cancelledAnywhere_writesNothing)
+{
+    show(coordinates(60, 40));
+    {
+        DialogRobot robot({FileDialogFixture::press(WXK_ESCAPE)});
+        command(Viewer::SAVE_AS);
+    }
+    {
+        DialogRobot robot({FileDialogFixture::enter(folder.file(L"saved.png")),
+                           pressIn<ImageSaveSettingsDialog>(WXK_ESCAPE)});
+        command(Viewer::SAVE_AS);
+    }
+    Tests::pumpEvents(100);
+    EXPECT_EQ(fileCount(), 0);
+    EXPECT_EQ(frame->GetTitle(), L"test (60 \u00D7 40)");
+    EXPECT_TRUE(frame->IsEnabled());
+}
+
+TEST_F(PictureSavingTest, saveAs_ofAKindThatCannotBeWritten_saysWhichCan)
+{
+    show(coordinates(60, 40));
+    wxString message;
+    {
+        DialogRobot robot(
+            {FileDialogFixture::enter(folder.file(L"saved.exr")),
+             {"the message is shown", [] { return Tests::activeModal<MessageDialog>() != nullptr; },
+              [&] {
+                  message = Tests::findIn<Wx::StaticText>(Tests::activeModal<MessageDialog>())->GetLabel();
+                  wxUIActionSimulator().Char(WXK_RETURN);
+              }}});
+        command(Viewer::SAVE_AS);
+    }
+    EXPECT_TRUE(message.Contains(L"\"exr\"")) << message;
+    EXPECT_TRUE(message.Contains(L"PNG")) << message;
+    EXPECT_EQ(fileCount(), 0);
+}
+
+TEST_F(PictureSavingTest, savingThatFails_isToldInTheLogAndNothingIsLost)
+{
+    show(coordinates(60, 40));
+    frame->savePicture(folder.path() / L"missing" / L"a.png", ImageFormat::PNG, {});
+    ASSERT_TRUE(pumpUntil([&] { return frame->isLogShown(); }));
+    EXPECT_TRUE(lastMessage().Contains(L"a.png")) << lastMessage();
+    EXPECT_EQ(frame->GetTitle(), L"test (60 \u00D7 40)");
+}
+
+TEST_F(PictureSavingTest, alphaThatIsLeftOut_isSaid)
+{
+    show(coordinates(60, 40));
+    frame->savePicture(folder.file(L"a.bmp"), ImageFormat::BMP, {ColorFormat::UINT8_RGB, true});
+    ASSERT_TRUE(pumpUntil([&] { return lastMessage().StartsWith(L"Saved"); }));
+    EXPECT_TRUE(lastMessage().EndsWith(L"Its alpha was left out.")) << lastMessage();
+}
+
+TEST_F(PictureSavingTest, pictureWithAFile_isClosedWithoutAQuestion)
+{
+    show(coordinates(60, 40));
+    EXPECT_TRUE(isGoneAfterClosing());
+}
+
+TEST_F(PictureSavingTest, unsavedPicture_staysIfTheQuestionIsCancelled)
+{
+    showUnsaved();
+    DialogRobot robot({answer(WXK_ESCAPE)});
+    EXPECT_FALSE(isGoneAfterClosing());
+    EXPECT_TRUE(frame->IsEnabled());
+}
+
+TEST_F(PictureSavingTest, unsavedPicture_isGivenUpIfTheUserSaysSo)
+{
+    showUnsaved();
+    DialogRobot robot({answer('D')});
+    EXPECT_TRUE(isGoneAfterClosing());
+}
+
+TEST_F(PictureSavingTest, unsavedPicture_isSavedBeforeTheWindowCloses)
+{
+    showUnsaved();
+    const Io::Path file = folder.file(L"screen.png");
+    DialogRobot robot({answer('S'), FileDialogFixture::enter(file), confirmSettings()});
+    EXPECT_TRUE(isGoneAfterClosing());
+    EXPECT_TRUE(Viewer::readPictureFile(file).hasValue());
+}
+
+TEST_F(PictureSavingTest, unsavedPicture_staysIfSavingIsCancelled)
+{
+    showUnsaved();
+    DialogRobot robot({answer('S'), FileDialogFixture::press(WXK_ESCAPE)});
+    EXPECT_FALSE(isGoneAfterClosing());
+}
+
+TEST_F(PictureSavingTest, unsavedPicture_isNotGivenUpForAnother)
+{
+    showUnsaved();
+    const wxString title = frame->GetTitle();
+    for (const Viewer::Command id : {Viewer::OPEN, Viewer::CAPTURE_SCREEN}) {
+        DialogRobot robot({answer(WXK_ESCAPE)});
+        command(id);
+    }
+    Tests::pumpEvents(400);
+    EXPECT_EQ(frame->GetTitle(), title);
+}
+
+TEST_F(PictureSavingTest, windowThatCannotStay_isClosedWithoutAQuestion)
+{
+    showUnsaved();
+    const wxWeakRef<Viewer::ViewerFrame> window(frame);
+    frame->Close(true);
+    ASSERT_TRUE(pumpUntil([&] { return !window; }));
+    frame = nullptr;
+}
+
+TEST_F(PictureSavingTest, windowDestroyedUnderTheQuestion_endsTheQuestion)
+{
+    showUnsaved();
+    const wxWeakRef<Viewer::ViewerFrame> window(frame);
+    {
+        DialogRobot robot(
+            {{"the question is shown", [] { return Tests::activeModal<MessageDialog>() != nullptr; },
+              [&] { frame->Destroy(); }}});
+        frame->Close();
+    }
+    ASSERT_TRUE(pumpUntil([&] { return !window; }));
+    frame = nullptr;
+}
+
+TEST_F(PictureSavingTest, windowDestroyedWhileAFileIsWritten_completesTheFile)
+{
+    show(coordinates(3000, 2000));
+    const Io::Path file = folder.file(L"large.png");
+    frame->savePicture(file, ImageFormat::PNG, {});
+    Tests::destroyNow(frame);
+    frame = nullptr;
+    EXPECT_TRUE(Viewer::readPictureFile(file).hasValue());
+}
+
+TEST_F(PictureSavingTest, closingWhileAFileIsWritten_waitsForTheFile)
+{
+    show(coordinates(3000, 2000));
+    const Io::Path file = folder.file(L"large.png");
+    frame->savePicture(file, ImageFormat::PNG, {});
+    EXPECT_TRUE(isGoneAfterClosing());
+    EXPECT_TRUE(Viewer::readPictureFile(file).hasValue());
+}
+
+TEST_F(PictureSavingTest, closingWhileAFileCannotBeWritten_tellsAndStays)
+{
+    show(coordinates(60, 40));
+    frame->savePicture(folder.path() / L"missing" / L"a.png", ImageFormat::PNG, {});
+    EXPECT_FALSE(isGoneAfterClosing());
+    EXPECT_TRUE(frame->isLogShown());
+    EXPECT_TRUE(isGoneAfterClosing()) << "once the user has been told";
+}

@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+#include "apps/viewer/writing/PictureWriter.h"
+
+#include "NolvexLib/ImageFormatDescriptor.h"
+#include "apps/viewer/ImageFile.h"
+#include "support/FloatImage.h"
+#include "support/PictureFiles.h"
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <iterator>
+
+using namespace Nolvex;
+using Viewer::writePictureFile;
+
+namespace {
+
+struct PictureWriterTest : testing::Test
+{
+    Tests::TemporaryFolder folder;
+    const Image image = Tests::placesAsFloats(30, 20, 1.0f);
+
+    static bool goOn(float) { return true; }
+
+    std::ptrdiff_t fileCount() const
+    {
+        return std::distance(std::filesystem::directory_iterator(folder.path().native()),
+                             std::filesystem::directory_iterator());
+    }
+};
+
+} // namespace
+
+TEST_F(PictureWriterTest, everyWritableFormat_canBeReadAgain)
+{
+    for (const ImageFormat format : Viewer::writableFormats()) {
+        const Io::Path file = folder.file(getImageFormatDescriptor(format).extensions[0]);
+        for (const bool alpha : {false, true}) {
+            EXPECT_EQ(writePictureFile(file, image, format, {ColorFormat::UINT8_RGB, alpha}, goOn),
+                      Optional<String>())
+                << file.nativeStr().toUtf8();
+            const Expected<Viewer::SharedPicture, String> picture = Viewer::readPictureFile(file);
+            ASSERT_TRUE(picture.hasValue()) << picture.error().toUtf8();
+            EXPECT_EQ((*picture)->size(), (Pixel{30, 20}));
+            EXPECT_EQ(Image::getPixelFormatChannelCount((*picture)->image().descriptor().format),
+                      alpha && Viewer::writesAlpha(format) ? 4 : 3)
+                << file.nativeStr().toUtf8();
+        }
+    }
+    EXPECT_EQ(fileCount(), static_cast<std::ptrdiff_t>(Viewer::writableFormats().size()));
+}
+
+TEST_F(PictureWriterTest, formatOfAName_isThatOfItsExtension)
+{
+    EXPECT_EQ(Viewer::writableFormatOf(Io::Path(L"a.PNG")), ImageFormat::PNG);
+    EXPECT_EQ(Viewer::writableFormatOf(Io::Path(L"a.b.jpeg")), ImageFormat::JPEG);
+    for (const wchar_t* name : {L"a", L"a.", L".png", L"a.exr", L"a.txt", L""})
+        EXPECT_FALSE(Viewer::writableFormatOf(Io::Path(name)).has_value()) << name;
+}
+
+TEST_F(PictureWriterTest, filters_nameEveryExtension)
+{
+    const Array<Io::FileFilter> filters = Viewer::writableFilters();
+    ASSERT_EQ(filters.size(), Viewer::writableFormats().size());
+    EXPECT_EQ(filters[0], (Io::FileFilter{L"PNG", {L"*.png"}})) << "the usual format comes first";
+    EXPECT_EQ(filters[2], (Io::FileFilter{L"JPEG", {L"*.jpg", L"*.jpeg", L"*.jpe"}}));
+}
+
+TEST_F(PictureWriterTest, formatThatCannotBeWritten_isRefusedAndTheOldFileStays)
+{
+    const Io::Path file = folder.file(L"a.exr", "old");
+    EXPECT_EQ(writePictureFile(file, image, ImageFormat::EXR, {}, goOn),
+              L"The picture was not saved as \"" + file.nativeStr() +
+                  L"\": the viewer cannot write this format.");
+    EXPECT_EQ(Tests::contentOf(file).size(), 3u);
+    EXPECT_EQ(fileCount(), 1);
+}
+
+TEST_F(PictureWriterTest, folderThatIsNotThere_isAnErrorThatNamesTheFile)
+{
+    const Io::Path file = folder.path() / L"missing" / L"a.png";
+    const Optional<String> failure = writePictureFile(file, image, ImageFormat::PNG, {}, goOn);
+    ASSERT_TRUE(failure.has_value());
+    EXPECT_NE(failure->wstr().find(file.nativeStr().wstr()), std::wstring::npos);
+}
+
+TEST_F(PictureWriterTest, stoppedByTheProgress_leavesTheOldFile)
+{
+    for (const wchar_t* name : {L"a.png", L"a.tiff", L"a.bmp"}) {
+        const Io::Path file = folder.file(name, "old");
+        EXPECT_EQ(
+            writePictureFile(file, image, *Viewer::writableFormatOf(file), {}, [](float) { return false; }),
+            String());
+        EXPECT_EQ(Tests::contentOf(file).size(), 3u) << name;
+    }
+    EXPECT_EQ(fileCount(), 3);
+}
+
+TEST_F(PictureWriterTest, progress_endsAtOne)
+{
+    float last = -1.0f;
+    const Viewer::WritingProgress remember = [&](float share) {
+        EXPECT_GE(share, last);
+        last = share;
+        return true;
+    };
+    for (const ImageFormat format : Viewer::writableFormats()) {
+        last = -1.0f;
+        EXPECT_EQ(writePictureFile(folder.file(L"picture"), image, format, {}, remember), Optional<String>());
+        EXPECT_EQ(last, 1.0f);
+    }
+}
