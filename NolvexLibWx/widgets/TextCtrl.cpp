@@ -57,8 +57,8 @@ Wx::TextCtrl::TextCtrl(wxWindow* parent, int id, const wxString& value, const wx
     bindGroupExit(*this);
 }
 
-// The destructor of wxTextCtrl thaws a frozen control by wxTextCtrl::DoThaw, which on GTK would release a text
-// that DoFreeze of this class has not taken.
+// The destructor of wxTextCtrl thaws a frozen control by wxTextCtrl::DoThaw, which on GTK would release a
+// text that DoFreeze of this class has not taken.
 Wx::TextCtrl::~TextCtrl()
 {
     while (IsFrozen())

@@ -3,6 +3,7 @@
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/widgets/TextControl.h"
 #include "SpinnerFixture.h"
+#include "support/SystemLimits.h"
 
 #include <algorithm>
 #include <cmath>
@@ -261,7 +262,7 @@ protected:
 
 TEST_F(SpinnerModelTest, generatedCases_agreeInValueTextAndEvents)
 {
-    for (int number = 0; number < CASES; ++number) {
+    for (int number = 0; number < Tests::affordableRounds(CASES); ++number) {
         Model model = makeCase();
         startBoth(model, number % 20 == 0);
         for (int action = 0; action < ACTIONS; ++action) {
