@@ -83,8 +83,8 @@ struct Wx::ImageSaveSettingsDialog::Destroyer
 {
     void operator()(ImageSaveSettingsDialog* dialog) const
     {
-        dialog
-            ->wxDialog::Destroy(); // NOLINT(bugprone-parent-virtual-call): the override ends the dialog only
+        // NOLINTNEXTLINE(bugprone-parent-virtual-call): the override only ends the dialog
+        dialog->wxDialog::Destroy();
     }
 };
 
@@ -132,16 +132,15 @@ Wx::ImageSaveSettingsDialog::ImageSaveSettingsDialog(wxWindow* parent, const Cho
 {
     // The controls of wxWidgets inherit the font.
     SetFont(setDefaultFontSize(GetFont(), getFontScale()));
-    auto* rows = new wxBoxSizer(wxVERTICAL);
-    const int gap = scaleByDpi(GAP);
-    if (!choices.colorFormats.isEmpty())
-        rows->Add(makeColorFormats(choices.colorFormats, initial.colorFormat), 0, wxEXPAND | wxBOTTOM, gap);
-    if (choices.alpha)
-        addAlphaCheckBox(*rows, initial.includeAlpha);
-    rows->Add(makeButtons(), 0, wxALIGN_RIGHT | wxTOP, gap);
     auto* margin = new wxBoxSizer(wxVERTICAL);
+    auto* rows = new wxBoxSizer(wxVERTICAL);
     margin->Add(rows, 1, wxEXPAND | wxALL, scaleByDpi(MARGIN));
     SetSizer(margin);
+    if (!choices.colorFormats.isEmpty())
+        addColorFormats(*rows, choices.colorFormats, initial.colorFormat);
+    if (choices.alpha)
+        addAlphaCheckBox(*rows, initial.includeAlpha);
+    addButtons(*rows);
 
     // The buttons send a wxMouseEvent, while the close box sends a wxCommandEvent.
     Bind(wxEVT_BUTTON, &ImageSaveSettingsDialog::onButton, this);
@@ -151,15 +150,17 @@ Wx::ImageSaveSettingsDialog::ImageSaveSettingsDialog(wxWindow* parent, const Cho
     applySkinRecursive(this, GuiSkin::DEFAULT());
     margin->Fit(this);
     CenterOnParent(wxBOTH);
-    // When the size of the window manager's frame becomes known, wxGTK keeps the size that was set last, and
-    // this must be the size of the inside, for the controls need it.
+    // CenterOnParent makes wxGTK keep the size of the whole window and shrink its inside as soon as the
+    // window manager tells the size of the frame. Fit makes wxGTK keep the size of the inside.
     margin->Fit(this);
     setFirstFocus();
 }
 
-wxSizer* Wx::ImageSaveSettingsDialog::makeColorFormats(Flags<ColorFormat> allowed, ColorFormat initial)
+void Wx::ImageSaveSettingsDialog::addColorFormats(wxSizer& rows, Flags<ColorFormat> allowed,
+                                                  ColorFormat initial)
 {
     auto* sizer = new wxStaticBoxSizer(wxVERTICAL, this, L"Color format");
+    rows.Add(sizer, 0, wxEXPAND | wxBOTTOM, scaleByDpi(GAP));
     for (const ColorFormat format : formatsIn(allowed)) {
         // wxWidgets selects the first button of a group.
         const long style = m_colorFormats.empty() ? wxRB_GROUP : 0;
@@ -171,7 +172,6 @@ wxSizer* Wx::ImageSaveSettingsDialog::makeColorFormats(Flags<ColorFormat> allowe
         m_colorFormats.emplace_back(format, button);
         sizer->Add(button, 0, wxALL, scaleByDpi(GAP / 2));
     }
-    return sizer;
 }
 
 void Wx::ImageSaveSettingsDialog::addAlphaCheckBox(wxSizer& rows, bool includeAlpha)
@@ -182,9 +182,10 @@ void Wx::ImageSaveSettingsDialog::addAlphaCheckBox(wxSizer& rows, bool includeAl
     rows.Add(m_alpha, 0, wxTOP | wxBOTTOM, scaleByDpi(GAP / 2));
 }
 
-wxSizer* Wx::ImageSaveSettingsDialog::makeButtons()
+void Wx::ImageSaveSettingsDialog::addButtons(wxSizer& rows)
 {
     auto* row = new wxBoxSizer(wxHORIZONTAL);
+    rows.Add(row, 0, wxALIGN_RIGHT | wxTOP, scaleByDpi(GAP));
     const float fontScale = getFontScale();
     const auto add = [&](int id, const wchar_t* label, int gap) {
         auto* button = new Button(this, GuiSkin::DEFAULT(), id, label, wxBitmap(), wxBitmap(), {},
@@ -195,7 +196,6 @@ wxSizer* Wx::ImageSaveSettingsDialog::makeButtons()
     };
     add(wxID_OK, L"OK", 0);
     add(wxID_CANCEL, L"Cancel", GAP);
-    return row;
 }
 
 wxRadioButton* Wx::ImageSaveSettingsDialog::selectedColorFormat() const

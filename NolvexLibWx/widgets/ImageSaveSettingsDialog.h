@@ -68,9 +68,9 @@ private:
 
     ImageSaveSettingsDialog(wxWindow* parent, const Choices& choices, const ImageSaveSettings& initial);
 
-    wxSizer* makeColorFormats(Flags<ColorFormat> allowed, ColorFormat initial);
+    void addColorFormats(wxSizer& rows, Flags<ColorFormat> allowed, ColorFormat initial);
     void addAlphaCheckBox(wxSizer& rows, bool includeAlpha);
-    wxSizer* makeButtons();
+    void addButtons(wxSizer& rows);
     wxRadioButton* selectedColorFormat() const;
     ImageSaveSettings settings(ImageSaveSettings initial) const;
     void selectNeighbour(std::size_t distance);

@@ -9,7 +9,6 @@ log=$(mktemp)
 trap 'rm -f "$log"' EXIT
 
 need_packages dbus python3-gi
-# The services that GIO's default session offers are not needed, and would outlive the bus.
 timeout 200 dbus-run-session -- /usr/bin/python3 -B tests/taskbar/check_taskbar.py "$1" >"$log" 2>&1 </dev/null || {
   tail -n 20 "$log"
   exit 1

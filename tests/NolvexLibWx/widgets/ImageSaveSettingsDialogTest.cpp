@@ -163,7 +163,7 @@ TEST_F(ImageSaveSettingsDialogTest, radioButtons_standInABoxWithATitle)
         const std::vector<wxRadioButton*> buttons = radioButtons(dialog);
         ASSERT_EQ(buttons.size(), 4u);
         for (const wxRadioButton* button : buttons) {
-            const auto* const box = wxDynamicCast(button->GetParent(), wxStaticBox);
+            const auto* const box = dynamic_cast<wxStaticBox*>(button->GetParent());
             ASSERT_NE(box, nullptr);
             EXPECT_EQ(box->GetLabel(), L"Color format");
         }

@@ -108,7 +108,7 @@ struct ImageSaveSettingsFixture : FrameFixture
     {
         std::vector<wxRadioButton*> found;
         for (wxWindow* child : parent.GetChildren()) {
-            if (auto* button = wxDynamicCast(child, wxRadioButton))
+            if (auto* button = dynamic_cast<wxRadioButton*>(child))
                 found.push_back(button);
             for (wxRadioButton* button : radioButtons(*child))
                 found.push_back(button);
