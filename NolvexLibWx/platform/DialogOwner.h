@@ -18,8 +18,8 @@ WindowHandle dialogOwner(WindowHandle owner);
 bool isPossibleParent(const wxWindow& wrapper);
 
 /// Cancels the dialogs of GTK that `dialog` owns, such as its question whether to overwrite a file. Returns
-/// true if windows that `dialog` owns were on the screen. Windows destroys such windows together with the owner
-/// of `dialog`.
+/// true if windows that `dialog` owns were on the screen. Windows destroys such windows together with the
+/// owner of `dialog`.
 bool cancelOwnedDialogs(const wxWindow& dialog);
 
 } // namespace Nolvex::Platform

@@ -16,8 +16,8 @@ namespace Nolvex::Platform {
 /// files for "*.*".
 void widenFilters(wxFileDialog& dialog);
 
-/// Makes a new dialog of GTK open in the nearest existing folder if `folder` does not exist. It would list the
-/// recently used files instead. Windows opens its usual folder.
+/// Makes a new dialog of GTK open in the nearest existing folder if `folder` does not exist. It would list
+/// the recently used files instead. Windows opens its usual folder.
 void startInExistingFolder(wxDialog& dialog, const Io::Path& folder);
 
 /// Returns the paths that the user has chosen in `dialog`, a wxFileDialog or wxDirDialog. `paths` are the

@@ -44,13 +44,15 @@ public:
     long style = 0;
     wxString name;
     bool hasWrapper = false;
+    wxFileDialog* fileDialog = nullptr; // null if the dialog is for a folder
 
 protected:
     int Enter(wxDialog* dialog) override
     {
         ++count;
-        if (const auto* files = dynamic_cast<wxFileDialog*>(dialog))
-            noteFileDialog(*files);
+        fileDialog = dynamic_cast<wxFileDialog*>(dialog);
+        if (fileDialog != nullptr)
+            noteFileDialog(*fileDialog);
         else if (const auto* folders = dynamic_cast<wxDirDialog*>(dialog))
             noteDirDialog(*folders);
         hasWrapper = dialog->GetParent() != nullptr && dialog->GetParent()->IsTopLevel() &&
@@ -169,13 +171,17 @@ TEST_F(FileDialogParametersTest, initialFolderWithSeparatorAtItsEnd_proposesNoNa
     EXPECT_EQ(hook.file, "");
 }
 
-TEST_F(FileDialogParametersTest, otherAnswers_giveNothing)
+TEST_F(FileDialogParametersTest, answersOtherThanOk_giveNothing)
 {
+    hook.whileShown = [&] {
+        hook.fileDialog->SetPath(Wx::toWxString(initial.nativeStr()));
+        EXPECT_TRUE(Tests::pumpUntil([&] { return !hook.fileDialog->GetPath().empty(); }));
+    };
+    hook.answer = wxID_OK;
+    ASSERT_EQ(filenameSaveDlg(owner, NO_TITLE, filters, {}, initial), initial);
     for (const int answer : std::initializer_list<int>{wxID_CANCEL, wxID_CLOSE, wxID_YES, wxID_ABORT, -5}) {
         hook.answer = answer;
-        EXPECT_TRUE(filenameOpenDlg(owner, NO_TITLE, filters, initial).isEmpty()) << answer;
-        EXPECT_TRUE(multiFilenameOpenDlg(owner, NO_TITLE, filters, folder).empty()) << answer;
-        EXPECT_TRUE(dirSelectDlg(owner, NO_TITLE, folder).isEmpty()) << answer;
+        EXPECT_TRUE(filenameSaveDlg(owner, NO_TITLE, filters, {}, initial).isEmpty()) << answer;
     }
 }
 

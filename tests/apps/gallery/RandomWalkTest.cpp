@@ -5,6 +5,8 @@
 #include "support/DefaultSkinGuard.h"
 #include "support/Events.h"
 
+#include <wx/modalhook.h>
+
 #include <gtest/gtest.h>
 
 using namespace Nolvex;
@@ -12,9 +14,19 @@ using Gallery::GalleryFrame;
 
 namespace {
 
+/// Cancels every dialog before it is shown, since the walk would never end it.
+struct DialogCanceller : wxModalDialogHook
+{
+    DialogCanceller() { Register(); }
+
+protected:
+    int Enter(wxDialog* /*dialog*/) override { return wxID_CANCEL; }
+};
+
 struct GalleryRandomWalkTest : testing::TestWithParam<unsigned>
 {
     Tests::DefaultSkinGuard guard;
+    DialogCanceller canceller;
     GalleryFrame* frame = new GalleryFrame;
 
     ~GalleryRandomWalkTest() override
