@@ -10,3 +10,8 @@ int Nolvex::Tests::depthOfBitmap(int asked)
 {
     return asked == 1 ? 1 : 24;
 }
+
+bool Nolvex::Tests::needsMainThreadForDialogs()
+{
+    return true;
+}

@@ -10,3 +10,8 @@ int Nolvex::Tests::depthOfBitmap(int asked)
 {
     return asked;
 }
+
+bool Nolvex::Tests::needsMainThreadForDialogs()
+{
+    return false;
+}
