@@ -43,7 +43,7 @@ const Names ROLES = {{ROLE_SYSTEM_PUSHBUTTON, "push button"},
                      {ROLE_SYSTEM_COMBOBOX, "combo box"},
                      {ROLE_SYSTEM_LISTITEM, "list item"},
                      {ROLE_SYSTEM_MENUITEM, "menu item"},
-                     {ROLE_SYSTEM_DIALOG, "dialog"},
+                     {ROLE_SYSTEM_DIALOG, "window"},
                      {ROLE_SYSTEM_CLIENT, "window"},
                      {ROLE_SYSTEM_WINDOW, "window"}};
 
