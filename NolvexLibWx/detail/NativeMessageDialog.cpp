@@ -9,6 +9,7 @@
 
 #include <wx/msgdlg.h>
 
+#include <cstddef>
 #include <optional>
 
 namespace Nolvex {
@@ -16,6 +17,13 @@ namespace Nolvex {
 namespace {
 
 using Controls = ArrayView<const Wx::MessageDialogControl* const>;
+
+// GTK takes seconds for a text of a megabyte, and the buttons would be far below the screen.
+String shortened(const String& message)
+{
+    constexpr std::size_t MAX_LENGTH = 10'000;
+    return message.length() <= MAX_LENGTH ? message : message.getSubstr(0, MAX_LENGTH) + L"\u2026";
+}
 
 int showModal(WindowHandle owner, const String& title, const String& message, long style)
 {
@@ -27,7 +35,7 @@ int showModal(WindowHandle owner, const String& title, const String& message, lo
     }
     // A wrapper has no window if the owner does not exist.
     wxWindow* const usable = parent && parent->GetHandle() != nullptr ? &*parent : nullptr;
-    wxMessageDialog dialog(usable, Wx::toWxString(message), Wx::toWxString(title), style);
+    wxMessageDialog dialog(usable, Wx::toWxString(shortened(message)), Wx::toWxString(title), style);
     return dialog.ShowModal();
 }
 

@@ -15,7 +15,7 @@
 
 #include <atomic>
 #include <functional>
-#include <mutex>
+#include <string>
 #include <thread>
 
 using namespace Nolvex;
@@ -218,6 +218,17 @@ TEST_F(NativeMessageDialogTest, severalThreads_areServedOneAfterAnother)
             thread.join();
     });
     EXPECT_EQ(answered, THREADS * DIALOGS);
+}
+
+TEST_F(NativeMessageDialogTest, messageOfAMegabyte_isCutOff)
+{
+    const Answers answers([](wxMessageDialog& dialog) {
+        EXPECT_EQ(dialog.GetMessage(), wxString(L'x', 10'000) + L'\u2026');
+        return wxID_OK;
+    });
+    runOnThread([] {
+        EXPECT_TRUE(Wx::showOkDialog({}, L"Title", std::wstring(1'048'576, L'x'), MessageDialogIcon::INFO));
+    });
 }
 
 TEST_F(NativeMessageDialogTest, realDialog_isAnsweredByTheUser)

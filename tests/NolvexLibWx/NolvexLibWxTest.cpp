@@ -610,6 +610,8 @@ TEST(NolvexLibWxTest, threadThatAsksWhileTheLoopEnds_isReleased)
 
 TEST(NolvexLibWxTest, threadThatWaitsForADialog_isReleasedByTheLastShutdown)
 {
+    if (!Nolvex::Tests::needsMainThreadForDialogs())
+        GTEST_SKIP() << "threads do not wait for the main thread here";
     startup(ApplicationType::APPLICATION);
     const Refusal refusal;
     std::atomic<bool> asks = false;

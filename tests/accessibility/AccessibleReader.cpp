@@ -24,8 +24,8 @@
 
 namespace {
 
-std::wstring title = L"Accessible controls"; // of the window that is read
-constexpr DWORD LIMIT = 15000;               // milliseconds
+std::wstring windowTitle = L"Accessible controls"; // of the window that is read
+constexpr DWORD LIMIT = 15000;                     // milliseconds
 
 using Names = std::vector<std::pair<LONG, const char*>>;
 
@@ -43,7 +43,7 @@ const Names ROLES = {{ROLE_SYSTEM_PUSHBUTTON, "push button"},
                      {ROLE_SYSTEM_COMBOBOX, "combo box"},
                      {ROLE_SYSTEM_LISTITEM, "list item"},
                      {ROLE_SYSTEM_MENUITEM, "menu item"},
-                     {ROLE_SYSTEM_DIALOG, "dialog"},
+                     {ROLE_SYSTEM_DIALOG, "window"},
                      {ROLE_SYSTEM_CLIENT, "window"},
                      {ROLE_SYSTEM_WINDOW, "window"}};
 
@@ -183,7 +183,7 @@ std::vector<HWND> windowsWithin(HWND window)
 
 HWND findWindow()
 {
-    return FindWindowW(nullptr, title.c_str());
+    return FindWindowW(nullptr, windowTitle.c_str());
 }
 
 // Visits the controls and their items until `visit` returns true; returns whether it did.
@@ -292,7 +292,7 @@ bool holds(const std::string& expectation)
         return word == "set" ? setValue(number, name) : select(number, name);
     }
     if (word == "window") {
-        title.assign(rest.begin(), rest.end());
+        windowTitle.assign(rest.begin(), rest.end());
         return findWindow() != nullptr;
     }
     if (word == "says")

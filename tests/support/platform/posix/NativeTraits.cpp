@@ -15,3 +15,8 @@ bool Nolvex::Tests::taskbarNeedsSessionBus()
 {
     return true;
 }
+
+bool Nolvex::Tests::needsMainThreadForDialogs()
+{
+    return true;
+}

@@ -15,3 +15,8 @@ bool Nolvex::Tests::taskbarNeedsSessionBus()
 {
     return false;
 }
+
+bool Nolvex::Tests::needsMainThreadForDialogs()
+{
+    return false;
+}
