@@ -43,8 +43,8 @@ NOLVEXLIBWX_EXPORT bool isStarted();
 // The functions below use the application object without looking whether there is one. They may be called
 // between `startup` and the last `shutdown`.
 
-/// Runs wxWidgets' main loop until `stopEventLoop` is called, and returns its exit code. Threads that wait for
-/// the main thread to show a message dialog are released when the loop ends.
+/// Runs wxWidgets' main loop until `stopEventLoop` is called, and returns its exit code. Threads that wait
+/// for the main thread to show a message dialog are released when the loop ends.
 NOLVEXLIBWX_EXPORT int runEventLoop();
 
 /// Ends `runEventLoop`.

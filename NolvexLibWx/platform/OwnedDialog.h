@@ -16,7 +16,8 @@ namespace Nolvex::Platform {
 /// destroy the native window of the dialog, too. Alt+F4 closes the dialog even if it has no close box.
 void attachOwner(wxDialog& dialog, WindowHandle owner, Function<void()> onOwnerDestroyed);
 
-/// Gives a dialog that has no children for the keyboard the focus itself, so that the dialog receives the keys.
+/// Gives a dialog that has no children for the keyboard the focus itself, so that the dialog receives the
+/// keys.
 void takeKeys(wxDialog& dialog);
 
 /// Tells assistive technology that the dialog is a message that wants an answer.

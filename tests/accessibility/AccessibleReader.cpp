@@ -9,7 +9,7 @@
 //     select N NAME  selects item N of the control, counted from 0
 //     says REPORT    the program has told of that change
 //     gone LINE      there is no such control any more
-//     window TITLE   the following lines are about the window with that title, which has a line, too
+//     read TITLE     the following lines are about the window with that title, which has a line, too
 //     ended          the program has ended
 #include <windows.h>
 
@@ -291,7 +291,7 @@ bool holds(const std::string& expectation)
         const std::string name = rest.substr(std::min(next + 1, rest.size()));
         return word == "set" ? setValue(number, name) : select(number, name);
     }
-    if (word == "window") {
+    if (word == "read") {
         windowTitle.assign(rest.begin(), rest.end());
         return findWindow() != nullptr;
     }

@@ -8,7 +8,7 @@ there, with role, name, description, states, value and actions. Between these li
     select N NAME  selects item N of the control
     says REPORT    the program has told of that change
     gone LINE      there is no such control any more
-    window TITLE   the following lines are about the window with that title, and the window itself has a line, too
+    read TITLE     the following lines are about the window with that title, and the window itself has a line, too
     ended          the program has ended
 """
 
@@ -117,7 +117,7 @@ class Reader:
         if word == "select":
             number, _, name = rest.partition(" ")
             return self.operate(name, children_of, lambda control: control.select_child(int(number)))
-        if word == "window":
+        if word == "read":
             self.title = rest
             return self.find_window()
         if word == "says":
