@@ -116,6 +116,13 @@ Pixel centre(const Bucket& region)
     return {(region.min.x + region.max.x) / 2, (region.min.y + region.max.y) / 2};
 }
 
+// wxGTK does not know how high frames are before it has shown one, and takes them for nothing.
+int unknownFrameHeight(const wxDialog& dialog)
+{
+    constexpr int LIKELY_HEIGHT = 40;
+    return dialog.GetSize() == dialog.GetClientSize() ? Wx::scaleByDpi(LIKELY_HEIGHT) : 0;
+}
+
 // The screen rectangle of the owner or, without an owner, the work area of the dialog's monitor.
 Bucket regionAround(wxDialog& dialog)
 {
@@ -230,9 +237,10 @@ void Wx::MessageDialog::fitAndPlace()
 {
     Fit();
     const Pixel middle = centre(regionAround(*this));
-    const Bucket workArea = getMonitorRegionByPoint(middle, MonitorRegionType::WORK_AREA);
-    if (GetSize().y > workArea.height()) {
-        MessageCut::byHeight(*m_text, GetSize().y - workArea.height());
+    const int room =
+        getMonitorRegionByPoint(middle, MonitorRegionType::WORK_AREA).height() - unknownFrameHeight(*this);
+    if (GetSize().y > room) {
+        MessageCut::byHeight(*m_text, GetSize().y - room);
         Fit();
     }
     // wxGTK keeps the client size, not the size with the frame, when it learns how wide the frame is.
