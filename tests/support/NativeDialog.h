@@ -28,6 +28,9 @@ Array<String> listedFiles(WindowHandle dialog);
 /// Puts the keyboard focus into the field for the name of the file or folder.
 void goToNameField();
 
+/// Returns the text of the field that has the keyboard focus, or an empty text.
+String focusedFieldText();
+
 /// Selects these files in the dialog, which shows the folder of the files and lists no other files.
 void selectFiles(const Array<String>& names);
 

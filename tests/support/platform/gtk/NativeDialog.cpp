@@ -115,6 +115,13 @@ void Tests::goToNameField()
     pumpEvents(50);
 }
 
+String Tests::focusedFieldText()
+{
+    const WindowHandle dialog = activeFileDialog();
+    GtkWidget* const focus = dialog ? gtk_window_get_focus(GTK_WINDOW(dialog.native)) : nullptr;
+    return GTK_IS_ENTRY(focus) ? String::fromUtf8(gtk_entry_get_text(GTK_ENTRY(focus))) : String();
+}
+
 void Tests::selectFiles(const Array<String>& /*names*/)
 {
     wxUIActionSimulator().Char('A', wxMOD_CONTROL);

@@ -136,6 +136,11 @@ void Tests::goToNameField()
     pumpEvents(50);
 }
 
+String Tests::focusedFieldText()
+{
+    return textOf(GetFocus());
+}
+
 void Tests::selectFiles(const Array<String>& names)
 {
     goToNameField();
