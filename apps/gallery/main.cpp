@@ -4,6 +4,7 @@
 #include "NolvexLib/Exception.h"
 #include "NolvexLibWx/NolvexLibWx.h"
 #include "apps/gallery/GalleryFrame.h"
+#include "apps/program/DialogIcon.h"
 #include "apps/program/ScreenshotTimer.h"
 #include "apps/program/WindowPicture.h"
 #include "apps/program/platform/ErrorReport.h"
@@ -95,6 +96,7 @@ private:
 int show(const Io::Path& screenshots)
 {
     auto* frame = new Gallery::GalleryFrame;
+    Program::useIconInDialogs(*frame);
     frame->Show();
     if (screenshots.isEmpty())
         return LibWx::runEventLoop();

@@ -3,6 +3,7 @@
 #include "NolvexLib/Exception.h"
 #include "NolvexLib/Io/FileSize.h"
 #include "NolvexLibWx/NolvexLibWx.h"
+#include "apps/program/DialogIcon.h"
 #include "apps/program/ScreenshotTimer.h"
 #include "apps/program/WindowPicture.h"
 #include "apps/program/platform/ErrorReport.h"
@@ -66,6 +67,7 @@ int show(const Viewer::CommandLine& line)
         return fail(picture.error());
 
     auto* frame = new Viewer::ViewerFrame(*picture, {file});
+    Program::useIconInDialogs(*frame);
     frame->Show();
     if (line.screenshot.isEmpty())
         return LibWx::runEventLoop();
