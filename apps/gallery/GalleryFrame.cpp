@@ -16,6 +16,7 @@
 #include <wx/listbox.h>
 #include <wx/panel.h>
 #include <wx/sizer.h>
+#include <wx/weakref.h>
 
 #include <array>
 
@@ -136,7 +137,11 @@ void GalleryFrame::showPage(std::size_t index)
     if (m_page != nullptr)
         m_page->Destroy();
     m_page = new wxPanel(m_stage);
-    m_pages[index].build(m_page, [this](const String& text) { log(text); });
+    // A page may log the outcome of a dialog after the gallery was closed under the dialog.
+    m_pages[index].build(m_page, [self = wxWeakRef<GalleryFrame>(this)](const String& text) {
+        if (self)
+            self->log(text);
+    });
     m_stage->GetSizer()->Clear();
     m_stage->GetSizer()->Add(m_page, 1, wxEXPAND);
     Wx::applySkinRecursive(m_page, Wx::GuiSkin::DEFAULT());

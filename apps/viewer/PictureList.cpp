@@ -8,6 +8,14 @@ Optional<Io::Path> PictureList::current() const
     return m_files.empty() ? Optional<Io::Path>() : m_files[m_position];
 }
 
+void PictureList::replaceCurrent(const Io::Path& file)
+{
+    if (m_files.empty())
+        m_files.push_back(file);
+    else
+        m_files[m_position] = file;
+}
+
 void PictureList::move(int steps)
 {
     if (m_files.empty())

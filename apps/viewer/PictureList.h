@@ -25,6 +25,9 @@ public:
     /// Returns the shown file, or nullopt if the list is empty.
     Optional<Io::Path> current() const;
 
+    /// Puts another file in the place of the shown one. An empty list gets this file alone.
+    void replaceCurrent(const Io::Path& file);
+
     /// Goes `steps` files on, or back if the number is negative. After the last file comes the first one.
     void move(int steps);
 

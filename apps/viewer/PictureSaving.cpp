@@ -4,12 +4,29 @@
 #include "NolvexLibWx/NativeWindows.h"
 #include "apps/viewer/LossQuestion.h"
 #include "apps/viewer/SaveDialogs.h"
+#include "apps/viewer/writing/PictureWriter.h"
 
 #include <wx/utils.h>
 #include <wx/weakref.h>
 #include <wx/window.h>
 
 namespace Nolvex::Viewer {
+
+namespace {
+
+bool losesAlpha(const SaveTask& task)
+{
+    const bool hasAlpha = Image::getPixelFormatChannelCount(task.picture->image().descriptor().format) == 4;
+    return hasAlpha && task.settings.includeAlpha && !writesAlpha(task.format);
+}
+
+} // namespace
+
+String savedMessage(const SaveTask& task)
+{
+    return L"Saved the picture as \"" + task.file.nativeStr() + L"\"." +
+           (losesAlpha(task) ? L" Its alpha was left out." : L"");
+}
 
 PictureSaving::PictureSaving(wxWindow& window, SaveJob::Done done)
     : m_window(window),
@@ -26,10 +43,12 @@ void PictureSaving::setPicture(const SharedPicture& picture, const Io::Path& fil
 bool PictureSaving::saveAs()
 {
     const wxWeakRef<wxWindow> alive(&m_window);
-    if (!m_picture)
+    // Another picture may take the place of this one while the dialogs are open.
+    const SharedPicture picture = m_picture;
+    if (!picture)
         return false;
-    const Io::Path proposal = m_file.isEmpty() ? Io::Path(m_picture->name()) : m_file;
-    const Optional<SaveTask> task = askHowToSave(m_window, m_picture, proposal, m_defaults);
+    const Io::Path proposal = m_file.isEmpty() ? Io::Path(picture->name()) : m_file;
+    const Optional<SaveTask> task = askHowToSave(m_window, picture, proposal, m_defaults);
     if (!task || !alive)
         return false;
     save(*task);
@@ -71,7 +90,7 @@ bool PictureSaving::waitForFile()
 void PictureSaving::onWritten(const SaveTask& task, const Optional<String>& failure)
 {
     m_wasWritten = !failure;
-    if (m_wasWritten && task.picture == m_picture)
+    if (m_wasWritten && m_picture && &task.picture->image() == &m_picture->image())
         m_file = task.file;
     m_done(task, failure);
 }

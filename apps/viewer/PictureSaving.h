@@ -2,6 +2,7 @@
 #pragma once
 
 #include "NolvexLib/Io/Path.h"
+#include "NolvexLib/String.h"
 #include "apps/viewer/Picture.h"
 #include "apps/viewer/SaveDefaults.h"
 #include "apps/viewer/SaveJob.h"
@@ -9,6 +10,9 @@
 class WXDLLIMPEXP_FWD_CORE wxWindow;
 
 namespace Nolvex::Viewer {
+
+/// Returns what the log says when the file has been written.
+String savedMessage(const SaveTask& task);
 
 /// What the viewer's window does to keep pictures: it saves them, and knows whether the picture that it shows
 /// would be lost. Functions that ask the user run events, so that the window may have been destroyed when

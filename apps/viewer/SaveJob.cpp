@@ -3,13 +3,15 @@
 
 #include "apps/viewer/writing/PictureWriter.h"
 
+#include <memory>
+#include <system_error>
 #include <utility>
 
 namespace Nolvex::Viewer {
 
 SaveJob::~SaveJob()
 {
-    if (isRunning())
+    if (m_thread.joinable())
         m_thread.join();
 }
 
@@ -17,15 +19,24 @@ void SaveJob::start(SaveTask task, Wx::TaskbarProgress progress)
 {
     m_task = std::move(task);
     m_failure.reset();
+    m_isRunning = true;
     ++m_number;
-    m_thread = std::thread([this, shown = std::move(progress)]() mutable { write(shown); });
+    // The thread must be able to begin with the progress, or leave it for this thread.
+    const auto shown = std::make_shared<Wx::TaskbarProgress>(std::move(progress));
+    try {
+        m_thread = std::thread([this, shown] { write(*shown); });
+    } catch (const std::system_error&) {
+        write(*shown); // the system has no thread left
+    }
 }
 
 void SaveJob::finish()
 {
     if (!isRunning())
         return;
-    m_thread.join();
+    m_isRunning = false;
+    if (m_thread.joinable())
+        m_thread.join();
     // The function may start the next file or destroy this object.
     const SaveTask task = std::exchange(m_task, {});
     const Optional<String> failure = m_failure;

@@ -40,7 +40,7 @@ public:
     /// Waits until the file is written, and does not call the function.
     ~SaveJob();
 
-    bool isRunning() const { return m_thread.joinable(); }
+    bool isRunning() const { return m_isRunning; }
 
     /// Begins to write the file. No other file may be being written.
     void start(SaveTask task, Wx::TaskbarProgress progress);
@@ -54,7 +54,8 @@ private:
     Done m_done;
     SaveTask m_task;
     Optional<String> m_failure;
-    int m_number = 0; // of the file, since the start
+    bool m_isRunning = false; // from the start until the end has been told
+    int m_number = 0;         // of the file, since the start
     std::thread m_thread;
     wxEvtHandler m_mainThread; // carries the end of the thread to the main thread
 };

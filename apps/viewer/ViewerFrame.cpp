@@ -23,7 +23,6 @@
 #include "apps/viewer/ToolBar.h"
 #include "apps/viewer/ViewOptions.h"
 #include "apps/viewer/WindowSize.h"
-#include "apps/viewer/writing/PictureWriter.h"
 
 #include <wx/collpane.h>
 #include <wx/menu.h>
@@ -183,12 +182,12 @@ void ViewerFrame::onSaved(const SaveTask& task, const Optional<String>& failure)
         complain(*failure);
         return;
     }
-    report(L"Saved the picture as \"" + task.file.nativeStr() + L"\"." +
-           (task.settings.includeAlpha && !writesAlpha(task.format) ? L" Its alpha was left out." : L""));
-    if (task.picture != m_view->picture())
+    report(savedMessage(task));
+    const SharedPicture& shown = m_view->picture();
+    if (!shown || &task.picture->image() != &shown->image())
         return;
-    m_pictures = PictureList({task.file});
-    showPicture(task.picture->named(task.file.fileName()), task.file);
+    m_pictures.replaceCurrent(task.file);
+    showPicture(shown->named(task.file.fileName()), task.file);
 }
 
 bool ViewerFrame::copyPicture()

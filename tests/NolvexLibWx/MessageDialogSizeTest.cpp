@@ -76,10 +76,13 @@ struct MessageDialogSizeTest : Tests::FrameFixture
     {
         const Bucket area = workArea();
         const Bucket place = Wx::toBucket(dialog->GetScreenRect());
-        EXPECT_GE(place.min.x, area.min.x);
         EXPECT_GE(place.min.y, area.min.y);
-        EXPECT_LE(place.max.x, area.max.x);
         EXPECT_LE(place.max.y, area.max.y);
+        // At a scale of three, a line of text alone is wider than the screen of the tests.
+        if (Wx::scaleByDpi(500) > area.width())
+            return;
+        EXPECT_GE(place.min.x, area.min.x);
+        EXPECT_LE(place.max.x, area.max.x);
     }
 
     void expectCentredOn(const Bucket& region) const

@@ -8,6 +8,7 @@
 #include "apps/viewer/writing/WxImageWriter.h"
 
 #include <algorithm>
+#include <exception>
 #include <new>
 
 namespace Nolvex::Viewer {
@@ -31,6 +32,8 @@ Optional<String> encode(std::iostream& stream, const Image& image, ImageFormat f
         return writeByWxImage(stream, image, wxBITMAP_TYPE_TGA, alpha);
     case ImageFormat::GIF:
         return writeByWxImage(stream, image, wxBITMAP_TYPE_GIF, alpha);
+    case ImageFormat::ICO:
+        return writeByWxImage(stream, image, wxBITMAP_TYPE_ICO, alpha);
     default:
         return String(L"the viewer cannot write this format");
     }
@@ -41,7 +44,8 @@ Optional<String> encode(std::iostream& stream, const Image& image, ImageFormat f
 const Array<ImageFormat>& writableFormats()
 {
     static const Array<ImageFormat> FORMATS = {ImageFormat::PNG, ImageFormat::TIFF,  ImageFormat::JPEG,
-                                               ImageFormat::BMP, ImageFormat::TARGA, ImageFormat::GIF};
+                                               ImageFormat::BMP, ImageFormat::TARGA, ImageFormat::GIF,
+                                               ImageFormat::ICO};
     return FORMATS;
 }
 
@@ -86,6 +90,8 @@ Optional<String> writePictureFile(const Io::Path& file, const Image& image, Imag
             failure = String(L"the file cannot be written");
     } catch (const std::bad_alloc&) {
         failure = String(L"there is not enough memory");
+    } catch (const std::exception&) {
+        failure = String(L"the file cannot be written"); // such as a system without random numbers
     }
     if (failure)
         return L"The picture was not saved as \"" + file.nativeStr() + L"\": " + *failure + L".";

@@ -29,3 +29,18 @@ TEST(PictureListTest, move_goesRoundInBothDirections)
     list.move(-7);
     EXPECT_EQ(list.position(), 1u);
 }
+
+TEST(PictureListTest, replaceCurrent_keepsTheOthersAndThePlace)
+{
+    PictureList list({Io::Path(L"a"), Io::Path(L"b"), Io::Path(L"c")});
+    list.move(1);
+    list.replaceCurrent(Io::Path(L"x"));
+    EXPECT_EQ(list.current(), Io::Path(L"x"));
+    list.move(1);
+    EXPECT_EQ(list.current(), Io::Path(L"c"));
+
+    PictureList empty;
+    empty.replaceCurrent(Io::Path(L"x"));
+    EXPECT_EQ(empty.current(), Io::Path(L"x"));
+    EXPECT_EQ(empty.count(), 1u);
+}

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/SaveJob.h"
 
+#include "NolvexLibWx/platform/TaskbarList.h"
 #include "apps/viewer/ImageFile.h"
 #include "support/Events.h"
 #include "support/FloatImage.h"
@@ -8,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 #include <thread>
 
@@ -107,4 +109,36 @@ TEST_F(SaveJobTest, report_mayStartTheNextFileAndDestroyTheJob)
     ASSERT_TRUE(Tests::pumpUntil([&] { return job == nullptr; }));
     EXPECT_EQ(count, 2);
     EXPECT_TRUE(Viewer::readPictureFile(folder.file(L"b.png")).hasValue());
+}
+
+TEST_F(SaveJobTest, progress_beginsUnknownGrowsAndIsGoneAtTheEnd)
+{
+    struct Shell : Platform::TaskbarList
+    {
+        explicit Shell(Array<std::int32_t>& shown) : m_shown(shown) {}
+
+        void setProgressState(WindowHandle, Platform::TaskbarState state) override
+        {
+            if (state != Platform::TaskbarState::NORMAL)
+                m_shown.push_back(-static_cast<std::int32_t>(state));
+        }
+
+        void setProgressValue(WindowHandle, std::int32_t completed, std::int32_t) override
+        {
+            m_shown.push_back(completed);
+        }
+
+        Array<std::int32_t>& m_shown;
+    };
+
+    Array<std::int32_t> shown;
+    job->start(task(L"a.png"), Wx::TaskbarProgress({}, std::make_unique<Shell>(shown)));
+    job->finish();
+    // 0 stands for no progress or none yet, -1 for an unknown length.
+    ASSERT_GT(shown.size(), 4u);
+    EXPECT_EQ(shown[0], 0);
+    EXPECT_EQ(shown[1], -1);
+    EXPECT_EQ(shown.back(), 0);
+    EXPECT_TRUE(std::is_sorted(shown.begin() + 2, shown.end() - 1));
+    EXPECT_EQ(shown[shown.size() - 2], 1000);
 }

@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <initializer_list>
 
 using namespace Nolvex;
 using Tests::coordinates;
@@ -19,6 +20,12 @@ namespace {
 
 struct SeveralPicturesTest : Tests::ViewerFixture
 {
+    static void copyTo(const Tests::TemporaryFolder& folder, std::initializer_list<const wchar_t*> names)
+    {
+        for (const wchar_t* name : names)
+            std::filesystem::copy_file(testPicture(name).native(), folder.file(name).native());
+    }
+
     bool isEnabled(Viewer::Command id) const { return frame->GetMenuBar()->IsEnabled(id); }
 
     wxString shownName() const { return frame->GetTitle().BeforeFirst(L' '); }
@@ -28,9 +35,12 @@ struct SeveralPicturesTest : Tests::ViewerFixture
 
 TEST_F(SeveralPicturesTest, open_showsTheChosenFile)
 {
+    const Tests::TemporaryFolder folder;
+    copyTo(folder, {L"pattern.gif", L"pattern.png"});
     show(coordinates(60, 40));
+    ASSERT_TRUE(frame->openPicture(folder.file(L"pattern.gif"))) << "the dialog opens in its folder";
     {
-        Tests::DialogRobot robot({Tests::FileDialogFixture::enter(testPicture(L"pattern.png"))});
+        Tests::DialogRobot robot({Tests::FileDialogFixture::enter(L"pattern.png")});
         command(Viewer::OPEN);
     }
     EXPECT_EQ(shownName(), L"pattern.png");
@@ -40,10 +50,9 @@ TEST_F(SeveralPicturesTest, open_showsTheChosenFile)
 TEST_F(SeveralPicturesTest, open_showsTheFirstOfSeveralFilesAndLeadsThroughThem)
 {
     const Tests::TemporaryFolder folder;
-    for (const wchar_t* name : {L"pattern.bmp", L"pattern.gif", L"pattern.png"})
-        std::filesystem::copy_file(testPicture(name).native(), folder.file(name).native());
+    copyTo(folder, {L"pattern.bmp", L"pattern.gif", L"pattern.png"});
     show(coordinates(60, 40));
-    ASSERT_TRUE(frame->openPicture(folder.file(L"pattern.gif"))) << "the dialog opens in its folder";
+    ASSERT_TRUE(frame->openPicture(folder.file(L"pattern.gif")));
     {
         Tests::DialogRobot robot({Tests::FileDialogFixture::inDialog([] {
             Tests::selectFiles({L"pattern.bmp", L"pattern.gif", L"pattern.png"});

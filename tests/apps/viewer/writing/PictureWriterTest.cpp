@@ -44,8 +44,10 @@ TEST_F(PictureWriterTest, everyWritableFormat_canBeReadAgain)
             const Expected<Viewer::SharedPicture, String> picture = Viewer::readPictureFile(file);
             ASSERT_TRUE(picture.hasValue()) << picture.error().toUtf8();
             EXPECT_EQ((*picture)->size(), (Pixel{30, 20}));
+            // Icons always say which of their pixels are transparent.
+            const bool hasAlpha = format == ImageFormat::ICO || (alpha && Viewer::writesAlpha(format));
             EXPECT_EQ(Image::getPixelFormatChannelCount((*picture)->image().descriptor().format),
-                      alpha && Viewer::writesAlpha(format) ? 4 : 3)
+                      hasAlpha ? 4 : 3)
                 << file.nativeStr().toUtf8();
         }
     }
