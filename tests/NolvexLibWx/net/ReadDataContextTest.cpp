@@ -54,7 +54,8 @@ TEST(ReadDataContextTest, otherHooks_withoutAnOverride_doNothing)
 TEST(ReadDataContextTest, hooks_areCalledForRawData)
 {
     Tests::ConnectedPair pair;
-    ASSERT_EQ(pair.client.writeRawMemory(BYTES, XmlString(), DataCompression::None, DataType::RawData), SocketResult::Success);
+    ASSERT_EQ(pair.client.writeRawMemory(BYTES, XmlString(), DataCompression::None, DataType::RawData),
+              SocketResult::Success);
     ReceivedData received;
     const NotingContext context;
     ASSERT_EQ(pair.server.readData(received, context), SocketResult::Success);
