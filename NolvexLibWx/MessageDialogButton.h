@@ -28,11 +28,13 @@ public:
     static const MessageDialogButton YES;    ///< the key Y; identifier 16004
     static const MessageDialogButton NO;     ///< the key N; identifier 16005
 
+    // NOLINTBEGIN(readability-identifier-naming): programs know these members by these names
     String m_label;
 
     /// A dialog reads this when it is constructed. A disabled button is visible, but can neither be clicked
     /// nor be reached by its keys.
     bool m_enabled = true;
+    // NOLINTEND(readability-identifier-naming)
 };
 
 } // namespace Nolvex::Wx

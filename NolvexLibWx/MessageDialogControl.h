@@ -37,8 +37,10 @@ public:
     /// Gives the frame a system menu and the icon of MessageDialog::overrideFrameIcon. Identifier 16001.
     static const MessageDialogControl FRAME_ICON;
 
+    // NOLINTBEGIN(readability-identifier-naming): programs know these members by these names
     const std::int32_t m_controlId;
     Stack<int> m_keyCodes;
+    // NOLINTEND(readability-identifier-naming)
 };
 
 } // namespace Nolvex::Wx

@@ -5,6 +5,7 @@
 #include "NolvexLibWx/MessageDialogButton.h"
 
 #include <wx/defs.h>
+#include <wx/toplevel.h>
 
 #include <algorithm>
 

@@ -31,12 +31,9 @@ const MessageDialogButton& overwrite()
 
 const MessageDialogButton& appendDisabled()
 {
-    static const MessageDialogButton& BUTTON = []() -> MessageDialogButton& {
-        static MessageDialogButton button(L"Append", 'A');
-        button.m_enabled = false;
-        return button;
-    }();
-    return BUTTON;
+    static MessageDialogButton button(L"Append", 'A');
+    button.m_enabled = false;
+    return button;
 }
 
 struct Example
