@@ -52,7 +52,7 @@ Stack<Io::Path> askForFiles(WindowHandle owner, const String& title, ArrayView<c
 {
     if (!LibWx::isStarted())
         return {};
-    DialogOwner dialogOwner(owner);
+    DialogOwner dialogOwner(owner); // comes first: GTK must find the active window, which is disabled next
     const GuiDisabler disabler;
     wxFileDialog dialog(dialogOwner.parent(), Wx::toWxString(title),
                         Wx::toWxString(request.folder.nativeStr()), Wx::toWxString(request.fileName),
@@ -92,7 +92,7 @@ Io::Path Wx::dirSelectDlg(WindowHandle owner, const String& title, const Io::Pat
 {
     if (!LibWx::isStarted())
         return {};
-    DialogOwner dialogOwner(owner);
+    DialogOwner dialogOwner(owner); // comes first, as above
     const GuiDisabler disabler;
     wxDirDialog dialog(dialogOwner.parent(), toWxString(title), toWxString(initial.nativeStr()));
     Platform::startInExistingFolder(dialog, initial);

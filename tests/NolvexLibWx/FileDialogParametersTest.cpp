@@ -5,6 +5,8 @@
 #include "NolvexLibWx/NativeWindows.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "support/FrameFixture.h"
+#include "support/NativeDialog.h"
+#include "support/TemporaryFolder.h"
 
 #include <wx/dirdlg.h>
 #include <wx/filedlg.h>
@@ -43,8 +45,18 @@ public:
     wxString wildcard;
     long style = 0;
     wxString name;
+    wxPoint position;
+    wxSize size;
     bool hasWrapper = false;
-    wxFileDialog* fileDialog = nullptr; // null if the dialog is for a folder
+    wxFileDialog* fileDialog = nullptr;     // null if the dialog is for a folder
+    const wxDirDialog* dirDialog = nullptr; // null if the dialog is for files
+
+    // wxWidgets keeps the path on Windows. GTK takes the path over when GTK has found the folder.
+    bool startsIn(const Io::Path& folder) const
+    {
+        const Io::Path shown = Tests::shownFolder({dirDialog->GetHandle()});
+        return (shown.isEmpty() ? Io::Path(Wx::toString(dirDialog->GetPath())) : shown) == folder;
+    }
 
 protected:
     int Enter(wxDialog* dialog) override
@@ -57,6 +69,9 @@ protected:
             noteDirDialog(*folders);
         hasWrapper = dialog->GetParent() != nullptr && dialog->GetParent()->IsTopLevel() &&
                      wxTopLevelWindows.Find(dialog->GetParent()) == nullptr;
+        name = dialog->GetName();
+        position = dialog->GetPosition();
+        size = dialog->GetSize();
         whileShown();
         return answer;
     }
@@ -73,6 +88,7 @@ private:
 
     void noteDirDialog(const wxDirDialog& dialog)
     {
+        dirDialog = &dialog;
         message = dialog.GetMessage();
         style = dialog.GetWindowStyle();
     }
@@ -81,6 +97,14 @@ private:
 struct FileDialogParametersTest : Tests::FrameFixture
 {
     FileDialogParametersTest() { frame->Show(); }
+
+    void expectNamePositionAndSizeOf(const wxDialog& plain) const
+    {
+        EXPECT_FALSE(hook.name.empty());
+        EXPECT_EQ(hook.name, plain.GetName());
+        EXPECT_EQ(hook.position, plain.GetPosition());
+        EXPECT_EQ(hook.size, plain.GetSize());
+    }
 
     AnsweringHook hook;
     WindowHandle owner = Wx::getWindowNativeHandle(frame);
@@ -139,6 +163,36 @@ TEST_F(FileDialogParametersTest, dirSelect_hasTheDefaultStyle)
     EXPECT_EQ(hook.message, "Folder");
     EXPECT_EQ(hook.style, 536877120);
     EXPECT_TRUE(hook.hasWrapper);
+}
+
+TEST_F(FileDialogParametersTest, fileDialogs_haveTheDefaultNamePositionAndSize)
+{
+    const wxFileDialog plain(frame, "", "", "", "", wxFD_OPEN, wxDefaultPosition, wxDefaultSize,
+                             wxFileDialogNameStr);
+    for (const auto& ask :
+         {std::function<void()>([&] { (void)filenameOpenDlg(owner, NO_TITLE, {}, {}); }),
+          std::function<void()>([&] { (void)filenameSaveDlg(owner, NO_TITLE, {}, {}, {}); }),
+          std::function<void()>([&] { (void)multiFilenameOpenDlg(owner, NO_TITLE, {}, {}); })}) {
+        hook.name.clear();
+        ask();
+        expectNamePositionAndSizeOf(plain);
+    }
+}
+
+TEST_F(FileDialogParametersTest, dirSelect_startsInTheInitialFolder)
+{
+    const Tests::TemporaryFolder start;
+    hook.whileShown = [&] { EXPECT_TRUE(Tests::pumpUntil([&] { return hook.startsIn(start.path()); })); };
+    EXPECT_TRUE(dirSelectDlg(owner, L"Folder", start.path()).isEmpty());
+    EXPECT_EQ(hook.count, 1);
+}
+
+TEST_F(FileDialogParametersTest, dirSelect_hasTheDefaultNamePositionAndSize)
+{
+    const wxDirDialog plain(frame, "", "", wxDD_DEFAULT_STYLE, wxDefaultPosition, wxDefaultSize,
+                            wxDirDialogNameStr);
+    (void)dirSelectDlg(owner, NO_TITLE, folder);
+    expectNamePositionAndSizeOf(plain);
 }
 
 TEST_F(FileDialogParametersTest, noFilters_giveWxWidgetsAnEmptyWildcard)

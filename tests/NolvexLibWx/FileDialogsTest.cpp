@@ -22,8 +22,22 @@ using Wx::multiFilenameOpenDlg;
 
 namespace {
 
-using FileDialogsTest = Tests::FileDialogFixture;
 using Tests::DialogRobot;
+
+struct FileDialogsTest : Tests::FileDialogFixture
+{
+    static bool isGtk() { return wxPlatformInfo::Get().GetPortId() == wxPORT_GTK; }
+
+    static Step cancelWhenShown(const Io::Path& folder)
+    {
+        return {
+            "the dialog shows the expected folder",
+            [folder] { return hasFileDialog() && Tests::shownFolder(Tests::activeFileDialog()) == folder; },
+            [] { pressKey(WXK_ESCAPE); }};
+    }
+
+    Io::Path missing = folder.path() / L"none" / L"deeper";
+};
 
 } // namespace
 
@@ -73,6 +87,22 @@ TEST_F(FileDialogsTest, open_inAFolderThatDoesNotExist_letsTheUserChooseElsewher
     const Io::Path a = folder.file(L"a.png", "a");
     DialogRobot robot({enter(a)});
     EXPECT_EQ(filenameOpenDlg(owner, L"Open", filters, folder.path() / L"none" / L"a.png"), a);
+}
+
+TEST_F(FileDialogsTest, openAndSave_inAFolderThatDoesNotExist_startInTheNearestFolderOnGtk)
+{
+    if (!isGtk())
+        GTEST_SKIP() << "Windows opens its usual folder.";
+    for (const Io::Path& initial : {missing / L"", missing / L"a.png"}) {
+        DialogRobot robot({cancelWhenShown(folder.path())});
+        EXPECT_TRUE(filenameOpenDlg(owner, L"Open", filters, initial).isEmpty());
+    }
+    for (const Io::Path& initial : {missing / L"", missing / L"a.png"}) {
+        DialogRobot robot({cancelWhenShown(folder.path())});
+        EXPECT_TRUE(filenameSaveDlg(owner, L"Save", filters, {}, initial).isEmpty());
+    }
+    DialogRobot robot({cancelWhenShown(folder.path())});
+    EXPECT_TRUE(multiFilenameOpenDlg(owner, L"Open", filters, missing).empty());
 }
 
 TEST_F(FileDialogsTest, open_inAFolderWithoutRights_letsTheUserChooseElsewhere)
@@ -179,6 +209,19 @@ TEST_F(FileDialogsTest, save_returnsTheTypedName)
               file);
 }
 
+TEST_F(FileDialogsTest, save_inAFolderWithoutRights_letsTheUserChooseElsewhere)
+{
+    const Io::Path closed = folder.path() / L"closed";
+    const Tests::ClosedFolder guard(closed);
+    if (!guard.isClosed())
+        GTEST_SKIP() << "The rights of folders do not bind this user.";
+    // GTK tells at once that the folder cannot be read.
+    DialogRobot robot({inMessageBox([] { pressKey(WXK_ESCAPE); }), enter(folder.file(L"b.png"))});
+    EXPECT_EQ(filenameSaveDlg(owner, L"Save", filters, FileSelect::OverwritePrompt, closed / L"a.png"),
+              folder.file(L"b.png"));
+    EXPECT_TRUE(isFrameUsable());
+}
+
 TEST_F(FileDialogsTest, save_cancelled_isEmpty)
 {
     DialogRobot robot({press(WXK_ESCAPE)});
@@ -242,7 +285,7 @@ TEST_F(FileDialogsTest, multiOpen_ofAFileAsFolder_canBeCancelled)
 
 TEST_F(FileDialogsTest, multiOpen_ofAFileAsFolder_opensInItsFolderOnGtk)
 {
-    if (wxPlatformInfo::Get().GetPortId() != wxPORT_GTK)
+    if (!isGtk())
         GTEST_SKIP() << "The dialog of Windows takes the path as it is.";
     const Io::Path a = folder.file(L"a.png", "a");
     const Io::Path b = folder.file(L"b.png", "b");
@@ -277,6 +320,14 @@ TEST_F(FileDialogsTest, dirSelect_ofAFolderThatDoesNotExist_letsTheUserChoose)
 {
     DialogRobot robot({enter(folder.path())});
     EXPECT_EQ(dirSelectDlg(owner, L"Folder", folder.path() / L"none"), folder.path());
+}
+
+TEST_F(FileDialogsTest, dirSelect_ofAFolderThatDoesNotExist_startsInTheNearestFolderOnGtk)
+{
+    if (!isGtk())
+        GTEST_SKIP() << "Windows opens its usual folder.";
+    DialogRobot robot({cancelWhenShown(folder.path())});
+    EXPECT_TRUE(dirSelectDlg(owner, L"Folder", missing).isEmpty());
 }
 
 TEST_F(FileDialogsTest, dirSelect_cancelled_isEmpty)

@@ -4,6 +4,7 @@
 #include "NolvexLib/Array.h"
 #include "NolvexLibWx/platform/TaskbarList.h"
 #include "support/NativeTraits.h"
+#include "support/TaskbarCalls.h"
 
 #include <wx/utils.h>
 
@@ -284,18 +285,8 @@ private:
 };
 
 // The system's own task bar. Only the screen, or another program on the session bus, can tell what it shows.
-struct SystemTaskbarTest : testing::Test
-{
-    static void showEverything(TaskbarProgress& progress)
-    {
-        progress.setProgress(0.5f);
-        progress.setProgress(1.5f);
-        progress.setProgress(-1.0f);
-        progress.setIndeterminate();
-        progress.setIdle();
-        progress.setProgress(0.75f);
-    }
-};
+using SystemTaskbarTest = testing::Test;
+using Tests::showEverything;
 
 TEST_F(SystemTaskbarTest, withoutASessionBus_existsOnWindowsOnly)
 {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/NativeWindows.h"
-#include "NolvexLibWx/TaskbarProgress.h"
 #include "support/FrameFixture.h"
+#include "support/TaskbarCalls.h"
 
 #include <thread>
 
@@ -11,17 +11,7 @@ namespace {
 using Wx::TaskbarProgress;
 
 // The task bar of the system, and real windows. What it shows cannot be read back on every system.
-struct TaskbarProgressWindowTest : FrameFixture
-{
-    static void showEverything(TaskbarProgress& progress)
-    {
-        for (const float fraction : {0.0f, 0.5f, 1.0f, 1.5f, -1.0f})
-            progress.setProgress(fraction);
-        progress.setIndeterminate();
-        progress.setIdle();
-        progress.setProgress(0.75f);
-    }
-};
+using TaskbarProgressWindowTest = FrameFixture;
 
 TEST_F(TaskbarProgressWindowTest, ofAShownFrame_canBeChangedByEveryThread)
 {

@@ -22,6 +22,9 @@ String titleOf(WindowHandle dialog);
 /// Returns the descriptions of the file types that the dialog offers.
 Array<String> fileTypesOf(WindowHandle dialog);
 
+/// Returns the folder that a dialog of GTK shows. Dialogs of Windows do not tell, and the path is empty.
+Io::Path shownFolder(WindowHandle dialog);
+
 /// Returns the names that the dialog lists, in the order of the names.
 Array<String> listedFiles(WindowHandle dialog);
 

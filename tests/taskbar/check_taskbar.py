@@ -1,12 +1,14 @@
 # SPDX-License-Identifier: MIT
 """check_taskbar.py PROGRAM: reads the launcher-entry signals that PROGRAM (NolvexTaskbarSteps) sends over the session
 bus, as the docks of desktops do, then runs it where the bus is missing, dead, hanging or dying."""
+import contextlib
 import os
 import signal
 import socket
 import subprocess
 import sys
 import tempfile
+import threading
 import time
 
 import gi
@@ -32,10 +34,12 @@ def check(condition, text):
 class Steps:
     """The program under test, which obeys one line at a time."""
 
-    def __init__(self, program, **environment):
+    def __init__(self, program, name=None, **environment):
+        """The program learns `name` as its own. A name that is not UTF-8 is given as bytes."""
         env = {key: value for key, value in {**os.environ, **environment}.items() if value is not None}
         env["G_DEBUG"] = "fatal-criticals"
-        self.process = subprocess.Popen([program], stdin=subprocess.PIPE, stdout=subprocess.PIPE, env=env, text=True)
+        self.process = subprocess.Popen([name or program], executable=program, stdin=subprocess.PIPE,
+                                        stdout=subprocess.PIPE, env=env, text=True)
         self.longest = 0.0
 
     def do(self, *lines):
@@ -43,14 +47,21 @@ class Steps:
             start = time.monotonic()
             self.process.stdin.write(line + "\n")
             self.process.stdin.flush()
+            watchdog = threading.Timer(MAX_WAIT, self.process.kill)
+            watchdog.start()
             answer = self.process.stdout.readline()
+            watchdog.cancel()
             self.longest = max(self.longest, time.monotonic() - start)
             check(answer == "done\n", f"{line!r} was answered by {answer!r}")
 
     def end(self):
         start = time.monotonic()
         self.process.stdin.close()
-        status = self.process.wait(MAX_WAIT)
+        try:
+            status = self.process.wait(MAX_WAIT)
+        except subprocess.TimeoutExpired:
+            self.process.kill()
+            status = self.process.wait()
         self.process.stdout.close()
         self.longest = max(self.longest, time.monotonic() - start)
         check(status == 0, f"the program ended with status {status}")
@@ -59,15 +70,16 @@ class Steps:
 class Dock:
     """Listens as a dock does."""
 
-    def __init__(self, bus):
+    def __init__(self, bus, name="NolvexTaskbarSteps"):
         self.updates = []
+        self.uri = f"application://{name}.desktop"
         bus.signal_subscribe(None, INTERFACE, "Update", None, None, Gio.DBusSignalFlags.NONE, self.on_update)
 
     def on_update(self, _bus, _sender, path, _interface, _signal, parameters):
         check(parameters.get_type_string() == "(sa{sv})", f"the type is {parameters.get_type_string()}")
         check(path.startswith("/com/canonical/unity/launcherentry/"), f"the path is {path}")
         uri, properties = parameters.unpack()
-        check(uri == "application://NolvexTaskbarSteps.desktop", f"the program is called {uri}")
+        check(uri == self.uri, f"the program is called {uri[:80]}")
         variants = parameters.get_child_value(1)
         types = {key: variants.lookup_value(key, None).get_type_string() for key in properties}
         check(types == {"progress": "d", "progress-visible": "b", "urgent": "b"}, f"the properties are {types}")
@@ -168,16 +180,22 @@ def check_hanging_bus(program, folder):
         check_without_answer(program, "a bus that never answers", DBUS_SESSION_BUS_ADDRESS="unix:path=" + path)
 
 
-def start_bus():
+@contextlib.contextmanager
+def separate_bus():
+    """Yields a bus, its address, and a connection to it."""
     daemon = subprocess.Popen(["dbus-daemon", "--session", "--nofork", "--print-address"], stdout=subprocess.PIPE,
                               text=True)
-    return daemon, daemon.stdout.readline().strip()
+    try:
+        address = daemon.stdout.readline().strip()
+        flags = Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION
+        yield daemon, address, Gio.DBusConnection.new_for_address_sync(address, flags, None, None)
+    finally:
+        daemon.kill()
+        daemon.wait()
+        daemon.stdout.close()
 
 
-def check_broken_bus(program, how):
-    daemon, address = start_bus()
-    flags = Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION
-    bus = Gio.DBusConnection.new_for_address_sync(address, flags, None, None)
+def check_broken_bus(program, how, daemon, address, bus):
     dock = Dock(bus)
     steps = Steps(program, DBUS_SESSION_BUS_ADDRESS=address)
     steps.do("new 1", "progress 1 0.5")
@@ -188,9 +206,28 @@ def check_broken_bus(program, how):
     steps.do("progress 3 1", "delete 3")
     steps.end()
     check(steps.longest < MAX_CALL, f"{how.name}: a call took {steps.longest:.2f} s")
-    daemon.kill()
-    daemon.wait()
-    daemon.stdout.close()
+
+
+def check_full_socket(program, daemon, address, bus):
+    """A stopped bus reads nothing, and the socket has no room for the rest of the update."""
+    # Each update contains the name, in which the program replaces a byte that is not UTF-8 by three bytes.
+    length = 120000
+    check(3 * length > bus.get_stream().get_socket().get_option(socket.SOL_SOCKET, socket.SO_SNDBUF).value,
+          "the socket has room for an update")
+    dock = Dock(bus, "\N{REPLACEMENT CHARACTER}" * length)
+    steps = Steps(program, b"\xff" * length, DBUS_SESSION_BUS_ADDRESS=address)
+    steps.do("new 1", "progress 1 0.5")
+    dock.expect(True, 0.5, "before the bus stops")
+    daemon.send_signal(signal.SIGSTOP)
+    for percent in range(100):
+        steps.do(f"progress 1 {percent / 100}")
+    time.sleep(0.1)
+    steps.do("delete 1", "new 1", "progress 1 0.25", "new 2", "delete 1")
+    daemon.send_signal(signal.SIGCONT)
+    steps.do("progress 2 0.75")
+    dock.expect(True, 0.75, "the bus has read an update in the end")
+    steps.end()
+    check(steps.longest < MAX_CALL, f"a full socket: a call took {steps.longest:.2f} s")
 
 
 def main():
@@ -201,8 +238,11 @@ def main():
     check_without_answer(program, "a wrong address", DBUS_SESSION_BUS_ADDRESS="no address at all")
     with tempfile.TemporaryDirectory() as folder:
         check_hanging_bus(program, folder)
-        check_broken_bus(program, signal.SIGKILL)
-        check_broken_bus(program, signal.SIGSTOP)
+        for how in (signal.SIGKILL, signal.SIGSTOP):
+            with separate_bus() as broken:
+                check_broken_bus(program, how, *broken)
+        with separate_bus() as stopped:
+            check_full_socket(program, *stopped)
         check_missing_bus(program, folder)
         check_user_bus(program, os.environ["DBUS_SESSION_BUS_ADDRESS"], folder)
     sys.exit(1 if failures else 0)

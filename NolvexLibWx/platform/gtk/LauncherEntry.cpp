@@ -75,6 +75,65 @@ GVariant* updateParameters(const std::string& uri, LauncherProgress progress)
     return g_variant_new("(sa{sv})", uri.c_str(), &properties);
 }
 
+/// Puts the update into the queue of the connection, which GIO sends from a thread of its own.
+bool sendUpdate(GDBusConnection* connection, LauncherProgress progress)
+{
+    const std::string uri = applicationUri();
+    const std::string path = "/com/canonical/unity/launcherentry/" + std::to_string(g_str_hash(uri.c_str()));
+    return g_dbus_connection_emit_signal(connection, nullptr, path.c_str(),
+                                         "com.canonical.Unity.LauncherEntry", "Update",
+                                         updateParameters(uri, progress), nullptr) != FALSE;
+}
+
+/// The answers to this thread arrive in an event queue of its own as long as the object lives.
+class OwnContext : private Noncopyable
+{
+public:
+    OwnContext() { g_main_context_push_thread_default(m_context); }
+
+    ~OwnContext()
+    {
+        g_main_context_pop_thread_default(m_context);
+        g_main_context_unref(m_context);
+    }
+
+private:
+    GMainContext* const m_context = g_main_context_new();
+};
+
+struct Answer
+{
+    bool arrived = false;
+    bool successful = false;
+};
+
+void takeAnswer(GObject* connection, GAsyncResult* result, gpointer data) noexcept
+{
+    auto* const answer = static_cast<Answer*>(data);
+    GError* error = nullptr;
+    GVariant* id = g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, &error);
+    answer->arrived = true;
+    // An error that the bus sends is an answer, too.
+    answer->successful = id != nullptr || g_dbus_error_is_remote_error(error) != FALSE;
+    g_clear_pointer(&id, g_variant_unref);
+    g_clear_error(&error);
+}
+
+/// Asks the bus for its id, and returns whether the bus answered, and has thus read all that was sent before.
+/// Flushing the connection would prove less, and GIO cannot cancel the flushing while a bus reads nothing.
+bool isAnswered(GDBusConnection* connection, GCancellable* cancellable)
+{
+    constexpr int NO_TIMEOUT = G_MAXINT;
+    Answer answer;
+    g_dbus_connection_call(connection, "org.freedesktop.DBus", "/org/freedesktop/DBus",
+                           "org.freedesktop.DBus", "GetId", nullptr, nullptr, G_DBUS_CALL_FLAGS_NONE,
+                           NO_TIMEOUT, cancellable, takeAnswer, &answer);
+    // The cancellation arrives like an answer.
+    while (!answer.arrived)
+        g_main_context_iteration(g_main_context_get_thread_default(), TRUE);
+    return answer.successful;
+}
+
 } // namespace
 
 std::shared_ptr<Platform::LauncherEntry> Platform::LauncherEntry::ofProgram()
@@ -149,6 +208,7 @@ void Platform::LauncherEntry::run()
     const std::shared_ptr<GDBusConnection> connection = connectTo(m_address, m_cancellable.get());
     if (!connection)
         return;
+    const OwnContext context;
     sendUpdates(connection.get());
     const std::lock_guard lock(m_mutex);
     m_connected = false;
@@ -168,22 +228,12 @@ void Platform::LauncherEntry::sendUpdates(GDBusConnection* connection)
             continue;
         sent = m_next;
         lock.unlock();
-        const bool successful = send(connection, sent);
+        const bool successful = sendUpdate(connection, sent) && isAnswered(connection, m_cancellable.get());
         lock.lock();
         if (!successful)
             return;
         m_changed.wait_for(lock, SENDING_INTERVAL, [this] { return m_closing; });
     }
-}
-
-bool Platform::LauncherEntry::send(GDBusConnection* connection, LauncherProgress progress) const
-{
-    const std::string uri = applicationUri();
-    const std::string path = "/com/canonical/unity/launcherentry/" + std::to_string(g_str_hash(uri.c_str()));
-    return g_dbus_connection_emit_signal(connection, nullptr, path.c_str(),
-                                         "com.canonical.Unity.LauncherEntry", "Update",
-                                         updateParameters(uri, progress), nullptr) != FALSE &&
-           g_dbus_connection_flush_sync(connection, m_cancellable.get(), nullptr) != FALSE;
 }
 
 } // namespace Nolvex

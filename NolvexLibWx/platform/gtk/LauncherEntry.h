@@ -29,8 +29,9 @@ struct LauncherProgress
 /// The icon shows one progress. If several owners want to show theirs, the most recent change wins; when its
 /// owner shows no progress any more, the icon shows the change before.
 ///
-/// A thread of its own talks to the bus, so that neither the callers nor their event loops matter. Only the
-/// latest progress is sent if callers are faster than the bus.
+/// A thread of its own talks to the bus, so that neither the callers nor their event loops matter. The thread
+/// sends the next progress when the bus has read the last. If callers are faster than the bus, only the
+/// latest progress is sent.
 class LauncherEntry : private Noncopyable
 {
 public:
@@ -40,6 +41,7 @@ public:
 
     /// `address` is the address of the session bus.
     explicit LauncherEntry(std::string address);
+    /// Gives up after a moment if the bus does not read the last progress.
     ~LauncherEntry();
 
     void show(const void* owner, LauncherProgress progress);
@@ -57,7 +59,6 @@ private:
     void update();
     void run();
     void sendUpdates(GDBusConnection* connection);
-    bool send(GDBusConnection* connection, LauncherProgress progress) const;
 
     const std::string m_address;
     const std::shared_ptr<GCancellable> m_cancellable;

@@ -11,7 +11,8 @@ namespace Nolvex {
 
 namespace {
 
-void onDestroy(GtkWidget* /*widget*/, gpointer callback)
+// GTK is written in C, so that an exception must not get as far as its frames.
+void onDestroy(GtkWidget* /*widget*/, gpointer callback) noexcept
 {
     (*static_cast<Function<void()>*>(callback))();
 }

@@ -8,6 +8,7 @@
 #include <gtk/gtk.h>
 
 #include <algorithm>
+#include <filesystem>
 
 namespace Nolvex {
 
@@ -93,6 +94,14 @@ Array<String> Tests::fileTypesOf(WindowHandle dialog)
         types.push_back(String::fromUtf8(gtk_file_filter_get_name(GTK_FILE_FILTER(filter->data))));
     g_slist_free(filters);
     return types;
+}
+
+Io::Path Tests::shownFolder(WindowHandle dialog)
+{
+    char* const folder = gtk_file_chooser_get_current_folder(GTK_FILE_CHOOSER(dialog.native));
+    const Io::Path path(std::filesystem::path(folder == nullptr ? "" : folder));
+    g_free(folder);
+    return path;
 }
 
 Array<String> Tests::listedFiles(WindowHandle dialog)

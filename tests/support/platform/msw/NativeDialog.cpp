@@ -116,6 +116,11 @@ Array<String> Tests::fileTypesOf(WindowHandle dialog)
     return types;
 }
 
+Io::Path Tests::shownFolder(WindowHandle /*dialog*/)
+{
+    return {};
+}
+
 Array<String> Tests::listedFiles(WindowHandle dialog)
 {
     Array<String> names;
