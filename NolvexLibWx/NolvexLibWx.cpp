@@ -29,6 +29,13 @@ class NolvexApp : public wxApp
 {
 public:
     ~NolvexApp() override = default;
+
+    // The main loop cannot return while a dialog for another thread is on the screen.
+    void ExitMainLoop() override
+    {
+        NativeMessageDialog::cancelShown();
+        wxApp::ExitMainLoop();
+    }
 };
 
 // wxWidgets does its idle processing in its own event loop. In a host that pumps the window messages itself,
@@ -234,6 +241,7 @@ int LibWx::runEventLoop()
 
 void LibWx::stopEventLoop()
 {
+    NativeMessageDialog::cancelShown();
     wxAppConsoleBase::GetInstance()->ExitMainLoop();
 }
 
