@@ -34,7 +34,7 @@ public:
     explicit DialogParentWrapper(WindowHandle window);
     ~DialogParentWrapper() override;
 
-    /// Returns true: wxWidgets looks for the top-level window of a parent, and this is it.
+    /// Returns true: wxWidgets looks for the top-level window of a parent, and the wrapper stands for one.
     bool IsTopLevel() const override { return true; }
 
 private:

@@ -2,9 +2,9 @@
 #include "NolvexLibWx/FileDialogs.h"
 
 #include "NolvexLib/GuiDisabler.h"
-#include "NolvexLibWx/NolvexLibWx.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/detail/DialogOwner.h"
+#include "NolvexLibWx/detail/ModalDialogs.h"
 #include "NolvexLibWx/platform/FileChooser.h"
 
 #include <wx/dirdlg.h>
@@ -50,7 +50,7 @@ FileRequest requestForOne(const Io::Path& initial, long style)
 Stack<Io::Path> askForFiles(WindowHandle owner, const String& title, ArrayView<const Io::FileFilter> filters,
                             const FileRequest& request)
 {
-    if (!LibWx::isStarted())
+    if (!ModalDialogs::arePossible())
         return {};
     DialogOwner dialogOwner(owner); // comes first: GTK must find the active window, which is disabled next
     const GuiDisabler disabler;
@@ -90,7 +90,7 @@ Stack<Io::Path> Wx::multiFilenameOpenDlg(WindowHandle owner, const String& title
 
 Io::Path Wx::dirSelectDlg(WindowHandle owner, const String& title, const Io::Path& initial)
 {
-    if (!LibWx::isStarted())
+    if (!ModalDialogs::arePossible())
         return {};
     DialogOwner dialogOwner(owner); // comes first, as above
     const GuiDisabler disabler;

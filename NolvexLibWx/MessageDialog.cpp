@@ -9,6 +9,8 @@
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/WindowIcon.h"
 #include "NolvexLibWx/detail/MessageCut.h"
+#include "NolvexLibWx/detail/ModalDialogs.h"
+#include "NolvexLibWx/detail/ModalEnd.h"
 #include "NolvexLibWx/detail/NativeMessageDialog.h"
 #include "NolvexLibWx/platform/OwnedDialog.h"
 #include "NolvexLibWx/resources/MessageIcons.h"
@@ -23,6 +25,7 @@
 #include <wx/sizer.h>
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 namespace Nolvex {
@@ -135,6 +138,7 @@ Bucket regionAround(wxDialog& dialog)
 
 Wx::MessageDialog::MessageDialog(WindowHandle owner, const String& title, const String& message,
                                  MessageDialogIcon icon, Controls controls)
+    : m_ending(std::make_unique<ModalEnd>(*this))
 {
     create(owner, title, message, icon, {controls.begin(), controls.end()});
 }
@@ -250,18 +254,16 @@ void Wx::MessageDialog::fitAndPlace()
 
 void Wx::MessageDialog::EndModal(int controlId)
 {
-    m_wasModal = true;
     wxDialog::EndModal(controlId);
 }
 
-// Another cause may come while the modal loop is still being left. Such a dialog is hidden and must neither
-// change its result nor be destroyed, since the caller owns the dialog.
+// Another cause may come while the modal loop is still being left. The dialog must then neither change its
+// result nor be destroyed, since the caller of ShowModal owns the dialog.
 void Wx::MessageDialog::end(int controlId)
 {
-    if (m_wasModal && !IsShown())
-        return;
-    if (IsModal()) {
-        EndModal(controlId);
+    if (ModalDialogs::isOpen(*this)) {
+        if (IsModal())
+            m_ending->end(controlId);
     } else {
         SetReturnCode(controlId);
         Destroy();
@@ -302,6 +304,8 @@ int Wx::Detail::showMessageDialogImpl(WindowHandle owner, const String& title, c
 {
     Stack<const MessageDialogControl*> listed(controls.begin(), controls.end());
     listed.push_back(&MessageDialogControl::FRAME_ICON);
+    if (!ModalDialogs::arePossible())
+        return MessageDialogControl::FRAME_CLOSE.m_controlId;
     if (!isMainThread())
         return NativeMessageDialog::show(owner, title, withoutTabs(message), icon, listed);
     MessageDialog dialog(owner, title, message, icon, listed);

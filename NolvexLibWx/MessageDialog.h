@@ -11,6 +11,12 @@
 
 #include <wx/dialog.h>
 
+#include <memory>
+
+namespace Nolvex {
+class ModalEnd;
+} // namespace Nolvex
+
 namespace Nolvex::Wx {
 
 class AutoSizedButton;
@@ -52,13 +58,14 @@ private:
     StaticText* m_text = nullptr;
     StaticBitmap* m_icon = nullptr; // null if there is no icon
     Stack<AutoSizedButton*> m_buttons;
-    bool m_wasModal = false;
+    std::unique_ptr<ModalEnd> m_ending;
 };
 
 // The functions below return when the user has answered. They may be called on any thread. On a thread other
 // than the main thread they show the native message dialog of the system, which knows only the predefined
 // controls and no icon SUCCESS (StopException). On GTK the main thread shows that dialog; if the main thread
-// leaves its event loop before, the functions return as if the frame had been closed.
+// leaves its event loop before, the functions return as if the frame had been closed. So they do at once
+// while the library is not started.
 
 /// Shows a message with the button "OK". Returns true for the button, and false if the frame was closed.
 NOLVEXLIBWX_EXPORT bool showOkDialog(WindowHandle owner, const String& title, const String& message,

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-// <windows.h> makes ERROR a macro. It is included here, so that no later include can bring the macro back.
+// <windows.h> makes ERROR a macro. This header includes <windows.h> first, so that no later include can bring
+// the macro back.
 #ifdef _WIN32
 #include <wx/msw/wrapwin.h>
 #undef ERROR

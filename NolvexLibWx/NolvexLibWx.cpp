@@ -3,7 +3,9 @@
 
 #include "NolvexLib/Exception.h"
 #include "NolvexLib/Lib.h"
+#include "NolvexLib/Noncopyable.h"
 #include "NolvexLib/StopException.h"
+#include "NolvexLibWx/detail/ModalDialogs.h"
 #include "NolvexLibWx/detail/NativeMessageDialog.h"
 #include "NolvexLibWx/detail/WindowDisabling.h"
 #include "NolvexLibWx/platform/ToolkitModule.h"
@@ -13,7 +15,6 @@
 #include <wx/image.h>
 #include <wx/init.h>
 #include <wx/log.h>
-#include <wx/scopeguard.h>
 #include <wx/socket.h>
 #include <wx/timer.h>
 
@@ -28,6 +29,13 @@ class NolvexApp : public wxApp
 {
 public:
     ~NolvexApp() override = default;
+
+    // The main loop cannot return while a dialog for another thread is on the screen.
+    void ExitMainLoop() override
+    {
+        NativeMessageDialog::cancelShown();
+        wxApp::ExitMainLoop();
+    }
 };
 
 // wxWidgets does its idle processing in its own event loop. In a host that pumps the window messages itself,
@@ -118,10 +126,12 @@ bool isApplicationType(LibWx::ApplicationType type)
 void initialiseApplication(LibWx::ApplicationType type)
 {
     WindowDisabling::install();
+    ModalDialogs::install();
     try {
         if (type != LibWx::ApplicationType::HOST_INITIALISED)
             wxAppConsoleBase::GetInstance()->CallOnInit();
     } catch (...) {
+        ModalDialogs::uninstall();
         WindowDisabling::uninstall();
         throw;
     }
@@ -139,6 +149,26 @@ void refuseDialogCalls()
 {
     NativeMessageDialog::mainThreadCalls().close();
 }
+
+// Accepts the calls while a main loop runs. The end of an inner loop leaves them to the outer loop.
+class DialogCallsOfLoop : private Noncopyable
+{
+public:
+    DialogCallsOfLoop()
+    {
+        acceptDialogCalls();
+        ++s_loops;
+    }
+
+    ~DialogCallsOfLoop()
+    {
+        if (--s_loops == 0)
+            refuseDialogCalls();
+    }
+
+private:
+    static inline int s_loops = 0;
+};
 
 void startFirst(LibWx::ApplicationType type)
 {
@@ -173,6 +203,7 @@ void stopLast()
     app->ExitMainLoop();
 
     wxSocketBase::Shutdown();
+    ModalDialogs::uninstall();
     wxUninitialize();
     WindowDisabling::uninstall();
     Lib::shutdown();
@@ -204,13 +235,13 @@ bool LibWx::isStarted()
 
 int LibWx::runEventLoop()
 {
-    acceptDialogCalls();
-    const wxScopeGuard refuse = wxMakeGuard(refuseDialogCalls);
+    const DialogCallsOfLoop calls;
     return wxAppConsoleBase::GetInstance()->OnRun();
 }
 
 void LibWx::stopEventLoop()
 {
+    NativeMessageDialog::cancelShown();
     wxAppConsoleBase::GetInstance()->ExitMainLoop();
 }
 

@@ -44,10 +44,10 @@ NOLVEXLIBWX_EXPORT bool isStarted();
 // between `startup` and the last `shutdown`.
 
 /// Runs wxWidgets' main loop until `stopEventLoop` is called, and returns its exit code. Threads that wait
-/// for the main thread to show a message dialog are released when the loop ends.
+/// for the main thread to show a message dialog are released when the outermost loop ends.
 NOLVEXLIBWX_EXPORT int runEventLoop();
 
-/// Ends `runEventLoop`.
+/// Ends `runEventLoop`, and before it the message dialog that the main thread shows for another thread.
 NOLVEXLIBWX_EXPORT void stopEventLoop();
 
 /// Processes wxWidgets' pending events, which CallAfter and QueueEvent have queued.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "NolvexLib/Function.h"
 #include "NolvexLib/Noncopyable.h"
 #include "NolvexLibWx/DialogParentWrapper.h"
 
@@ -21,9 +22,17 @@ public:
     /// Shows the dialog and returns its result, which is wxID_CANCEL if the owner is destroyed meanwhile.
     int showModal(wxDialog& dialog);
 
+    /// Cancels the dialog that is shown at present. Called on the thread that shows the dialog.
+    void cancel();
+
+    /// True if the program has ended the dialog, by cancel() or by destroying the owner.
+    bool isCancelled() const { return m_cancelled; }
+
 private:
     WindowHandle m_owner;
     Wx::DialogParentWrapper m_wrapper;
+    Function<void()> m_cancel; // empty unless a dialog is shown
+    bool m_cancelled = false;
 };
 
 } // namespace Nolvex

@@ -17,6 +17,16 @@ namespace {
 
 const wchar_t* const ELLIPSIS = L"\u2026";
 
+bool isFirstHalf(wchar_t unit)
+{
+    return unit >= 0xD800 && unit <= 0xDBFF;
+}
+
+bool isSecondHalf(wchar_t unit)
+{
+    return unit >= 0xDC00 && unit <= 0xDFFF;
+}
+
 /// The room for a message, in lines and in the narrowest characters of a line.
 struct Room
 {
@@ -35,7 +45,7 @@ std::size_t visibleEnd(const std::wstring& message, const Room& room)
             --lines;
         }
         if (lines == 0)
-            return i;
+            return MessageCut::cutLength(message, i);
     }
     return message.size();
 }
@@ -50,12 +60,20 @@ std::size_t fittingLength(const wxDC& dc, const wxString& word, int width)
     return static_cast<std::size_t>(std::max<std::ptrdiff_t>(fitting, 1));
 }
 
+// The length of the first character of a word.
+std::size_t firstCharacter(const std::wstring& word)
+{
+    return MessageCut::cutLength(word, 1) == 1 ? 1 : 2;
+}
+
 std::wstring broken(const wxDC& dc, std::wstring word, int width, const Room& room)
 {
     std::wstring lines;
     for (;;) {
         const std::wstring start = word.substr(0, static_cast<std::size_t>(room.lineLength));
-        const std::size_t length = fittingLength(dc, start, width);
+        const std::size_t fitting = MessageCut::cutLength(word, fittingLength(dc, start, width));
+        // At least one character makes progress.
+        const std::size_t length = std::max(fitting, firstCharacter(word));
         if (length == word.size())
             return lines + word;
         lines += word.substr(0, length) + L'\n';
@@ -82,6 +100,12 @@ std::wstring withBrokenWords(const wxDC& dc, const std::wstring& message, int wi
 
 } // namespace
 
+std::size_t MessageCut::cutLength(const std::wstring& text, std::size_t length)
+{
+    const bool isInside = length > 0 && length < text.size();
+    return isInside && isFirstHalf(text[length - 1]) && isSecondHalf(text[length]) ? length - 1 : length;
+}
+
 String MessageCut::prepared(const String& message, Wx::StaticText& text, int width, int height)
 {
     wxClientDC dc(&text);
@@ -98,11 +122,11 @@ void MessageCut::byHeight(Wx::StaticText& text, int excess)
 {
     wxArrayString lines = wxSplit(text.GetLabel(), L'\n', L'\0');
     const int count = static_cast<int>(lines.size());
+    if (count < 2)
+        return;
     const int lineHeight = std::max(text.GetBestSize().y / count, 1);
     // The line of the ellipsis needs room, too.
     const int removed = (std::max(excess, 0) + lineHeight - 1) / lineHeight + 1;
-    if (count < 2)
-        return;
     lines.resize(static_cast<std::size_t>(std::max(count - removed, 1)));
     text.SetLabel(wxJoin(lines, L'\n', L'\0') + L"\n" + ELLIPSIS);
 }

@@ -3,6 +3,9 @@
 
 #include "NolvexLib/String.h"
 
+#include <cstddef>
+#include <string>
+
 namespace Nolvex::Wx {
 class StaticText;
 }
@@ -16,8 +19,13 @@ namespace Nolvex::MessageCut {
 /// neither such a word nor the rest of its line.
 String prepared(const String& message, Wx::StaticText& text, int width, int height);
 
+/// Returns where a text can be cut off at this length at most, without halving a character: Windows stores
+/// some characters as two.
+std::size_t cutLength(const std::wstring& text, std::size_t length);
+
 /// Takes lines away from the end of a wrapped text, and ends the text with an ellipsis, until the text is at
-/// least `excess` pixels lower. At least the first line stays.
+/// at least `excess` pixels lower. At least the first line stays. A text of one line and an empty text stay
+/// as they are.
 void byHeight(Wx::StaticText& text, int excess);
 
 } // namespace Nolvex::MessageCut

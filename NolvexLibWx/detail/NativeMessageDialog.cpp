@@ -2,12 +2,15 @@
 #include "NolvexLibWx/detail/NativeMessageDialog.h"
 
 #include "NolvexLib/GuiDisabler.h"
-#include "NolvexLibWx/DialogParentWrapper.h"
+#include "NolvexLib/MainThread.h"
 #include "NolvexLibWx/StringConversions.h"
+#include "NolvexLibWx/detail/DialogOwner.h"
+#include "NolvexLibWx/detail/MessageCut.h"
 #include "NolvexLibWx/detail/NativeDialogMapping.h"
 #include "NolvexLibWx/platform/DialogThread.h"
 
 #include <wx/msgdlg.h>
+#include <wx/scopeguard.h>
 
 #include <cstddef>
 #include <optional>
@@ -22,21 +25,31 @@ using Controls = ArrayView<const Wx::MessageDialogControl* const>;
 String shortened(const String& message)
 {
     constexpr std::size_t MAX_LENGTH = 10'000;
-    return message.length() <= MAX_LENGTH ? message : message.getSubstr(0, MAX_LENGTH) + L"\u2026";
+    if (message.length() <= MAX_LENGTH)
+        return message;
+    return message.getSubstr(0, MessageCut::cutLength(message.wstr(), MAX_LENGTH)) + L"\u2026";
 }
 
+// The dialog that the main thread shows, or null.
+DialogOwner* g_shownOnMainThread = nullptr;
+
+// Returns the result of the dialog, or wxID_NONE if the program has ended the dialog.
 int showModal(WindowHandle owner, const String& title, const String& message, long style)
 {
     std::optional<GuiDisabler> disabler;
-    std::optional<Wx::DialogParentWrapper> parent;
-    if (owner) {
+    if (owner)
         disabler.emplace();
-        parent.emplace(owner);
-    }
-    // A wrapper has no window if the owner does not exist.
-    wxWindow* const usable = parent && parent->GetHandle() != nullptr ? &*parent : nullptr;
-    wxMessageDialog dialog(usable, Wx::toWxString(shortened(message)), Wx::toWxString(title), style);
-    return dialog.ShowModal();
+    DialogOwner dialogOwner(owner);
+    wxMessageDialog dialog(owner ? dialogOwner.parent() : nullptr, Wx::toWxString(shortened(message)),
+                           Wx::toWxString(title), style);
+    if (isMainThread())
+        g_shownOnMainThread = &dialogOwner;
+    const wxScopeGuard forget = wxMakeGuard([] {
+        if (isMainThread())
+            g_shownOnMainThread = nullptr;
+    });
+    const int result = dialogOwner.showModal(dialog);
+    return dialogOwner.isCancelled() ? wxID_NONE : result;
 }
 
 } // namespace
@@ -48,7 +61,14 @@ int NativeMessageDialog::show(WindowHandle owner, const String& title, const Str
     int result = wxID_NONE;
     const bool shown = Platform::showOffMainThread(
         mainThreadCalls(), [&] { result = showModal(owner, title, message, chosenStyle); });
-    return shown ? NativeDialogMapping::controlId(result) : Wx::MessageDialogControl::FRAME_CLOSE.m_controlId;
+    return shown && result != wxID_NONE ? NativeDialogMapping::controlId(result)
+                                        : Wx::MessageDialogControl::FRAME_CLOSE.m_controlId;
+}
+
+void NativeMessageDialog::cancelShown()
+{
+    if (g_shownOnMainThread != nullptr)
+        g_shownOnMainThread->cancel();
 }
 
 WaitingCalls& NativeMessageDialog::mainThreadCalls()

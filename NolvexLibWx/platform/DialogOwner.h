@@ -5,6 +5,7 @@
 
 #include <wx/defs.h>
 
+class WXDLLIMPEXP_FWD_CORE wxDialog;
 class WXDLLIMPEXP_FWD_CORE wxWindow;
 
 namespace Nolvex::Platform {
@@ -18,8 +19,12 @@ WindowHandle dialogOwner(WindowHandle owner);
 bool isPossibleParent(const wxWindow& wrapper);
 
 /// Cancels the dialogs of GTK that `dialog` owns, such as its question whether to overwrite a file. Returns
-/// true if windows that `dialog` owns were on the screen. Windows destroys such windows together with the
-/// owner of `dialog`.
+/// true if such dialogs were on the screen. Windows destroys such windows together with the owner of
+/// `dialog`.
 bool cancelOwnedDialogs(const wxWindow& dialog);
+
+/// Answers a modal dialog as if the user had closed the frame. The dialog may refuse. Does nothing if the
+/// dialog is not on the screen or, on Windows, is a dialog of the system.
+void cancelDialog(wxDialog& dialog);
 
 } // namespace Nolvex::Platform

@@ -6,6 +6,8 @@
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/FontSetup.h"
 #include "NolvexLibWx/NativeWindows.h"
+#include "NolvexLibWx/detail/ModalDialogs.h"
+#include "NolvexLibWx/detail/ModalEnd.h"
 #include "NolvexLibWx/widgets/ApplySkinRecursive.h"
 #include "NolvexLibWx/widgets/Button.h"
 #include "NolvexLibWx/widgets/CheckBox.h"
@@ -112,6 +114,8 @@ Wx::ImageSaveSettingsDialog::requestSettingsFromUser(wxWindow* parent, const Ima
     const Choices choices = choicesOf(format);
     if (choices.colorFormats.isEmpty() && !choices.alpha)
         return ImageSaveSettings{ColorFormat::DEFAULT, true};
+    if (!ModalDialogs::arePossible())
+        return std::nullopt;
     const ImageSaveSettings initial = initialSettings(format, defaults);
 
     Optional<ImageSaveSettings> chosen;
@@ -128,7 +132,8 @@ Wx::ImageSaveSettingsDialog::requestSettingsFromUser(wxWindow* parent, const Ima
 
 Wx::ImageSaveSettingsDialog::ImageSaveSettingsDialog(wxWindow* parent, const Choices& choices,
                                                      const ImageSaveSettings& initial)
-    : wxDialog(parent, wxID_ANY, L"Save Options", wxDefaultPosition, wxDefaultSize, STYLE)
+    : wxDialog(parent, wxID_ANY, L"Save Options", wxDefaultPosition, wxDefaultSize, STYLE),
+      m_ending(std::make_unique<ModalEnd>(*this))
 {
     // The controls of wxWidgets inherit the font.
     SetFont(setDefaultFontSize(GetFont(), getFontScale()));
@@ -155,6 +160,8 @@ Wx::ImageSaveSettingsDialog::ImageSaveSettingsDialog(wxWindow* parent, const Cho
     margin->Fit(this);
     setFirstFocus();
 }
+
+Wx::ImageSaveSettingsDialog::~ImageSaveSettingsDialog() = default;
 
 void Wx::ImageSaveSettingsDialog::addColorFormats(wxSizer& rows, Flags<ColorFormat> allowed,
                                                   ColorFormat initial)
@@ -231,7 +238,7 @@ void Wx::ImageSaveSettingsDialog::setFirstFocus()
 void Wx::ImageSaveSettingsDialog::end(int result)
 {
     if (IsModal())
-        EndModal(result);
+        m_ending->end(result);
 }
 
 void Wx::ImageSaveSettingsDialog::onButton(wxEvent& event)

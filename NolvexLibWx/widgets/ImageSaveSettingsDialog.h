@@ -13,10 +13,15 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <utility>
 
 class WXDLLIMPEXP_FWD_CORE wxRadioButton;
 class WXDLLIMPEXP_FWD_CORE wxSizer;
+
+namespace Nolvex {
+class ModalEnd;
+} // namespace Nolvex
 
 namespace Nolvex::Wx {
 
@@ -41,9 +46,10 @@ public:
     };
 
     /// Shows the dialog and returns the user's choice, or nullopt if the user cancels or the parent is
-    /// destroyed meanwhile. A format that leaves no choice gets no dialog and the settings DEFAULT with
-    /// alpha. Both pointers may be null. The `defaults` must outlive the dialog, and are not asked if there
-    /// is no dialog; an exception of theirs leaves this function when the dialog is closed.
+    /// destroyed meanwhile. Returns nullopt, too, if a dialog is needed and the library is not started. A
+    /// format that leaves no choice gets no dialog and the settings DEFAULT with alpha. Both pointers may be
+    /// null. The `defaults` must outlive the dialog, and are not asked if there is no dialog; an exception of
+    /// theirs leaves this function when the dialog is closed.
     static Optional<ImageSaveSettings> requestSettingsFromUser(wxWindow* parent, ImageFormat format,
                                                                IDefaultsProvider* defaults);
 
@@ -51,6 +57,8 @@ public:
     static Optional<ImageSaveSettings> requestSettingsFromUser(wxWindow* parent,
                                                                const ImageFormatDescriptor& format,
                                                                IDefaultsProvider* defaults);
+
+    ~ImageSaveSettingsDialog() override;
 
     /// Cancels. The function that requests the settings destroys the dialog afterwards.
     bool Destroy() override;
@@ -86,6 +94,7 @@ private:
 
     Stack<std::pair<ColorFormat, wxRadioButton*>> m_colorFormats;
     CheckBox* m_alpha = nullptr; // null if alpha is no choice
+    std::unique_ptr<ModalEnd> m_ending;
 };
 
 } // namespace Nolvex::Wx

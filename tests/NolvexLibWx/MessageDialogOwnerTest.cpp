@@ -168,6 +168,73 @@ TEST_F(MessageDialogOwnerTest, ownerOfAModelessDialogDestroyed_destroysTheDialog
     EXPECT_TRUE(Tests::pumpUntil([&] { return !dialog; }));
 }
 
+TEST_F(MessageDialogOwnerTest, ownerDestroyedBeneathTwoDialogs_closesBoth)
+{
+    showFrame();
+    Tests::NativeTestWindow host;
+    int inner = 0;
+    {
+        const MessageDialogDriver driver([&](MessageDialog& outer) {
+            const MessageDialogDriver innerDriver([&](MessageDialog&) { host.destroy(); });
+            inner = ask(Wx::getWindowNativeHandle(&outer));
+        });
+        EXPECT_EQ(ask(host.handle()), CLOSED);
+    }
+    EXPECT_EQ(inner, CLOSED);
+    expectUsable();
+}
+
+TEST_F(MessageDialogOwnerTest, ownerDestroyedBeneathAnotherProgramsDialog_closesBoth)
+{
+    showFrame();
+    Tests::NativeTestWindow host;
+    int inner = 0;
+    {
+        const MessageDialogDriver driver([&](MessageDialog& outer) {
+            wxDialog dialog(&outer, wxID_ANY, "of the program");
+            dialog.CallAfter([&] { host.destroy(); });
+            inner = dialog.ShowModal();
+        });
+        EXPECT_EQ(ask(host.handle()), CLOSED);
+    }
+    EXPECT_EQ(inner, wxID_CANCEL);
+    expectUsable();
+}
+
+TEST_F(MessageDialogOwnerTest, ownerDestroyedBeneathADialogOfAnotherOwner_waitsForTheAnswer)
+{
+    showFrame();
+    Tests::NativeTestWindow host;
+    int inner = 0;
+    {
+        const MessageDialogDriver driver([&](MessageDialog&) {
+            const MessageDialogDriver innerDriver([&](MessageDialog& dialog) {
+                host.destroy();
+                Tests::pumpEvents(300);
+                answerYes(dialog);
+            });
+            inner = ask(owner());
+        });
+        EXPECT_EQ(ask(host.handle()), CLOSED);
+    }
+    EXPECT_EQ(inner, YES);
+    expectUsable();
+}
+
+TEST_F(MessageDialogOwnerTest, dialogClosedAfterItsModalTime_destroysItself)
+{
+    showFrame();
+    const wxWeakRef<MessageDialog> dialog(
+        new MessageDialog(owner(), L"Title", L"Message", MessageDialogIcon::NONE, {}));
+    {
+        const MessageDialogDriver driver([](MessageDialog& shown) { shown.Close(); });
+        EXPECT_EQ(dialog->ShowModal(), CLOSED);
+    }
+    ASSERT_TRUE(dialog);
+    dialog->Close();
+    EXPECT_TRUE(Tests::pumpUntil([&] { return !dialog; }));
+}
+
 TEST_F(MessageDialogOwnerTest, ownerThatIsGone_isNoOwner)
 {
     showFrame();

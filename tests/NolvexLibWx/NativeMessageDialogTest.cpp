@@ -5,20 +5,30 @@
 #include "NolvexLib/StopException.h"
 #include "NolvexLibWx/NativeWindows.h"
 #include "NolvexLibWx/detail/NativeDialogMapping.h"
+#include "support/DialogRobot.h"
 #include "support/FrameFixture.h"
+#include "support/NativeDialog.h"
+#include "support/NativeTestWindow.h"
 
 #include <wx/modalhook.h>
 #include <wx/msgdlg.h>
 #include <wx/textctrl.h>
+#include <wx/timer.h>
+#include <wx/uiaction.h>
 
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <chrono>
 #include <functional>
+#include <memory>
 #include <string>
 #include <thread>
+#include <utility>
+#include <vector>
 
 using namespace Nolvex;
+using Tests::DialogRobot;
 using Wx::MessageDialogButton;
 using Wx::MessageDialogControl;
 using Wx::MessageDialogIcon;
@@ -61,16 +71,39 @@ struct NativeMessageDialogTest : Tests::FrameFixture
 {
     NativeMessageDialogTest() { showFrame(); }
 
-    /// Runs the function on another thread, while this thread processes events until the function returns.
-    static void runOnThread(const std::function<void()>& function)
+    /// Runs the function on another thread, while this thread processes events until the function returns. A
+    /// robot goes through the steps meanwhile, and ends the dialogs of a function that does not return.
+    static void runOnThread(const std::function<void()>& function, std::vector<DialogRobot::Step> steps = {})
     {
+        constexpr int LIMIT = 60'000; // milliseconds; the robot gives up before
+        const DialogRobot robot(std::move(steps));
         std::atomic<bool> ended = false;
         std::thread thread([&] {
             function();
             ended = true;
         });
-        EXPECT_TRUE(Tests::pumpUntil([&] { return ended.load(); }, 20'000));
+        EXPECT_TRUE(Tests::pumpUntil([&] { return ended.load(); }, LIMIT));
         thread.join();
+    }
+
+    /// Runs `action` as soon as the dialog takes the keys.
+    static DialogRobot::Step inDialog(std::function<void()> action)
+    {
+        return {"a native dialog has the focus",
+                [] { return static_cast<bool>(Tests::activeNativeDialog()); }, std::move(action)};
+    }
+
+    static DialogRobot::Step pressEscape()
+    {
+        return inDialog([] { wxUIActionSimulator().Char(WXK_ESCAPE); });
+    }
+
+    /// Shows a dialog that the system puts on the screen.
+    static int showReal(WindowHandle owner, const Controls& controls, std::vector<DialogRobot::Step> steps)
+    {
+        int result = 0;
+        runOnThread([&] { result = show(owner, MessageDialogIcon::QUESTION, controls); }, std::move(steps));
+        return result;
     }
 
     int showOnThread(MessageDialogIcon icon, const Controls& controls, WindowHandle owner = {}) const
@@ -231,19 +264,75 @@ TEST_F(NativeMessageDialogTest, messageOfAMegabyte_isCutOff)
     });
 }
 
+// Windows stores the last character as two.
+TEST_F(NativeMessageDialogTest, messageThatIsCutOff_hasNoHalfCharacter)
+{
+    const std::wstring emoji = L"\U0001F600";
+    const Answers answers([&](wxMessageDialog& dialog) {
+        const std::wstring last = emoji.size() == 1 ? emoji : L"";
+        EXPECT_EQ(dialog.GetMessage(), std::wstring(9'999, L'x') + last + L'\u2026');
+        return wxID_OK;
+    });
+    runOnThread([&] {
+        EXPECT_TRUE(Wx::showOkDialog({}, L"Title", std::wstring(9'999, L'x') + emoji + L"yy",
+                                     MessageDialogIcon::INFO));
+    });
+}
+
 TEST_F(NativeMessageDialogTest, realDialog_isAnsweredByTheUser)
 {
-    std::atomic<int> result = 0;
-    std::thread thread(
-        [&] { result = show(Wx::getWindowNativeHandle(frame), MessageDialogIcon::QUESTION, OK_CANCEL); });
-    // Escape is typed until the dialog is on the screen, and the frame ignores Escape.
-    wxTimer typist;
-    wxEvtHandler handler;
-    typist.SetOwner(&handler);
-    handler.Bind(wxEVT_TIMER, [](wxTimerEvent&) { wxUIActionSimulator().Char(WXK_ESCAPE); });
-    typist.Start(300);
-    EXPECT_TRUE(Tests::pumpUntil([&] { return result != 0; }, 20'000));
-    thread.join();
-    EXPECT_EQ(result, 16003);
+    EXPECT_EQ(showReal(Wx::getWindowNativeHandle(frame), OK_CANCEL, {pressEscape()}), 16003);
     EXPECT_TRUE(frame->IsEnabled());
+}
+
+TEST_F(NativeMessageDialogTest, ownerThatIsGone_isNoOwner)
+{
+    Tests::NativeTestWindow host;
+    const WindowHandle gone = host.handle();
+    host.destroy();
+    EXPECT_EQ(showReal(gone, OK_CANCEL, {pressEscape()}), 16003);
+    EXPECT_TRUE(frame->IsEnabled());
+}
+
+TEST_F(NativeMessageDialogTest, ownerInsideAWindow_standsForTheWindow)
+{
+    const Tests::NativeTestWindow host;
+    WindowHandle noted;
+    EXPECT_EQ(showReal(host.field(), OK_CANCEL, {inDialog([&] {
+                           noted = Wx::getOwnerAsNativeHandle(Tests::activeNativeDialog());
+                           wxUIActionSimulator().Char(WXK_ESCAPE);
+                       })}),
+              16003);
+    EXPECT_EQ(noted, host.handle());
+}
+
+// Where the main thread shows the dialog, the thread waits while the main thread does other things.
+TEST_F(NativeMessageDialogTest, ownerDestroyedWhileTheThreadWaits_neverMeansYes)
+{
+    for (const Controls& controls : {OK_CANCEL, YES_NO}) {
+        auto host = std::make_unique<Tests::NativeTestWindow>();
+        std::atomic<int> result = 0;
+        const DialogRobot robot({});
+        std::thread thread(
+            [&, owner = host->handle()] { result = show(owner, MessageDialogIcon::QUESTION, controls); });
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        wxTimer closing;
+        closing.Bind(wxEVT_TIMER, [](wxTimerEvent&) { Tests::endNativeDialogs(); });
+        closing.Start(300);
+        host.reset();
+        EXPECT_TRUE(Tests::pumpUntil([&] { return result != 0; }, 60'000));
+        thread.join();
+        EXPECT_NE(result, 16002);
+        EXPECT_NE(result, 16004);
+        EXPECT_TRUE(frame->IsEnabled());
+    }
+}
+
+TEST_F(NativeMessageDialogTest, ownerDestroyedWhileTheDialogIsUp_countsAsClosedFrame)
+{
+    for (const Controls& controls : {Controls{&MessageDialogButton::OK}, OK_CANCEL, YES_NO}) {
+        Tests::NativeTestWindow host;
+        EXPECT_EQ(showReal(host.handle(), controls, {inDialog([&] { host.destroy(); })}), CLOSED);
+        EXPECT_TRUE(frame->IsEnabled());
+    }
 }

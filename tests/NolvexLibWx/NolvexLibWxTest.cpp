@@ -7,7 +7,9 @@
 #include "NolvexLib/GuiDisabler.h"
 #include "NolvexLib/Lib.h"
 #include "NolvexLib/StopException.h"
+#include "NolvexLibWx/FileDialogs.h"
 #include "NolvexLibWx/MessageDialog.h"
+#include "NolvexLibWx/widgets/ImageSaveSettingsDialog.h"
 #include "support/NativeTraits.h"
 #include "support/ProcessResources.h"
 
@@ -625,4 +627,141 @@ TEST(NolvexLibWxTest, threadThatWaitsForADialog_isReleasedByTheLastShutdown)
     shutdown();
     thread.join();
     EXPECT_FALSE(answer);
+}
+
+namespace {
+
+void expectNoDialogs()
+{
+    using Nolvex::Wx::MessageDialogIcon;
+    EXPECT_EQ(
+        Nolvex::Wx::Detail::showMessageDialogImpl({}, L"Title", L"Message", MessageDialogIcon::INFO, {}),
+        16000);
+    EXPECT_FALSE(Nolvex::Wx::showOkDialog({}, L"Title", L"Message", MessageDialogIcon::INFO));
+    EXPECT_FALSE(Nolvex::Wx::showOkCancelDialog({}, L"Title", L"Message", MessageDialogIcon::INFO));
+    EXPECT_FALSE(ask());
+    bool answer = true;
+    std::thread([&] { answer = ask(); }).join();
+    EXPECT_FALSE(answer);
+    EXPECT_TRUE(Nolvex::Wx::filenameOpenDlg({}, L"Title", {}, {}).isEmpty());
+    EXPECT_TRUE(Nolvex::Wx::dirSelectDlg({}, L"Title", {}).isEmpty());
+    using Nolvex::Wx::ImageSaveSettingsDialog;
+    EXPECT_FALSE(
+        ImageSaveSettingsDialog::requestSettingsFromUser(nullptr, Nolvex::ImageFormat::TIFF, nullptr));
+}
+
+// Shows a dialog before the start of the library is complete, and one while the library stops.
+struct AskingApp : wxApp
+{
+    bool OnInit() override
+    {
+        ask();
+        return true;
+    }
+
+    int OnExit() override
+    {
+        ask();
+        return wxApp::OnExit();
+    }
+};
+
+} // namespace
+
+TEST(NolvexLibWxTest, dialogsBeforeTheStart_returnAtOnce)
+{
+    expectNoDialogs();
+}
+
+TEST(NolvexLibWxTest, dialogsAfterTheLastShutdown_returnAtOnce)
+{
+    startup(ApplicationType::APPLICATION);
+    shutdown();
+    expectNoDialogs();
+}
+
+TEST(NolvexLibWxTest, dialogsOfAHostThatKeepsTheToolkit_returnAtOnceAfterTheLastShutdown)
+{
+    installHostApp("TheHost");
+    ASSERT_TRUE(wxInitialize());
+    startup(ApplicationType::HOST_INITIALISED);
+    shutdown();
+    const Refusal refusal;
+    expectNoDialogs();
+    EXPECT_EQ(refusal.dialogs, 0);
+    wxUninitialize();
+}
+
+TEST(NolvexLibWxTest, dialogsWithoutADisplay_returnAtOnce)
+{
+    if (!Nolvex::Tests::displayMayBeMissing())
+        GTEST_SKIP() << "every process of this system has a display";
+    wxUnsetEnv("DISPLAY");
+    wxUnsetEnv("WAYLAND_DISPLAY");
+    EXPECT_THROW(startup(ApplicationType::APPLICATION), Nolvex::Exception);
+    expectNoDialogs();
+}
+
+TEST(NolvexLibWxTest, dialogsInOnInitAndOnExit_areShown)
+{
+    wxApp::SetInstance(new AskingApp);
+    const Refusal refusal;
+    startup(ApplicationType::APPLICATION);
+    EXPECT_EQ(refusal.dialogs, 1);
+    shutdown();
+    EXPECT_EQ(refusal.dialogs, 2);
+}
+
+TEST(NolvexLibWxTest, innerEventLoop_leavesTheDialogsOfThreadsToTheOuterLoop)
+{
+    startup(ApplicationType::APPLICATION);
+    const Refusal refusal;
+    auto* frame = new wxFrame(nullptr, wxID_ANY, "loop");
+    std::thread thread;
+    bool answer = true;
+    wxTheApp->CallAfter([&] {
+        wxTheApp->CallAfter([] { Nolvex::LibWx::stopEventLoop(); });
+        Nolvex::LibWx::runEventLoop();
+        thread = std::thread([&] {
+            answer = ask();
+            wxTheApp->CallAfter([] { Nolvex::LibWx::stopEventLoop(); });
+        });
+    });
+    Nolvex::LibWx::runEventLoop();
+    thread.join();
+    EXPECT_FALSE(answer);
+    EXPECT_EQ(refusal.dialogs, 1);
+    frame->Destroy();
+    shutdown();
+}
+
+TEST(NolvexLibWxTest, eventLoopThatIsLeftBeneathADialogOfAThread_endsTheDialog)
+{
+    if (!Nolvex::Tests::needsMainThreadForDialogs())
+        GTEST_SKIP() << "the main loop does not wait for the dialogs of other threads here";
+    for (const bool isByApplication : {false, true}) {
+        startup(ApplicationType::APPLICATION);
+        auto* frame = new wxFrame(nullptr, wxID_ANY, "loop");
+        frame->Show();
+        int result = 0;
+        std::thread thread([&] {
+            using Nolvex::Wx::MessageDialogIcon;
+            result =
+                Nolvex::Wx::Detail::showMessageDialogImpl({}, L"Title", L"?", MessageDialogIcon::INFO, {});
+        });
+        // The dialog is on the screen long before.
+        wxTimer timer;
+        timer.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
+            if (isByApplication)
+                wxTheApp->ExitMainLoop();
+            else
+                Nolvex::LibWx::stopEventLoop();
+        });
+        timer.StartOnce(1500);
+        Nolvex::LibWx::runEventLoop();
+        thread.join();
+        EXPECT_EQ(result, 16000);
+        frame->Destroy();
+        shutdown();
+    }
 }

@@ -40,7 +40,11 @@ void selectFiles(const Array<String>& names);
 /// Presses the keys that answer the question of a message box.
 void answerQuestion(bool yes);
 
-/// Ends all dialogs of the system without the keyboard, for tests that have failed.
+/// Returns the dialog of the system, of any thread of the program, that takes the keys at present, or null.
+WindowHandle activeNativeDialog();
+
+/// Ends all dialogs of the system, of all threads of the program, without the keyboard, for tests that have
+/// failed.
 void endNativeDialogs();
 
 } // namespace Nolvex::Tests

@@ -5,7 +5,7 @@
 #include "NolvexLibWx/platform/NativeWindow.h"
 
 #include <wx/app.h>
-#include <wx/window.h>
+#include <wx/dialog.h>
 
 #include <gtk/gtk.h>
 
@@ -70,13 +70,23 @@ bool Platform::cancelOwnedDialogs(const wxWindow& dialog)
     for (GtkWindow* const window : topLevels()) {
         const bool isOwned =
             GTK_WIDGET(window) != dialog.GetHandle() && isOwnedBy(window, dialog.GetHandle());
-        if (!isOwned || !gtk_widget_get_visible(GTK_WIDGET(window)))
+        if (!isOwned || !GTK_IS_DIALOG(window) || !gtk_widget_get_visible(GTK_WIDGET(window)))
             continue;
         found = true;
-        if (GTK_IS_DIALOG(window))
-            gtk_dialog_response(GTK_DIALOG(window), GTK_RESPONSE_CANCEL);
+        gtk_dialog_response(GTK_DIALOG(window), GTK_RESPONSE_CANCEL);
     }
     return found;
+}
+
+void Platform::cancelDialog(wxDialog& dialog)
+{
+    GtkWidget* const widget = dialog.GetHandle();
+    if (widget == nullptr || !gtk_widget_get_visible(widget))
+        return;
+    if (GTK_IS_DIALOG(widget))
+        gtk_dialog_response(GTK_DIALOG(widget), GTK_RESPONSE_CANCEL);
+    else
+        dialog.Close(true);
 }
 
 } // namespace Nolvex

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/platform/DialogOwner.h"
 
+#include <wx/dialog.h>
+
 namespace Nolvex {
 
 WindowHandle Platform::dialogOwner(WindowHandle owner)
@@ -16,6 +18,12 @@ bool Platform::isPossibleParent(const wxWindow& /*wrapper*/)
 bool Platform::cancelOwnedDialogs(const wxWindow& /*dialog*/)
 {
     return false;
+}
+
+void Platform::cancelDialog(wxDialog& dialog)
+{
+    if (dialog.IsModal() && dialog.IsShown())
+        dialog.Close(true);
 }
 
 } // namespace Nolvex

@@ -4,7 +4,9 @@
 #include "ImageSaveSettingsFixture.h"
 #include "NolvexLib/FontScale.h"
 #include "NolvexLib/StopException.h"
+#include "NolvexLibWx/NativeWindows.h"
 #include "NolvexLibWx/widgets/Button.h"
+#include "support/MessageDialogDriver.h"
 
 #include <wx/statbox.h>
 
@@ -411,6 +413,37 @@ TEST_F(ImageSaveSettingsDialogTest, dialogDestroyedByTheProgram_cancels)
     };
     EXPECT_EQ(request(ImageFormat::PNG, destroy), Result());
     EXPECT_TRUE(pumpUntil([windows] { return wxTopLevelWindows.GetCount() == windows; }));
+}
+
+struct ImageSaveSettingsBehindTest : ImageSaveSettingsFixture
+{
+    /// Requests the settings, asks a question in front of the dialog, and runs `destroy` then.
+    void requestAndAsk(const std::function<void(wxDialog&)>& destroy)
+    {
+        const DialogScript script([&](wxDialog& dialog) {
+            const MessageDialogDriver driver([&](Wx::MessageDialog&) { destroy(dialog); });
+            answer = Wx::showYesNoDialog(Wx::getWindowNativeHandle(&dialog), L"Title", L"Sure?",
+                                         Wx::MessageDialogIcon::QUESTION);
+        });
+        result = Dialog::requestSettingsFromUser(frame, ImageFormat::TIFF, nullptr);
+    }
+
+    bool answer = true;
+    Result result = Settings{};
+};
+
+TEST_F(ImageSaveSettingsBehindTest, dialogDestroyedBehindAMessageDialog_cancelsBoth)
+{
+    requestAndAsk([](wxDialog& dialog) { dialog.Destroy(); });
+    EXPECT_FALSE(result.has_value());
+    EXPECT_FALSE(answer);
+}
+
+TEST_F(ImageSaveSettingsBehindTest, parentDestroyedBehindAMessageDialog_cancelsBoth)
+{
+    requestAndAsk([this](wxDialog&) { destroyFrame(); });
+    EXPECT_FALSE(result.has_value());
+    EXPECT_FALSE(answer);
 }
 
 TEST_F(ImageSaveSettingsDialogTest, afterTheDialog_theParentIsActiveAgain)

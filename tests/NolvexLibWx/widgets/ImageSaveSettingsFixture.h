@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "NolvexLibWx/MessageDialog.h"
 #include "NolvexLibWx/widgets/CheckBox.h"
 #include "NolvexLibWx/widgets/ImageSaveSettingsDialog.h"
 #include "support/FrameFixture.h"
@@ -19,7 +20,8 @@
 namespace Nolvex::Tests {
 
 /// Runs a script in each modal dialog that is shown while the object lives, as soon as the dialog takes
-/// input. A dialog that is still up long after is ended, and the test fails.
+/// input. Message dialogs are left to a MessageDialogDriver. A dialog that is still up long after is ended,
+/// and the test fails.
 class DialogScript : public wxModalDialogHook
 {
 public:
@@ -37,6 +39,8 @@ public:
 protected:
     int Enter(wxDialog* dialog) override
     {
+        if (dynamic_cast<Wx::MessageDialog*>(dialog) != nullptr)
+            return wxID_NONE;
         ++m_dialogs;
         m_dialog = dialog;
         m_watchdog.StartOnce(TIME_LIMIT);
@@ -48,7 +52,11 @@ protected:
         return wxID_NONE;
     }
 
-    void Exit(wxDialog* /*dialog*/) override { m_watchdog.Stop(); }
+    void Exit(wxDialog* dialog) override
+    {
+        if (m_dialog == dialog)
+            m_watchdog.Stop();
+    }
 
 private:
     static constexpr int TIME_LIMIT = 20'000; // milliseconds

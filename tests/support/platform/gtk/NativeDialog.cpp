@@ -143,6 +143,11 @@ void Tests::answerQuestion(bool yes)
     wxUIActionSimulator().Char(yes ? WXK_RETURN : WXK_ESCAPE);
 }
 
+WindowHandle Tests::activeNativeDialog()
+{
+    return activeWindow([](GtkWidget* window) { return GTK_IS_DIALOG(window) != 0; });
+}
+
 void Tests::endNativeDialogs()
 {
     for (GtkWidget* const window : shownWindows()) {

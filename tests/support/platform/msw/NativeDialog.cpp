@@ -63,6 +63,13 @@ HWND activeDialog()
                : nullptr;
 }
 
+bool isDialogOfProgram(HWND window)
+{
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    return process == GetCurrentProcessId() && IsWindowVisible(window) && classOf(window) == DIALOG_CLASS;
+}
+
 // A file dialog has a field or a tree; a message box has neither.
 bool isFileDialog(HWND window)
 {
@@ -159,13 +166,22 @@ void Tests::answerQuestion(bool yes)
     wxUIActionSimulator().Char(yes ? 'Y' : 'N');
 }
 
+WindowHandle Tests::activeNativeDialog()
+{
+    HWND const window = GetForegroundWindow();
+    return {window && isDialogOfProgram(window) ? window : nullptr};
+}
+
 void Tests::endNativeDialogs()
 {
     Array<HWND> windows;
-    EnumThreadWindows(GetCurrentThreadId(), collect, reinterpret_cast<LPARAM>(&windows));
+    EnumWindows(collect, reinterpret_cast<LPARAM>(&windows));
     for (HWND const window : windows) {
-        if (IsWindowVisible(window) && classOf(window) == DIALOG_CLASS)
-            PostMessageW(window, WM_COMMAND, IDCANCEL, 0);
+        if (!isDialogOfProgram(window))
+            continue;
+        // A box that asks for yes or no has no button to cancel.
+        PostMessageW(window, WM_COMMAND, IDCANCEL, 0);
+        PostMessageW(window, WM_COMMAND, IDNO, 0);
     }
 }
 
