@@ -12,6 +12,7 @@
 #include "NolvexLibWx/widgets/CollapsiblePanel.h"
 #include "NolvexLibWx/widgets/ComboBox.h"
 #include "NolvexLibWx/widgets/DropdownButton.h"
+#include "NolvexLibWx/widgets/ImageSaveSettingsDialog.h"
 #include "NolvexLibWx/widgets/Spinner.h"
 #include "NolvexLibWx/widgets/StaticBitmap.h"
 #include "NolvexLibWx/widgets/StaticLine.h"
@@ -48,8 +49,9 @@ public:
         addPanel();
         addUnlabelled();
         addChoices();
-        // Assistive technology waits for the end of a click, so the dialog is shown afterwards.
+        // Assistive technology waits for the end of a click, so the dialogs are shown afterwards.
         addButton(L"Ask", [this] { m_page->CallAfter([this] { ask(); }); });
+        addButton(L"Save as", [this] { m_page->CallAfter([this] { chooseSettings(); }); });
         addButton(L"Close", [this] { m_frame->Close(); });
         const wxSize size = m_page->GetBestSize();
         m_frame->SetClientSize(size.x, 2 * size.y); // leaves room for added and unfolded controls
@@ -74,6 +76,18 @@ private:
         const bool yes = Wx::showYesNoDialog(Wx::getWindowNativeHandle(m_frame), L"Question",
                                              L"Overwrite the file?", Wx::MessageDialogIcon::QUESTION);
         m_status->SetLabel(yes ? "Answered yes" : "Answered no");
+    }
+
+    void chooseSettings()
+    {
+        const auto settings =
+            Wx::ImageSaveSettingsDialog::requestSettingsFromUser(m_frame, ImageFormat::PNG, nullptr);
+        if (settings)
+            m_status->SetLabel(wxString::Format("%s in colour format %d",
+                                                settings->includeAlpha ? "Alpha" : "No alpha",
+                                                static_cast<int>(settings->colorFormat)));
+        else
+            m_status->SetLabel("Not saved");
     }
 
     void addLabel()

@@ -12,6 +12,7 @@ there, with role, name, description, states, value and actions. Between these li
     ended          the program has ended
 """
 
+import contextlib
 import sys
 import time
 
@@ -87,7 +88,8 @@ class Reader:
         _, major, *minor = [word for word in event.type.split(":") if word]
         value = f" {event.detail1}" if major == "state-changed" else ""
         kind = minor[0] if minor else major
-        self.reports.append(f'{kind}{value} {event.source.get_role_name()} "{event.source.get_name()}"')
+        with contextlib.suppress(GLib.Error):  # the control may have gone away since
+            self.reports.append(f'{kind}{value} {event.source.get_role_name()} "{event.source.get_name()}"')
 
     def find_window(self):
         programs = children_of(Atspi.get_desktop(0))
