@@ -40,7 +40,10 @@ int showModal(WindowHandle owner, const String& title, const String& message, lo
     if (owner)
         disabler.emplace();
     DialogOwner dialogOwner(owner);
-    wxMessageDialog dialog(owner ? dialogOwner.parent() : nullptr, Wx::toWxString(shortened(message)),
+    wxWindow* const parent = owner ? dialogOwner.parent() : nullptr;
+    // wxMSW asks a parent for its layout, so an owner that is gone is no parent.
+    const bool hasWindow = parent != nullptr && parent->GetHandle() != nullptr;
+    wxMessageDialog dialog(hasWindow ? parent : nullptr, Wx::toWxString(shortened(message)),
                            Wx::toWxString(title), style);
     if (isMainThread())
         g_shownOnMainThread = &dialogOwner;
