@@ -62,6 +62,15 @@ Array<int> copiedPixelBytes(const BitmapImpl<Rgb>& image, Flags<Wx::SetClipboard
     return {bytes.begin() + DeviceIndependentBitmap::HEADER_SIZE, bytes.end()};
 }
 
+// wxGTK does not free a text of this program if another program has taken the clipboard and this program
+// takes the clipboard again before it has processed that event.
+void clearOwnText()
+{
+    ASSERT_TRUE(wxTheClipboard->Open());
+    wxTheClipboard->Clear();
+    wxTheClipboard->Close();
+}
+
 } // namespace
 
 TEST(ClipboardTest, text_isReadByOthers)
@@ -137,6 +146,7 @@ TEST(ClipboardTest, picture_isThereWhenItsProgramHasEnded_inEveryForm)
 
 TEST(ClipboardTest, text_afterAnOwnerThatNeverAnswers_isThere)
 {
+    clearOwnText();
     const String text(L"copied anyway");
     const wxStopWatch watch;
     EXPECT_TRUE(Tests::whileClipboardOwnerIsSilent([&] { return setClipboardData(text); }));
@@ -146,6 +156,7 @@ TEST(ClipboardTest, text_afterAnOwnerThatNeverAnswers_isThere)
 
 TEST(ClipboardTest, picture_afterAnOwnerThatNeverAnswers_isThere)
 {
+    clearOwnText();
     const BitmapImpl<Rgb> image = pattern(7, 5);
     const wxStopWatch watch;
     EXPECT_TRUE(Tests::whileClipboardOwnerIsSilent([&] { return setClipboardData(image, {}); }));
@@ -157,6 +168,7 @@ TEST(ClipboardTest, text_whileAnotherHasTheClipboard_saysWhetherItIsThere)
 {
     // On X11 wxWidgets can always take the clipboard. On Windows it has to wait until the other program
     // closes the clipboard.
+    clearOwnText();
     const String text(L"copied meanwhile");
     const bool copied = Tests::whileClipboardIsTaken([&] { return setClipboardData(text); });
     EXPECT_EQ(copied, clipboardText() == text);
