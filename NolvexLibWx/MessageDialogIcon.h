@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-// <windows.h> makes ERROR a macro. This header includes <windows.h> first, so that no later include can bring
-// the macro back.
-#ifdef _WIN32
+// This header includes <windows.h> first, so that no later include can bring the macro back.
+#ifdef _WIN32 // <windows.h>, which other systems do not have, makes ERROR a macro
 #include <wx/msw/wrapwin.h>
 #undef ERROR
 #endif

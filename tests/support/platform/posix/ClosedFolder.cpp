@@ -12,7 +12,7 @@ namespace Nolvex {
 
 namespace {
 
-constexpr uid_t OTHER_USER = 65534; // "nobody"
+constexpr uid_t OTHER_USER = 65534; // an account without rights to the folder
 
 } // namespace
 
