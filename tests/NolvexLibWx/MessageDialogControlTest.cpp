@@ -40,17 +40,6 @@ TEST(MessageDialogControlTest, predefinedControls_haveTheirKeys)
     EXPECT_EQ(MessageDialogButton::NO.keyCodesToBind(), Stack<int>{78});
 }
 
-TEST(MessageDialogControlTest, predefinedButtons_haveTheirLabelsAndAreEnabled)
-{
-    EXPECT_EQ(MessageDialogButton::OK.m_label, L"OK");
-    EXPECT_EQ(MessageDialogButton::CANCEL.m_label, L"Cancel");
-    EXPECT_EQ(MessageDialogButton::YES.m_label, L"Yes");
-    EXPECT_EQ(MessageDialogButton::NO.m_label, L"No");
-    for (const MessageDialogButton* button : {&MessageDialogButton::OK, &MessageDialogButton::CANCEL,
-                                              &MessageDialogButton::YES, &MessageDialogButton::NO})
-        EXPECT_TRUE(button->m_enabled);
-}
-
 TEST(MessageDialogControlTest, controlOfTheProgram_comesAfterThePredefinedOnes)
 {
     EXPECT_GE(OWN.m_controlId, 16006);
@@ -63,28 +52,6 @@ TEST(MessageDialogControlTest, everyControl_hasTheNextIdentifier)
     EXPECT_EQ(button.m_controlId, control.m_controlId + 1);
     EXPECT_EQ(control.keyCodesToBind(), Stack<int>{WXK_F1});
     EXPECT_EQ(button.keyCodesToBind(), (Stack<int>{WXK_F2, WXK_F3}));
-}
-
-TEST(MessageDialogControlTest, buttonMadeOfOneKey_hasThatKey)
-{
-    EXPECT_EQ(OWN.m_label, L"Retry");
-    EXPECT_TRUE(OWN.m_enabled);
-    EXPECT_EQ(OWN.m_keyCodes, Stack<int>{'R'});
-}
-
-TEST(MessageDialogControlTest, buttonMadeOfEmptyBraces_hasNoKey)
-{
-    EXPECT_EQ(MessageDialogButton(L"Skip", {}).m_keyCodes, Stack<int>());
-}
-
-TEST(MessageDialogControlTest, disabledButton_keepsItsKeysAndBindsNone)
-{
-    MessageDialogButton button(L"Skip", {'S', 'K'});
-    button.m_enabled = false;
-    EXPECT_EQ(button.keyCodesToBind(), Stack<int>());
-    EXPECT_EQ(button.m_keyCodes, (Stack<int>{'S', 'K'}));
-    button.m_enabled = true;
-    EXPECT_EQ(button.keyCodesToBind(), (Stack<int>{'S', 'K'}));
 }
 
 TEST(MessageDialogControlTest, controls_cannotBeCopied)

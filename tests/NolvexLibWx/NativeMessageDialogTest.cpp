@@ -4,12 +4,12 @@
 
 #include "NolvexLib/StopException.h"
 #include "NolvexLibWx/NativeWindows.h"
-#include "NolvexLibWx/detail/NativeDialogMapping.h"
 #include "support/DialogRobot.h"
 #include "support/FrameFixture.h"
 #include "support/NativeDialog.h"
 #include "support/NativeTestWindow.h"
 #include "support/NativeTraits.h"
+#include "support/StopLine.h"
 
 #include <wx/modalhook.h>
 #include <wx/msgdlg.h>
@@ -30,6 +30,7 @@
 
 using namespace Nolvex;
 using Tests::DialogRobot;
+using Tests::stopLine;
 using Wx::MessageDialogButton;
 using Wx::MessageDialogControl;
 using Wx::MessageDialogIcon;
@@ -115,56 +116,7 @@ struct NativeMessageDialogTest : Tests::FrameFixture
     }
 };
 
-/// Returns the line of the StopException that the function throws, or 0 if it throws none.
-int stopLine(const std::function<void()>& function)
-{
-    try {
-        function();
-    } catch (const StopException& stop) {
-        EXPECT_EQ(stop.file(), "MessageDialog");
-        return stop.line();
-    }
-    return 0;
-}
-
 } // namespace
-
-TEST_F(NativeMessageDialogTest, style_isThatOfTheIconAndTheButtons)
-{
-    using NativeDialogMapping::style;
-    EXPECT_EQ(style(MessageDialogIcon::NONE, {}), 0x48001);
-    EXPECT_EQ(style(MessageDialogIcon::ERROR, {}), 0x8201);
-    EXPECT_EQ(style(MessageDialogIcon::WARNING, {}), 0x8101);
-    EXPECT_EQ(style(MessageDialogIcon::INFO, {}), 0x8801);
-    EXPECT_EQ(style(MessageDialogIcon::QUESTION, {}), 0x8401);
-    EXPECT_EQ(style(MessageDialogIcon::ERROR, YES_NO), 0x8201 | 0xA);
-    EXPECT_EQ(style(MessageDialogIcon::ERROR, OK_CANCEL), 0x8201 | 0x14);
-    EXPECT_EQ(style(MessageDialogIcon::ERROR, Controls{&MessageDialogButton::OK}), 0x8201 | 0x4);
-    EXPECT_EQ(style(MessageDialogIcon::ERROR, Controls{&MessageDialogButton::YES}), 0x8201)
-        << "Yes without No is no question";
-    EXPECT_EQ(style(MessageDialogIcon::ERROR, Controls{&MessageDialogButton::YES, &MessageDialogButton::NO,
-                                                       &MessageDialogButton::CANCEL}),
-              0x8201 | 0x1A);
-}
-
-TEST_F(NativeMessageDialogTest, styleOfOtherIcons_isFatal)
-{
-    for (const int icon : {5, 6, 99, -1}) {
-        EXPECT_EQ(
-            stopLine([icon] { NativeDialogMapping::style(static_cast<MessageDialogIcon>(icon), YES_NO); }),
-            354);
-    }
-}
-
-TEST_F(NativeMessageDialogTest, results_areTheIdentifiersOfTheControls)
-{
-    EXPECT_EQ(NativeDialogMapping::controlId(5100), 16002);
-    EXPECT_EQ(NativeDialogMapping::controlId(5101), 16003);
-    EXPECT_EQ(NativeDialogMapping::controlId(5103), 16004);
-    EXPECT_EQ(NativeDialogMapping::controlId(5104), 16005);
-    for (const int result : {0, -1, 5102, 5105, 16002})
-        EXPECT_EQ(stopLine([result] { NativeDialogMapping::controlId(result); }), 389);
-}
 
 TEST_F(NativeMessageDialogTest, otherThread_getsTheNativeDialogAndItsResult)
 {
