@@ -40,6 +40,8 @@ public:
     Bucket region() const;
 
 private:
+    bool takesFocusForGood() const;
+
     WindowHandle m_window;
     WindowHandle m_field;
 };

@@ -5,6 +5,7 @@
 #include "support/Events.h"
 
 #include <wx/msw/wrapwin.h>
+#include <wx/stopwatch.h>
 
 #include <gtest/gtest.h>
 
@@ -46,13 +47,7 @@ HWND createField(HWND parent)
 
 Tests::NativeTestWindow::NativeTestWindow() : m_window{createWindow()}, m_field{createField(hwnd(m_window))}
 {
-    // The activation of a window that was shown before may still be on its way.
-    EXPECT_TRUE(pumpUntil([this] {
-        SetForegroundWindow(hwnd(m_window));
-        SetFocus(hwnd(m_field));
-        return hasFocus();
-    }));
-    EXPECT_TRUE(pumpUntil([this] { return hasFocus(); }));
+    EXPECT_TRUE(takesFocusForGood());
 }
 
 Tests::NativeTestWindow::~NativeTestWindow()
@@ -65,6 +60,22 @@ void Tests::NativeTestWindow::destroy()
 {
     if (isAlive())
         DestroyWindow(hwnd(m_window));
+}
+
+// The activation of a window that was shown before may still be on its way, and would take the focus away
+// again.
+bool Tests::NativeTestWindow::takesFocusForGood() const
+{
+    constexpr int STABLE_TIME = 200; // milliseconds
+    wxStopWatch held;
+    return pumpUntil([&] {
+        if (!hasFocus()) {
+            SetForegroundWindow(hwnd(m_window));
+            SetFocus(hwnd(m_field));
+            held.Start();
+        }
+        return held.Time() >= STABLE_TIME;
+    });
 }
 
 bool Tests::NativeTestWindow::isAlive() const
