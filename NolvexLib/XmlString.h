@@ -14,6 +14,10 @@
 
 namespace Nolvex {
 
+namespace Detail {
+class XmlTree;
+} // namespace Detail
+
 /// An ordered tree of named children, each of which has a text or children of its own. A tree has exactly one
 /// XML form.
 ///
@@ -32,8 +36,8 @@ public:
     XmlString& operator=(XmlString&& other) noexcept;
 
     /// Reads the XML form. The error is an English sentence that says what is wrong and where, in bytes of
-    /// the UTF-8 form from 0. Time and memory grow in proportion to the length; each byte takes at most about
-    /// 20 bytes of memory.
+    /// the UTF-8 form from 0. Time and memory grow in proportion to the length; each byte takes at most 7 bytes
+    /// of memory.
     static Expected<XmlString, String> fromString(StringView xml);
 
     /// Reads the XML form from UTF-8. A broken sequence is an error.
@@ -46,9 +50,9 @@ public:
     /// lone surrogates) become U+FFFD.
     void addChild(StringView key, const String& value);
 
-    /// Appends a child with a copy of the tree's children. A tree has at most 64 levels, the root being the
-    /// first: more are a programming error (StopException), and nothing is changed then.
-    void addChild(StringView key, const XmlString& tree);
+    /// Appends a child with copies of the children of `other`. A tree has at most 64 levels, the root being
+    /// the first: more are a programming error (StopException), and nothing is changed then.
+    void addChild(StringView key, const XmlString& other);
 
     /// Appends copies of all top-level children of `other` in their order. Children of equal keys are all
     /// kept.
@@ -81,7 +85,8 @@ public:
 private:
     struct Content;
 
-    Content& content();
+    const Detail::XmlTree& tree() const;
+    Detail::XmlTree& tree();
 
     std::unique_ptr<Content> m_content; // null until a child is added
 };

@@ -12,10 +12,6 @@ endif()
 
 find_package(Threads REQUIRED)
 find_package(ZLIB REQUIRED)
-find_package(pugixml CONFIG REQUIRED)
-if(NOT TARGET pugixml::pugixml)
-  add_library(pugixml::pugixml ALIAS pugixml)
-endif()
 
 # utfcpp consists of headers. Its packages disagree about target names, but its header is always utf8.h.
 find_path(NOLVEX_UTFCPP_INCLUDE_DIR utf8.h PATH_SUFFIXES utf8cpp REQUIRED)
@@ -27,6 +23,13 @@ if(NOLVEX_BUILD_TESTS OR NOLVEX_BUILD_FUZZERS)
 endif()
 if(NOLVEX_BUILD_BENCHMARKS)
   find_package(benchmark CONFIG REQUIRED)
+endif()
+if(NOLVEX_BUILD_TESTS OR NOLVEX_BUILD_BENCHMARKS)
+  # The reader of XML is compared with it.
+  find_package(pugixml CONFIG REQUIRED)
+  if(NOT TARGET pugixml::pugixml)
+    add_library(pugixml::pugixml ALIAS pugixml)
+  endif()
 endif()
 
 if(NOLVEX_BUILD_APPS)

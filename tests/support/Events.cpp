@@ -22,6 +22,19 @@ bool Tests::pumpUntil(const std::function<bool()>& condition, int limitMilliseco
     }
 }
 
+bool Tests::pumpUntilStable(const std::function<bool()>& condition, int stableMilliseconds,
+                            int limitMilliseconds)
+{
+    wxStopWatch held;
+    return pumpUntil(
+        [&] {
+            if (!condition())
+                held.Start();
+            return held.Time() >= stableMilliseconds;
+        },
+        limitMilliseconds);
+}
+
 void Tests::pumpEvents(int milliseconds)
 {
     pumpUntil([] { return false; }, milliseconds);

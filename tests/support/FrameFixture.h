@@ -62,14 +62,16 @@ struct FrameFixture : testing::Test
 
 private:
     // Without a window manager no frame is ever active. Where one frame was, the next one will be, however
-    // busy the machine is. Input that comes before the activation gets lost.
+    // busy the machine is. Input gets lost before that, and also while a window that was shown earlier
+    // becomes active once more for a moment.
     void waitForActivation() const
     {
         static bool activates = false;
-        constexpr int USUAL_TIME = 200; // milliseconds
+        constexpr int STABLE_TIME = 50; // milliseconds
+        constexpr int USUAL_TIME = 250;
         constexpr int LONGEST_TIME = 5000;
-        const bool active =
-            pumpUntil([this] { return frame->IsActive(); }, activates ? LONGEST_TIME : USUAL_TIME);
+        const bool active = pumpUntilStable([this] { return frame->IsActive(); }, STABLE_TIME,
+                                            activates ? LONGEST_TIME : USUAL_TIME);
         activates = activates || active;
     }
 };

@@ -5,7 +5,6 @@
 #include "support/Events.h"
 
 #include <wx/msw/wrapwin.h>
-#include <wx/stopwatch.h>
 
 #include <gtest/gtest.h>
 
@@ -67,15 +66,15 @@ void Tests::NativeTestWindow::destroy()
 bool Tests::NativeTestWindow::takesFocusForGood() const
 {
     constexpr int STABLE_TIME = 200; // milliseconds
-    wxStopWatch held;
-    return pumpUntil([&] {
-        if (!hasFocus()) {
+    return pumpUntilStable(
+        [this] {
+            if (hasFocus())
+                return true;
             SetForegroundWindow(hwnd(m_window));
             SetFocus(hwnd(m_field));
-            held.Start();
-        }
-        return held.Time() >= STABLE_TIME;
-    });
+            return false;
+        },
+        STABLE_TIME);
 }
 
 bool Tests::NativeTestWindow::isAlive() const
