@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <type_traits>
 
 namespace Nolvex {
 
@@ -15,14 +16,29 @@ constexpr char32_t REPLACEMENT = 0xFFFD;
 // The two widths of wchar_t: UTF-16 where it has 16 bits, UTF-32 elsewhere.
 constexpr bool WIDE_IS_UTF16 = sizeof(wchar_t) == 2;
 
+template<class Unit>
+bool isAscii(Unit unit)
+{
+    return static_cast<std::make_unsigned_t<Unit>>(unit) < 0x80;
+}
+
+// Most texts are ASCII from the first to the last unit, which is much faster to copy than to convert.
+template<class Units>
+auto endOfAscii(const Units& units)
+{
+    return std::find_if_not(units.begin(), units.end(), isAscii<typename Units::value_type>);
+}
+
 std::wstring widen(std::string_view validUtf8)
 {
+    const auto rest = endOfAscii(validUtf8);
     std::wstring text;
     text.reserve(validUtf8.size());
+    text.assign(validUtf8.begin(), rest);
     if constexpr (WIDE_IS_UTF16)
-        utf8::unchecked::utf8to16(validUtf8.begin(), validUtf8.end(), std::back_inserter(text));
+        utf8::unchecked::utf8to16(rest, validUtf8.end(), std::back_inserter(text));
     else
-        utf8::unchecked::utf8to32(validUtf8.begin(), validUtf8.end(), std::back_inserter(text));
+        utf8::unchecked::utf8to32(rest, validUtf8.end(), std::back_inserter(text));
     return text;
 }
 
@@ -54,7 +70,7 @@ char32_t takeCharacter(std::wstring_view& text)
 
 String String::fromUtf8(std::string_view bytes)
 {
-    if (utf8::is_valid(bytes.begin(), bytes.end()))
+    if (utf8::is_valid(endOfAscii(bytes), bytes.end()))
         return widen(bytes);
     std::string repaired;
     repaired.reserve(bytes.size());
@@ -64,7 +80,7 @@ String String::fromUtf8(std::string_view bytes)
 
 Optional<String> String::fromValidUtf8(std::string_view bytes)
 {
-    if (!utf8::is_valid(bytes.begin(), bytes.end()))
+    if (!utf8::is_valid(endOfAscii(bytes), bytes.end()))
         return {};
     return String(widen(bytes));
 }
@@ -126,9 +142,11 @@ Array<StringView> StringView::explode(StringView separator, ExplodeMode mode) co
 
 std::string StringView::toUtf8() const
 {
-    std::string bytes;
-    bytes.reserve(m_text.size());
-    for (std::wstring_view rest = m_text; !rest.empty();)
+    const auto beyondAscii = endOfAscii(m_text);
+    std::string bytes(static_cast<std::size_t>(beyondAscii - m_text.begin()), '\0');
+    std::transform(m_text.begin(), beyondAscii, bytes.begin(),
+                   [](wchar_t unit) { return static_cast<char>(unit); });
+    for (std::wstring_view rest(beyondAscii, m_text.end()); !rest.empty();)
         utf8::unchecked::append(takeCharacter(rest), std::back_inserter(bytes));
     return bytes;
 }
