@@ -30,6 +30,17 @@ class NolvexApp : public wxApp
 public:
     ~NolvexApp() override = default;
 
+    // wxWidgets needs the name for each window that it makes. Without a name it asks the system for the path
+    // of the program each time, which takes a tenth of the time in which GTK makes a window.
+    bool Initialize(int& count, wxChar** arguments) override
+    {
+        if (!wxApp::Initialize(count, arguments))
+            return false;
+        SetAppDisplayName(GetAppDisplayName());
+        SetAppName(GetAppName());
+        return true;
+    }
+
     // The main loop cannot return while a dialog for another thread is on the screen.
     void ExitMainLoop() override
     {

@@ -15,12 +15,14 @@
 
 #include <wx/app.h>
 #include <wx/evtloop.h>
+#include <wx/filename.h>
 #include <wx/frame.h>
 #include <wx/image.h>
 #include <wx/init.h>
 #include <wx/log.h>
 #include <wx/modalhook.h>
 #include <wx/socket.h>
+#include <wx/stdpaths.h>
 #include <wx/stopwatch.h>
 #include <wx/timer.h>
 #include <wx/utils.h>
@@ -186,6 +188,16 @@ TEST(NolvexLibWxTest, isStarted_beforeStartup_isFalse)
 {
     EXPECT_FALSE(isStarted());
     EXPECT_EQ(wxAppConsoleBase::GetInstance(), nullptr);
+}
+
+// Without a name of its own wxWidgets looks for the program's path again and again.
+TEST(NolvexLibWxTest, application_isNamedAfterTheProgram)
+{
+    startup(ApplicationType::APPLICATION);
+    const wxString program = wxFileName(wxStandardPaths::Get().GetExecutablePath()).GetName();
+    EXPECT_EQ(wxTheApp->GetAppName(), program);
+    EXPECT_EQ(wxTheApp->GetAppDisplayName(), program.Capitalize());
+    shutdown();
 }
 
 TEST(NolvexLibWxTest, startup_withoutHostApplication_makesANolvexApp)
