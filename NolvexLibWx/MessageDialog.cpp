@@ -9,6 +9,7 @@
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/WindowIcon.h"
 #include "NolvexLibWx/detail/MessageCut.h"
+#include "NolvexLibWx/detail/MessageDialogControls.h"
 #include "NolvexLibWx/detail/ModalDialogs.h"
 #include "NolvexLibWx/detail/ModalEnd.h"
 #include "NolvexLibWx/detail/NativeMessageDialog.h"
@@ -32,17 +33,10 @@ namespace Nolvex {
 
 namespace {
 
-using Controls = ArrayView<const Wx::MessageDialogControl* const>;
-
 constexpr int MAX_TEXT_WIDTH = 450;
 constexpr int ICON_SIZE = 32;
 constexpr int MIN_BUTTON_WIDTH = 75;
 constexpr int MIN_BUTTON_HEIGHT = 24;
-
-bool isListed(Controls controls, const Wx::MessageDialogControl& control)
-{
-    return std::ranges::find(controls, &control) != controls.end();
-}
 
 // A tab would be drawn as one character of no certain width.
 String withoutTabs(String message)
@@ -50,7 +44,7 @@ String withoutTabs(String message)
     return std::move(message.replaceAll(L"\t", L"    "));
 }
 
-long frameStyle(bool hasTitle, Controls controls)
+long frameStyle(bool hasTitle, MessageDialogControls controls)
 {
     long style = wxCAPTION | wxSTAY_ON_TOP;
     if (isListed(controls, Wx::MessageDialogControl::FRAME_CLOSE))
@@ -93,7 +87,7 @@ bool isBefore(const std::pair<int, int>& entry, int keyCode)
 }
 
 // The last control that has a key gets the key.
-KeyMap keyMap(Controls controls)
+KeyMap keyMap(MessageDialogControls controls)
 {
     KeyMap keys;
     for (const Wx::MessageDialogControl* control : controls) {
@@ -137,7 +131,7 @@ Bucket regionAround(wxDialog& dialog)
 } // namespace
 
 Wx::MessageDialog::MessageDialog(WindowHandle owner, const String& title, const String& message,
-                                 MessageDialogIcon icon, Controls controls)
+                                 MessageDialogIcon icon, MessageDialogControls controls)
     : m_ending(std::make_unique<ModalEnd>(*this))
 {
     create(owner, title, message, icon, {controls.begin(), controls.end()});
@@ -300,7 +294,7 @@ bool Wx::showYesNoDialog(WindowHandle owner, const String& title, const String& 
 }
 
 int Wx::Detail::showMessageDialogImpl(WindowHandle owner, const String& title, const String& message,
-                                      MessageDialogIcon icon, Controls controls)
+                                      MessageDialogIcon icon, MessageDialogControls controls)
 {
     Stack<const MessageDialogControl*> listed(controls.begin(), controls.end());
     listed.push_back(&MessageDialogControl::FRAME_ICON);

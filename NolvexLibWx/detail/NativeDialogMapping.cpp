@@ -7,20 +7,11 @@
 #include <wx/defs.h>
 #include <wx/toplevel.h>
 
-#include <algorithm>
-
 namespace Nolvex {
 
 namespace {
 
-using Controls = ArrayView<const Wx::MessageDialogControl* const>;
-
-bool isListed(Controls controls, const Wx::MessageDialogControl& control)
-{
-    return std::ranges::find(controls, &control) != controls.end();
-}
-
-long buttonStyle(Controls controls)
+long buttonStyle(MessageDialogControls controls)
 {
     using Wx::MessageDialogButton;
     const bool asksYesNo =
@@ -52,7 +43,7 @@ long iconStyle(Wx::MessageDialogIcon icon)
 
 } // namespace
 
-long NativeDialogMapping::style(Wx::MessageDialogIcon icon, Controls controls)
+long NativeDialogMapping::style(Wx::MessageDialogIcon icon, MessageDialogControls controls)
 {
     return buttonStyle(controls) | iconStyle(icon) | wxSTAY_ON_TOP | wxCENTRE;
 }
