@@ -105,11 +105,10 @@ void probeOnHover(wxWindow* picture)
 void build(wxWindow* parent, const Log& /*log*/)
 {
     auto* rows = new wxBoxSizer(wxVERTICAL);
-    rows->Add(
-        new Wx::StaticText(parent, wxID_ANY,
-                           L"Move the mouse over the picture. The fields below it hold a negative value, "
-                           L"NaN, infinity and an alpha of 0.5."),
-        0, wxBOTTOM, GAP);
+    rows->Add(new Wx::StaticText(parent, wxID_ANY,
+                                 L"Move the mouse over the picture. The fields at the bottom hold a\n"
+                                 L"negative value, NaN, infinity and an alpha of 0.5."),
+              0, wxBOTTOM, GAP);
     auto* border = new OskaBorder(parent);
     auto* picture = new Wx::StaticBitmap(border, wxID_ANY, makePicture());
     Wx::setAccessibleName(*picture, L"Gradient with special values");

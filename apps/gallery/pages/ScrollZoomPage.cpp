@@ -24,7 +24,7 @@ constexpr int GAP = 10;
 constexpr int FIELD = 24; // pixels of the picture at its own size
 constexpr int FIELDS = 64;
 constexpr float STEP = 1.25f;
-constexpr float WHEEL_DELTA = 120.0f;
+constexpr float WHEEL_NOTCH = 120.0f;
 constexpr float MIN_ZOOM = 0.1f;
 constexpr float MAX_ZOOM = 16.0f;
 const wxSize VIEW_SIZE(420, 240);
@@ -54,7 +54,7 @@ public:
             scroll(isSideways ? wxPoint(-amount / 2, 0) : wxPoint(0, amount / 2));
         else
             zoom(event.GetPosition(),
-                 isPinch ? static_cast<float>(amount) : static_cast<float>(amount) / WHEEL_DELTA);
+                 isPinch ? static_cast<float>(amount) : static_cast<float>(amount) / WHEEL_NOTCH);
     }
 
 private:
@@ -107,11 +107,10 @@ private:
 void build(wxWindow* parent, const Log& log)
 {
     auto* rows = new wxBoxSizer(wxVERTICAL);
-    rows->Add(
-        new Wx::StaticText(parent, wxID_ANY,
-                           L"The wheel and a pinch on the touch pad zoom; the wheel with Shift, or turned "
-                           L"sideways, scrolls"),
-        0, wxBOTTOM, GAP);
+    rows->Add(new Wx::StaticText(parent, wxID_ANY,
+                                 L"The wheel and a pinch on the touch pad zoom.\n"
+                                 L"The wheel with Shift, or turned sideways, scrolls."),
+              0, wxBOTTOM, GAP);
     auto* border = new OskaBorder(parent);
     border->addChild(new BoardView(border, log));
     rows->Add(border);

@@ -4,6 +4,8 @@
 #include "NolvexLibWx/widgets/PixelProbeFixture.h"
 #include "support/DecimalComma.h"
 
+#include <wx/app.h>
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -117,6 +119,22 @@ TEST_F(PixelProbeTest, updatePosition_atTheLimitsOfIntegers_doesNotOverflow)
     probe->updatePosition({MIN, MAX});
     EXPECT_EQ(asked, (Pixel{MIN, MAX}));
     EXPECT_EQ(positionLabel(), "Position:\n-2147483648\n2147483647");
+}
+
+TEST_F(PixelProbeTest, updatePosition_manyTimes_endsWithTheLastPixel)
+{
+    constexpr int UPDATES = 10'000;
+    showProbe();
+    for (int i = 0; i < UPDATES; ++i) {
+        const float value = static_cast<float>(i % 250) / 255.0f;
+        pixel.toneMapped = {value, value, value, 1};
+        pixel.position = {i, -i};
+        probe->updatePosition({100 + i % 200, 100 + i % 150});
+        if (i % 100 == 0)
+            wxYield();
+    }
+    EXPECT_EQ(positionLabel(), "Position:\n9999\n-9999");
+    EXPECT_TRUE(Tests::pumpUntil([this] { return probe->GetScreenPosition() == wxPoint(319, 219); }, 1000));
 }
 
 TEST_F(PixelProbeTest, texts_tellTheProbedPixel)
