@@ -18,4 +18,8 @@ enum class PinchEnd
 /// has no such events.
 bool pinchTouchPad(wxWindow* window, const std::vector<double>& scales, PinchEnd end = PinchEnd::LIFTED);
 
+/// Lets the window receive the events of two fingers that touch a screen in the window, with this distance in
+/// pixels at first, and move until they have the other distance. Returns false as pinchTouchPad does.
+bool pinchTouchScreen(wxWindow* window, int distance, int lastDistance);
+
 } // namespace Nolvex::Tests

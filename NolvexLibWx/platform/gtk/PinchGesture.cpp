@@ -46,6 +46,10 @@ private:
     static void onCancel(GtkGesture* gesture, GdkEventSequence* sequence, gpointer data) noexcept;
     static void onEnd(GtkGesture* gesture, GdkEventSequence* sequence, gpointer data) noexcept;
     void follow(GtkGesture* gesture);
+    bool isPinchOfChild() const;
+
+    // The object whose pinch has begun last, and has not ended.
+    static Source* s_pinched;
 
     wxWeakRef<wxWindow> m_window;
     GtkGesture* m_gesture;
@@ -53,6 +57,8 @@ private:
     double m_scale = 1.0;
     bool m_cancelled = false;
 };
+
+Platform::PinchGesture::Source* Platform::PinchGesture::Source::s_pinched = nullptr;
 
 Platform::PinchGesture::Source::Source(wxWindow& window)
     : m_window(&window), m_gesture(gtk_gesture_zoom_new(widgetOf(window)))
@@ -70,6 +76,18 @@ Platform::PinchGesture::Source::~Source()
     // The gesture outlives this object if a handler of its signals destroys this object.
     g_signal_handlers_disconnect_by_data(m_gesture, this);
     g_object_unref(m_gesture);
+    if (s_pinched == this)
+        s_pinched = nullptr;
+}
+
+// GTK lets the gestures of a child begin before those of its parents. Claiming the pinch for the child would
+// also take the pinch away from the gestures that wxWidgets uses.
+bool Platform::PinchGesture::Source::isPinchOfChild() const
+{
+    const wxWindow* window = s_pinched == nullptr || s_pinched == this ? nullptr : s_pinched->m_window.get();
+    while (window != nullptr && window != m_window)
+        window = window->GetParent();
+    return window != nullptr;
 }
 
 void Platform::PinchGesture::Source::follow(GtkGesture* gesture)
@@ -85,7 +103,9 @@ void Platform::PinchGesture::Source::onBegin(GtkGesture* gesture, GdkEventSequen
 {
     auto* const self = static_cast<Source*>(data);
     self->m_scale = 1.0;
-    self->m_cancelled = false;
+    self->m_cancelled = self->isPinchOfChild();
+    if (!self->m_cancelled)
+        s_pinched = self;
     self->follow(gesture);
 }
 
@@ -108,6 +128,8 @@ void Platform::PinchGesture::Source::onEnd(GtkGesture* /*gesture*/, GdkEventSequ
                                            gpointer data) noexcept
 {
     const auto* const self = static_cast<Source*>(data);
+    if (s_pinched == self)
+        s_pinched = nullptr;
     const auto magnification = static_cast<float>(self->m_scale - 1.0);
     if (self->m_cancelled || !std::isfinite(magnification))
         return;

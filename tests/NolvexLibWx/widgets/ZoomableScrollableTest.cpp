@@ -323,6 +323,32 @@ TEST_F(ZoomableScrollableTest, touchPad_overAChild_reachesTheView)
     EXPECT_EQ(view->amounts, Amounts{1});
 }
 
+TEST_F(ZoomableScrollableTest, touchPad_overAChildThatIsBoundToo_isTheChildsAlone)
+{
+    auto* child = new wxWindow(window, wxID_ANY, wxPoint(0, 0), wxSize(100, 100));
+    View inner;
+    inner.bindScrollAndZoomEvents(child);
+    showFrame();
+    if (!Tests::pinchTouchPad(child, {2.0}))
+        GTEST_SKIP() << "The system sends turns of the wheel in place of pinches.";
+    EXPECT_EQ(inner.amounts, Amounts{1});
+    Tests::pinchTouchScreen(child, 40, 30);
+    EXPECT_EQ(inner.amounts, (Amounts{1, -1}));
+    EXPECT_EQ(view->amounts, Amounts{});
+    Tests::pinchTouchPad(window, {2.0});
+    EXPECT_EQ(view->amounts, Amounts{1});
+}
+
+TEST_F(ZoomableScrollableTest, touchScreen_pinchIsOneStep)
+{
+    showFrame();
+    if (!Tests::pinchTouchScreen(window, 40, 60))
+        GTEST_SKIP() << "The system sends turns of the wheel in place of pinches.";
+    EXPECT_EQ(view->amounts, Amounts{1});
+    Tests::pinchTouchScreen(window, 60, 40);
+    EXPECT_EQ(view->amounts, (Amounts{1, -1}));
+}
+
 TEST_F(ZoomableScrollableTest, touchPad_handlerMayDestroyViewAndWindow)
 {
     showFrame();

@@ -5,6 +5,8 @@
 
 #include <gtk/gtk.h>
 
+#include <cstdint>
+
 namespace Nolvex {
 
 namespace {
@@ -31,11 +33,36 @@ void send(GtkWidget* widget, GdkTouchpadGesturePhase phase, double scale)
     gdk_event_free(event);
 }
 
+void sendTouch(GtkWidget* widget, GdkEventType type, std::uintptr_t finger, double x)
+{
+    GdkWindow* const window = gtk_widget_get_window(widget);
+    if (window == nullptr)
+        return;
+    GdkEvent* const event = gdk_event_new(type);
+    event->touch.window = GDK_WINDOW(g_object_ref(window));
+    // Nothing looks into a sequence, which only tells the fingers apart.
+    event->touch.sequence = reinterpret_cast<GdkEventSequence*>(finger);
+    event->touch.x = x;
+    event->touch.y = PLACE;
+    GdkDevice* const pointer =
+        gdk_seat_get_pointer(gdk_display_get_default_seat(gtk_widget_get_display(widget)));
+    gdk_event_set_device(event, pointer);
+    gdk_event_set_source_device(event, pointer);
+    gtk_main_do_event(event);
+    event->touch.sequence = nullptr;
+    gdk_event_free(event);
+}
+
+GtkWidget* widgetOf(const wxWindow* window)
+{
+    return window->m_wxwindow == nullptr ? window->m_widget : window->m_wxwindow;
+}
+
 } // namespace
 
 bool Tests::pinchTouchPad(wxWindow* window, const std::vector<double>& scales, PinchEnd end)
 {
-    GtkWidget* const widget = window->m_wxwindow == nullptr ? window->m_widget : window->m_wxwindow;
+    GtkWidget* const widget = widgetOf(window);
     g_object_ref(widget);
     send(widget, GDK_TOUCHPAD_GESTURE_PHASE_BEGIN, 1.0);
     for (const double scale : scales)
@@ -43,6 +70,21 @@ bool Tests::pinchTouchPad(wxWindow* window, const std::vector<double>& scales, P
     const double last = scales.empty() ? 1.0 : scales.back();
     send(widget, end == PinchEnd::LIFTED ? GDK_TOUCHPAD_GESTURE_PHASE_END : GDK_TOUCHPAD_GESTURE_PHASE_CANCEL,
          last);
+    g_object_unref(widget);
+    return true;
+}
+
+bool Tests::pinchTouchScreen(wxWindow* window, int distance, int lastDistance)
+{
+    constexpr std::uintptr_t FIRST = 1;
+    constexpr std::uintptr_t SECOND = 2;
+    GtkWidget* const widget = widgetOf(window);
+    g_object_ref(widget);
+    sendTouch(widget, GDK_TOUCH_BEGIN, FIRST, PLACE);
+    sendTouch(widget, GDK_TOUCH_BEGIN, SECOND, PLACE + distance);
+    sendTouch(widget, GDK_TOUCH_UPDATE, SECOND, PLACE + lastDistance);
+    sendTouch(widget, GDK_TOUCH_END, SECOND, PLACE + lastDistance);
+    sendTouch(widget, GDK_TOUCH_END, FIRST, PLACE);
     g_object_unref(widget);
     return true;
 }

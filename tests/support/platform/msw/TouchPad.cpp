@@ -7,3 +7,8 @@ bool Nolvex::Tests::pinchTouchPad(wxWindow* /*window*/, const std::vector<double
 {
     return false;
 }
+
+bool Nolvex::Tests::pinchTouchScreen(wxWindow* /*window*/, int /*distance*/, int /*lastDistance*/)
+{
+    return false;
+}
