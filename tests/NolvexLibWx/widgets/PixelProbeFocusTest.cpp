@@ -73,8 +73,8 @@ TEST_F(PixelProbeFocusTest, hide_leavesAnotherWindowActive)
     showWithFocusInTheField();
     auto* other = new wxFrame(nullptr, wxID_ANY, "other", wxPoint(120, 120), wxSize(300, 200));
     auto* otherField = new wxTextCtrl(other, wxID_ANY);
-    update();
-    probe->Show();
+    auto* floating = new PixelProbe(frame, {}, String());
+    floating->Show();
     other->Show();
     other->Raise();
     ASSERT_TRUE(Tests::pumpUntil([&] {
@@ -82,12 +82,12 @@ TEST_F(PixelProbeFocusTest, hide_leavesAnotherWindowActive)
         return otherField->HasFocus();
     }));
     Tests::pumpEvents(200);
-    probe->Hide();
+    floating->Hide();
     Tests::pumpEvents(200);
     Tests::typeKey('x');
     EXPECT_TRUE(Tests::pumpUntil([&] { return otherField->GetValue() == "x"; }, 2000));
     EXPECT_EQ(field->GetValue(), wxString());
-    EXPECT_TRUE(probe->HasFlag(wxFRAME_FLOAT_ON_PARENT));
+    EXPECT_TRUE(floating->HasFlag(wxFRAME_FLOAT_ON_PARENT));
     Tests::destroyNow(other);
 }
 
