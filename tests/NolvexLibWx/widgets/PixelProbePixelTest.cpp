@@ -71,10 +71,9 @@ TEST_F(PixelProbePixelTest, swatch_isFilledWithTheBytes)
 TEST_F(PixelProbePixelTest, frame_hasTheColoursOfTheSkin)
 {
     pixel.colourSpace = String(Tests::BLOCK_LABEL);
-    for (const std::size_t index : {0, 1, 2, 3})
-        text(index)->SetFont(Tests::blockFont());
+    text(2)->SetFont(Tests::blockFont());
     showProbe();
-    probe->updatePosition({-15, -15}); // at large scales the frame is as wide as the screen
+    probe->updatePosition({-15, -15}); // at large scales the frame is nearly as wide as the screen
     EXPECT_TRUE(isShown(probe, GuiSkin::DEFAULT().background, 1, 1));
     EXPECT_TRUE(isShown(text(2), GuiSkin::DEFAULT().background, text(2)->GetSize().x - 1, 1));
     EXPECT_TRUE(contains(text(2), GuiSkin::DEFAULT().text));
