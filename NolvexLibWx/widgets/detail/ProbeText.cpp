@@ -38,7 +38,8 @@ int alphaByte(float alpha)
 {
     // Comparisons with NaN are false, so that NaN becomes 0.
     const float clamped = alpha > 0.0f ? (alpha < 1.0f ? alpha : 1.0f) : 0.0f;
-    return static_cast<int>(clamped * 255.0f + 0.5f);
+    const float raised = clamped * 255.0f + 0.5f;
+    return static_cast<int>(raised);
 }
 
 } // namespace

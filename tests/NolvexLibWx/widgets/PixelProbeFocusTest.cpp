@@ -17,6 +17,9 @@ struct PixelProbeFocusTest : Tests::PixelProbeFixture
     int activations = 0;
     int lostFocuses = 0;
 
+    // The handlers of the frame's events count here.
+    ~PixelProbeFocusTest() override { destroyFrame(); }
+
     void showWithFocusInTheField()
     {
         showFrame();

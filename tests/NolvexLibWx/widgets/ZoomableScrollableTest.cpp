@@ -33,8 +33,10 @@ public:
         types.push_back(event.GetEventType());
         axis = event.GetWheelAxis();
         positions.push_back(event.GetPosition());
-        if (act)
-            act(event);
+        // The function may destroy the view, and must not be destroyed with it while running.
+        const std::function<void(wxMouseEvent&)> acting = act;
+        if (acting)
+            acting(event);
     }
 
     Amounts amounts;
