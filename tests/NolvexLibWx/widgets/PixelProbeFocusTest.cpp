@@ -16,8 +16,11 @@ struct PixelProbeFocusTest : Tests::PixelProbeFixture
     wxTextCtrl* field = new wxTextCtrl(panel, wxID_ANY, "", wxPoint(10, 10), wxSize(120, 30));
     int activations = 0;
     int lostFocuses = 0;
+    int eventsOfProbe = 0;
+    int motions = 0;
+    int clicks = 0;
 
-    // The handlers of the frame's events count here.
+    // The handlers of the tests count until the last window is destroyed.
     ~PixelProbeFocusTest() override { destroyFrame(); }
 
     void showWithFocusInTheField()
@@ -62,13 +65,12 @@ TEST_F(PixelProbeFocusTest, typing_goesOnWhileTheProbeAppearsMovesAndDisappears)
 
 TEST_F(PixelProbeFocusTest, show_neverReportsActivationOfTheProbe)
 {
-    int events = 0;
-    probe->Bind(wxEVT_ACTIVATE, [&](wxActivateEvent&) { ++events; });
-    probe->Bind(wxEVT_SET_FOCUS, [&](wxFocusEvent&) { ++events; });
+    probe->Bind(wxEVT_ACTIVATE, [this](wxActivateEvent&) { ++eventsOfProbe; });
+    probe->Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent&) { ++eventsOfProbe; });
     showProbe();
     update();
     EXPECT_FALSE(probe->IsActive());
-    EXPECT_EQ(events, 0);
+    EXPECT_EQ(eventsOfProbe, 0);
 }
 
 TEST_F(PixelProbeFocusTest, hide_leavesAnotherWindowActive)
@@ -97,10 +99,8 @@ TEST_F(PixelProbeFocusTest, hide_leavesAnotherWindowActive)
 TEST_F(PixelProbeFocusTest, mouse_reachesTheWindowBelow)
 {
     showProbe();
-    int motions = 0;
-    int clicks = 0;
-    panel->Bind(wxEVT_MOTION, [&](wxMouseEvent&) { ++motions; });
-    panel->Bind(wxEVT_LEFT_DOWN, [&](wxMouseEvent&) { ++clicks; });
+    panel->Bind(wxEVT_MOTION, [this](wxMouseEvent&) { ++motions; });
+    panel->Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent&) { ++clicks; });
     const wxPoint middle(probe->GetSize().x / 2, probe->GetSize().y / 2);
     const wxRect probed = probe->GetScreenRect();
     ASSERT_TRUE(panel->GetScreenRect().Contains(probed.GetTopLeft() + middle));
