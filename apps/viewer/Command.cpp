@@ -31,6 +31,8 @@ constexpr CommandInfo TABLE[] = {
     {SHOW_TOOLTIPS, Menu::VIEW, L"&Tooltips", L"", 0, wxMOD_NONE, true, L"Shows or hides these hints"},
     {LIGHT_SURROUND, Menu::VIEW, L"Light &surround", L"", 0, wxMOD_NONE, true,
      L"Surrounds the picture with a light grey"},
+    {PIXEL_PROBE, Menu::VIEW, L"&Pixel probe", L"Ctrl+I", 'I', wxMOD_CONTROL, true,
+     L"Shows the values of the pixel under the mouse (Ctrl+I)"},
     {ABOUT, Menu::HELP, L"&About...", L"", 0, wxMOD_NONE, false, L"Tells what this program is"},
 };
 

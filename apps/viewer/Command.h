@@ -22,6 +22,7 @@ enum Command : int
     SHOW_LOG,
     SHOW_TOOLTIPS,
     LIGHT_SURROUND,
+    PIXEL_PROBE,
     NEXT_PICTURE,
     PREVIOUS_PICTURE,
     ABOUT = wxID_ABOUT,

@@ -84,6 +84,11 @@ private:
     Pixels::GammaEncoder m_power;
 };
 
+float signedPower(float value, float exponent)
+{
+    return std::copysign(std::pow(std::abs(value), exponent), value);
+}
+
 using PixelRow = std::vector<Rgb>;
 
 // Puts the colours of a row, red first, into the order of the system's bitmaps.
@@ -93,6 +98,16 @@ void putInNativeOrder(std::uint8_t* colours, int width)
         for (int x = 0; x < width; ++x, colours += COLOUR_BYTES)
             std::swap(colours[0], colours[2]);
     }
+}
+
+// Reads pixels of one row from `start` on. The top row has the number 0 here, and the last one in the image.
+void readPixels(const Image& image, Pixel start, Rgb* pixels, std::size_t count)
+{
+    const ImageDescriptor& descriptor = image.descriptor();
+    const std::size_t offset =
+        static_cast<std::size_t>(start.x) * Image::getPixelFormatByteCount(descriptor.format);
+    const std::byte* const source = image.row(descriptor.height - 1 - start.y).data() + offset;
+    Pixels::toRgb(descriptor.format, source, pixels, count);
 }
 
 // Develops the rows of a part of an image. Several threads may do so at once.
@@ -113,11 +128,7 @@ public:
     // processor from the first change to the last.
     void develop(int y, PixelRow& row, std::uint8_t* colours, std::uint8_t* alphaOrNull) const
     {
-        const ImageDescriptor& descriptor = m_image.descriptor();
-        const std::size_t start =
-            static_cast<std::size_t>(m_part.x) * Image::getPixelFormatByteCount(descriptor.format);
-        const std::byte* const source = m_image.row(descriptor.height - 1 - m_part.y - y).data() + start;
-        Pixels::toRgb(descriptor.format, source, row.data(), row.size());
+        readPixels(m_image, {m_part.x, m_part.y + y}, row.data(), row.size());
         m_development.apply(row.data(), row.size());
         m_encoder.encode(row.data(), colours, alphaOrNull, row.size());
     }
@@ -164,6 +175,24 @@ void Development::apply(Rgb* pixels, std::size_t count) const
         showAsGrey(pixels, count, [factor](const Rgb& pixel) { return luminance(pixel) * factor; });
         break;
     }
+}
+
+PixelValues developPixel(const Image& image, const DisplaySettings& settings, Pixel position)
+{
+    Rgb stored;
+    readPixels(image, position, &stored, 1);
+    PixelValues values{stored, stored};
+    if (image.descriptor().gamma == 1.0f) {
+        for (float* channel : {&values.light.r, &values.light.g, &values.light.b})
+            *channel = signedPower(*channel, SCREEN_GAMMA);
+    }
+    const Development development(image.descriptor(), settings);
+    development.apply(&values.shown, 1);
+    for (float* channel : {&values.shown.r, &values.shown.g, &values.shown.b, &values.shown.a})
+        *channel = signedPower(*channel, development.exponent());
+    if (!development.isTransparent())
+        values.shown.a = 1.0f;
+    return values;
 }
 
 wxImage develop(const Image& image, const DisplaySettings& settings, const wxRect& part)

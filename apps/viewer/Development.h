@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "NolvexLib/Pixel.h"
 #include "NolvexLib/Rgb.h"
 #include "NolvexLibImage/Image.h"
 #include "apps/viewer/DisplaySettings.h"
@@ -42,6 +43,18 @@ private:
     float m_exponent;
     bool m_transparent;
 };
+
+/// The values of one pixel.
+struct PixelValues
+{
+    Rgb light; ///< as the image has them, in linear light
+    Rgb shown; ///< encoded for the screen; beyond the range from 0 to 1 if the screen cannot show the values
+};
+
+/// Returns the values of a pixel, of which the screen shows the second ones as develop() makes bytes of them.
+/// Row 0 is the top row, and the position must lie within the image. Negative values are encoded like
+/// positive ones and keep their sign.
+PixelValues developPixel(const Image& image, const DisplaySettings& settings, Pixel position);
 
 /// Returns the part of the image that the rectangle covers, as BitmapConverter shows the whole image but with
 /// the settings. The rectangle counts rows from the top and must lie within the image. The result is invalid

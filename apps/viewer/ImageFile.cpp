@@ -116,4 +116,9 @@ Expected<SharedPicture, String> readPictureFile(const Io::Path& path)
     return SharedPicture(std::move(picture));
 }
 
+String openedMessage(const Picture& picture)
+{
+    return L"Opened \"" + picture.name() + L"\", " + picture.sizeText() + L" pixels.";
+}
+
 } // namespace Nolvex::Viewer

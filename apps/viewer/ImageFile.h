@@ -18,4 +18,7 @@ Array<Io::FileFilter> readableFilters();
 /// light. The library must be started. The error is a sentence for the user that names the file.
 Expected<SharedPicture, String> readPictureFile(const Io::Path& path);
 
+/// Returns a sentence for the user that tells the name and the size of a picture that has been read.
+String openedMessage(const Picture& picture);
+
 } // namespace Nolvex::Viewer

@@ -72,6 +72,14 @@ const wxBitmap& ImageView::bitmap() const
     return m_picture ? m_picture->bitmap() : wxNullBitmap;
 }
 
+Optional<Pixel> ImageView::pixelAt(const wxPoint& position) const
+{
+    const wxPoint offset = position - bitmapOrigin();
+    if (!wxRect(bitmapSize()).Contains(offset) || !wxRect(GetClientSize()).Contains(position))
+        return {};
+    return Pixel{offset.x, offset.y};
+}
+
 wxSize ImageView::bitmapSize() const
 {
     return bitmap().IsOk() ? bitmap().GetSize() : wxSize(0, 0);

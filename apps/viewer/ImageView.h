@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "NolvexLib/Optional.h"
+#include "NolvexLib/Pixel.h"
 #include "NolvexLibWx/widgets/TooltipWindow.h"
 #include "apps/viewer/DisplaySettings.h"
 #include "apps/viewer/Picture.h"
@@ -33,6 +35,10 @@ public:
 
     /// Returns the bitmap of the picture, or an invalid bitmap if there is no picture.
     const wxBitmap& bitmap() const;
+
+    /// Returns the pixel of the picture that is shown at a position of the client area, or nullopt beside the
+    /// picture. Counts from the top left pixel.
+    Optional<Pixel> pixelAt(const wxPoint& position) const;
 
     /// True once a picture has been painted.
     bool wasPainted() const { return m_painted; }

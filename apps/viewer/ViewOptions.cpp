@@ -47,6 +47,7 @@ ViewOptions::ViewOptions(wxWindow* parent, const Function<void(Command)>& run,
     m_log = addCheckBox(this, row, L"Log", Command::SHOW_LOG, run);
     m_tooltips = addCheckBox(this, row, L"Tooltips", Command::SHOW_TOOLTIPS, run);
     m_lightSurround = addCheckBox(this, row, L"Light surround", Command::LIGHT_SURROUND, run);
+    m_pixelProbe = addCheckBox(this, row, L"Pixel probe", Command::PIXEL_PROBE, run);
     auto* rows = new wxBoxSizer(wxVERTICAL);
     rows->Add(row);
     rows->Add(makeDisplayRow(), 0, wxTOP, Wx::scaleByDpi(SMALL_GAP));
@@ -100,6 +101,11 @@ void ViewOptions::setTooltips(bool wanted)
 void ViewOptions::setLightSurround(bool light)
 {
     m_lightSurround->setValue(light, false);
+}
+
+void ViewOptions::setPixelProbe(bool active)
+{
+    m_pixelProbe->setValue(active, false);
 }
 
 } // namespace Nolvex::Viewer

@@ -30,6 +30,7 @@ public:
     void setLogShown(bool shown);
     void setTooltips(bool wanted);
     void setLightSurround(bool light);
+    void setPixelProbe(bool active);
 
 private:
     wxSizer* makeDisplayRow();
@@ -39,6 +40,7 @@ private:
     Wx::CheckBox* m_log;
     Wx::CheckBox* m_tooltips;
     Wx::CheckBox* m_lightSurround;
+    Wx::CheckBox* m_pixelProbe;
     Wx::Spinner* m_exposure = nullptr;
     Wx::ComboBox* m_channel = nullptr;
 };

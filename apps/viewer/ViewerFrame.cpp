@@ -6,7 +6,6 @@
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/FileDialogs.h"
 #include "NolvexLibWx/FontSetup.h"
-#include "NolvexLibWx/MessageDialog.h"
 #include "NolvexLibWx/NativeWindows.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/WindowIcon.h"
@@ -14,11 +13,13 @@
 #include "NolvexLibWx/widgets/CollapsiblePanel.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"
 #include "NolvexLibWx/widgets/OskaBorder.h"
+#include "apps/viewer/AboutMessage.h"
 #include "apps/viewer/ClipboardPicture.h"
 #include "apps/viewer/Command.h"
 #include "apps/viewer/ImageFile.h"
 #include "apps/viewer/ImageView.h"
 #include "apps/viewer/LogPanel.h"
+#include "apps/viewer/ProbeTool.h"
 #include "apps/viewer/ScreenPicture.h"
 #include "apps/viewer/ToolBar.h"
 #include "apps/viewer/ViewOptions.h"
@@ -44,11 +45,6 @@ const wxSize MIN_VIEW(80, 60); // scroll bars need some room
 
 // The screen is captured this long after the command, so that the menu has left the screen.
 constexpr int CAPTURE_DELAY_MS = 250;
-
-String openedMessage(const Picture& picture)
-{
-    return L"Opened \"" + picture.name() + L"\", " + picture.sizeText() + L" pixels.";
-}
 
 } // namespace
 
@@ -109,6 +105,7 @@ wxWindow* ViewerFrame::makeView(wxWindow* parent, const SharedPicture& picture)
     m_view = new ImageView(border, picture);
     m_view->SetMinSize(Wx::scaleByDpi(MIN_VIEW));
     border->addChild(m_view);
+    m_probe = std::make_unique<ProbeTool>(*m_view);
     return border;
 }
 
@@ -128,6 +125,7 @@ void ViewerFrame::bindCommands()
     bind(Command::SHOW_LOG, [this] { showLog(!isLogShown()); });
     bind(Command::SHOW_TOOLTIPS, [this] { setTooltips(!hasTooltips()); });
     bind(Command::LIGHT_SURROUND, [this] { setLightSurround(!hasLightSurround()); });
+    bind(Command::PIXEL_PROBE, [this] { setPixelProbe(!hasPixelProbe()); });
     bind(Command::ABOUT, [this] { tellAbout(); });
     Bind(wxEVT_COLLAPSIBLEPANE_CHANGED, [this](wxCollapsiblePaneEvent&) { makeRoom(); });
     m_captureTimer.SetOwner(this);
@@ -137,6 +135,8 @@ void ViewerFrame::bindCommands()
     Bind(wxEVT_MENU_OPEN, &ViewerFrame::onMenuOpened, this);
     Bind(wxEVT_MENU_CLOSE, &ViewerFrame::onMenuClosed, this);
 }
+
+ViewerFrame::~ViewerFrame() = default;
 
 bool ViewerFrame::wasPainted() const
 {
@@ -233,18 +233,10 @@ void ViewerFrame::showLog(bool show)
         m_view->SetFocus();
 }
 
-// Enlarges the window where necessary, so that the view stays visible when the options unfold or the log
-// appears.
+// The view stays visible when the options unfold or the log appears.
 void ViewerFrame::makeRoom()
 {
-    wxWindow* const panel = m_log->GetParent();
-    const wxSize least = panel->GetSizer()->CalcMin();
-    SetMinClientSize(least);
-    wxSize size = GetClientSize();
-    size.IncTo(least);
-    if (size != GetClientSize())
-        SetClientSize(size);
-    panel->Layout();
+    makeRoomFor(*m_log->GetParent(), *this);
 }
 
 bool ViewerFrame::isLogShown() const
@@ -258,7 +250,8 @@ void ViewerFrame::setTooltips(bool wanted)
     GetMenuBar()->Check(Command::SHOW_TOOLTIPS, wanted);
     m_options->setTooltips(wanted);
     m_toolBar->setTooltips(wanted);
-    m_view->setTooltip(wanted ? m_description : String());
+    // The tooltip would cover what the probe shows.
+    m_view->setTooltip(wanted && !hasPixelProbe() ? m_description : String());
     m_log->setTooltips(wanted);
 }
 
@@ -272,14 +265,22 @@ void ViewerFrame::setLightSurround(bool light)
     m_view->Refresh();
 }
 
+void ViewerFrame::setPixelProbe(bool active)
+{
+    m_probe->setActive(active);
+    GetMenuBar()->Check(Command::PIXEL_PROBE, active);
+    m_options->setPixelProbe(active);
+    setTooltips(m_tooltips);
+}
+
+bool ViewerFrame::hasPixelProbe() const
+{
+    return m_probe->isActive();
+}
+
 void ViewerFrame::tellAbout()
 {
-    Wx::showOkDialog(
-        Wx::getWindowNativeHandle(this), L"About the viewer",
-        L"nolvex-viewer " + Wx::toString(wxString(NOLVEX_VERSION)) +
-            L"\n\nShows, inspects and saves rendered images. Every control in its window is one of "
-            L"NolvexLibWx.\n\nMIT License, the NolvexLibWx authors.",
-        Wx::MessageDialogIcon::INFO);
+    showAboutMessage(this);
 }
 
 void ViewerFrame::showPicture(const SharedPicture& picture, const Io::Path& file)
@@ -374,7 +375,9 @@ void ViewerFrame::onClose(wxCloseEvent& event)
 // focus. The keys are left to a menu while it is open.
 void ViewerFrame::onKey(wxKeyEvent& event)
 {
-    const int command = m_openMenus > 0 ? static_cast<int>(wxID_NONE) : commandOf(event);
+    int command = m_openMenus > 0 ? static_cast<int>(wxID_NONE) : commandOf(event);
+    if (command == CLOSE && event.GetKeyCode() == WXK_ESCAPE && hasPixelProbe())
+        command = PIXEL_PROBE;
     if (command == wxID_NONE)
         event.Skip();
     else

@@ -13,10 +13,13 @@
 #include <wx/frame.h>
 #include <wx/timer.h>
 
+#include <memory>
+
 namespace Nolvex::Viewer {
 
 class ImageView;
 class LogPanel;
+class ProbeTool;
 class ToolBar;
 class ViewOptions;
 
@@ -33,6 +36,7 @@ public:
     /// `files` are the files that were opened together, the first of which holds the picture. Without files
     /// the picture counts as unsaved.
     explicit ViewerFrame(const SharedPicture& picture, Array<Io::Path> files = {});
+    ~ViewerFrame() override;
 
     /// True once the picture has been painted on the screen.
     bool wasPainted() const;
@@ -64,6 +68,12 @@ public:
     void setLightSurround(bool light);
 
     bool hasLightSurround() const { return m_lightSurround; }
+
+    /// Switches the frame that shows the values of the pixel under the mouse. The picture has no tooltip
+    /// while the frame is on, and Escape switches the frame off.
+    void setPixelProbe(bool active);
+
+    bool hasPixelProbe() const;
 
     /// Saves the shown picture. Returns at once; the outcome is written to the log when the file is written.
     void savePicture(const Io::Path& file, ImageFormat format, const Wx::ImageSaveSettings& settings);
@@ -99,6 +109,7 @@ private:
     ViewOptions* m_options = nullptr;
     ImageView* m_view = nullptr;
     LogPanel* m_log = nullptr;
+    std::unique_ptr<ProbeTool> m_probe;
     PictureSaving m_saving;
     PictureList m_pictures;
     String m_description;

@@ -6,6 +6,8 @@
 #include <wx/bitmap.h>
 #include <wx/display.h>
 #include <wx/settings.h>
+#include <wx/sizer.h>
+#include <wx/toplevel.h>
 
 namespace Nolvex::Viewer {
 
@@ -24,6 +26,17 @@ wxSize clientSizeFor(const wxBitmap& picture, int heightAbove)
     size.IncTo(Wx::scaleByDpi(MIN_SIZE));
     size.DecTo(wxDisplay(0u).GetClientArea().GetSize() * 4 / 5);
     return size;
+}
+
+void makeRoomFor(wxWindow& panel, wxTopLevelWindow& window)
+{
+    const wxSize least = panel.GetSizer()->CalcMin();
+    window.SetMinClientSize(least);
+    wxSize size = window.GetClientSize();
+    size.IncTo(least);
+    if (size != window.GetClientSize())
+        window.SetClientSize(size);
+    panel.Layout();
 }
 
 } // namespace Nolvex::Viewer

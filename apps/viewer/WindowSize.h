@@ -4,6 +4,8 @@
 #include <wx/gdicmn.h>
 
 class WXDLLIMPEXP_FWD_CORE wxBitmap;
+class WXDLLIMPEXP_FWD_CORE wxTopLevelWindow;
+class WXDLLIMPEXP_FWD_CORE wxWindow;
 
 namespace Nolvex::Viewer {
 
@@ -15,5 +17,9 @@ inline constexpr int MARGIN = 8;
 /// and would force a horizontal scroll bar if the width were missing. `heightAbove` is the height of what
 /// stands above the picture.
 wxSize clientSizeFor(const wxBitmap& picture, int heightAbove);
+
+/// Enlarges the window where the controls of the panel that fills the window need more room than they have,
+/// and lays the panel out.
+void makeRoomFor(wxWindow& panel, wxTopLevelWindow& window);
 
 } // namespace Nolvex::Viewer

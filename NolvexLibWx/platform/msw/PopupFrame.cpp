@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/platform/PopupFrame.h"
 
+#include <wx/weakref.h>
+
 #include <wx/msw/wrapwin.h>
 
 namespace Nolvex {
@@ -29,10 +31,26 @@ void Platform::PopupFrame::Raise()
 
 bool Platform::PopupFrame::Show(bool show)
 {
-    if (!show || IsShown())
-        return wxFrame::Show(show);
+    if (!show)
+        return hideWithoutActivating();
+    if (IsShown())
+        return false;
     ShowWithoutActivating();
     return true;
+}
+
+// Before wxWidgets hides a frame that floats on its parent, it brings the parent to the front, which
+// activates the parent.
+bool Platform::PopupFrame::hideWithoutActivating()
+{
+    const wxWeakRef<PopupFrame> self(this);
+    const long style = m_windowStyle;
+    m_windowStyle &= ~wxFRAME_FLOAT_ON_PARENT;
+    const bool hidden = wxFrame::Show(false);
+    // A handler of wxEVT_SHOW may have destroyed the frame.
+    if (self)
+        m_windowStyle = style;
+    return hidden;
 }
 
 WXLRESULT Platform::PopupFrame::MSWWindowProc(WXUINT message, WXWPARAM wParam, WXLPARAM lParam)

@@ -32,6 +32,9 @@ public:
 
 protected:
     WXLRESULT MSWWindowProc(WXUINT message, WXWPARAM wParam, WXLPARAM lParam) override;
+
+private:
+    bool hideWithoutActivating();
 };
 
 } // namespace Nolvex::Platform

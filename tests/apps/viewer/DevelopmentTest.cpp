@@ -2,6 +2,7 @@
 #include "apps/viewer/Development.h"
 
 #include "NolvexLibWx/BitmapConverter.h"
+#include "NolvexLibWx/ColourConversions.h"
 #include "support/Screen.h"
 
 #include <gtest/gtest.h>
@@ -195,4 +196,50 @@ TEST(DevelopmentTest, whatIsNoNumberOrEndless_isBlackOrWhite)
     EXPECT_EQ(shown(source, {.channel = Channel::LUMINANCE}), (RgbBytes{0, 0, 0}));
     constexpr float MAX_VALUE = std::numeric_limits<float>::max();
     EXPECT_EQ(shown(pixel({MAX_VALUE, 0.0f, 0.0f, 1.0f}, 2.2f), {.exposure = 20.0f}).r, 255);
+}
+
+TEST(DevelopmentTest, pixel_hasTheValuesWhoseBytesAreShown)
+{
+    for (const float gamma : {1.0f, 1.8f, 2.2f}) {
+        Image source = image(PixelFormat::FLOAT16_RGBA, 32, 32, gamma);
+        fill(source);
+        for (const Channel channel : {Channel::RGB, Channel::BLUE, Channel::ALPHA, Channel::LUMINANCE}) {
+            const DisplaySettings settings{0.7f, channel};
+            const wxImage expected = developed(source, settings);
+            for (int y = 0; y < 32; ++y) {
+                for (int x = 0; x < 32; ++x) {
+                    const Rgb value = Viewer::developPixel(source, settings, {x, y}).shown;
+                    ASSERT_EQ(Wx::toRgbBytes(Wx::toWxColour(value)), Tests::pixelAt(expected, x, y))
+                        << x << ", " << y << ", gamma " << gamma;
+                    const Rgb alpha{value.a, 0, 0, 1};
+                    ASSERT_EQ(Wx::toRgbBytes(Wx::toWxColour(alpha)).r,
+                              expected.HasAlpha() ? expected.GetAlpha(x, y) : 255);
+                }
+            }
+        }
+    }
+}
+
+TEST(DevelopmentTest, pixel_hasTheLightOfTheImageWhateverTheSettings)
+{
+    const DisplaySettings settings{2.0f, Channel::GREEN};
+    const Rgb light{0.25f, -3.0f, 17.0f, 0.5f};
+    EXPECT_EQ(Viewer::developPixel(pixel(light, 2.2f), settings, {0, 0}).light, light);
+    const Viewer::PixelValues encodedValues =
+        Viewer::developPixel(pixel({0.5f, -0.5f, 1, 0.5f}, 1), {}, {0, 0});
+    const float half = std::pow(0.5f, 2.2f);
+    EXPECT_EQ(encodedValues.light, (Rgb{half, -half, 1, 0.5f}));
+    EXPECT_EQ(encodedValues.shown, (Rgb{0.5f, -0.5f, 1, 0.5f}));
+}
+
+TEST(DevelopmentTest, pixel_keepsTheSignAndTheSizeOfItsValues)
+{
+    const Rgb value = Viewer::developPixel(pixel({-0.25f, 4.0f, 0.0f, 1.0f}, 2.0f), {}, {0, 0}).shown;
+    EXPECT_EQ(value, (Rgb{-0.5f, 2.0f, 0.0f, 1.0f}));
+    const float inf = std::numeric_limits<float>::infinity();
+    const Viewer::PixelValues bad =
+        Viewer::developPixel(pixel({inf, -inf, std::nanf(""), 1}, 2.2f), {}, {0, 0});
+    EXPECT_EQ(bad.shown.r, inf);
+    EXPECT_EQ(bad.shown.g, -inf);
+    EXPECT_TRUE(std::isnan(bad.shown.b));
 }
