@@ -36,8 +36,8 @@ public:
     bool isDone() const { return m_ended == m_timers.size(); }
 
 private:
-    // A step that processes events can be interrupted by a drag, which lasts until a later step ends the
-    // drag. GTK does not call a timer while that timer is being handled, so each step has its own.
+    // GTK does not call a timer while that timer is being handled. A step may process events until a later
+    // step ends a dialog, so each step has a timer of its own.
     class StepTimer : public wxTimer
     {
     public:

@@ -2,6 +2,7 @@
 // Tests presses and drags with real input of the system's mouse.
 #include "ColorPickerButtonFixture.h"
 
+#include "support/RawInput.h"
 #include "support/TimedSteps.h"
 
 #include <wx/evtloop.h>
@@ -33,18 +34,13 @@ struct ColorPickerButtonMouseTest : Tests::ColorPickerButtonFixture
     {
         // A failed test must not leave the button down.
         if (wxGetMouseState().LeftIsDown())
-            wxUIActionSimulator().MouseUp();
+            Tests::dropMouse();
         Tests::pumpEvents();
     }
 
     static TimedSteps::Step moveTo(const wxPoint& position)
     {
-        return [position] { wxUIActionSimulator().MouseMove(position); };
-    }
-
-    static TimedSteps::Step release()
-    {
-        return [] { wxUIActionSimulator().MouseUp(); };
+        return [position] { Tests::placeMouse(position); };
     }
 
     /// The steps that press the mouse in the source and move it through points on its way to a place on the
@@ -53,7 +49,7 @@ struct ColorPickerButtonMouseTest : Tests::ColorPickerButtonFixture
     {
         const wxPoint start = source->ClientToScreen(middleOf(source));
         const wxPoint end = panel->ClientToScreen(place);
-        Steps steps{moveTo(start), [] { wxUIActionSimulator().MouseDown(); }};
+        Steps steps{moveTo(start), Tests::holdMouse};
         constexpr int COUNT = 8;
         for (int i = 1; i <= COUNT; ++i)
             steps.push_back(moveTo(start + (end - start) * i / COUNT));
@@ -116,7 +112,7 @@ TEST_F(ColorPickerButtonMouseTest, releasedOutside_opensNothing)
 TEST_F(ColorPickerButtonMouseTest, draggedOutsideAndReleased_opensNothing)
 {
     showFrame();
-    perform(with(draggingTo({20, 200}), release()));
+    perform(with(draggingTo({20, 200}), Tests::dropMouse));
     EXPECT_EQ(wxWindow::GetCapture(), nullptr);
     EXPECT_TRUE(pickers.requests.empty());
     EXPECT_TRUE(entries.empty());
@@ -179,7 +175,7 @@ TEST_F(ColorPickerButtonMouseTest, disabledButton_opensAndDragsNothing)
     showFrame();
     source->Enable(false);
     Tests::clickAt(source, middleOf(source));
-    perform(with(draggingToTarget(), release()));
+    perform(with(draggingToTarget(), Tests::dropMouse));
     EXPECT_TRUE(pickers.requests.empty());
     EXPECT_TRUE(entries.empty());
 }
@@ -188,7 +184,7 @@ TEST_F(ColorPickerButtonMouseTest, colourDraggedToAnotherButton_isSetThereAndRep
 {
     source->setColor(TEAL, false);
     showFrame();
-    perform(with(draggingToTarget(), release()));
+    perform(with(draggingToTarget(), Tests::dropMouse));
     EXPECT_TRUE(waitForEntries());
     EXPECT_EQ(entries, Entries({{"target change", TEAL}, {"target preview", TEAL}}));
     EXPECT_EQ(target->getColor(), TEAL);
@@ -205,7 +201,7 @@ TEST_F(ColorPickerButtonMouseTest, drag_carriesTheColourAndNotAPreview)
     pickers.run = [](Tests::FakePicker& picker) { picker.preview({1, 0, 0, 1}); };
     clickWithoutMouse(source);
     entries.clear();
-    perform(with(draggingToTarget(), release()));
+    perform(with(draggingToTarget(), Tests::dropMouse));
     EXPECT_TRUE(waitForEntries());
     EXPECT_EQ(target->getColor(), TEAL);
 }
@@ -215,7 +211,7 @@ TEST_F(ColorPickerButtonMouseTest, everyBitOfTheColour_survivesTheDrag)
     constexpr Bits PATTERN{0x7FC12345, 0xFF800000, 0x41200000, 0xC0400000}; // NaN, -infinity, 10, -3
     source->setColor(std::bit_cast<Rgb>(PATTERN), false);
     showFrame();
-    perform(with(draggingToTarget(), release()));
+    perform(with(draggingToTarget(), Tests::dropMouse));
     EXPECT_TRUE(waitForEntries());
     EXPECT_EQ(std::bit_cast<Bits>(target->getColor()), PATTERN);
 }
@@ -226,7 +222,7 @@ TEST_F(ColorPickerButtonMouseTest, severalDrags_allArrive)
     for (const float red : {0.25f, 0.5f, 0.75f}) {
         entries.clear();
         source->setColor({red, 0, 0, 1}, false);
-        perform(with(draggingToTarget(), release()));
+        perform(with(draggingToTarget(), Tests::dropMouse));
         EXPECT_TRUE(waitForEntries());
         EXPECT_EQ(target->getColor(), (Rgb{red, 0, 0, 1}));
     }
@@ -241,7 +237,7 @@ TEST_F(ColorPickerButtonMouseTest, colourDraggedBackToItsButton_isReportedThere)
     const wxPoint middle = source->ClientToScreen(middleOf(source));
     for (const int offset : {0, 1, 2, 1})
         steps.push_back(moveTo(middle + wxPoint(offset, 0)));
-    perform(with(steps, release()));
+    perform(with(steps, Tests::dropMouse));
     EXPECT_TRUE(waitForEntries());
     EXPECT_EQ(entries, Entries({{"source change", ORANGE}, {"source preview", ORANGE}}));
     EXPECT_TRUE(pickers.requests.empty());
@@ -252,7 +248,7 @@ TEST_F(ColorPickerButtonMouseTest, disabledTarget_takesNoColour)
     source->setColor(TEAL, false);
     target->Enable(false);
     showFrame();
-    perform(with(draggingToTarget(), release()));
+    perform(with(draggingToTarget(), Tests::dropMouse));
     EXPECT_TRUE(entries.empty());
     EXPECT_EQ(target->getColor(), ORANGE);
 }
@@ -263,7 +259,7 @@ TEST_F(ColorPickerButtonMouseTest, targetDestroyedDuringTheDrag_endsNowhere)
     Steps steps = draggingToTarget();
     steps.emplace_back([this] { target->Destroy(); });
     steps.push_back(moveTo(panel->ClientToScreen(TARGET_PLACE + wxPoint(2, 2))));
-    perform(with(steps, release()));
+    perform(with(steps, Tests::dropMouse));
     EXPECT_TRUE(entries.empty());
     EXPECT_EQ(wxWindow::GetCapture(), nullptr);
 }
@@ -273,7 +269,7 @@ TEST_F(ColorPickerButtonMouseTest, sourceDestroyedDuringTheDrag_isSurvived)
     showFrame();
     Steps steps = draggingTo({20, 200});
     steps.emplace_back([this] { source->Destroy(); });
-    perform(with(steps, release()));
+    perform(with(steps, Tests::dropMouse));
     EXPECT_TRUE(pickers.requests.empty());
     Tests::clickAt(target, middleOf(target));
     EXPECT_EQ(pickers.requests.size(), 1u) << "the mouse works again";
@@ -284,7 +280,7 @@ TEST_F(ColorPickerButtonMouseTest, frameDeletedDuringTheDrag_isSurvived)
     showFrame();
     Steps steps = draggingToTarget();
     steps.emplace_back([this] { delete frame.get(); });
-    perform(with(steps, release()));
+    perform(with(steps, Tests::dropMouse));
     EXPECT_TRUE(entries.empty());
 }
 
@@ -296,7 +292,7 @@ TEST_F(ColorPickerButtonMouseTest, onChangeOfADropThatDestroysBothButtons_isSurv
         target->Destroy();
         entries.emplace_back("destroyed", color);
     };
-    perform(with(draggingToTarget(), release()));
+    perform(with(draggingToTarget(), Tests::dropMouse));
     EXPECT_TRUE(waitForEntries());
     EXPECT_EQ(entries, Entries({{"destroyed", ORANGE}}));
 }
@@ -305,7 +301,7 @@ TEST_F(ColorPickerButtonMouseTest, onPreviewOfADropThatDeletesTheFrame_isSurvive
 {
     showFrame();
     target->onPreview = [this](const Rgb&) { delete frame.get(); };
-    perform(with(draggingToTarget(), release()));
+    perform(with(draggingToTarget(), Tests::dropMouse));
     EXPECT_TRUE(Tests::pumpUntil([this] { return !frame; }));
     EXPECT_EQ(entries, Entries({{"target change", ORANGE}}));
 }
@@ -315,7 +311,7 @@ TEST_F(ColorPickerButtonMouseTest, exceptionOfADrop_reachesTheMainLoop)
     showFrame();
     target->onChange = [](const Rgb&) { throw std::runtime_error("broken callback"); };
     wxEventLoop loop;
-    Steps steps = with(draggingToTarget(), release());
+    Steps steps = with(draggingToTarget(), Tests::dropMouse);
     for (int i = 0; i < 20; ++i)
         steps.emplace_back([] {});
     const TimedSteps driver(with(steps, [&loop] { loop.Exit(); }));
@@ -333,8 +329,8 @@ TEST_F(ColorPickerButtonMouseTest, escape_cancelsTheDrag)
 {
     showFrame();
     Steps steps = draggingToTarget();
-    steps.emplace_back([] { wxUIActionSimulator().Char(WXK_ESCAPE); });
-    perform(with(steps, release()));
+    steps.emplace_back(Tests::tapEscape);
+    perform(with(steps, Tests::dropMouse));
     EXPECT_TRUE(entries.empty());
     Tests::clickAt(source, middleOf(source));
     EXPECT_EQ(pickers.requests.size(), 1u);
