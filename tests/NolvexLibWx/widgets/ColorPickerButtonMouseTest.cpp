@@ -208,12 +208,12 @@ TEST_F(ColorPickerButtonMouseTest, drag_carriesTheColourAndNotAPreview)
 
 TEST_F(ColorPickerButtonMouseTest, everyBitOfTheColour_survivesTheDrag)
 {
-    constexpr Bits PATTERN{0x7FC12345, 0xFF800000, 0x41200000, 0xC0400000}; // NaN, -infinity, 10, -3
-    source->setColor(std::bit_cast<Rgb>(PATTERN), false);
+    constexpr Bits UNUSUAL{0x7FC12345, 0xFF800000, 0x41200000, 0xC0400000}; // NaN, -infinity, 10, -3
+    source->setColor(std::bit_cast<Rgb>(UNUSUAL), false);
     showFrame();
     perform(with(draggingToTarget(), Tests::dropMouse));
     EXPECT_TRUE(waitForEntries());
-    EXPECT_EQ(std::bit_cast<Bits>(target->getColor()), PATTERN);
+    EXPECT_EQ(std::bit_cast<Bits>(target->getColor()), UNUSUAL);
 }
 
 TEST_F(ColorPickerButtonMouseTest, severalDrags_allArrive)
