@@ -2,16 +2,13 @@
 // Tests presses and drags with real input of the system's mouse.
 #include "ColorPickerButtonFixture.h"
 
+#include "support/ExceptionWatch.h"
 #include "support/RawInput.h"
 #include "support/TimedSteps.h"
-
-#include <wx/evtloop.h>
-#include <wx/toplevel.h>
 
 #include <array>
 #include <bit>
 #include <cstdint>
-#include <stdexcept>
 
 using namespace Nolvex;
 using Tests::TimedSteps;
@@ -309,20 +306,13 @@ TEST_F(ColorPickerButtonMouseTest, onPreviewOfADropThatDeletesTheFrame_isSurvive
 TEST_F(ColorPickerButtonMouseTest, exceptionOfADrop_reachesTheMainLoop)
 {
     showFrame();
-    target->onChange = [](const Rgb&) { throw std::runtime_error("broken callback"); };
-    wxEventLoop loop;
-    Steps steps = with(draggingToTarget(), Tests::dropMouse);
-    for (int i = 0; i < 20; ++i)
-        steps.emplace_back([] {});
-    const TimedSteps driver(with(steps, [&loop] { loop.Exit(); }));
-    std::string failure;
-    try {
-        loop.Run();
-    } catch (const std::exception& exception) {
-        failure = exception.what();
-    }
-    EXPECT_EQ(failure, "broken callback");
-    EXPECT_EQ(target->getColor(), ORANGE);
+    Tests::ExceptionWatch watch;
+    target->onChange = [&](const Rgb&) { watch.fail("broken callback"); };
+    source->setColor(TEAL, false);
+    perform(with(draggingToTarget(), Tests::dropMouse));
+    EXPECT_TRUE(Tests::pumpUntil([&] { return !watch.caught().empty(); }));
+    EXPECT_EQ(watch.caught(), "broken callback");
+    EXPECT_EQ(target->getColor(), TEAL);
 }
 
 TEST_F(ColorPickerButtonMouseTest, escape_cancelsTheDrag)

@@ -2,9 +2,8 @@
 // Tests what a click makes of the application's picker.
 #include "ColorPickerButtonFixture.h"
 
-#include <wx/evtloop.h>
+#include "support/ExceptionWatch.h"
 
-#include <stdexcept>
 #include <thread>
 
 using namespace Nolvex;
@@ -24,22 +23,6 @@ struct ColorPickerButtonPickerTest : Tests::ColorPickerButtonFixture
             event.Skip();
         });
         return count;
-    }
-
-    /// Clicks while an event loop runs, and returns what has left the loop.
-    static std::string failureOfClick(ColorPickerButton* button)
-    {
-        wxEventLoop loop;
-        button->CallAfter([button, &loop] {
-            clickWithoutMouse(button);
-            loop.ScheduleExit();
-        });
-        try {
-            loop.Run();
-        } catch (const std::exception& failure) {
-            return failure.what();
-        }
-        return {};
     }
 };
 
@@ -221,8 +204,10 @@ TEST_F(ColorPickerButtonPickerTest, exceptionOfTheFactory_reachesTheMainLoop)
 {
     ColorPickerButton* button = make();
     showFrame();
-    pickers.making = [] { throw std::runtime_error("no picker"); };
-    EXPECT_EQ(failureOfClick(button), "no picker");
+    Tests::ExceptionWatch watch;
+    pickers.making = [&] { watch.fail("no picker"); };
+    Tests::clickAt(button, middleOf(button));
+    EXPECT_EQ(watch.caught(), "no picker");
     EXPECT_EQ(wxWindow::GetCapture(), nullptr);
     pickers.making = {};
     clickWithoutMouse(button);
@@ -235,11 +220,13 @@ TEST_F(ColorPickerButtonPickerTest, exceptionOfThePicker_reachesTheMainLoopAndLe
     showFrame();
     pickers.run = [](FakePicker& picker) { picker.position = {11, 12}; };
     clickWithoutMouse(button);
-    pickers.run = [](FakePicker& picker) {
+    Tests::ExceptionWatch watch;
+    pickers.run = [&](FakePicker& picker) {
         picker.position = {99, 99};
-        throw std::runtime_error("broken picker");
+        watch.fail("broken picker");
     };
-    EXPECT_EQ(failureOfClick(button), "broken picker");
+    Tests::clickAt(button, middleOf(button));
+    EXPECT_EQ(watch.caught(), "broken picker");
     EXPECT_EQ(pickers.alive, 0);
     EXPECT_EQ(wxWindow::GetCapture(), nullptr);
     pickers.run = {};
