@@ -66,7 +66,7 @@ FORMATETC formatEtc(UINT kind)
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 
-// The objects of this program live as long as somebody needs them, or on the stack longer than that.
+// Each object lives on the stack for longer than COM uses the object, and counts no references.
 template<class Interface>
 class ComObject : public Interface
 {

@@ -4,7 +4,11 @@
 #include "NolvexLib/Object.h"
 #include "NolvexLibWx/DpiScaling.h"
 
+#include <wx/dcclient.h>
+
+#include <array>
 #include <bit>
+#include <cstdint>
 #include <limits>
 #include <type_traits>
 
