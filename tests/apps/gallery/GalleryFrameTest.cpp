@@ -114,16 +114,27 @@ TEST_F(GalleryFrameTest, pages_coverEveryFamilyInTheOrderOfTheirTitles)
     Array<String> titles;
     for (const Gallery::Page& page : frame->pages())
         titles.push_back(page.title);
-    const Array<String> expected{L"Borders",         L"Buttons",
-                                 L"Check boxes",     L"Collapsible panels",
-                                 L"Combo boxes",     L"Drop-down buttons",
-                                 L"File dialogs",    L"Lines",
-                                 L"Message dialogs", L"Pictures",
-                                 L"Pixel probe",     L"Save settings",
-                                 L"Scroll and zoom", L"Skin",
-                                 L"Spinners",        L"Task bar progress",
-                                 L"Text areas",      L"Text buttons",
-                                 L"Text fields",     L"Texts",
+    const Array<String> expected{L"Borders",
+                                 L"Buttons",
+                                 L"Check boxes",
+                                 L"Collapsible panels",
+                                 L"Colour picker buttons",
+                                 L"Combo boxes",
+                                 L"Drop-down buttons",
+                                 L"File dialogs",
+                                 L"Lines",
+                                 L"Message dialogs",
+                                 L"Pictures",
+                                 L"Pixel probe",
+                                 L"Save settings",
+                                 L"Scroll and zoom",
+                                 L"Skin",
+                                 L"Spinners",
+                                 L"Task bar progress",
+                                 L"Text areas",
+                                 L"Text buttons",
+                                 L"Text fields",
+                                 L"Texts",
                                  L"Tooltips"};
     EXPECT_EQ(titles, expected);
 }
