@@ -91,6 +91,9 @@ public:
     /// `value` is within the bounds.
     virtual void setValue(double value);
 
+    /// The value of a control that shows no number, such as a colour. Ignored if there is a `value()`.
+    virtual String valueText() const { return {}; }
+
     /// The choices of a combo box or list, or the further choices of a button.
     virtual int itemCount() const { return 0; }
 

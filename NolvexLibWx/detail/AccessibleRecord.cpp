@@ -13,6 +13,7 @@ struct Wx::AccessibleRecord::Snapshot
     String description;
     Flags<AccessibleState> states;
     Optional<AccessibleValue> value;
+    String valueText;
     Optional<int> selectedItem;
     int itemCount = 0;
 };
@@ -68,8 +69,13 @@ bool Wx::AccessibleRecord::runLater(std::function<void(AccessibleControl&)> requ
 {
     // The event dies with the control, and this record lives at least as long as the control.
     control()->CallAfter([this, request = std::move(request)] {
-        if (AccessibleControl* const told = isOperable() ? account() : nullptr)
-            request(*told);
+        // wxWidgets processes pending events where nothing catches exceptions.
+        try {
+            if (AccessibleControl* const told = isOperable() ? account() : nullptr)
+                request(*told);
+        } catch (...) {
+            wxEvtHandler::WXConsumeException();
+        }
     });
     return true;
 }
@@ -106,10 +112,11 @@ bool Wx::AccessibleRecord::selectItem(int index)
 
 Wx::AccessibleRecord::Snapshot Wx::AccessibleRecord::snapshot()
 {
-    Snapshot now{name(), description(), {}, {}, {}, 0};
+    Snapshot now{name(), description(), {}, {}, {}, {}, 0};
     if (const AccessibleControl* const told = account()) {
         now.states = told->states();
         now.value = told->value();
+        now.valueText = told->valueText();
         now.selectedItem = told->selectedItem();
         now.itemCount = told->itemCount();
     }
@@ -130,7 +137,7 @@ Wx::AccessibleRecord::Changes Wx::AccessibleRecord::takeChanges()
     Changes changes;
     changes.name = now.name != before.name;
     changes.description = now.description != before.description;
-    changes.value = now.value != before.value;
+    changes.value = now.value != before.value || now.valueText != before.valueText;
     changes.selection = now.selectedItem != before.selectedItem;
     changes.itemsBefore = before.itemCount;
     changes.items = now.itemCount;

@@ -52,6 +52,7 @@ public:
 
     /// These three functions return true if the request makes sense now. The account's function runs later,
     /// because assistive technology waits for the answer to its request and a callback may open a dialog.
+    /// What the function throws goes to wxApp::OnExceptionInMainLoop.
     bool doAction(int index);
     bool setValue(double value);
     bool selectItem(int index);

@@ -10,6 +10,7 @@
 #include "NolvexLibWx/widgets/Button.h"
 #include "NolvexLibWx/widgets/CheckBox.h"
 #include "NolvexLibWx/widgets/CollapsiblePanel.h"
+#include "NolvexLibWx/widgets/ColorPickerButton.h"
 #include "NolvexLibWx/widgets/ComboBox.h"
 #include "NolvexLibWx/widgets/DropdownButton.h"
 #include "NolvexLibWx/widgets/ImageSaveSettingsDialog.h"
@@ -24,6 +25,7 @@
 #include <wx/sizer.h>
 
 #include <cstdio>
+#include <memory>
 #include <utility>
 
 namespace {
@@ -33,6 +35,43 @@ using namespace Nolvex;
 using Colours = Array<Wx::ComboBox::Item>;
 
 constexpr auto PUSH = Wx::Button::Behavior::PUSH;
+
+// A picker without a window. The user tries a colour that cannot be displayed and chooses another.
+class QuickPicker : public IColorPicker
+{
+public:
+    void setPreviewCallback(const Function<void(const Rgb&)>& onPreview) override { m_onPreview = onPreview; }
+
+    void setCommitCallback(const Function<void(const Rgb&)>& onCommit) override { m_onCommit = onCommit; }
+
+    void runModal() override
+    {
+        m_onPreview({2, 2, 2, 1});
+        m_onCommit({1.5f, -0.25f, 0.1f, 1});
+    }
+
+    wxPoint getPosition() const override { return wxDefaultPosition; }
+
+private:
+    Function<void(const Rgb&)> m_onPreview;
+    Function<void(const Rgb&)> m_onCommit;
+};
+
+class QuickPickers : public IColorPickerFactory
+{
+public:
+    AutoPtr<IColorPicker> createPicker(WindowHandle /*owner*/, const String& /*title*/,
+                                       const wxPoint& position, const Rgb& /*initial*/) override
+    {
+        m_position = position;
+        return std::make_unique<QuickPicker>();
+    }
+
+    wxPoint position() const { return m_position; }
+
+private:
+    wxPoint m_position;
+};
 
 class Controls
 {
@@ -49,6 +88,7 @@ public:
         addPanel();
         addUnlabelled();
         addChoices();
+        addSwatch();
         // Assistive technology waits for the end of a click, so the dialogs are shown afterwards.
         addButton(L"Ask", [this] { m_page->CallAfter([this] { ask(); }); });
         addButton(L"Save as", [this] { m_page->CallAfter([this] { chooseSettings(); }); });
@@ -168,6 +208,20 @@ private:
         add(m_colours);
         addButton(L"Mix", [this] { m_colours->setData(Colours{{L"Violet", 4, {}}, {L"Green", 2, {}}}); });
         addButton(L"Name", [this] { Wx::setAccessibleName(*m_colours, L"Paint"); });
+    }
+
+    void addSwatch()
+    {
+        auto pickers = std::make_unique<QuickPickers>();
+        const QuickPickers* const asked = pickers.get();
+        auto* swatch = new Wx::ColorPickerButton(std::move(pickers), m_page, L"Accent", wxSize(40, 20), true);
+        swatch->setColor({128 / 255.0f, 64 / 255.0f, 32 / 255.0f, 1}, false);
+        swatch->onChange = [this, asked](const Rgb&) {
+            const wxPoint position = asked->position();
+            m_status->SetLabel(wxString::Format("Accent chosen at %d %d", position.x, position.y));
+        };
+        m_sizer->Add(swatch, 0, wxALL, 2);
+        addButton(L"Retitle", [swatch] { swatch->setTitle(L"Highlight"); });
     }
 
     wxFrame* m_frame;

@@ -60,8 +60,11 @@ def actions_of(control):
 
 
 def value_of(control):
-    if "Value" not in control.get_interfaces() or control.get_minimum_value() == control.get_maximum_value():
+    if "Value" not in control.get_interfaces():
         return []
+    if control.get_minimum_value() == control.get_maximum_value():
+        text = Atspi.Value.get_text(control)
+        return [f'value "{text}"'] if text else []
     numbers = control.get_current_value(), control.get_minimum_value(), control.get_maximum_value()
     return ["value %g from %g to %g by %g" % (*numbers, control.get_minimum_increment())]
 

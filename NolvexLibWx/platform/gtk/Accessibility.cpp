@@ -196,11 +196,14 @@ Optional<Wx::AccessibleValue> valueOf(gpointer accessible)
 
 void getValueAndText(AtkValue* accessible, gdouble* value, gchar** text) noexcept
 {
+    const Wx::AccessibleControl* const account = accountOf(accessible);
     const Optional<Wx::AccessibleValue> told = valueOf(accessible);
     if (value != nullptr)
         *value = told ? told->current : 0;
-    if (text != nullptr)
-        *text = told && !told->text.isEmpty() ? g_strdup(utf8(told->text).c_str()) : nullptr;
+    if (text == nullptr)
+        return;
+    const String shown = told ? told->text : account != nullptr ? account->valueText() : String();
+    *text = shown.isEmpty() ? nullptr : g_strdup(utf8(shown).c_str());
 }
 
 AtkRange* getRange(AtkValue* accessible) noexcept

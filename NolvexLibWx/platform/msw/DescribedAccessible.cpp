@@ -154,6 +154,8 @@ STDMETHODIMP Platform::DescribedAccessible::get_accValue(VARIANT id, BSTR* value
     const Wx::AccessibleControl& told = *account();
     if (const Optional<Wx::AccessibleValue> number = told.value())
         return give(value, shownValue(*number));
+    if (const String text = told.valueText(); !text.isEmpty())
+        return give(value, text);
     const Optional<int> selected = told.selectedItem();
     if (told.itemCount() > 0)
         return give(value, selected ? told.itemName(*selected) : String());

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/widgets/detail/ColorPickerButtonDropTarget.h"
+
+#include "NolvexLibWx/widgets/ColorPickerButton.h"
+#include "NolvexLibWx/widgets/detail/RgbDataObject.h"
+
+namespace Nolvex {
+
+namespace {
+
+// wxWidgets processes pending events where nothing catches exceptions.
+void takeDroppedColor(Wx::ColorPickerButton& button, const Rgb& color)
+{
+    try {
+        button.setColor(color, true);
+    } catch (...) {
+        wxEvtHandler::WXConsumeException();
+    }
+}
+
+} // namespace
+
+Wx::ColorPickerButtonDropTarget::ColorPickerButtonDropTarget(ColorPickerButton& button)
+    : m_button(button), m_data(new RgbDataObject)
+{
+    SetDataObject(m_data);
+    SetDefaultAction(wxDragCopy);
+}
+
+wxDragResult Wx::ColorPickerButtonDropTarget::OnEnter(wxCoord x, wxCoord y, wxDragResult suggested)
+{
+    return OnDragOver(x, y, suggested);
+}
+
+wxDragResult Wx::ColorPickerButtonDropTarget::OnDragOver(wxCoord /*x*/, wxCoord /*y*/, wxDragResult suggested)
+{
+    return m_button.IsEnabled() ? suggested : wxDragNone;
+}
+
+bool Wx::ColorPickerButtonDropTarget::OnDrop(wxCoord /*x*/, wxCoord /*y*/)
+{
+    return m_button.IsEnabled();
+}
+
+wxDragResult Wx::ColorPickerButtonDropTarget::OnData(wxCoord /*x*/, wxCoord /*y*/, wxDragResult suggested)
+{
+    m_data->clear();
+    // On GTK GetData succeeds even if the data object has refused the data.
+    if (!GetData() || !m_data->color())
+        return wxDragNone;
+    // The event dies with the button.
+    m_button.CallAfter([&button = m_button, color = *m_data->color()] { takeDroppedColor(button, color); });
+    return suggested;
+}
+
+} // namespace Nolvex
