@@ -15,7 +15,10 @@ namespace Nolvex::Picker {
 
 namespace {
 
-constexpr int SPINNER_WIDTH = 70; // design units
+// Design units. The labels of all rows have the same width.
+const wxSize LABEL_SIZE(72, 18);
+constexpr int SPINNER_WIDTH = 70;
+
 constexpr float MAX_HUE = 360.0f;
 // Light can be brighter than white, and a colour outside the gamut has negative numbers.
 constexpr float MAX_LIGHT = 1000.0f;
@@ -85,7 +88,8 @@ ChannelRow::ChannelRow(wxWindow* parent, wxSizer& row, Channel channel, const Pi
                        Function<void(Channel, float)> onChange)
     : m_channel(channel), m_color(color), m_onChange(std::move(onChange))
 {
-    row.Add(new Wx::StaticText(parent, wxID_ANY, describe(channel).name), 0, wxALIGN_CENTRE_VERTICAL);
+    row.Add(new Wx::StaticText(parent, wxID_ANY, describe(channel).name, 0, {}, LABEL_SIZE), 0,
+            wxALIGN_CENTRE_VERTICAL);
     makeSlider(parent);
     makeSpinner(parent);
     row.Add(m_slider, 1, wxEXPAND | wxALIGN_CENTRE_VERTICAL);

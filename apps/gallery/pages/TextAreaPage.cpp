@@ -58,7 +58,7 @@ void build(wxWindow* parent, const Log& log)
     parent->SetSizer(grid);
 }
 
-const Page PAGE(L"Text areas", build);
+const Page PAGE(L"Text areas", build, {}, {}, Family::TEXTS);
 
 } // namespace
 

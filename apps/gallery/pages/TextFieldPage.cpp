@@ -73,7 +73,7 @@ void build(wxWindow* parent, const Log& log)
     parent->SetSizer(grid);
 }
 
-const Page PAGE(L"Text fields", build);
+const Page PAGE(L"Text fields", build, {}, {}, Family::TEXTS);
 
 } // namespace
 
