@@ -135,6 +135,11 @@ void GalleryFrame::previewSkin(const Wx::GuiSkin& skin)
     Refresh();
 }
 
+void GalleryFrame::focusLog()
+{
+    m_log->SetFocus();
+}
+
 void GalleryFrame::onCharHook(wxKeyEvent& event)
 {
     const int key = event.GetKeyCode();

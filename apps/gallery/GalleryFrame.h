@@ -40,6 +40,9 @@ public:
     /// The panel of the shown page.
     wxPanel* page() const { return m_page; }
 
+    /// Gives the focus to the log, so that no control of the page has the focus.
+    void focusLog();
+
     PageList* titles() const { return m_titles; }
 
     SkinEditor* skinEditor() const { return m_editor; }

@@ -18,14 +18,13 @@ struct Scene
         /// Moves or presses the mouse or the keys.
         Function<void(wxWindow& page)> act;
 
-        /// Returns true when the control has the state. May be empty if the control tells nobody, and the
+        /// Returns true when the step has had its effect. May be empty if the control tells nothing; the
         /// gallery then waits a moment.
         Function<bool(wxWindow& page)> isReached = {};
     };
 
     String title;
-    Array<Step> steps;
-    Array<Step> ending; ///< brings the control back to rest
+    Array<Step> steps; ///< begin at a new page, with the mouse elsewhere
 };
 
 } // namespace Nolvex::Gallery

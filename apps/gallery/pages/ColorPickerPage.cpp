@@ -3,6 +3,7 @@
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/widgets/ColorPickerButton.h"
 #include "NolvexLibWx/widgets/StaticText.h"
+#include "apps/gallery/Hand.h"
 #include "apps/gallery/Page.h"
 #include "apps/picker/ColorPickerDialog.h"
 #include "apps/picker/ColorPickerFactory.h"
@@ -86,9 +87,26 @@ public:
     }
 };
 
-const Page PAGE(L"Colours", build, {{L"Colour dialog", [](wxWindow* owner) -> wxTopLevelWindow* {
-                                         return new ShownPicker(owner, L"Brown", SAMPLES[0].color);
-                                     }}});
+Hand::Finder swatch(std::size_t index)
+{
+    return Hand::nth<Wx::ColorPickerButton>(index);
+}
+
+const auto HAS_DROPPED = Hand::when<Wx::ColorPickerButton>(
+    1, [](const Wx::ColorPickerButton& button) { return button.getColor() == SAMPLES[0].color; });
+
+const Array<Scene> SCENES{
+    {L"colour dragged to another swatch",
+     {Hand::moveTo(swatch(0)), Hand::press(), Hand::dragTo(swatch(0), {0, 10}),
+      Hand::dragTo(swatch(0), {0, 20}), Hand::dragTo(swatch(1), {-1, 0}), Hand::dragTo(swatch(1)),
+      Hand::release(HAS_DROPPED)}},
+};
+
+const Array<Window> WINDOWS{{L"Colour dialog", [](wxWindow* owner) -> wxTopLevelWindow* {
+                                 return new ShownPicker(owner, L"Brown", SAMPLES[0].color);
+                             }}};
+
+const Page PAGE(L"Colours", build, WINDOWS, SCENES);
 
 } // namespace
 

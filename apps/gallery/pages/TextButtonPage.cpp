@@ -3,6 +3,7 @@
 #include "NolvexLibWx/widgets/GuiSkin.h"
 #include "NolvexLibWx/widgets/StaticText.h"
 #include "NolvexLibWx/widgets/TextButton.h"
+#include "apps/gallery/Hand.h"
 #include "apps/gallery/Page.h"
 
 #include <wx/sizer.h>
@@ -39,7 +40,12 @@ void build(wxWindow* parent, const Log& log)
     parent->SetSizer(rows);
 }
 
-const Page PAGE(L"Text buttons", build);
+const Array<Scene> SCENES{
+    {L"hovered", {Hand::moveTo(Hand::nth<Wx::TextButton>(0))}},
+    {L"visited hovered", {Hand::moveTo(Hand::nth<Wx::TextButton>(1))}},
+};
+
+const Page PAGE(L"Text buttons", build, {}, SCENES);
 
 } // namespace
 
