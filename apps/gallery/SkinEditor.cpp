@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "apps/gallery/SkinEditor.h"
 
-#include "NolvexLib/AutoPtr.h"
 #include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/ColourConversions.h"
 #include "NolvexLibWx/DpiScaling.h"
@@ -16,7 +15,7 @@
 #include "NolvexLibWx/widgets/StaticText.h"
 #include "apps/gallery/SkinFile.h"
 #include "apps/gallery/Skins.h"
-#include "apps/picker/ColorPickerFactory.h"
+#include "apps/picker/WatchedPickerFactory.h"
 
 #include <wx/sizer.h>
 #include <wx/utils.h>
@@ -62,54 +61,6 @@ RgbBytes toBytes(const Rgb& color)
 {
     return Wx::toRgbBytes(Wx::toWxColour(color));
 }
-
-// Makes the pickers of the programs and tells the editor when one of them has ended, which a button does not
-// tell.
-class PickerFactory : public IColorPickerFactory
-{
-public:
-    explicit PickerFactory(Function<void()> onEnded) : m_onEnded(std::move(onEnded)) {}
-
-    AutoPtr<IColorPicker> createPicker(WindowHandle owner, const String& title, const wxPoint& position,
-                                       const Rgb& initial) override
-    {
-        return std::make_unique<WatchedPicker>(
-            Picker::ColorPickerFactory().createPicker(owner, title, position, initial), m_onEnded);
-    }
-
-private:
-    class WatchedPicker : public IColorPicker
-    {
-    public:
-        WatchedPicker(AutoPtr<IColorPicker> picker, Function<void()> onEnded)
-            : m_picker(std::move(picker)), m_onEnded(std::move(onEnded))
-        {}
-
-        void setPreviewCallback(const Function<void(const Rgb&)>& onPreview) override
-        {
-            m_picker->setPreviewCallback(onPreview);
-        }
-
-        void setCommitCallback(const Function<void(const Rgb&)>& onCommit) override
-        {
-            m_picker->setCommitCallback(onCommit);
-        }
-
-        void runModal() override
-        {
-            m_picker->runModal();
-            m_onEnded();
-        }
-
-        wxPoint getPosition() const override { return m_picker->getPosition(); }
-
-    private:
-        AutoPtr<IColorPicker> m_picker;
-        Function<void()> m_onEnded;
-    };
-
-    Function<void()> m_onEnded;
-};
 
 } // namespace
 
@@ -193,8 +144,8 @@ Wx::ColorPickerButton* SkinEditor::makeSwatch(wxWindow* parent, const SkinField&
         if (self)
             self->onPickerEnded();
     };
-    auto* swatch = new Wx::ColorPickerButton(std::make_unique<PickerFactory>(onEnded), parent, field.name,
-                                             SWATCH_SIZE, true);
+    auto* swatch = new Wx::ColorPickerButton(std::make_unique<Picker::WatchedPickerFactory>(onEnded), parent,
+                                             field.name, SWATCH_SIZE, true);
     swatch->SetMinSize(Wx::scaleByDpi(SWATCH_SIZE));
     swatch->onPreview = [this, field](const Rgb& color) { tryColor(field, color); };
     swatch->onChange = [this, field](const Rgb& color) { takeColor(field, color); };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "NolvexLib/RgbBytes.h"
 #include "NolvexLibWx/widgets/TooltipWindow.h"
 #include "apps/viewer/DisplaySettings.h"
 #include "apps/viewer/Picture.h"
@@ -30,6 +31,9 @@ public:
     void setDisplay(const DisplaySettings& settings);
 
     const DisplaySettings& display() const { return m_display; }
+
+    /// Sets the colour around the picture.
+    void setSurround(const RgbBytes& color);
 
     /// Returns the bitmap of the picture, or an invalid bitmap if there is no picture.
     const wxBitmap& bitmap() const;
