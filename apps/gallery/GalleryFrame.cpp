@@ -20,6 +20,8 @@
 #include <wx/sizer.h>
 #include <wx/weakref.h>
 
+#include <utility>
+
 namespace Nolvex::Gallery {
 
 namespace {
@@ -30,7 +32,8 @@ const wxSize FRAME_SIZE(960, 620);
 
 } // namespace
 
-GalleryFrame::GalleryFrame() : wxFrame(nullptr, wxID_ANY, L"Gallery"), m_pages(allPages())
+GalleryFrame::GalleryFrame(Array<Page> pages)
+    : wxFrame(nullptr, wxID_ANY, L"Gallery"), m_pages(std::move(pages))
 {
     builtInSkins();
     Wx::setZephraIcon(this);

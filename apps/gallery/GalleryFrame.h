@@ -27,7 +27,8 @@ class SkinEditor;
 class GalleryFrame : public wxFrame
 {
 public:
-    GalleryFrame();
+    /// Shows all pages that are registered, or those that are given.
+    explicit GalleryFrame(Array<Page> pages = allPages());
     ~GalleryFrame() override;
 
     const Array<Page>& pages() const { return m_pages; }

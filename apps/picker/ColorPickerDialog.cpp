@@ -11,6 +11,7 @@
 #include "NolvexLibWx/widgets/ApplySkinRecursive.h"
 #include "NolvexLibWx/widgets/Button.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"
+#include "NolvexLibWx/widgets/OskaBorder.h"
 #include "NolvexLibWx/widgets/Spinner.h"
 #include "NolvexLibWx/widgets/StaticText.h"
 #include "apps/picker/ChannelSlider.h"
@@ -121,8 +122,11 @@ void ColorPickerDialog::addComparison(wxSizer& rows)
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     const int gap = Wx::scaleByDpi(GAP);
     row->Add(new Wx::StaticText(this, wxID_ANY, L"Hex"), 0, wxALIGN_CENTRE_VERTICAL | wxRIGHT, gap);
-    m_hex = new HexField(this, m_initial, [this](const Rgb& color) { take(color); });
-    row->Add(m_hex, 0, wxALIGN_CENTRE_VERTICAL);
+    // The border of the library, since those of the systems do not fit a dark skin.
+    auto* border = new OskaBorder(this);
+    m_hex = new HexField(border, m_initial, [this](const Rgb& color) { take(color); });
+    border->addChild(m_hex);
+    row->Add(border, 0, wxALIGN_CENTRE_VERTICAL);
     row->AddStretchSpacer();
     auto* old =
         new ColorSwatch(this, L"The colour before", COMPARED_SIZE, m_initial, [this] { take(m_initial); });

@@ -13,7 +13,7 @@ namespace Nolvex::Picker {
 
 namespace {
 
-const wxSize SIZE(110, 24); // design units
+const wxSize SIZE(100, 18); // design units
 const wxColour BAD_BACKGROUND(150, 30, 30);
 const wxColour BAD_TEXT(255, 255, 255);
 const wchar_t* const EXPLANATION = L"Write a colour as #rgb, #rrggbb or #rrggbbaa.";
@@ -21,7 +21,7 @@ const wchar_t* const EXPLANATION = L"Write a colour as #rgb, #rrggbb or #rrggbba
 } // namespace
 
 HexField::HexField(wxWindow* parent, const Rgb& color, Function<void(const Rgb&)> onChange)
-    : TextControl(parent, wxID_ANY, hexColor(color), 0, {}, SIZE),
+    : TextControl(parent, wxID_ANY, hexColor(color), wxBORDER_NONE, {}, SIZE),
       m_color(color),
       m_onChange(std::move(onChange))
 {

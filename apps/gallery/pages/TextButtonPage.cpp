@@ -32,7 +32,9 @@ void build(wxWindow* parent, const Log& log)
     auto* link = new Wx::TextButton(parent, wxID_ANY, L"A link to example.org, opened in the browser",
                                     L"https://example.org/");
     link->setTooltip(L"https://example.org/");
-    for (Wx::TextButton* button : {plain, visited, link}) {
+    auto* disabled = new Wx::TextButton(parent, wxID_ANY, L"Disabled", [log] { log(L"This never comes."); });
+    disabled->Disable();
+    for (Wx::TextButton* button : {plain, visited, link, disabled}) {
         // applySkinRecursive() gives links one colour for all states, so that the colours are set afterwards.
         button->CallAfter([button, isVisited = button == visited] { colour(button, isVisited); });
         rows->Add(button, 0, wxTOP, GAP);

@@ -79,7 +79,8 @@ const auto HAS_FOCUS = Hand::when<TextControl>(0, [](const TextControl& field) {
 
 const Array<Scene> SCENES{
     {L"focused", {Hand::moveTo(FIRST), Hand::click(HAS_FOCUS)}},
-    {L"selected", {Hand::moveTo(FIRST), Hand::click(HAS_FOCUS), Hand::type('A', wxMOD_CONTROL)}},
+    {L"selected",
+     {Hand::moveTo(FIRST), Hand::click(HAS_FOCUS), Hand::type(WXK_END), Hand::type(WXK_HOME, wxMOD_SHIFT)}},
     {L"edited", {Hand::moveTo(FIRST), Hand::click(HAS_FOCUS), Hand::type(WXK_END), Hand::type('s')}},
 };
 

@@ -100,7 +100,7 @@ Function<bool(wxWindow&)> isShown(std::size_t sample)
 
 const Array<Scene> SCENES{
     {L"short", {Hand::moveTo(label(0)), Hand::moveTo(label(0), {1, 0}, isShown(0))}},
-    {L"wrapped", {Hand::moveTo(label(1)), Hand::moveTo(label(1), {1, 0}, isShown(1))}},
+    {L"wrapped", {Hand::moveTo(label(1), {-100, 0}), Hand::moveTo(label(1), {-99, 0}, isShown(1))}},
     {L"with lines of its own", {Hand::moveTo(label(2)), Hand::moveTo(label(2), {1, 0}, isShown(2))}},
 };
 

@@ -166,3 +166,20 @@ TEST_F(SkinEditorTest, fileThatCannotBeWritten_isExplained)
     Tests::DialogRobot robot({Tests::pressIn<Wx::MessageDialog>(WXK_RETURN)});
     frame->skinEditor()->save(folder.path() / L"missing" / L"skin.xml");
 }
+
+TEST_F(SkinEditorTest, manyColoursTriedAtOnce_areShownOnce)
+{
+    int previews = 0;
+    Wx::GuiSkin last;
+    auto* editor = new SkinEditor(frame, {[&](const Wx::GuiSkin& skin) {
+                                              ++previews;
+                                              last = skin;
+                                          },
+                                          [](const Wx::GuiSkin&, const String&) {}});
+    for (int i = 0; i <= 1000; ++i)
+        editor->swatch(ACCENT)->onPreview(Rgb{static_cast<float>(i) / 1000.0f, 0, 0, 1});
+    EXPECT_TRUE(pumpUntil([&] { return previews > 0; }));
+    Tests::pumpEvents(200);
+    EXPECT_EQ(previews, 1);
+    EXPECT_EQ(last.accent, (RgbBytes{255, 0, 0}));
+}
