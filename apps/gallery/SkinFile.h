@@ -20,7 +20,7 @@ namespace Nolvex::Gallery {
 // A colour is six hexadecimal digits, as the gallery writes it, or three numbers from 0 to 255 with spaces or
 // commas between them. The order of the colours does not matter.
 
-inline constexpr std::uint64_t MAX_SKIN_FILE_SIZE = 64 * 1024; // bytes
+inline constexpr std::uint64_t MAX_SKIN_FILE_SIZE = 65'536; // bytes
 
 [[nodiscard]] std::string skinToXml(const Wx::GuiSkin& skin);
 

@@ -13,6 +13,7 @@
 #include <wx/dcbuffer.h>
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace Nolvex::Picker {
@@ -105,7 +106,7 @@ int ChannelSlider::knobPosition() const
 {
     const wxRect area = track();
     const float share = m_number / m_range.maximum;
-    return area.x + static_cast<int>(share * static_cast<float>(std::max(area.width - 1, 0)) + 0.5f);
+    return area.x + static_cast<int>(std::lround(share * static_cast<float>(std::max(area.width - 1, 0))));
 }
 
 float ChannelSlider::numberAt(int x) const

@@ -2,8 +2,8 @@
 #include "apps/viewer/writing/PictureWriter.h"
 
 #include "NolvexLib/ImageFormatDescriptor.h"
-#include "apps/viewer/writing/PngWriter.h"
 #include "apps/program/ReplacementFile.h"
+#include "apps/viewer/writing/PngWriter.h"
 #include "apps/viewer/writing/TiffWriter.h"
 #include "apps/viewer/writing/WxImageWriter.h"
 
