@@ -28,6 +28,7 @@ enum class AccessibleRole : int
     BORDER,  ///< a frame around another window, of no interest by itself
     SPINNER, ///< a number with a range
     COMBO_BOX,
+    SLIDER, ///< a number with a range, which is dragged
 };
 
 /// The states that only the control itself knows. The library finds out by itself whether the control is

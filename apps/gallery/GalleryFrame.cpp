@@ -12,56 +12,53 @@
 #include "NolvexLibWx/widgets/OskaBorder.h"
 #include "NolvexLibWx/widgets/StaticLine.h"
 #include "NolvexLibWx/widgets/TextCtrl.h"
+#include "apps/gallery/PageList.h"
+#include "apps/gallery/SkinEditor.h"
+#include "apps/gallery/Skins.h"
 
-#include <wx/listbox.h>
 #include <wx/panel.h>
 #include <wx/sizer.h>
 #include <wx/weakref.h>
 
-#include <array>
+#include <utility>
 
 namespace Nolvex::Gallery {
 
 namespace {
 
 constexpr int MARGIN = 10;
-constexpr int SIDEBAR_WIDTH = 150;
 constexpr int LOG_HEIGHT = 90;
-const wxSize FRAME_SIZE(760, 560);
-
-struct NamedSkin
-{
-    const wchar_t* name;
-    Wx::GuiSkin skin;
-};
-
-// The default skin must be read before the gallery changes it. The check mark is white in every skin, so that
-// "Paper" is a brown paper, dark enough for white.
-const std::array<NamedSkin, GalleryFrame::SKIN_COUNT>& skins()
-{
-    static const std::array<NamedSkin, GalleryFrame::SKIN_COUNT> ALL{
-        NamedSkin{L"Dark", Wx::GuiSkin::DEFAULT()}, NamedSkin{L"Paper",
-                                                              {.text = {26, 20, 12},
-                                                               .disabledText = {108, 86, 62},
-                                                               .background = {166, 138, 106},
-                                                               .darkBackground = {132, 106, 78},
-                                                               .accentText = {255, 255, 255},
-                                                               .accent = {96, 48, 20},
-                                                               .pressedBackground = {186, 160, 128},
-                                                               .link = {110, 16, 16},
-                                                               .highlight = {255, 224, 160}}}};
-    return ALL;
-}
+const wxSize FRAME_SIZE(960, 620);
 
 } // namespace
 
-GalleryFrame::GalleryFrame() : wxFrame(nullptr, wxID_ANY, L"Gallery"), m_pages(allPages())
+GalleryFrame::GalleryFrame(Array<Page> pages)
+    : wxFrame(nullptr, wxID_ANY, L"Gallery"), m_pages(std::move(pages))
 {
-    skins();
+    builtInSkins();
     Wx::setZephraIcon(this);
     // The controls of wxWidgets inherit the font, which makes their texts as large as those of the library.
     SetFont(Wx::setDefaultFontSize(GetFont(), 1.0f));
     auto* root = new wxPanel(this);
+    m_titles = new PageList(root, m_pages, [this](std::size_t page) { showPage(page); });
+    auto* sizer = new wxBoxSizer(wxHORIZONTAL);
+    sizer->Add(m_titles, 0, wxEXPAND | wxALL, MARGIN);
+    sizer->Add(makeMiddle(root), 1, wxEXPAND | wxTOP | wxBOTTOM, MARGIN);
+    m_editor = new SkinEditor(
+        root, {[this](const Wx::GuiSkin& skin) { previewSkin(skin); },
+               [this](const Wx::GuiSkin& skin, const String& name) { applySkin(skin, name); }});
+    sizer->Add(m_editor, 0, wxEXPAND | wxALL, MARGIN);
+    root->SetSizer(sizer);
+    SetClientSize(Wx::scaleByDpi(FRAME_SIZE));
+    Centre();
+    Bind(wxEVT_CHAR_HOOK, &GalleryFrame::onCharHook, this);
+    chooseSkin(0);
+}
+
+GalleryFrame::~GalleryFrame() = default;
+
+wxSizer* GalleryFrame::makeMiddle(wxWindow* root)
+{
     m_stage = new wxPanel(root);
     m_stage->SetSizer(new wxBoxSizer(wxVERTICAL));
     // The border of the library frames the log, since the borders of the systems do not fit a dark skin.
@@ -72,68 +69,28 @@ GalleryFrame::GalleryFrame() : wxFrame(nullptr, wxID_ANY, L"Gallery"), m_pages(a
     Wx::setAccessibleName(*m_log, L"Log");
     logBorder->addChild(m_log);
 
-    auto* right = new wxBoxSizer(wxVERTICAL);
-    right->Add(m_stage, 1, wxEXPAND);
-    right->Add(new Wx::StaticLine(root, wxHORIZONTAL), 0, wxEXPAND | wxTOP | wxBOTTOM, MARGIN);
-    right->Add(logBorder, 0, wxEXPAND);
-    auto* sizer = new wxBoxSizer(wxHORIZONTAL);
-    sizer->Add(makeSidebar(root), 0, wxEXPAND | wxALL, MARGIN);
-    sizer->Add(right, 1, wxEXPAND | wxTOP | wxBOTTOM | wxRIGHT, MARGIN);
-    root->SetSizer(sizer);
-    SetClientSize(Wx::scaleByDpi(FRAME_SIZE));
-    Centre();
-    chooseSkin(0);
-}
-
-wxWindow* GalleryFrame::makeSidebar(wxWindow* parent)
-{
-    auto* sidebar = new wxPanel(parent);
-    m_titles = new wxListBox(sidebar, wxID_ANY, wxDefaultPosition, Wx::scaleByDpi(wxSize(SIDEBAR_WIDTH, -1)),
-                             0, nullptr, wxLB_SINGLE | wxBORDER_NONE);
-    for (const Page& page : m_pages)
-        m_titles->Append(Wx::toWxString(page.title));
-    m_skins = new wxPanel(sidebar);
-    m_skins->SetSizer(new wxBoxSizer(wxHORIZONTAL));
-    m_titles->Bind(wxEVT_LISTBOX, [this](wxCommandEvent& event) {
-        showPage(static_cast<std::size_t>(event.GetSelection()));
-    });
-
-    auto* sizer = new wxBoxSizer(wxVERTICAL);
-    sizer->Add(m_titles, 1, wxEXPAND | wxBOTTOM, MARGIN);
-    sizer->Add(m_skins, 0, wxEXPAND);
-    sidebar->SetSizer(sizer);
-    return sidebar;
-}
-
-void GalleryFrame::makeSkinButtons(int chosen)
-{
-    using enum Wx::Button::Behavior;
-    m_skins->DestroyChildren();
-    for (int i = 0; i < SKIN_COUNT; ++i) {
-        // The choice is put off until the button's own click is over, because it replaces the button.
-        auto* button = new Wx::Button(
-            m_skins, Wx::GuiSkin::DEFAULT(), wxID_ANY, skinName(i), wxBitmap(), wxBitmap(),
-            [this, i] { CallAfter([this, i] { chooseSkin(i); }); }, TOGGLE, true, OskaBorderState::ENABLED);
-        button->setToggled(i == chosen);
-        m_skins->GetSizer()->Add(button, 1, wxEXPAND);
-    }
-    m_skins->GetParent()->Layout();
+    auto* middle = new wxBoxSizer(wxVERTICAL);
+    middle->Add(m_stage, 1, wxEXPAND);
+    middle->Add(new Wx::StaticLine(root, wxHORIZONTAL), 0, wxEXPAND | wxTOP | wxBOTTOM, MARGIN);
+    middle->Add(logBorder, 0, wxEXPAND);
+    return middle;
 }
 
 const wchar_t* GalleryFrame::skinName(int index)
 {
-    return skins()[static_cast<std::size_t>(index)].name;
+    return builtInSkins()[static_cast<std::size_t>(index)].name;
 }
 
 const Wx::GuiSkin& GalleryFrame::skin(int index)
 {
-    return skins()[static_cast<std::size_t>(index)].skin;
+    return builtInSkins()[static_cast<std::size_t>(index)].skin;
 }
 
 void GalleryFrame::showPage(std::size_t index)
 {
     m_shown = index;
-    m_titles->SetSelection(static_cast<int>(index));
+    m_titles->select(index);
+    const bool hadFocus = m_page != nullptr && m_page->IsDescendant(FindFocus());
     if (m_page != nullptr)
         m_page->Destroy();
     m_page = new wxPanel(m_stage);
@@ -146,20 +103,55 @@ void GalleryFrame::showPage(std::size_t index)
     m_stage->GetSizer()->Add(m_page, 1, wxEXPAND);
     Wx::applySkinRecursive(m_page, Wx::GuiSkin::DEFAULT());
     m_stage->Layout();
+    // Without a focus, the frame would get no keys.
+    if (hadFocus && !m_page->IsDescendant(FindFocus()))
+        m_page->SetFocus();
     Refresh();
 }
 
 void GalleryFrame::chooseSkin(int index)
 {
-    Wx::GuiSkin::DEFAULT() = skin(index);
-    Wx::applySkinRecursive(this, Wx::GuiSkin::DEFAULT());
-    makeSkinButtons(index);
+    applySkin(skin(index), skinName(index));
+}
+
+void GalleryFrame::applySkin(const Wx::GuiSkin& skin, const String& name)
+{
+    const Wx::GuiSkin chosen = skin; // may be the default skin itself
+    previewSkin(chosen);
+    m_titles->rebuild();
+    m_editor->setSkin(chosen);
+    m_editor->rebuild();
     showPage(m_shown);
     // On Windows, text keeps the colours that were set when it was written, so that it is written again.
     const wxString written = m_log->GetValue();
     m_log->Clear();
     m_log->AppendText(written);
-    log(L"The default skin is " + String(skinName(index)) + L".");
+    log(L"The default skin is " + name + L".");
+}
+
+void GalleryFrame::previewSkin(const Wx::GuiSkin& skin)
+{
+    Wx::GuiSkin::DEFAULT() = skin;
+    Wx::applySkinRecursive(this, Wx::GuiSkin::DEFAULT());
+    // applySkinRecursive() gives every button the plain colours.
+    m_titles->button(m_shown)->setToggled(true);
+    Refresh();
+}
+
+void GalleryFrame::focusLog()
+{
+    m_log->SetFocus();
+}
+
+void GalleryFrame::onCharHook(wxKeyEvent& event)
+{
+    const int key = event.GetKeyCode();
+    const bool turnsPage = key == WXK_PAGEUP || key == WXK_PAGEDOWN;
+    if (!turnsPage || event.GetModifiers() != wxMOD_CONTROL)
+        return event.Skip();
+    const std::size_t step = key == WXK_PAGEDOWN ? 1 : m_pages.size() - 1;
+    // The page that is replaced may have the focus.
+    CallAfter([this, step] { showPage((m_shown + step) % m_pages.size()); });
 }
 
 void GalleryFrame::log(const String& text)

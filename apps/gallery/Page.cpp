@@ -17,8 +17,12 @@ Array<Page>& registry()
 } // namespace
 
 Page::Page(String pageTitle, Function<void(wxWindow* parent, const Log& log)> pageBuild,
-           Array<Window> pageWindows)
-    : title(std::move(pageTitle)), build(std::move(pageBuild)), windows(std::move(pageWindows))
+           Array<Window> pageWindows, Array<Scene> pageScenes, Family pageFamily)
+    : title(std::move(pageTitle)),
+      build(std::move(pageBuild)),
+      windows(std::move(pageWindows)),
+      scenes(std::move(pageScenes)),
+      family(pageFamily)
 {
     registry().push_back(*this);
 }

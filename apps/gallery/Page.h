@@ -4,6 +4,7 @@
 #include "NolvexLib/Array.h"
 #include "NolvexLib/Function.h"
 #include "NolvexLib/String.h"
+#include "apps/gallery/Scene.h"
 
 class wxTopLevelWindow;
 class wxWindow;
@@ -21,6 +22,15 @@ struct Window
     Function<wxTopLevelWindow*(wxWindow* owner)> make;
 };
 
+/// The heading under which a page is listed.
+enum class Family : int
+{
+    CONTROLS,
+    TEXTS,
+    DIALOGS,
+    LOOKS,
+};
+
 /// A page of the gallery: a family of controls in all their states. The definition of a page registers it:
 ///
 ///     const Page BORDERS(L"Borders", [](wxWindow* parent, const Log& log) { ... });
@@ -28,11 +38,13 @@ struct Page
 {
     /// `pageBuild` receives an empty panel, which it fills with controls and a sizer.
     Page(String pageTitle, Function<void(wxWindow* parent, const Log& log)> pageBuild,
-         Array<Window> pageWindows = {});
+         Array<Window> pageWindows = {}, Array<Scene> pageScenes = {}, Family pageFamily = Family::CONTROLS);
 
     String title;
     Function<void(wxWindow* parent, const Log& log)> build;
     Array<Window> windows; ///< that the page's controls open
+    Array<Scene> scenes;   ///< of the page's controls under the user's hand
+    Family family;
 };
 
 /// Returns all pages in the order of their titles.

@@ -67,6 +67,12 @@ void ImageView::setDisplay(const DisplaySettings& settings)
     Refresh();
 }
 
+void ImageView::setSurround(const RgbBytes& color)
+{
+    SetBackgroundColour(Wx::toWxColour(color));
+    Refresh();
+}
+
 const wxBitmap& ImageView::bitmap() const
 {
     return m_picture ? m_picture->bitmap() : wxNullBitmap;

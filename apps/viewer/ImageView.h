@@ -3,6 +3,7 @@
 
 #include "NolvexLib/Optional.h"
 #include "NolvexLib/Pixel.h"
+#include "NolvexLib/RgbBytes.h"
 #include "NolvexLibWx/widgets/TooltipWindow.h"
 #include "apps/viewer/DisplaySettings.h"
 #include "apps/viewer/Picture.h"
@@ -32,6 +33,9 @@ public:
     void setDisplay(const DisplaySettings& settings);
 
     const DisplaySettings& display() const { return m_display; }
+
+    /// Sets the colour around the picture.
+    void setSurround(const RgbBytes& color);
 
     /// Returns the bitmap of the picture, or an invalid bitmap if there is no picture.
     const wxBitmap& bitmap() const;

@@ -2,13 +2,20 @@
 #include "apps/viewer/ViewOptions.h"
 
 #include "NolvexLibWx/Accessibility.h"
+#include "NolvexLibWx/ColourConversions.h"
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/widgets/CheckBox.h"
+#include "NolvexLibWx/widgets/ColorPickerButton.h"
 #include "NolvexLibWx/widgets/ComboBox.h"
+#include "NolvexLibWx/widgets/GuiSkin.h"
 #include "NolvexLibWx/widgets/Spinner.h"
 #include "NolvexLibWx/widgets/StaticText.h"
+#include "apps/picker/WatchedPickerFactory.h"
 
 #include <wx/sizer.h>
+#include <wx/weakref.h>
+
+#include <memory>
 
 namespace Nolvex::Viewer {
 
@@ -16,6 +23,8 @@ namespace {
 
 constexpr int GAP = 16;
 constexpr int SMALL_GAP = 6;
+
+const wxSize SWATCH_SIZE(36, 16);
 
 constexpr float MAX_EXPOSURE = 20.0f;
 constexpr int EXPOSURE_DIGITS = 2;
@@ -40,7 +49,9 @@ Wx::CheckBox* addCheckBox(wxWindow* parent, wxSizer* row, const String& label, C
 } // namespace
 
 ViewOptions::ViewOptions(wxWindow* parent, const Function<void(Command)>& run,
-                         const Function<void(const DisplaySettings&)>& display)
+                         const Function<void(const DisplaySettings&)>& display,
+                         const Function<void(const RgbBytes&)>& trySurround,
+                         const Function<void(bool)>& endTrying)
     : wxPanel(parent), m_display(display)
 {
     auto* row = new wxBoxSizer(wxHORIZONTAL);
@@ -48,10 +59,38 @@ ViewOptions::ViewOptions(wxWindow* parent, const Function<void(Command)>& run,
     m_tooltips = addCheckBox(this, row, L"Tooltips", Command::SHOW_TOOLTIPS, run);
     m_lightSurround = addCheckBox(this, row, L"Light surround", Command::LIGHT_SURROUND, run);
     m_pixelProbe = addCheckBox(this, row, L"Pixel probe", Command::PIXEL_PROBE, run);
+    addSurround(*row, trySurround, endTrying);
     auto* rows = new wxBoxSizer(wxVERTICAL);
     rows->Add(row);
     rows->Add(makeDisplayRow(), 0, wxTOP, Wx::scaleByDpi(SMALL_GAP));
     SetSizerAndFit(rows);
+}
+
+void ViewOptions::addSurround(wxSizer& row, const Function<void(const RgbBytes&)>& trySurround,
+                              const Function<void(bool)>& endTrying)
+{
+    const auto onEnded = [self = wxWeakRef<ViewOptions>(this), endTrying] {
+        if (!self)
+            return;
+        // After a cancelled picker the button would go on showing the colour that was tried last.
+        self->m_surround->setColor(self->m_surround->getColor(), false);
+        endTrying(false);
+    };
+    m_surround = new Wx::ColorPickerButton(std::make_unique<Picker::WatchedPickerFactory>(onEnded), this,
+                                           L"Surround", SWATCH_SIZE, true);
+    m_surround->SetMinSize(Wx::scaleByDpi(SWATCH_SIZE));
+    m_surround->setColor(Wx::toRgb(Wx::toWxColour(Wx::GuiSkin::DEFAULT().darkBackground)), false);
+    m_surround->onPreview = [trySurround](const Rgb& tried) {
+        trySurround(Wx::toRgbBytes(Wx::toWxColour(tried)));
+    };
+    m_surround->onChange = [endTrying](const Rgb&) { endTrying(true); };
+    row.Add(m_surround, 0, wxALIGN_CENTRE_VERTICAL | wxRIGHT, Wx::scaleByDpi(SMALL_GAP));
+    row.Add(new Wx::StaticText(this, wxID_ANY, L"Surround"), 0, wxALIGN_CENTRE_VERTICAL);
+}
+
+RgbBytes ViewOptions::surround() const
+{
+    return Wx::toRgbBytes(Wx::toWxColour(m_surround->getColor()));
 }
 
 wxSizer* ViewOptions::makeDisplayRow()

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "NolvexLib/Function.h"
+#include "NolvexLib/RgbBytes.h"
 #include "apps/viewer/Command.h"
 #include "apps/viewer/DisplaySettings.h"
 
@@ -10,6 +11,7 @@
 namespace Nolvex::Wx {
 
 class CheckBox;
+class ColorPickerButton;
 class ComboBox;
 class Spinner;
 
@@ -18,12 +20,20 @@ class Spinner;
 namespace Nolvex::Viewer {
 
 /// The ways to show the picture: check boxes, which call `run` with their command when the user changes them,
-/// and below them the exposure in stops and the channel, which call `display`.
+/// the colour of the surround, and below them the exposure in stops and the channel, which call `display`.
 class ViewOptions : public wxPanel
 {
 public:
+    /// `trySurround` is called with each colour that the user tries for the surround. `endTrying` is called
+    /// with true when the user has chosen a colour, which `surround` then returns, and with false when a
+    /// picker has ended in any way.
     ViewOptions(wxWindow* parent, const Function<void(Command)>& run,
-                const Function<void(const DisplaySettings&)>& display);
+                const Function<void(const DisplaySettings&)>& display,
+                const Function<void(const RgbBytes&)>& trySurround, const Function<void(bool)>& endTrying);
+
+    /// The colour around the picture while the light surround is off. At first it is the dark background of
+    /// the skin.
+    RgbBytes surround() const;
 
     // These functions set the controls and call neither `run` nor `display`.
 
@@ -33,6 +43,8 @@ public:
     void setPixelProbe(bool active);
 
 private:
+    void addSurround(wxSizer& row, const Function<void(const RgbBytes&)>& trySurround,
+                     const Function<void(bool)>& endTrying);
     wxSizer* makeDisplayRow();
 
     Function<void(const DisplaySettings&)> m_display;
@@ -41,6 +53,7 @@ private:
     Wx::CheckBox* m_tooltips;
     Wx::CheckBox* m_lightSurround;
     Wx::CheckBox* m_pixelProbe;
+    Wx::ColorPickerButton* m_surround = nullptr;
     Wx::Spinner* m_exposure = nullptr;
     Wx::ComboBox* m_channel = nullptr;
 };

@@ -95,7 +95,9 @@ wxWindow* ViewerFrame::makeOptions(wxWindow* parent)
 {
     m_options = new ViewOptions(
         parent, [this](Command command) { run(command); },
-        [this](const DisplaySettings& settings) { m_view->setDisplay(settings); });
+        [this](const DisplaySettings& settings) { m_view->setDisplay(settings); },
+        [this](const RgbBytes& tried) { m_view->setSurround(tried); },
+        [this](bool isChosen) { setLightSurround(!isChosen && m_lightSurround); });
     return new Wx::CollapsiblePanel(parent, Wx::GuiSkin::DEFAULT(), L"View options", m_options);
 }
 
@@ -260,9 +262,7 @@ void ViewerFrame::setLightSurround(bool light)
     m_lightSurround = light;
     GetMenuBar()->Check(Command::LIGHT_SURROUND, light);
     m_options->setLightSurround(light);
-    m_view->SetBackgroundColour(
-        Wx::toWxColour(light ? LIGHT_SURROUND_COLOUR : Wx::GuiSkin::DEFAULT().darkBackground));
-    m_view->Refresh();
+    m_view->setSurround(light ? LIGHT_SURROUND_COLOUR : m_options->surround());
 }
 
 void ViewerFrame::setPixelProbe(bool active)

@@ -63,8 +63,8 @@ public:
 
     bool hasTooltips() const { return m_tooltips; }
 
-    /// Surrounds the picture with a light grey, by which dark pictures can be judged, or with the skin's dark
-    /// background.
+    /// Surrounds the picture with a light grey, by which dark pictures can be judged, or with the
+    /// colour of the view options.
     void setLightSurround(bool light);
 
     bool hasLightSurround() const { return m_lightSurround; }

@@ -29,6 +29,8 @@ AtkRole Platform::atkRole(Wx::AccessibleRole role)
         return ATK_ROLE_SPIN_BUTTON;
     case COMBO_BOX:
         return ATK_ROLE_COMBO_BOX;
+    case SLIDER:
+        return ATK_ROLE_SLIDER;
     case BORDER:
         break;
     }

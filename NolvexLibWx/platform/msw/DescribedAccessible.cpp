@@ -41,6 +41,8 @@ LONG systemRole(AccessibleRole role)
         return ROLE_SYSTEM_SPINBUTTON;
     case COMBO_BOX:
         return ROLE_SYSTEM_COMBOBOX;
+    case SLIDER:
+        return ROLE_SYSTEM_SLIDER;
     case BORDER:
         break;
     }

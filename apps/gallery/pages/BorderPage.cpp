@@ -45,7 +45,7 @@ void build(wxWindow* parent, const Log& log)
     parent->SetSizer(grid);
 }
 
-const Page PAGE(L"Borders", build);
+const Page PAGE(L"Borders", build, {}, {}, Family::LOOKS);
 
 } // namespace
 

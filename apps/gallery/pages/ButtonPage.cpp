@@ -3,6 +3,7 @@
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/widgets/AutoSizedButton.h"
 #include "NolvexLibWx/widgets/StaticText.h"
+#include "apps/gallery/Hand.h"
 #include "apps/gallery/Page.h"
 
 #include <wx/artprov.h>
@@ -99,7 +100,49 @@ void build(wxWindow* parent, const Log& log)
     parent->SetSizer(rows);
 }
 
-const Page PAGE(L"Buttons", build);
+Function<bool(wxWindow&)> isHovered(const Hand::Finder& button)
+{
+    return [button](wxWindow& page) {
+        const auto* found = dynamic_cast<Wx::Button*>(button(page));
+        return found != nullptr && found->borderState().has(OskaBorderState::HOVERED);
+    };
+}
+
+Function<bool(wxWindow&)> isPressed(const Hand::Finder& button)
+{
+    return [button](wxWindow& page) {
+        const auto* found = dynamic_cast<Wx::Button*>(button(page));
+        return found != nullptr && found->isPressed();
+    };
+}
+
+Function<bool(wxWindow&)> isToggled(const Hand::Finder& button)
+{
+    return [button](wxWindow& page) {
+        const auto* found = dynamic_cast<Wx::Button*>(button(page));
+        return found != nullptr && found->isToggled();
+    };
+}
+
+const Hand::Finder PUSH_BUTTON = Hand::labelled<Wx::Button>(L"Push");
+const Hand::Finder TOGGLE_BUTTON = Hand::labelled<Wx::Button>(L"Toggle");
+const Hand::Finder TOGGLED_BUTTON = Hand::labelled<Wx::Button>(L"Toggled");
+const Hand::Finder ICON_BUTTON = Hand::labelled<Wx::Button>(L"With icon");
+const Hand::Finder FRAMELESS_BUTTON = Hand::labelled<Wx::Button>(L"No frame");
+const Hand::Finder OK_BUTTON = Hand::labelled<Wx::Button>(L"OK");
+
+const Array<Scene> SCENES{
+    {L"hovered", {Hand::moveTo(PUSH_BUTTON, {}, isHovered(PUSH_BUTTON))}},
+    {L"pressed", {Hand::moveTo(PUSH_BUTTON), Hand::press(isPressed(PUSH_BUTTON))}},
+    {L"toggle pressed", {Hand::moveTo(TOGGLE_BUTTON), Hand::press(isPressed(TOGGLE_BUTTON))}},
+    {L"toggled by a click", {Hand::moveTo(TOGGLE_BUTTON), Hand::click(isToggled(TOGGLE_BUTTON))}},
+    {L"toggled pressed again", {Hand::moveTo(TOGGLED_BUTTON), Hand::press(isPressed(TOGGLED_BUTTON))}},
+    {L"with an icon pressed", {Hand::moveTo(ICON_BUTTON), Hand::press(isPressed(ICON_BUTTON))}},
+    {L"without a frame hovered", {Hand::moveTo(FRAMELESS_BUTTON, {}, isHovered(FRAMELESS_BUTTON))}},
+    {L"sized by content hovered", {Hand::moveTo(OK_BUTTON, {}, isHovered(OK_BUTTON))}},
+};
+
+const Page PAGE(L"Buttons", build, {}, SCENES);
 
 } // namespace
 

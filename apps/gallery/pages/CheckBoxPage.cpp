@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/widgets/CheckBox.h"
+#include "apps/gallery/Hand.h"
 #include "apps/gallery/Page.h"
 
 #include <wx/sizer.h>
@@ -37,7 +38,19 @@ void build(wxWindow* parent, const Log& log)
     parent->SetSizer(rows);
 }
 
-const Page PAGE(L"Check boxes", build);
+const Array<Scene> SCENES{
+    {L"checked and focused by a click",
+     {Hand::moveTo(Hand::nth<Wx::CheckBox>(0)),
+      Hand::click(Hand::when<Wx::CheckBox>(0, [](const Wx::CheckBox& box) { return box.GetValue(); }))}},
+    {L"cleared by a click",
+     {Hand::moveTo(Hand::nth<Wx::CheckBox>(1)),
+      Hand::click(Hand::when<Wx::CheckBox>(1, [](const Wx::CheckBox& box) { return !box.GetValue(); }))}},
+    {L"checked by the Space key",
+     {Hand::type(WXK_SPACE, 0,
+                 Hand::when<Wx::CheckBox>(5, [](const Wx::CheckBox& box) { return box.GetValue(); }))}},
+};
+
+const Page PAGE(L"Check boxes", build, {}, SCENES);
 
 } // namespace
 

@@ -6,6 +6,7 @@
 #include "NolvexLibWx/widgets/ComboBoxCanvas.h"
 #include "NolvexLibWx/widgets/StaticBitmap.h"
 #include "NolvexLibWx/widgets/StaticText.h"
+#include "apps/gallery/Hand.h"
 #include "apps/gallery/Page.h"
 
 #include <wx/dcmemory.h>
@@ -132,7 +133,25 @@ void build(wxWindow* parent, const Log& log)
     parent->SetSizer(columns);
 }
 
-const Page PAGE(L"Combo boxes", build);
+Function<bool(wxWindow&)> isOpen(std::size_t index)
+{
+    return Hand::when<ComboBox>(index, [](const ComboBox& box) { return box.isOpen(); });
+}
+
+const Hand::Finder FIRST = Hand::nth<ComboBox>(0);
+
+const Array<Scene> SCENES{
+    {L"hovered",
+     {Hand::moveTo(
+         FIRST, {},
+         Hand::when<ComboBox>(
+             0, [](const ComboBox& box) { return box.borderState().has(OskaBorderState::HOVERED); }))}},
+    {L"open", {Hand::moveTo(FIRST), Hand::click(isOpen(0))}},
+    {L"open with a row hovered", {Hand::moveTo(FIRST), Hand::click(isOpen(0)), Hand::moveTo(FIRST, {0, 70})}},
+    {L"many items open", {Hand::moveTo(Hand::nth<ComboBox>(1)), Hand::click(isOpen(1))}},
+};
+
+const Page PAGE(L"Combo boxes", build, {}, SCENES);
 
 } // namespace
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/widgets/DropdownButton.h"
+#include "NolvexLibWx/widgets/DropdownFrame.h"
 #include "NolvexLibWx/widgets/StaticText.h"
+#include "apps/gallery/Hand.h"
 #include "apps/gallery/Page.h"
 
 #include <wx/sizer.h>
@@ -36,7 +38,26 @@ void build(wxWindow* parent, const Log& log)
     parent->SetSizer(rows);
 }
 
-const Page PAGE(L"Drop-down buttons", build);
+const Hand::Finder FIRST = Hand::nth<Wx::DropdownButton>(0);
+const Hand::Finder SECOND = Hand::nth<Wx::DropdownButton>(1);
+const auto IS_OPEN =
+    Hand::when<Wx::DropdownFrame>(0, [](const Wx::DropdownFrame& frame) { return frame.IsShown(); });
+
+const Array<Scene> SCENES{
+    {L"hovered",
+     {Hand::moveTo(FIRST, {},
+                   Hand::when<Wx::DropdownButton>(0,
+                                                  [](const Wx::DropdownButton& button) {
+                                                      return button.borderState().has(
+                                                          OskaBorderState::HOVERED);
+                                                  }))}},
+    {L"open", {Hand::moveTo(FIRST), Hand::press(IS_OPEN)}},
+    {L"open with a choice hovered",
+     {Hand::moveTo(FIRST), Hand::press(IS_OPEN), Hand::moveTo(Hand::nth<Wx::DropdownFrame>(0))}},
+    {L"toggled by a click", {Hand::moveTo(SECOND), Hand::click(), Hand::moveTo(SECOND, {0, 60})}},
+};
+
+const Page PAGE(L"Drop-down buttons", build, {}, SCENES);
 
 } // namespace
 

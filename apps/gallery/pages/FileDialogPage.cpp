@@ -82,7 +82,7 @@ void build(wxWindow* parent, const Log& log)
     parent->SetSizer(rows);
 }
 
-const Page PAGE(L"File dialogs", build);
+const Page PAGE(L"File dialogs", build, {}, {}, Family::DIALOGS);
 
 } // namespace
 

@@ -60,7 +60,7 @@ void build(wxWindow* parent, const Log& /*log*/)
     parent->SetSizer(rows);
 }
 
-const Page PAGE(L"Pictures", build);
+const Page PAGE(L"Pictures", build, {}, {}, Family::LOOKS);
 
 } // namespace
 

@@ -40,7 +40,7 @@ void build(wxWindow* parent, const Log& /*log*/)
     parent->SetSizer(rows);
 }
 
-const Page PAGE(L"Lines", build);
+const Page PAGE(L"Lines", build, {}, {}, Family::LOOKS);
 
 } // namespace
 

@@ -122,17 +122,20 @@ void build(wxWindow* parent, const Log& log)
     parent->SetSizer(rows);
 }
 
-const Page PAGE(L"Message dialogs", build, [] {
-    Array<Window> windows;
-    for (const Example& example : examples()) {
-        windows.push_back(
-            {L"Message dialog " + String(example.name), [example](wxWindow* owner) -> wxTopLevelWindow* {
-                 return new Wx::MessageDialog(Wx::getWindowNativeHandle(owner), example.name, example.message,
-                                              example.icon, example.controls);
-             }});
-    }
-    return windows;
-}());
+const Page PAGE(
+    L"Message dialogs", build,
+    [] {
+        Array<Window> windows;
+        for (const Example& example : examples()) {
+            windows.push_back(
+                {L"Message dialog " + String(example.name), [example](wxWindow* owner) -> wxTopLevelWindow* {
+                     return new Wx::MessageDialog(Wx::getWindowNativeHandle(owner), example.name,
+                                                  example.message, example.icon, example.controls);
+                 }});
+        }
+        return windows;
+    }(),
+    {}, Family::DIALOGS);
 
 } // namespace
 

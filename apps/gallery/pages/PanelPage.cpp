@@ -2,6 +2,7 @@
 #include "NolvexLibWx/widgets/CheckBox.h"
 #include "NolvexLibWx/widgets/CollapsiblePanel.h"
 #include "NolvexLibWx/widgets/StaticText.h"
+#include "apps/gallery/Hand.h"
 #include "apps/gallery/Page.h"
 
 #include <wx/sizer.h>
@@ -45,7 +46,25 @@ void build(wxWindow* parent, const Log& log)
     parent->SetSizer(rows);
 }
 
-const Page PAGE(L"Collapsible panels", build);
+Function<bool(wxWindow&)> isFolded(std::size_t index, bool folded)
+{
+    return Hand::when<Wx::CollapsiblePanel>(
+        index, [folded](const Wx::CollapsiblePanel& panel) { return panel.isCollapsed() == folded; });
+}
+
+const Array<Scene> SCENES{
+    {L"unfolded by a click",
+     {Hand::moveTo(Hand::nth<Wx::CollapsiblePanel>(0)), Hand::click(isFolded(0, false))}},
+    {L"folded by a click",
+     {Hand::moveTo(Hand::partOf<Wx::CollapsiblePanel::Tick>(Hand::nth<Wx::CollapsiblePanel>(1), 0)),
+      Hand::click(isFolded(1, true))}},
+    {L"triangle focused",
+     {{[](wxWindow& page) { Hand::find<Wx::CollapsiblePanel::Tick>(page, 0)->SetFocus(); },
+       Hand::when<Wx::CollapsiblePanel::Tick>(
+           0, [](const Wx::CollapsiblePanel::Tick& tick) { return tick.HasFocus(); })}}},
+};
+
+const Page PAGE(L"Collapsible panels", build, {}, SCENES);
 
 } // namespace
 

@@ -89,7 +89,7 @@ void build(wxWindow* parent, const Log& log)
     parent->SetSizer(rows);
 }
 
-const Page PAGE(L"Save settings", build);
+const Page PAGE(L"Save settings", build, {}, {}, Family::DIALOGS);
 
 } // namespace
 

@@ -7,6 +7,7 @@
 #include "NolvexLibWx/widgets/StaticBitmap.h"
 #include "NolvexLibWx/widgets/StaticText.h"
 #include "apps/gallery/Page.h"
+#include "apps/gallery/SkinFields.h"
 
 #include <wx/image.h>
 #include <wx/sizer.h>
@@ -29,29 +30,18 @@ void build(wxWindow* parent, const Log& /*log*/)
 {
     const Wx::GuiSkin& skin = Wx::GuiSkin::DEFAULT();
     auto* grid = new wxFlexGridSizer(2, wxSize(16, 8));
-    const std::pair<const wchar_t*, RgbBytes> colours[] = {
-        {L"text", skin.text},
-        {L"disabledText", skin.disabledText},
-        {L"background", skin.background},
-        {L"darkBackground", skin.darkBackground},
-        {L"accentText", skin.accentText},
-        {L"accent", skin.accent},
-        {L"pressedBackground", skin.pressedBackground},
-        {L"link", skin.link},
-        {L"highlight", skin.highlight},
-    };
-    for (const auto& [name, colour] : colours) {
-        grid->Add(new Wx::StaticText(parent, wxID_ANY, name), 0, wxALIGN_CENTRE_VERTICAL);
+    for (const SkinField& field : SKIN_FIELDS) {
+        grid->Add(new Wx::StaticText(parent, wxID_ANY, field.name), 0, wxALIGN_CENTRE_VERTICAL);
         auto* frame = new OskaBorder(parent); // shows where the colour of the background begins
-        auto* picture = new Wx::StaticBitmap(frame, wxID_ANY, swatch(colour));
-        Wx::setAccessibleName(*picture, name);
+        auto* picture = new Wx::StaticBitmap(frame, wxID_ANY, swatch(skin.*field.color));
+        Wx::setAccessibleName(*picture, field.name);
         frame->addChild(picture);
         grid->Add(frame);
     }
     parent->SetSizer(grid);
 }
 
-const Page PAGE(L"Skin", build);
+const Page PAGE(L"Skin", build, {}, {}, Family::LOOKS);
 
 } // namespace
 

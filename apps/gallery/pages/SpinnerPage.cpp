@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/widgets/Spinner.h"
+#include "NolvexLibWx/widgets/StaticBitmap.h"
 #include "NolvexLibWx/widgets/StaticText.h"
+#include "NolvexLibWx/widgets/TextControl.h"
+#include "apps/gallery/Hand.h"
 #include "apps/gallery/Page.h"
 
 #include <wx/sizer.h>
@@ -100,7 +103,25 @@ void build(wxWindow* parent, const Log& log)
     parent->SetSizer(rows);
 }
 
-const Page PAGE(L"Spinners", build);
+const Hand::Finder SPINNER = Hand::nth<Wx::Spinner>(0);
+const Hand::Finder UP_ARROW = Hand::partOf<Wx::StaticBitmap>(SPINNER, 0);
+const Hand::Finder DOWN_ARROW = Hand::partOf<Wx::StaticBitmap>(SPINNER, 1);
+const Hand::Finder FIELD = Hand::partOf<Wx::TextControl>(SPINNER, 0);
+const auto FIELD_HAS_FOCUS =
+    Hand::when<Wx::TextControl>(0, [](const Wx::TextControl& field) { return field.HasFocus(); });
+
+const Array<Scene> SCENES{
+    {L"arrow hovered", {Hand::moveTo(UP_ARROW)}},
+    {L"arrow pressed", {Hand::moveTo(UP_ARROW), Hand::press()}},
+    {L"lower arrow pressed", {Hand::moveTo(DOWN_ARROW), Hand::press()}},
+    {L"dragged",
+     {Hand::moveTo(UP_ARROW), Hand::press(), Hand::moveTo(UP_ARROW, {0, -8}),
+      Hand::moveTo(UP_ARROW, {0, -16})}},
+    {L"focused", {Hand::moveTo(FIELD), Hand::click(FIELD_HAS_FOCUS)}},
+    {L"edited", {Hand::moveTo(FIELD), Hand::click(FIELD_HAS_FOCUS), Hand::type('7'), Hand::type('5')}},
+};
+
+const Page PAGE(L"Spinners", build, {}, SCENES);
 
 } // namespace
 

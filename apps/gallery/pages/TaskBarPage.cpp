@@ -62,7 +62,7 @@ void build(wxWindow* parent, const Log& log)
     parent->SetSizer(rows);
 }
 
-const Page PAGE(L"Task bar progress", build);
+const Page PAGE(L"Task bar progress", build, {}, {}, Family::DIALOGS);
 
 } // namespace
 

@@ -4,6 +4,7 @@
 #include "NolvexLibWx/widgets/AutoSizedButton.h"
 #include "NolvexLibWx/widgets/StaticText.h"
 #include "NolvexLibWx/widgets/TextCtrl.h"
+#include "apps/gallery/Hand.h"
 #include "apps/gallery/Page.h"
 
 #include <wx/sizer.h>
@@ -58,7 +59,16 @@ void build(wxWindow* parent, const Log& log)
     parent->SetSizer(grid);
 }
 
-const Page PAGE(L"Text areas", build);
+const Hand::Finder FIRST = Hand::nth<Wx::TextCtrl>(0);
+
+const Array<Scene> SCENES{
+    {L"selected by dragging",
+     {Hand::moveTo(FIRST, {-100, -30}), Hand::press(), Hand::moveTo(FIRST, {-20, -15}),
+      Hand::moveTo(FIRST, {40, 0})}},
+    {L"all selected", {Hand::moveTo(FIRST), Hand::click(), Hand::type('A', wxMOD_CONTROL)}},
+};
+
+const Page PAGE(L"Text areas", build, {}, SCENES, Family::TEXTS);
 
 } // namespace
 

@@ -3,6 +3,7 @@
 #include "NolvexLibWx/widgets/GuiSkin.h"
 #include "NolvexLibWx/widgets/StaticText.h"
 #include "NolvexLibWx/widgets/TextButton.h"
+#include "apps/gallery/Hand.h"
 #include "apps/gallery/Page.h"
 
 #include <wx/sizer.h>
@@ -31,7 +32,9 @@ void build(wxWindow* parent, const Log& log)
     auto* link = new Wx::TextButton(parent, wxID_ANY, L"A link to example.org, opened in the browser",
                                     L"https://example.org/");
     link->setTooltip(L"https://example.org/");
-    for (Wx::TextButton* button : {plain, visited, link}) {
+    auto* disabled = new Wx::TextButton(parent, wxID_ANY, L"Disabled", [log] { log(L"This never comes."); });
+    disabled->Disable();
+    for (Wx::TextButton* button : {plain, visited, link, disabled}) {
         // applySkinRecursive() gives links one colour for all states, so that the colours are set afterwards.
         button->CallAfter([button, isVisited = button == visited] { colour(button, isVisited); });
         rows->Add(button, 0, wxTOP, GAP);
@@ -39,7 +42,12 @@ void build(wxWindow* parent, const Log& log)
     parent->SetSizer(rows);
 }
 
-const Page PAGE(L"Text buttons", build);
+const Array<Scene> SCENES{
+    {L"hovered", {Hand::moveTo(Hand::nth<Wx::TextButton>(0))}},
+    {L"visited hovered", {Hand::moveTo(Hand::nth<Wx::TextButton>(1))}},
+};
+
+const Page PAGE(L"Text buttons", build, {}, SCENES);
 
 } // namespace
 

@@ -2,6 +2,7 @@
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/widgets/StaticText.h"
 #include "NolvexLibWx/widgets/TextControl.h"
+#include "apps/gallery/Hand.h"
 #include "apps/gallery/Page.h"
 
 #include <wx/sizer.h>
@@ -73,7 +74,17 @@ void build(wxWindow* parent, const Log& log)
     parent->SetSizer(grid);
 }
 
-const Page PAGE(L"Text fields", build);
+const Hand::Finder FIRST = Hand::nth<TextControl>(0);
+const auto HAS_FOCUS = Hand::when<TextControl>(0, [](const TextControl& field) { return field.HasFocus(); });
+
+const Array<Scene> SCENES{
+    {L"focused", {Hand::moveTo(FIRST), Hand::click(HAS_FOCUS)}},
+    {L"selected",
+     {Hand::moveTo(FIRST), Hand::click(HAS_FOCUS), Hand::type(WXK_END), Hand::type(WXK_HOME, wxMOD_SHIFT)}},
+    {L"edited", {Hand::moveTo(FIRST), Hand::click(HAS_FOCUS), Hand::type(WXK_END), Hand::type('s')}},
+};
+
+const Page PAGE(L"Text fields", build, {}, SCENES, Family::TEXTS);
 
 } // namespace
 

@@ -33,7 +33,7 @@ void build(wxWindow* parent, const Log& /*log*/)
     parent->SetSizer(rows);
 }
 
-const Page PAGE(L"Texts", build);
+const Page PAGE(L"Texts", build, {}, {}, Family::TEXTS);
 
 } // namespace
 

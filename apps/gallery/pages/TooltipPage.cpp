@@ -4,6 +4,7 @@
 #include "NolvexLibWx/widgets/StaticText.h"
 #include "NolvexLibWx/widgets/TextButton.h"
 #include "NolvexLibWx/widgets/TextControl.h"
+#include "apps/gallery/Hand.h"
 #include "apps/gallery/Page.h"
 
 #include <wx/sizer.h>
@@ -87,7 +88,23 @@ void build(wxWindow* parent, const Log& log)
     parent->SetSizer(rows);
 }
 
-const Page PAGE(L"Tooltips", build);
+Hand::Finder label(std::size_t sample)
+{
+    return Hand::labelled<Wx::StaticText>(SAMPLES[sample].label);
+}
+
+Function<bool(wxWindow&)> isShown(std::size_t sample)
+{
+    return Hand::when<Wx::Tooltip>(sample, [](const Wx::Tooltip& tooltip) { return tooltip.IsShown(); });
+}
+
+const Array<Scene> SCENES{
+    {L"short", {Hand::moveTo(label(0)), Hand::moveTo(label(0), {1, 0}, isShown(0))}},
+    {L"wrapped", {Hand::moveTo(label(1), {-100, 0}), Hand::moveTo(label(1), {-99, 0}, isShown(1))}},
+    {L"with lines of its own", {Hand::moveTo(label(2)), Hand::moveTo(label(2), {1, 0}, isShown(2))}},
+};
+
+const Page PAGE(L"Tooltips", build, {}, SCENES);
 
 } // namespace
 

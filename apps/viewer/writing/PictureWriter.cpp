@@ -2,8 +2,8 @@
 #include "apps/viewer/writing/PictureWriter.h"
 
 #include "NolvexLib/ImageFormatDescriptor.h"
+#include "apps/program/ReplacementFile.h"
 #include "apps/viewer/writing/PngWriter.h"
-#include "apps/viewer/writing/ReplacementFile.h"
 #include "apps/viewer/writing/TiffWriter.h"
 #include "apps/viewer/writing/WxImageWriter.h"
 
@@ -83,7 +83,7 @@ Optional<String> writePictureFile(const Io::Path& file, const Image& image, Imag
     const WritingProgress watched = [&](float share) { return !(isStopped = !progress(share)); };
     Optional<String> failure;
     try {
-        ReplacementFile replacement(file);
+        Program::ReplacementFile replacement(file);
         failure = replacement.isOpen() ? encode(replacement.stream(), image, format, settings, watched)
                                        : String(L"no file of this name can be created there");
         if (!failure && !isStopped && watched(1.0f) && !replacement.commit())

@@ -4,14 +4,17 @@
 #include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/widgets/Button.h"
+#include "NolvexLibWx/widgets/CollapsiblePanel.h"
+#include "NolvexLibWx/widgets/ComboBox.h"
 #include "NolvexLibWx/widgets/TextCtrl.h"
+#include "apps/gallery/PageList.h"
+#include "apps/gallery/SkinEditor.h"
 #include "support/DefaultSkinGuard.h"
 #include "support/Events.h"
 #include "support/ProcessResources.h"
 #include "support/Screen.h"
 
 #include <wx/app.h>
-#include <wx/listbox.h>
 #include <wx/uiaction.h>
 
 #include <gtest/gtest.h>
@@ -21,6 +24,7 @@
 
 using namespace Nolvex;
 using Gallery::GalleryFrame;
+using Gallery::SkinEditor;
 
 namespace {
 
@@ -68,6 +72,15 @@ struct GalleryFrameTest : testing::Test
 
     /// The log stands below the page.
     wxString log() const { return windowsOf<Wx::TextCtrl>(frame).back()->GetValue(); }
+
+    /// Waits until the button of the page is seen in the accent colour of the skin.
+    bool selectedTitleIsShownIn(const Wx::GuiSkin& skin) const
+    {
+        return Tests::pumpUntil([&] {
+            wxWindow* title = frame->titles()->button(frame->shownPage());
+            return Tests::pixelAt(Tests::captureClientArea(title), 4, 4) == skin.accent;
+        });
+    }
 
     std::size_t pageOf(const String& title) const
     {
@@ -126,7 +139,9 @@ TEST_F(GalleryFrameTest, pages_coverEveryFamilyInTheOrderOfTheirTitles)
                                  L"Message dialogs",
                                  L"Pictures",
                                  L"Pixel probe",
+                                 L"Pixel probe",
                                  L"Save settings",
+                                 L"Scroll and zoom",
                                  L"Scroll and zoom",
                                  L"Skin",
                                  L"Spinners",
@@ -176,42 +191,78 @@ TEST_F(GalleryFrameTest, firstSkin_isTheOneThatTheLibraryStartsWith)
     EXPECT_EQ(Wx::GuiSkin::DEFAULT(), guard.before);
 }
 
-TEST_F(GalleryFrameTest, clickOnASkin_makesItTheDefaultAndShowsItEverywhere)
+TEST_F(GalleryFrameTest, skinChosenFromTheBox_becomesTheDefaultAndIsShownEverywhere)
 {
     show();
-    click(button(L"Paper"));
+    SkinEditor* editor = frame->skinEditor();
+    click(editor->choice());
+    EXPECT_TRUE(Tests::pumpUntil([&] { return editor->choice()->isOpen(); }));
+    wxUIActionSimulator().Char(WXK_DOWN);
     EXPECT_TRUE(Tests::pumpUntil([] { return Wx::GuiSkin::DEFAULT() == GalleryFrame::skin(1); }));
     EXPECT_TRUE(Tests::pumpUntil([&] {
         return Tests::pixelAt(Tests::captureClientArea(frame), 3, 3) == GalleryFrame::skin(1).background;
     }));
-    EXPECT_TRUE(Tests::pumpUntil([&] {
-        wxWindow* paper = button(L"Paper");
-        return Tests::pixelAt(Tests::captureClientArea(paper), 4, 4) == GalleryFrame::skin(1).accent;
-    })) << "the button of the skin is toggled";
+    EXPECT_TRUE(selectedTitleIsShownIn(GalleryFrame::skin(1)));
     EXPECT_TRUE(log().EndsWith("The default skin is Paper.\n")) << log();
+    EXPECT_EQ(editor->choice()->getSelectedIndex(), 1);
 }
 
-TEST_F(GalleryFrameTest, chosenSkin_staysMarkedOnTheNextPage)
+TEST_F(GalleryFrameTest, chosenSkin_staysOnTheNextPage)
 {
     show();
     frame->chooseSkin(1);
     frame->showPage(1);
-    EXPECT_TRUE(Tests::pumpUntil([&] {
-        wxWindow* paper = button(L"Paper");
-        return Tests::pixelAt(Tests::captureClientArea(paper), 4, 4) == GalleryFrame::skin(1).accent;
-    }));
+    EXPECT_TRUE(selectedTitleIsShownIn(GalleryFrame::skin(1)));
+    EXPECT_EQ(frame->skinEditor()->choice()->getSelectedIndex(), 1);
 }
 
-TEST_F(GalleryFrameTest, clickOnATitle_showsItsPage)
+TEST_F(GalleryFrameTest, clickOnATitle_showsItsPageAndTogglesTheTitle)
 {
     show();
-    auto* titles = windowsOf<wxListBox>(frame).front();
     const std::size_t buttons = pageOf(L"Buttons");
-    wxUIActionSimulator().MouseMove(titles->ClientToScreen(wxPoint(20, 3 * titles->GetCharHeight() / 2)));
-    Tests::pumpEvents();
-    wxUIActionSimulator().MouseClick();
+    click(frame->titles()->button(buttons));
     EXPECT_TRUE(Tests::pumpUntil([&] { return button(L"Push") != nullptr; }));
-    EXPECT_EQ(titles->GetSelection(), static_cast<int>(buttons));
+    EXPECT_TRUE(selectedTitleIsShownIn(GalleryFrame::skin(0)));
+    for (std::size_t page = 0; page < frame->pages().size(); ++page)
+        EXPECT_EQ(frame->titles()->button(page)->isToggled(), page == buttons);
+    click(frame->titles()->button(buttons));
+    Tests::pumpEvents();
+    EXPECT_TRUE(frame->titles()->button(buttons)->isToggled()) << "a title is chosen, not switched off";
+}
+
+TEST_F(GalleryFrameTest, everyPage_hasATitleThatCanBeSeen)
+{
+    show();
+    const wxRect client = frame->GetClientRect();
+    for (std::size_t page = 0; page < frame->pages().size(); ++page) {
+        const Wx::Button* title = frame->titles()->button(page);
+        EXPECT_TRUE(title->IsShownOnScreen());
+        const wxPoint corner = frame->ScreenToClient(title->GetScreenRect().GetBottomRight());
+        EXPECT_TRUE(client.Contains(corner)) << title->GetLabel();
+    }
+}
+
+TEST_F(GalleryFrameTest, ctrlPageDownAndUp_turnThePages)
+{
+    show();
+    EXPECT_TRUE(Tests::pumpUntil([&] { return frame->IsActive(); }));
+    wxUIActionSimulator().Char(WXK_PAGEDOWN, wxMOD_CONTROL);
+    EXPECT_TRUE(Tests::pumpUntil([&] { return frame->shownPage() == 1; }));
+    wxUIActionSimulator().Char(WXK_PAGEUP, wxMOD_CONTROL);
+    EXPECT_TRUE(Tests::pumpUntil([&] { return frame->shownPage() == 0; }));
+    wxUIActionSimulator().Char(WXK_PAGEUP, wxMOD_CONTROL);
+    EXPECT_TRUE(Tests::pumpUntil([&] { return frame->shownPage() == frame->pages().size() - 1; }));
+}
+
+TEST_F(GalleryFrameTest, foldedFamily_staysFoldedInTheNextSkin)
+{
+    show();
+    const auto dialogs = [&] { return windowsOf<Wx::CollapsiblePanel>(frame->titles()).at(2); };
+    EXPECT_EQ(dialogs()->GetLabel(), L"Dialogs");
+    dialogs()->setCollapsed(true);
+    frame->chooseSkin(1);
+    EXPECT_TRUE(dialogs()->isCollapsed());
+    EXPECT_FALSE(windowsOf<Wx::CollapsiblePanel>(frame->titles()).front()->isCollapsed());
 }
 
 TEST_F(GalleryFrameTest, controlOfAPage_reportsToTheLog)

@@ -1,8 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/ViewOptions.h"
 
+#include "NolvexLibWx/ColourConversions.h"
+#include "NolvexLibWx/widgets/CollapsiblePanel.h"
+#include "NolvexLibWx/widgets/ColorPickerButton.h"
 #include "NolvexLibWx/widgets/ComboBox.h"
 #include "NolvexLibWx/widgets/Spinner.h"
+#include "apps/picker/ColorPickerDialog.h"
+#include "support/Gestures.h"
+#include "support/ModalDialogs.h"
 #include "support/ViewerFixture.h"
 
 using namespace Nolvex;
@@ -26,7 +32,24 @@ struct ViewOptionsTest : Tests::ViewerFixture
     }
 
     void choose(Channel wanted) const { channel->selectId(static_cast<int>(wanted), true); }
+
+    Wx::ColorPickerButton* surround() const { return Tests::findIn<Wx::ColorPickerButton>(frame); }
+
+    void unfoldOptions() const
+    {
+        Tests::findIn<Wx::CollapsiblePanel>(frame)->setCollapsed(false);
+        EXPECT_TRUE(Tests::pumpUntil([&] { return frame->IsActive() && surround()->IsShownOnScreen(); }));
+        Tests::pumpEvents();
+    }
+
+    /// Returns when the picker has ended.
+    void clickSurround() const { Tests::clickAt(surround(), wxPoint(5, 5)); }
 };
+
+Picker::ColorPickerDialog* shownPicker()
+{
+    return Tests::activeModal<Picker::ColorPickerDialog>();
+}
 
 Viewer::SharedPicture uniform(const Rgb& value, float gamma)
 {
@@ -81,6 +104,64 @@ TEST_F(ViewOptionsTest, channels_areAllThere)
     show(uniform({0.25f, 0.0625f, 0.0f, 1.0f}, 2.0f));
     EXPECT_EQ(channel->getCount(), 6);
     EXPECT_EQ(channel->getSelectedId(), static_cast<int>(Channel::RGB));
+}
+
+TEST_F(ViewOptionsTest, surroundTriedAndCancelled_isTakenBack)
+{
+    show(uniform({0.25f, 0.0625f, 0.0f, 1.0f}, 2.0f));
+    unfoldOptions();
+    const wxColour before = view->GetBackgroundColour();
+    wxColour tried;
+    Tests::DialogRobot robot({
+        {"the picker is shown", [] { return shownPicker() != nullptr; },
+         [] { wxUIActionSimulator().Char(WXK_END); }},
+        {"the surround is tried", [&] { return view->GetBackgroundColour() != before; },
+         [&] {
+             tried = view->GetBackgroundColour();
+             wxUIActionSimulator().Char(WXK_ESCAPE);
+         }},
+    });
+    clickSurround();
+    EXPECT_EQ(tried, wxColour(255, before.Green(), before.Blue()));
+    EXPECT_EQ(view->GetBackgroundColour(), before);
+    EXPECT_EQ(surround()->getColor(), Wx::toRgb(before));
+}
+
+TEST_F(ViewOptionsTest, chosenSurround_staysAndReplacesTheLightOne)
+{
+    show(uniform({0.25f, 0.0625f, 0.0f, 1.0f}, 2.0f));
+    unfoldOptions();
+    frame->setLightSurround(true);
+    const wxColour light = view->GetBackgroundColour();
+    Tests::DialogRobot robot({
+        {"the picker is shown", [] { return shownPicker() != nullptr; },
+         [] { wxUIActionSimulator().Char(WXK_END); }},
+        Tests::pressIn<Picker::ColorPickerDialog>(WXK_RETURN),
+    });
+    clickSurround();
+    EXPECT_FALSE(frame->hasLightSurround());
+    const wxColour chosen = view->GetBackgroundColour();
+    EXPECT_EQ(chosen.Red(), 255);
+    frame->setLightSurround(true);
+    EXPECT_EQ(view->GetBackgroundColour(), light);
+    frame->setLightSurround(false);
+    EXPECT_EQ(view->GetBackgroundColour(), chosen);
+}
+
+TEST_F(ViewOptionsTest, surroundCancelledWhileTheLightOneIsShown_keepsTheLightOne)
+{
+    show(uniform({0.25f, 0.0625f, 0.0f, 1.0f}, 2.0f));
+    unfoldOptions();
+    frame->setLightSurround(true);
+    const wxColour light = view->GetBackgroundColour();
+    Tests::DialogRobot robot({
+        {"the picker is shown", [] { return shownPicker() != nullptr; },
+         [] { wxUIActionSimulator().Char(WXK_END); }},
+        Tests::pressIn<Picker::ColorPickerDialog>(WXK_ESCAPE),
+    });
+    clickSurround();
+    EXPECT_TRUE(frame->hasLightSurround());
+    EXPECT_EQ(view->GetBackgroundColour(), light);
 }
 
 TEST_F(ViewOptionsTest, withoutAPicture_theSettingsDoNoHarm)

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "apps/viewer/writing/ReplacementFile.h"
+#include "apps/program/ReplacementFile.h"
 
 #include <random>
 #include <string>
 #include <system_error>
 
-namespace Nolvex::Viewer {
+namespace Nolvex::Program {
 
 namespace {
 
@@ -75,4 +75,4 @@ bool ReplacementFile::commit()
     return true;
 }
 
-} // namespace Nolvex::Viewer
+} // namespace Nolvex::Program

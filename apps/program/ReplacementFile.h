@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <fstream>
 
-namespace Nolvex::Viewer {
+namespace Nolvex::Program {
 
 /// A new file that takes the place of another file when it is complete. Until then, and after a failure, the
 /// other file stays as it was. Of a symbolic link the file that it points to is replaced.
@@ -35,4 +35,4 @@ private:
     std::fstream m_stream;
 };
 
-} // namespace Nolvex::Viewer
+} // namespace Nolvex::Program

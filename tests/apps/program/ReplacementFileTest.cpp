@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "apps/viewer/writing/ReplacementFile.h"
+#include "apps/program/ReplacementFile.h"
 
 #include "support/PictureFiles.h"
 #include "support/TemporaryFolder.h"
@@ -11,7 +11,7 @@
 #include <system_error>
 
 using namespace Nolvex;
-using Viewer::ReplacementFile;
+using Program::ReplacementFile;
 
 namespace {
 
