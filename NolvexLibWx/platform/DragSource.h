@@ -10,9 +10,10 @@ namespace Nolvex::Platform {
 /// has cancelled the drag; until then events are processed. On GTK, where the window takes part in its drag,
 /// destroying the window cancels the drag.
 ///
-/// To be called by a handler of wxEVT_MOTION while a mouse button is down, without the mouse capture. wxGTK
-/// starts a drag in response to motion only, and a handler of another event, such as wxEVT_LEAVE_WINDOW, may
-/// not let the window be destroyed, since wxWidgets goes on using the window.
+/// Must be called by a handler of wxEVT_MOTION, while a mouse button is down and the mouse is not captured.
+/// wxGTK can start a drag only while it handles an event of the mouse. A handler of wxEVT_LEAVE_WINDOW would
+/// be too early: wxWidgets sends that event first and then goes on using the window, which may be gone by
+/// then.
 void dragFrom(wxWindow& window, wxDataObject& data);
 
 } // namespace Nolvex::Platform

@@ -40,7 +40,7 @@ std::uint8_t contrasting(std::uint8_t channel)
     return static_cast<std::uint8_t>(channel <= CONTRAST ? channel + CONTRAST : channel - CONTRAST);
 }
 
-// Draws single pixels into an image, since drawing each on the screen takes a hundred times as long.
+// Returns the hatched area as an image, because drawing its pixels one by one on the screen would be slow.
 wxImage hatchedImage(const wxRect& area, const RgbBytes& colour)
 {
     const RgbBytes stripe{contrasting(colour.r), contrasting(colour.g), contrasting(colour.b)};

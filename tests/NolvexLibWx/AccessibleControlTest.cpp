@@ -33,6 +33,7 @@ TEST(AccessibleControlTest, controlThatTellsOnlyItsRoleAndName_hasNothingElse)
     EXPECT_EQ(label.states().bits(), 0u);
     EXPECT_TRUE(label.actions().empty());
     EXPECT_EQ(label.value(), Optional<Wx::AccessibleValue>());
+    EXPECT_EQ(label.valueText(), String());
     EXPECT_EQ(label.itemCount(), 0);
     EXPECT_EQ(label.itemName(0), String());
     EXPECT_EQ(label.selectedItem(), Optional<int>());

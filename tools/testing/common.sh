@@ -16,7 +16,7 @@ export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
 
 BUILD_PACKAGES=(build-essential cmake ninja-build ccache pkg-config git
   libwxgtk3.2-dev libgtk-3-dev libpugixml-dev libutfcpp-dev zlib1g-dev libpng-dev libtiff-dev)
-TEST_PACKAGES=(libgtest-dev libgmock-dev libbenchmark-dev locales)
+TEST_PACKAGES=(libgtest-dev libgmock-dev libbenchmark-dev libxtst-dev locales)
 DISPLAY_PACKAGES=(xvfb xauth openbox xclip fonts-dejavu-core)
 STYLE_PACKAGES=(clang-format clang-tidy clang python3)
 FUZZ_PACKAGES=(clang libclang-rt-dev)

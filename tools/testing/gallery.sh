@@ -33,7 +33,7 @@ for skin in Dark Paper; do
     Check-boxes-checked-and-focused-by-a-click Collapsible-panels-{unfolded-by-a-click,folded-by-a-click} \
     Text-buttons-{hovered,visited-hovered} Spinners-{arrow-hovered,arrow-pressed,dragged,edited} \
     Combo-boxes-{hovered,open} Text-fields-{focused,selected} Text-areas-selected-by-dragging Tooltips-short \
-    Colours-colour-dragged-to-another-swatch; do
+    Colour-picker-buttons-colour-dragged-to-another-swatch; do
     [ -s "$folder/State-$state-$skin.png" ] || fail "no picture of the state $state in the skin $skin"
   done
   # A control that does not show its state looks as it does at rest or in another state.

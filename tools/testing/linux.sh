@@ -20,6 +20,7 @@ echo "$(git rev-parse HEAD) $tests_run" >build/linux-test-count
 check "viewer" tools/testing/viewer.sh build/linux-release/bin/nolvex-viewer
 check "gallery" tools/testing/gallery.sh build/linux-release/bin/nolvex-gallery
 check "accessibility" tools/testing/accessibility.sh build/linux-release/bin
+check "drag" tools/testing/drag.sh build/linux-release/bin
 check "peer" tools/testing/peer.sh build/linux-release/bin/NolvexLibraryPeer
 check "transfer" tools/testing/transfer.sh build/linux-release/bin
 check "task bar" tools/testing/taskbar.sh build/linux-release/bin/NolvexTaskbarSteps

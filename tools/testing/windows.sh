@@ -28,6 +28,7 @@ check "exports" tools/testing/exports.sh "$WINDOWS_BUILD"/bin/Nolvex*.dll
 check "viewer" tools/testing/viewer.sh tools/testing/run-wine.sh "$WINDOWS_BUILD/bin/nolvex-viewer.exe"
 check "gallery" tools/testing/gallery.sh tools/testing/run-wine.sh "$WINDOWS_BUILD/bin/nolvex-gallery.exe"
 check "accessibility" tools/testing/accessibility.sh "$WINDOWS_BUILD/bin" tools/testing/run-wine.sh
+check "drag" tools/testing/drag.sh "$WINDOWS_BUILD/bin" tools/testing/run-wine.sh
 check "peer" tools/testing/peer.sh tools/testing/run-wine.sh "$WINDOWS_BUILD/bin/NolvexLibraryPeer.exe"
 check "transfer" tools/testing/transfer.sh "$WINDOWS_BUILD/bin" tools/testing/run-wine.sh
 stop_wine

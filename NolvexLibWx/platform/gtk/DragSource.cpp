@@ -33,8 +33,10 @@ private:
     static void onDestroyed(GtkWidget* /*widget*/, WidgetWatch* self) noexcept
     {
         self->m_source.m_waiting = false;
+        // GTK sends this signal itself when the user presses Escape. gtk_drag_cancel would keep the mouse
+        // grabbed until the end of an animation.
         if (self->m_source.m_dragContext != nullptr)
-            gtk_drag_cancel(self->m_source.m_dragContext);
+            g_signal_emit_by_name(self->m_source.m_dragContext, "cancel", GDK_DRAG_CANCEL_ERROR);
     }
 
     wxDropSource& m_source;

@@ -27,21 +27,6 @@ Wx::ColorPickerButtonDropTarget::ColorPickerButtonDropTarget(ColorPickerButton& 
     SetDefaultAction(wxDragCopy);
 }
 
-wxDragResult Wx::ColorPickerButtonDropTarget::OnEnter(wxCoord x, wxCoord y, wxDragResult suggested)
-{
-    return OnDragOver(x, y, suggested);
-}
-
-wxDragResult Wx::ColorPickerButtonDropTarget::OnDragOver(wxCoord /*x*/, wxCoord /*y*/, wxDragResult suggested)
-{
-    return m_button.IsEnabled() ? suggested : wxDragNone;
-}
-
-bool Wx::ColorPickerButtonDropTarget::OnDrop(wxCoord /*x*/, wxCoord /*y*/)
-{
-    return m_button.IsEnabled();
-}
-
 wxDragResult Wx::ColorPickerButtonDropTarget::OnData(wxCoord /*x*/, wxCoord /*y*/, wxDragResult suggested)
 {
     m_data->clear();

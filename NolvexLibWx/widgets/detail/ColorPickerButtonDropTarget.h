@@ -8,17 +8,13 @@ namespace Nolvex::Wx {
 class ColorPickerButton;
 class RgbDataObject;
 
-/// Gives a colour that is dropped on a button to the button, as a change by the user. A disabled button takes
-/// no colour.
+/// Gives a colour that is dropped on a button to the button, as a change by the user. Nothing can be dropped
+/// on a disabled button: both systems look for the window below the mouse among the enabled windows.
 class ColorPickerButtonDropTarget : public wxDropTarget
 {
 public:
     /// The button owns the drop target.
     explicit ColorPickerButtonDropTarget(ColorPickerButton& button);
-
-    wxDragResult OnEnter(wxCoord x, wxCoord y, wxDragResult suggested) override;
-    wxDragResult OnDragOver(wxCoord x, wxCoord y, wxDragResult suggested) override;
-    bool OnDrop(wxCoord x, wxCoord y) override;
 
     /// The button takes the colour and calls its callbacks a moment later: the callbacks may destroy the
     /// button, and with it this object, which wxWidgets goes on using; they may open a dialog, while the

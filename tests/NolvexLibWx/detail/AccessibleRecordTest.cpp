@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/detail/AccessibleRecord.h"
 
+#include "support/ExceptionWatch.h"
 #include "support/FrameFixture.h"
 
 #include <limits>
@@ -25,6 +26,8 @@ struct Fake
     Optional<int> selected;
     int items = 0;
     std::vector<int> actions;
+    std::function<void()> acting;
+    String valueText;
     std::vector<double> values;
     std::vector<int> selections;
     int made = 0;
@@ -45,7 +48,14 @@ public:
 
     Array<String> actions() const override { return {L"press", L"open"}; }
 
-    void doAction(int index) override { fake.actions.push_back(index); }
+    void doAction(int index) override
+    {
+        fake.actions.push_back(index);
+        if (fake.acting)
+            fake.acting();
+    }
+
+    String valueText() const override { return fake.valueText; }
 
     Optional<AccessibleValue> value() const override { return fake.value; }
 
@@ -234,4 +244,24 @@ TEST_F(AccessibleRecordTest, takeChanges_findsEachDifferenceOnce)
     EXPECT_EQ(none.itemsBefore, 5);
     EXPECT_EQ(none.items, 5);
     EXPECT_EQ(none.states.bits(), 0u);
+}
+
+TEST_F(AccessibleRecordTest, takeChanges_findsAnotherTextOfTheValue)
+{
+    fake.valueText = L"#000000";
+    record->markAnnounced();
+    EXPECT_FALSE(record->takeChanges().value);
+    fake.valueText = L"#804020";
+    EXPECT_TRUE(record->takeChanges().value);
+    EXPECT_FALSE(record->takeChanges().value);
+}
+
+TEST_F(AccessibleRecordTest, exceptionOfAnAction_reachesTheMainLoop)
+{
+    showFrame();
+    Tests::ExceptionWatch watch;
+    fake.acting = [&] { watch.fail("broken action"); };
+    EXPECT_TRUE(record->doAction(0));
+    EXPECT_TRUE(Tests::pumpUntil([&] { return !watch.caught().empty(); }));
+    EXPECT_EQ(watch.caught(), "broken action");
 }

@@ -131,7 +131,7 @@ TEST_F(GalleryFrameTest, pages_coverEveryFamilyInTheOrderOfTheirTitles)
                                  L"Buttons",
                                  L"Check boxes",
                                  L"Collapsible panels",
-                                 L"Colours",
+                                 L"Colour picker buttons",
                                  L"Combo boxes",
                                  L"Drop-down buttons",
                                  L"File dialogs",
