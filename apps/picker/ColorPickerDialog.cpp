@@ -44,7 +44,7 @@ constexpr std::size_t CHANNELS_BEFORE_GAP = 4; // red, green, blue and alpha
 // would read it.
 void applyTypedNumber()
 {
-    auto* const field = wxDynamicCast(wxWindow::FindFocus(), wxTextCtrl);
+    auto* const field = dynamic_cast<wxTextCtrl*>(wxWindow::FindFocus());
     if (field == nullptr)
         return;
     const wxWindow* parent = field->GetParent();

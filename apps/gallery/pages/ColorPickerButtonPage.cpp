@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "NolvexLibWx/DpiScaling.h"
-#include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/widgets/ColorPickerButton.h"
+
+#include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/widgets/StaticText.h"
 #include "apps/gallery/Hand.h"
 #include "apps/gallery/Page.h"
 #include "apps/picker/ColorPickerDialog.h"
 #include "apps/picker/ColorPickerFactory.h"
-#include "apps/picker/HexColor.h"
 
 #include <wx/sizer.h>
 
@@ -18,60 +17,62 @@ namespace Nolvex::Gallery {
 
 namespace {
 
-constexpr int GAP = 8;
-const wxSize SWATCH_SIZE(72, 28);
+constexpr int GAP = 10;
+constexpr int SWATCH_WIDTH = 80;
+constexpr int SWATCH_HEIGHT = 30;
+constexpr float ENDLESS = std::numeric_limits<float>::infinity();
+constexpr float NOT_A_NUMBER = std::numeric_limits<float>::quiet_NaN();
 
-struct Sample
+String numbersOf(const Rgb& color)
 {
-    const wchar_t* name;
-    Rgb color;
-    bool enabled = true;
-};
-
-const Sample SAMPLES[] = {
-    {L"Brown", {0.5f, 0.25f, 0.125f, 1.0f}},
-    {L"Blue", {0.2f, 0.4f, 0.9f, 1.0f}},
-    {L"Brighter than white", {4.0f, 3.0f, 0.5f, 1.0f}},
-    {L"Below black", {-0.5f, 0.25f, -2.0f, 1.0f}},
-    {L"Infinite and NaN",
-     {std::numeric_limits<float>::infinity(), 0.5f, std::numeric_limits<float>::quiet_NaN(), 1.0f}},
-    {L"Half transparent", {0.2f, 0.8f, 0.3f, 0.5f}},
-    {L"Disabled", {0.5f, 0.25f, 0.125f, 1.0f}, false},
-    {L"Disabled black", {0.0f, 0.0f, 0.0f, 1.0f}, false},
-    {L"Disabled white", {1.0f, 1.0f, 1.0f, 1.0f}, false},
-};
-
-String describe(const Rgb& color)
-{
-    return Wx::toString(wxString::Format(L"%g, %g, %g, %g", static_cast<double>(color.r),
-                                         static_cast<double>(color.g), static_cast<double>(color.b),
-                                         static_cast<double>(color.a)));
+    const auto shown = [](float channel) { return wxString::FromCDouble(static_cast<double>(channel)); };
+    return Wx::toString(shown(color.r) + L" " + shown(color.g) + L" " + shown(color.b) + L" " +
+                        shown(color.a));
 }
 
-void addSample(wxWindow* parent, wxSizer* grid, const Sample& sample, const Log& log)
+struct State
 {
-    grid->Add(new Wx::StaticText(parent, wxID_ANY, sample.name), 0, wxALIGN_CENTRE_VERTICAL);
-    auto* button = new Wx::ColorPickerButton(std::make_unique<Picker::ColorPickerFactory>(), parent,
-                                             sample.name, SWATCH_SIZE, sample.enabled);
-    button->SetMinSize(Wx::scaleByDpi(SWATCH_SIZE));
-    button->setColor(sample.color, false);
-    if (!sample.enabled)
-        button->Enable(false);
-    button->onChange = [log, name = String(sample.name)](const Rgb& color) {
-        log(name + L" became " + describe(color) + L".");
+    String title;
+    Rgb color;
+    bool isEnabled = true;
+};
+
+Array<State> states()
+{
+    return {{L"Orange", {1.0f, 0.5f, 0.0f, 1.0f}},
+            {L"Teal", {0.0f, 0.5f, 0.5f, 1.0f}},
+            {L"Transparent", {0.5f, 0.0f, 0.5f, 0.0f}},
+            {L"Disabled, dark", {0.05f, 0.05f, 0.05f, 1.0f}, false},
+            {L"Disabled, light", {1.0f, 1.0f, 1.0f, 1.0f}, false},
+            {L"Disabled, coloured", {0.2f, 0.4f, 0.8f, 1.0f}, false},
+            {L"Brighter than the screen", {8.0f, 4.0f, 0.5f, 1.0f}},
+            {L"Below black", {-0.5f, 0.25f, -2.0f, 1.0f}},
+            {L"No numbers", {ENDLESS, NOT_A_NUMBER, -ENDLESS, 1.0f}}};
+}
+
+Wx::ColorPickerButton* makeSwatch(wxWindow* parent, const State& state, const Log& log)
+{
+    auto* swatch = new Wx::ColorPickerButton(std::make_unique<Picker::ColorPickerFactory>(), parent,
+                                             state.title, wxSize(SWATCH_WIDTH, SWATCH_HEIGHT), true);
+    swatch->setColor(state.color, false);
+    swatch->Enable(state.isEnabled);
+    swatch->onChange = [log, title = state.title](const Rgb& color) {
+        log(L"The swatch \"" + title + L"\" has become " + numbersOf(color) + L".");
     };
-    grid->Add(button);
+    return swatch;
 }
 
 void build(wxWindow* parent, const Log& log)
 {
     auto* rows = new wxBoxSizer(wxVERTICAL);
-    rows->Add(new Wx::StaticText(parent, wxID_ANY, L"Click a swatch, or drag its colour to another swatch"),
-              0, wxBOTTOM, 2 * GAP);
-    auto* grid = new wxFlexGridSizer(2, wxSize(2 * GAP, GAP));
-    for (const Sample& sample : SAMPLES)
-        addSample(parent, grid, sample, log);
-    rows->Add(grid);
+    rows->Add(new Wx::StaticText(parent, wxID_ANY, L"Click a swatch, or drag its colour to another swatch."),
+              0, wxBOTTOM, GAP);
+    auto* table = new wxFlexGridSizer(2, GAP, GAP);
+    for (const State& state : states()) {
+        table->Add(makeSwatch(parent, state, log));
+        table->Add(new Wx::StaticText(parent, wxID_ANY, state.title), 0, wxALIGN_CENTRE_VERTICAL);
+    }
+    rows->Add(table);
     parent->SetSizer(rows);
 }
 
@@ -83,8 +84,8 @@ public:
         : ColorPickerDialog(owner, title, wxDefaultPosition, initial, {})
     {
         Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent&) {
-            wxDialog::Destroy(); // NOLINT(bugprone-parent-virtual-call): the override only ends a modal
-                                 // dialog
+            // NOLINTNEXTLINE(bugprone-parent-virtual-call): the override only ends a modal dialog
+            wxDialog::Destroy();
         });
     }
 };
@@ -94,8 +95,9 @@ Hand::Finder swatch(std::size_t index)
     return Hand::nth<Wx::ColorPickerButton>(index);
 }
 
-const auto HAS_DROPPED = Hand::when<Wx::ColorPickerButton>(
-    1, [](const Wx::ColorPickerButton& button) { return button.getColor() == SAMPLES[0].color; });
+const auto HAS_DROPPED = Hand::when<Wx::ColorPickerButton>(1, [](const Wx::ColorPickerButton& button) {
+    return button.getColor() == Rgb{1.0f, 0.5f, 0.0f, 1.0f};
+});
 
 const Array<Scene> SCENES{
     {L"colour dragged to another swatch",
@@ -105,7 +107,7 @@ const Array<Scene> SCENES{
 };
 
 const Array<Window> WINDOWS{{L"Colour dialog", [](wxWindow* owner) -> wxTopLevelWindow* {
-                                 return new ShownPicker(owner, L"Brown", SAMPLES[0].color);
+                                 return new ShownPicker(owner, L"Brown", {0.5f, 0.25f, 0.125f, 1.0f});
                              }}};
 
 const Page PAGE(L"Colour picker buttons", build, WINDOWS, SCENES);
