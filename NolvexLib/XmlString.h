@@ -36,8 +36,8 @@ public:
     XmlString& operator=(XmlString&& other) noexcept;
 
     /// Reads the XML form. The error is an English sentence that says what is wrong and where, in bytes of
-    /// the UTF-8 form from 0. Time and memory grow in proportion to the length; each byte takes at most 7 bytes
-    /// of memory.
+    /// the UTF-8 form from 0. Time and memory grow in proportion to the length; each byte takes at most 7
+    /// bytes of memory.
     static Expected<XmlString, String> fromString(StringView xml);
 
     /// Reads the XML form from UTF-8. A broken sequence is an error.

@@ -206,7 +206,7 @@ private:
         }
         const bool isText = m_bytes[m_at] != '<' && m_at < m_bytes.size();
         if (isText && (m_level == 1 || element.hasChildren))
-            throw Flaw{m_level == 1 ? ROOT_TEXT : MIXED_CONTENT, start};
+            throw Flaw{m_level == 1 ? ROOT_TEXT : MIXED_CONTENT, m_at};
         // White space is a text where the element has nothing else.
         const std::size_t end = isText ? takeText(start) : m_at;
         takeEndTag(element);

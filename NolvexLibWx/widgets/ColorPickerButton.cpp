@@ -41,32 +41,32 @@ std::uint8_t contrasting(std::uint8_t channel)
 }
 
 // Returns the hatched area as an image, because drawing its pixels one by one on the screen would be slow.
-wxImage hatchedImage(const wxRect& area, const RgbBytes& colour)
+wxImage hatchedImage(const wxRect& area, const RgbBytes& color)
 {
-    const RgbBytes stripe{contrasting(colour.r), contrasting(colour.g), contrasting(colour.b)};
+    const RgbBytes stripe{contrasting(color.r), contrasting(color.g), contrasting(color.b)};
     wxImage image(area.GetSize(), false);
     for (int y = 0; y < area.height; ++y) {
         for (int x = 0; x < area.width; ++x) {
             const bool isStripe = (area.x + x + area.y + y) % STRIPE_PERIOD < STRIPE_WIDTH;
-            const RgbBytes& shown = isStripe ? stripe : colour;
+            const RgbBytes& shown = isStripe ? stripe : color;
             image.SetRGB(x, y, shown.r, shown.g, shown.b);
         }
     }
     return image;
 }
 
-void paintSwatch(wxDC& dc, const wxSize& size, const wxColour& colour, bool isHatched)
+void paintSwatch(wxDC& dc, const wxSize& size, const wxColour& color, bool isHatched)
 {
     dc.SetPen(*wxBLACK_PEN);
     dc.DrawRectangle(wxPoint(0, 0), size);
     const wxRect inner(1, 1, size.x - 2, size.y - 2);
     if (inner.width <= 0 || inner.height <= 0)
         return;
-    dc.SetPen(wxPen(colour));
-    dc.SetBrush(wxBrush(colour));
+    dc.SetPen(wxPen(color));
+    dc.SetBrush(wxBrush(color));
     dc.DrawRectangle(inner);
     if (isHatched)
-        dc.DrawBitmap(wxBitmap(hatchedImage(inner, Wx::toRgbBytes(colour))), inner.GetTopLeft());
+        dc.DrawBitmap(wxBitmap(hatchedImage(inner, Wx::toRgbBytes(color))), inner.GetTopLeft());
 }
 
 bool isDisplayable(float channel)
@@ -165,9 +165,7 @@ void Wx::ColorPickerButton::bindEvents()
 void Wx::ColorPickerButton::setColor(const Rgb& color, bool notify)
 {
     const Rgb kept = color; // the callbacks may destroy the original
-    m_color = kept;
-    display(kept);
-    updateAccessible(*this);
+    take(kept);
     if (!notify)
         return;
     const wxWeakRef<ColorPickerButton> self(this);
@@ -189,6 +187,14 @@ bool Wx::ColorPickerButton::Enable(bool enable)
     const bool changed = wxPanel::Enable(enable);
     Refresh();
     return changed;
+}
+
+void Wx::ColorPickerButton::take(const Rgb& color)
+{
+    m_color = color;
+    ++m_changes;
+    display(color);
+    updateAccessible(*this);
 }
 
 void Wx::ColorPickerButton::display(const Rgb& color)
@@ -274,9 +280,14 @@ void Wx::ColorPickerButton::preview(const Rgb& color)
 {
     const Rgb kept = color;
     if (!isMainThread()) {
+        const unsigned changes = m_changes;
         if (onPreview)
             onPreview(kept);
-        CallAfter([this, kept] { display(kept); }); // windows belong to the main thread
+        // Windows belong to the main thread, where the colour may be set meanwhile.
+        CallAfter([this, kept, changes] {
+            if (changes == m_changes)
+                display(kept);
+        });
         return;
     }
     const wxWeakRef<ColorPickerButton> self(this);
@@ -291,9 +302,7 @@ void Wx::ColorPickerButton::preview(const Rgb& color)
 void Wx::ColorPickerButton::commit(const Rgb& color)
 {
     const Rgb kept = color;
-    m_color = kept;
-    display(kept);
-    updateAccessible(*this);
+    take(kept);
     if (onChange)
         onChange(kept);
 }

@@ -12,6 +12,8 @@
 
 #include <wx/panel.h>
 
+#include <atomic>
+
 namespace Nolvex::Wx {
 
 /// A swatch of one colour.
@@ -19,8 +21,8 @@ namespace Nolvex::Wx {
 /// - A click opens a picker, which the application makes: see IColorPickerFactory. The swatch shows each
 ///   colour that the user tries (`onPreview`); the button takes the colour when the user chooses it
 ///   (`onChange`). After a cancelled picker the swatch goes on showing the last preview, until a colour is
-///   set or chosen. One picker runs at a time. The next picker of any button opens where the last one was
-///   closed.
+///   set or chosen. One picker runs at a time. The next picker of any button opens where the picker
+///   before was closed.
 /// - A press that leaves the button drags the colour to another button, in this or another program.
 /// - A colour dropped on the button is set and reported, first by `onChange`, then by `onPreview`.
 ///
@@ -68,6 +70,7 @@ private:
     void runPicker(IColorPicker& picker);
     void preview(const Rgb& color);
     void commit(const Rgb& color);
+    void take(const Rgb& color);
     void display(const Rgb& color);
 
     Rgb m_color;
@@ -81,7 +84,8 @@ public:
     Function<void(const Rgb&)> onChange;  ///< is called with each colour that the user chooses or drops
 
 private:
-    bool m_mouseLeft = false; // the mouse has left the pressed button, and the drag has not begun
+    bool m_mouseLeft = false;            // the mouse has left the pressed button, and the drag has not begun
+    std::atomic<unsigned> m_changes = 0; // how often m_color was set or chosen
     Press m_press{this};
 };
 

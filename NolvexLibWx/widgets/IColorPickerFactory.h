@@ -35,9 +35,9 @@ public:
 class NOLVEXLIBWX_EXPORT IColorPickerFactory : public Polymorphic
 {
 public:
-    /// Returns a picker that shows `initial` at first. The picker must not need this factory any longer,
-    /// since its callbacks may destroy the control that owns the factory. `position` is the place of the
-    /// picker on the screen, or wxDefaultPosition.
+    /// Returns a picker that shows `initial` at first, or null for none. `position` is the place of the
+    /// picker on the screen, or wxDefaultPosition. The callbacks of the picker may destroy the window
+    /// `owner`; a ColorPickerButton keeps its factory until the picker is gone.
     virtual AutoPtr<IColorPicker> createPicker(WindowHandle owner, const String& title,
                                                const wxPoint& position, const Rgb& initial) = 0;
 };

@@ -65,7 +65,7 @@ void ZoomableScrollable::onWheel(wxMouseEvent& event)
 void ZoomableScrollable::onMagnify(wxMouseEvent& event)
 {
     const float magnification = event.GetMagnification();
-    // One NaN would make the sum NaN, and so turn every pinch of the future into zooming out.
+    // After a NaN or an infinity, the sum would no longer tell in which direction the fingers have moved.
     if (!std::isfinite(magnification))
         return;
     m_magnifyAccumulator += magnification;

@@ -37,7 +37,8 @@ public:
 
 protected:
     /// Begins to use the input of a window: the view itself, or a child that gets the input in place of the
-    /// view. May be called for any number of windows; further calls for the same window have no effect.
+    /// view. May be called for any number of windows; further calls for the same window have no effect, so
+    /// that the view hears of each turn of the wheel once.
     void bindScrollAndZoomEvents(wxWindow* window);
 
 private:

@@ -200,3 +200,33 @@ check() {
     failed=$((failed + 1))
   fi
 }
+
+started_checks=()
+
+# start_check NAME COMMAND...: begins a check that runs beside the next checks, on the display of the first part of the
+# tests and in Wine's prefix of that part. finish_checks waits for the checks that were started, and counts them.
+start_check() {
+  local name=$1
+  shift
+  (
+    trap - EXIT
+    NOLVEX_TEST_PART=1 exec tools/testing/on-part-display.sh "$@"
+  ) >"build/check-$name.log" 2>&1 &
+  started_checks+=("$!:$name")
+}
+
+finish_checks() {
+  local entry
+  for entry in "${started_checks[@]}"; do
+    check "${entry#*:}" finish_check "${entry%%:*}" "build/check-${entry#*:}.log"
+  done
+  started_checks=()
+}
+
+# finish_check PROCESS LOG
+finish_check() {
+  local status=0
+  wait "$1" || status=$?
+  cat "$2"
+  return "$status"
+}

@@ -152,6 +152,13 @@ TEST(XmlReaderTest, tagBeyondTheForm_isRefusedAtItsPlace)
     EXPECT_EQ(refusal("<root><a></a><b c='d'>"), describeXmlFlaw(ATTRIBUTE, 16));
 }
 
+TEST(XmlReaderTest, textBehindWhiteSpace_isRefusedWhereTheTextBegins)
+{
+    EXPECT_EQ(refusal("<root>  x</root>"), describeXmlFlaw("The root element must not hold text", 8));
+    EXPECT_EQ(refusal("<root><a><b/>\n x</a></root>"),
+              describeXmlFlaw("An element may hold text or elements, not both", 15));
+}
+
 TEST(XmlReaderTest, markupThatIsNoTag_isNamed)
 {
     EXPECT_EQ(refusal("<root><!-- x --></root>"), describeXmlFlaw("A comment is not allowed", 6));

@@ -138,6 +138,20 @@ TEST_F(ColorPickerButtonPickerTest, previewOfAnotherThread_isShownByTheMainThrea
     EXPECT_TRUE(shows(button, TEAL_BYTES));
 }
 
+TEST_F(ColorPickerButtonPickerTest, previewOfAnotherThread_doesNotReplaceAColourChosenMeanwhile)
+{
+    ColorPickerButton* button = make();
+    showFrame();
+    pickers.run = [&](FakePicker& picker) {
+        std::thread([&] { picker.preview(ORANGE); }).join();
+        picker.commit(TEAL);
+    };
+    clickWithoutMouse(button);
+    EXPECT_TRUE(shows(button, TEAL_BYTES));
+    Tests::pumpEvents();
+    EXPECT_TRUE(shows(button, TEAL_BYTES));
+}
+
 TEST_F(ColorPickerButtonPickerTest, afterThePicker_everyTopLevelWindowIsRepainted)
 {
     ColorPickerButton* button = make();
