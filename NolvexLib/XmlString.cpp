@@ -90,7 +90,7 @@ Expected<XmlString, String> XmlString::fromUtf8(std::string_view xml)
 {
     Expected<XmlTree, String> read = Detail::readXml(xml);
     if (!read)
-        return Unexpected{std::move(read.error())};
+        return Unexpected{read.error()};
     XmlString result;
     result.m_content = std::make_unique<Content>(Content{*std::move(read)});
     return result;
