@@ -18,6 +18,7 @@ export LSAN_OPTIONS
 start_part_displays
 run_tests sanitizers build/sanitizers
 check "accessibility" tools/testing/accessibility.sh build/sanitizers/bin
+check "drag" tools/testing/drag.sh build/sanitizers/bin
 check "peer" tools/testing/peer.sh build/sanitizers/bin/NolvexLibraryPeer
 check "transfer" tools/testing/transfer.sh build/sanitizers/bin
 check "task bar" tools/testing/taskbar.sh build/sanitizers/bin/NolvexTaskbarSteps
