@@ -26,6 +26,7 @@ namespace Nolvex::Gallery {
 
 namespace {
 
+// Design units.
 constexpr int MARGIN = 10;
 constexpr int LOG_HEIGHT = 90;
 const wxSize FRAME_SIZE(960, 620);
@@ -42,12 +43,12 @@ GalleryFrame::GalleryFrame(Array<Page> pages)
     auto* root = new wxPanel(this);
     m_titles = new PageList(root, m_pages, [this](std::size_t page) { showPage(page); });
     auto* sizer = new wxBoxSizer(wxHORIZONTAL);
-    sizer->Add(m_titles, 0, wxEXPAND | wxALL, MARGIN);
-    sizer->Add(makeMiddle(root), 1, wxEXPAND | wxTOP | wxBOTTOM, MARGIN);
+    sizer->Add(m_titles, 0, wxEXPAND | wxALL, Wx::scaleByDpi(MARGIN));
+    sizer->Add(makeMiddle(root), 1, wxEXPAND | wxTOP | wxBOTTOM, Wx::scaleByDpi(MARGIN));
     m_editor = new SkinEditor(
         root, {[this](const Wx::GuiSkin& skin) { previewSkin(skin); },
                [this](const Wx::GuiSkin& skin, const String& name) { applySkin(skin, name); }});
-    sizer->Add(m_editor, 0, wxEXPAND | wxALL, MARGIN);
+    sizer->Add(m_editor, 0, wxEXPAND | wxALL, Wx::scaleByDpi(MARGIN));
     root->SetSizer(sizer);
     SetClientSize(Wx::scaleByDpi(FRAME_SIZE));
     Centre();
@@ -71,7 +72,8 @@ wxSizer* GalleryFrame::makeMiddle(wxWindow* root)
 
     auto* middle = new wxBoxSizer(wxVERTICAL);
     middle->Add(m_stage, 1, wxEXPAND);
-    middle->Add(new Wx::StaticLine(root, wxHORIZONTAL), 0, wxEXPAND | wxTOP | wxBOTTOM, MARGIN);
+    middle->Add(new Wx::StaticLine(root, wxHORIZONTAL), 0, wxEXPAND | wxTOP | wxBOTTOM,
+                Wx::scaleByDpi(MARGIN));
     middle->Add(logBorder, 0, wxEXPAND);
     return middle;
 }

@@ -48,8 +48,7 @@ public:
 
     SkinEditor* skinEditor() const { return m_editor; }
 
-    /// The number of skins that the gallery brings along. Skin 0 is the one that the library starts with.
-    static constexpr int SKIN_COUNT = 2;
+    /// Skin 0 is the default skin with which the library starts. The index is below SKIN_COUNT.
     static const wchar_t* skinName(int index);
     static const Wx::GuiSkin& skin(int index);
 

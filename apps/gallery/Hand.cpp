@@ -12,6 +12,8 @@ namespace {
 
 const wxPoint RESTING_PLACE(2, 2); // a corner of the screen
 
+constexpr int WHEEL_NOTCH = 120;
+
 // Returns a place on the screen.
 wxPoint placeIn(const wxWindow& window, const wxPoint& offset)
 {
@@ -60,6 +62,23 @@ Scene::Step Hand::type(int key, int modifiers, Function<bool(wxWindow&)> isReach
 {
     return {[key, modifiers](wxWindow&) { wxUIActionSimulator().Char(key, modifiers); },
             std::move(isReached)};
+}
+
+Scene::Step Hand::turnWheel(const Finder& window, int notches, Function<bool(wxWindow&)> isReached)
+{
+    const auto act = [window, notches](wxWindow& page) {
+        wxWindow* const found = window(page);
+        if (found == nullptr)
+            return;
+        const wxSize size = found->GetClientSize();
+        wxMouseEvent event(wxEVT_MOUSEWHEEL);
+        event.SetEventObject(found);
+        event.SetPosition(wxPoint(size.x / 2, size.y / 2));
+        event.m_wheelDelta = WHEEL_NOTCH;
+        event.m_wheelRotation = notches * WHEEL_NOTCH;
+        found->ProcessWindowEvent(event);
+    };
+    return {act, std::move(isReached)};
 }
 
 void Hand::rest()

@@ -92,6 +92,10 @@ Scene::Step click(Function<bool(wxWindow&)> isReached = {});
 
 Scene::Step type(int key, int modifiers = 0, Function<bool(wxWindow&)> isReached = {});
 
+/// Turns the wheel by so many notches, away from the user if the number is positive. wxWidgets cannot
+/// simulate the wheel, so that the window is sent the event that wxWidgets would make.
+Scene::Step turnWheel(const Finder& window, int notches, Function<bool(wxWindow&)> isReached = {});
+
 /// Moves the mouse away from every control and releases the left button.
 void rest();
 

@@ -18,8 +18,9 @@ struct Scene
         /// Moves or presses the mouse or the keys.
         Function<void(wxWindow& page)> act;
 
-        /// Returns true when the step has had its effect. May be empty if the control tells nothing; the
-        /// gallery then waits a moment.
+        /// Returns true when the step has had its effect. The condition of the last step must still hold
+        /// after the picture was taken. May be empty if the control tells nothing; the gallery then waits a
+        /// moment.
         Function<bool(wxWindow& page)> isReached = {};
     };
 

@@ -2,9 +2,11 @@
 #pragma once
 
 #include "NolvexLib/Array.h"
+#include "NolvexLib/BitmapImpl.h"
 #include "NolvexLib/Function.h"
 #include "NolvexLib/Io/Path.h"
 #include "NolvexLib/Optional.h"
+#include "NolvexLib/Rgb.h"
 #include "NolvexLib/String.h"
 #include "apps/gallery/Page.h"
 
@@ -24,7 +26,7 @@ class GalleryFrame;
 class Screenshots
 {
 public:
-    static constexpr int TURN_PERIOD = 60; // milliseconds
+    static constexpr int TURN_PERIOD = 20; // milliseconds
 
     /// The frame must be shown, and must outlive this object.
     Screenshots(GalleryFrame& frame, const Io::Path& folder);
@@ -36,21 +38,31 @@ private:
     /// Returns a sentence for the user if the job cannot be done, or else an empty text.
     using Job = Function<String()>;
 
+    /// A source returns the window of a picture, or null if the window has been closed.
+    using Source = Function<const wxWindow*()>;
+
     void addPage(std::size_t page, int skin);
     void addWindow(const Window& window, int skin);
     void addScene(std::size_t page, const Scene& scene, int skin);
     void addStep(const Scene::Step& step, const String& scene);
-    void addPicture(const String& title, int skin, Function<const wxWindow*()> source);
+    void addSettling(const Source& source, const String& title);
+    void addPicture(const String& title, int skin, const Source& source);
+    void addCheck(std::size_t page, const Scene& scene, std::size_t firstJob);
+    void addRest(std::size_t page);
     void showPage(std::size_t page);
+    void awaitPaintOf(wxWindow& window);
+    void await(const String& what, Function<bool()> isReached);
 
     GalleryFrame& m_frame;
     Io::Path m_folder;
     Array<Job> m_jobs;
     std::size_t m_done = 0;
     int m_turnsToWait = 0;
-    Function<bool()> m_isReached; // empty unless a step waits for its effect
-    String m_awaited;             // the scene of that step
+    Function<bool()> m_isReached; // empty unless a job waits for its effect
+    String m_awaited;             // the state that this job belongs to, for the user
     int m_turnsWaited = 0;
+    BitmapImpl<Rgb> m_seen;               // on the screen, in the turn before
+    int m_attempts = 0;                   // at the scene
     wxWeakRef<wxTopLevelWindow> m_window; // whose picture is taken next
 };
 

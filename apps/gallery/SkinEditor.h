@@ -27,13 +27,13 @@ namespace Nolvex::Gallery {
 /// Edits the skin of the program: a choice of the skins that the gallery brings along, a swatch for each
 /// colour, and buttons to load and save skins.
 ///
-/// The colours that the user tries in a picker are shown at once, as far as that costs little; a colour that
-/// the user chooses is applied to the whole program.
+/// The colours that the user tries in a picker are previewed in the windows, at most 25 times a second. A
+/// colour that the user chooses is applied to the whole program.
 class SkinEditor : public wxPanel
 {
 public:
-    /// What the editor asks of the program. Both functions are called when no handler of the editor's windows
-    /// runs, so that `apply` may rebuild them.
+    /// What the editor asks of the program. A timer calls `preview` while the modal picker runs. `apply` is
+    /// called when no handler of the editor's windows runs, so that `apply` may rebuild these windows.
     struct Program
     {
         /// Shows the skin for the moment.

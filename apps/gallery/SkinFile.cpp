@@ -6,6 +6,7 @@
 #include "NolvexLib/Io/FileSize.h"
 #include "NolvexLib/XmlString.h"
 #include "apps/gallery/SkinFields.h"
+#include "apps/program/HexDigits.h"
 #include "apps/program/ReplacementFile.h"
 
 #include <algorithm>
@@ -19,8 +20,6 @@ namespace Nolvex::Gallery {
 namespace {
 
 const wchar_t* const ROOT = L"GuiSkin";
-constexpr std::wstring_view DECIMAL_DIGITS = L"0123456789";
-constexpr std::wstring_view HEX_DIGITS = L"0123456789ABCDEF";
 constexpr std::wstring_view SEPARATORS = L" ,\t\r\n";
 constexpr std::size_t HEX_LENGTH = 6;
 constexpr int MAX_BYTE = 255;
@@ -28,28 +27,23 @@ constexpr int MAX_BYTE = 255;
 String hexOf(const RgbBytes& color)
 {
     std::wstring text;
-    for (const std::uint8_t byte : {color.r, color.g, color.b}) {
-        text += HEX_DIGITS[byte / HEX_DIGITS.size()];
-        text += HEX_DIGITS[byte % HEX_DIGITS.size()];
-    }
+    for (const std::uint8_t byte : {color.r, color.g, color.b})
+        Program::appendHexByte(text, byte, Program::HexLetters::CAPITAL);
     return text;
 }
 
-// Returns nullopt for anything but a number of one to three digits, or hexadecimal digits.
-Optional<int> numberIn(std::wstring_view text, std::wstring_view digits)
+// Returns nullopt for anything but a number of one to three digits that is a byte.
+Optional<std::uint8_t> decimalByte(std::wstring_view text)
 {
-    int number = 0;
     if (text.empty() || text.size() > 3)
         return {};
-    for (wchar_t character : text) {
-        if (character >= L'a' && character <= L'f')
-            character = static_cast<wchar_t>(character - L'a' + L'A');
-        const std::size_t digit = digits.find(character);
-        if (digit == std::wstring_view::npos)
+    int number = 0;
+    for (const wchar_t character : text) {
+        if (character < L'0' || character > L'9')
             return {};
-        number = number * static_cast<int>(digits.size()) + static_cast<int>(digit);
+        number = number * 10 + static_cast<int>(character - L'0');
     }
-    return number <= MAX_BYTE ? Optional<int>(number) : std::nullopt;
+    return number <= MAX_BYTE ? Optional<std::uint8_t>(static_cast<std::uint8_t>(number)) : std::nullopt;
 }
 
 // Removes and returns the text up to the next separator, and the separators around it.
@@ -70,10 +64,10 @@ Optional<RgbBytes> colorIn(std::wstring_view text)
         const std::wstring_view word = isHex ? text.substr(0, 2) : takeWord(text);
         if (isHex)
             text.remove_prefix(2);
-        const Optional<int> number = numberIn(word, isHex ? HEX_DIGITS : DECIMAL_DIGITS);
-        if (!number)
+        const Optional<std::uint8_t> read = isHex ? Program::parseHexByte(word) : decimalByte(word);
+        if (!read)
             return {};
-        byte = static_cast<std::uint8_t>(*number);
+        byte = *read;
     }
     if (!text.empty())
         return {};

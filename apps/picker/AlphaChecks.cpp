@@ -3,10 +3,9 @@
 
 #include "NolvexLibWx/ColourConversions.h"
 #include "NolvexLibWx/DpiScaling.h"
+#include "apps/picker/ClampedNumber.h"
 
 #include <wx/dc.h>
-
-#include <algorithm>
 
 namespace Nolvex::Picker {
 
@@ -16,16 +15,10 @@ constexpr int CHECK_LENGTH = 4; // design units
 constexpr float LIGHT_CHECK = 0.8f;
 constexpr float DARK_CHECK = 0.5f;
 
-// NaN counts as 0.
-float clamped(float number)
-{
-    return number > 0.0f ? std::min(number, 1.0f) : 0.0f;
-}
-
 wxColour blended(const Rgb& color, float check)
 {
-    const float alpha = clamped(color.a);
-    const auto blend = [&](float number) { return clamped(number) * alpha + check * (1.0f - alpha); };
+    const float alpha = clampedNumber(color.a);
+    const auto blend = [&](float number) { return clampedNumber(number) * alpha + check * (1.0f - alpha); };
     return Wx::toWxColour(Rgb{blend(color.r), blend(color.g), blend(color.b), 1.0f});
 }
 

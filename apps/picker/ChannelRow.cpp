@@ -1,23 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "apps/picker/ChannelRow.h"
 
-#include "NolvexLibWx/StringConversions.h"
-#include "NolvexLibWx/widgets/Spinner.h"
 #include "NolvexLibWx/widgets/StaticText.h"
 #include "apps/picker/ChannelSlider.h"
+#include "apps/picker/ChannelSpinner.h"
 
 #include <wx/sizer.h>
 
-#include <cmath>
 #include <utility>
 
 namespace Nolvex::Picker {
 
 namespace {
 
-// Design units. The labels of all rows have the same width.
-const wxSize LABEL_SIZE(72, 18);
-constexpr int SPINNER_WIDTH = 70;
+const wxSize LABEL_SIZE(72, 18); // design units, and the same for the labels of all rows
 
 constexpr float MAX_HUE = 360.0f;
 // Light can be brighter than white, and a colour outside the gamut has negative numbers.
@@ -26,54 +22,31 @@ constexpr float MAX_LIGHT = 1000.0f;
 struct Description
 {
     const wchar_t* name;
-    float minimum;
-    float maximum; // of the spinner
     ChannelSlider::Range slider;
-    int digits;
+    ChannelSpinner::Range spinner;
 };
 
 Description describe(Channel channel)
 {
-    constexpr ChannelSlider::Range UNIT{1.0f, 0.01f};
+    constexpr ChannelSlider::Range UNIT{.maximum = 1.0f, .step = 0.01f};
+    constexpr ChannelSpinner::Range LIGHT{.minimum = -MAX_LIGHT, .maximum = MAX_LIGHT};
     switch (channel) {
     case Channel::RED:
-        return {L"Red", -MAX_LIGHT, MAX_LIGHT, UNIT, 4};
+        return {L"Red", UNIT, LIGHT};
     case Channel::GREEN:
-        return {L"Green", -MAX_LIGHT, MAX_LIGHT, UNIT, 4};
+        return {L"Green", UNIT, LIGHT};
     case Channel::BLUE:
-        return {L"Blue", -MAX_LIGHT, MAX_LIGHT, UNIT, 4};
+        return {L"Blue", UNIT, LIGHT};
     case Channel::ALPHA:
-        return {L"Alpha", 0.0f, 1.0f, UNIT, 4};
+        return {L"Alpha", UNIT, {}};
     case Channel::HUE:
-        return {L"Hue", 0.0f, MAX_HUE, {MAX_HUE, 1.0f}, 1};
+        return {L"Hue", {MAX_HUE, 1.0f}, {.maximum = MAX_HUE, .step = 1.0f, .digits = 1}};
     case Channel::SATURATION:
-        return {L"Saturation", 0.0f, 1.0f, UNIT, 4};
+        return {L"Saturation", UNIT, {}};
     case Channel::VALUE:
         break;
     }
-    return {L"Value", 0.0f, MAX_LIGHT, UNIT, 4};
-}
-
-wxString format(float number)
-{
-    return wxString::Format(L"%g", static_cast<double>(number));
-}
-
-// Returns a text for a number that the spinner cannot have. The spinner must not read a number in it, since
-// the colour keeps its own number until the user changes it.
-wxString textBeyond(const Description& description, float number)
-{
-    if (!std::isfinite(number))
-        return format(number);
-    return number > 0.0f ? L"> " + format(description.maximum) : L"< " + format(description.minimum);
-}
-
-void show(Wx::Spinner& spinner, const Description& description, float number)
-{
-    const bool isInRange = number >= description.minimum && number <= description.maximum;
-    spinner.setValue(std::isnan(number) ? 0.0f : number, false);
-    if (!isInRange)
-        spinner.setText(Wx::toString(textBeyond(description, number)));
+    return {L"Value", UNIT, {.maximum = MAX_LIGHT}};
 }
 
 // The track of a colour that is not transparent by itself shows no checks.
@@ -111,24 +84,15 @@ void ChannelRow::makeSlider(wxWindow* parent)
 void ChannelRow::makeSpinner(wxWindow* parent)
 {
     const Description description = describe(m_channel);
-    const float number = m_color.channel(m_channel);
-    m_spinner =
-        new Wx::Spinner(parent, wxID_ANY, SPINNER_WIDTH, description.minimum, description.maximum,
-                        std::isnan(number) ? 0.0f : number, description.digits, description.slider.step);
-    m_spinner->SetLabel(description.name);
-    m_spinner->callOnValueChange([this](float changed) {
-        m_spinning = true;
-        m_onChange(m_channel, changed);
-        m_spinning = false;
-    });
+    m_spinner = new ChannelSpinner(parent, description.name, description.spinner, m_color.channel(m_channel),
+                                   [this](float number) { m_onChange(m_channel, number); });
 }
 
 void ChannelRow::update()
 {
     const float number = m_color.channel(m_channel);
     m_slider->setNumber(number);
-    if (!m_spinning)
-        show(*m_spinner, describe(m_channel), number);
+    m_spinner->setNumber(number);
 }
 
 } // namespace Nolvex::Picker

@@ -10,15 +10,10 @@
 class WXDLLIMPEXP_FWD_CORE wxSizer;
 class WXDLLIMPEXP_FWD_CORE wxWindow;
 
-namespace Nolvex::Wx {
-
-class Spinner;
-
-} // namespace Nolvex::Wx
-
 namespace Nolvex::Picker {
 
 class ChannelSlider;
+class ChannelSpinner;
 
 /// A label, a slider and a spinner for one number of a colour. The windows belong to their parent.
 class ChannelRow : private Noncopyable
@@ -37,7 +32,7 @@ public:
 
     ChannelSlider* slider() const { return m_slider; }
 
-    Wx::Spinner* spinner() const { return m_spinner; }
+    ChannelSpinner* spinner() const { return m_spinner; }
 
 private:
     void makeSlider(wxWindow* parent);
@@ -47,8 +42,7 @@ private:
     const PickedColor& m_color;
     Function<void(Channel, float)> m_onChange;
     ChannelSlider* m_slider = nullptr;
-    Wx::Spinner* m_spinner = nullptr;
-    bool m_spinning = false; // while the spinner reports a change
+    ChannelSpinner* m_spinner = nullptr;
 };
 
 } // namespace Nolvex::Picker

@@ -9,6 +9,7 @@
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"
 #include "apps/picker/AlphaChecks.h"
+#include "apps/picker/ClampedNumber.h"
 
 #include <wx/dcbuffer.h>
 
@@ -83,18 +84,28 @@ ChannelSlider::~ChannelSlider() = default;
 
 void ChannelSlider::setNumber(float number)
 {
-    // NaN compares as false.
-    m_number = number > 0.0f ? std::min(number, m_range.maximum) : 0.0f;
+    m_given = number;
+    m_number = clampedNumber(number, m_range.maximum);
     Refresh();
     Wx::updateAccessible(*this);
 }
 
 void ChannelSlider::changeByUser(float number)
 {
-    const float before = m_number;
-    setNumber(number);
+    const float before = m_given;
+    setNumber(clampedNumber(number, m_range.maximum));
+    // NaN differs from every number.
     if (m_number != before)
         m_onChange(m_number);
+}
+
+// A step up must not make a number smaller that is beyond the maximum, nor a step down a negative number
+// larger.
+void ChannelSlider::step(float change)
+{
+    const bool leadsAway = change > 0.0f ? m_given > m_range.maximum : m_given < 0.0f;
+    if (!leadsAway)
+        changeByUser(m_number + change);
 }
 
 wxRect ChannelSlider::track() const
@@ -182,14 +193,14 @@ void ChannelSlider::onKey(wxKeyEvent& event)
     switch (event.HasAnyModifiers() ? WXK_NONE : event.GetKeyCode()) {
     case WXK_RIGHT:
     case WXK_UP:
-        return changeByUser(m_number + m_range.step);
+        return step(m_range.step);
     case WXK_LEFT:
     case WXK_DOWN:
-        return changeByUser(m_number - m_range.step);
+        return step(-m_range.step);
     case WXK_PAGEUP:
-        return changeByUser(m_number + page);
+        return step(page);
     case WXK_PAGEDOWN:
-        return changeByUser(m_number - page);
+        return step(-page);
     case WXK_HOME:
         return changeByUser(0.0f);
     case WXK_END:

@@ -38,7 +38,8 @@ public:
     /// as 0.
     void setNumber(float number);
 
-    /// Changes the number as the user does.
+    /// Changes the number as the user does. A number beyond the range, or NaN, can be changed to the number
+    /// that the slider shows in its place.
     void changeByUser(float number);
 
     /// Returns the distance of the knob's middle from the left edge of the slider.
@@ -52,6 +53,7 @@ private:
     wxRect track() const;
     float numberAt(int x) const;
     void dragTo(int x);
+    void step(float change);
     void paint(wxDC& dc) const;
     void paintKnob(wxDC& dc) const;
     void onPress(wxMouseEvent& event);
@@ -64,7 +66,8 @@ private:
     Range m_range;
     Function<Rgb(float)> m_colorAt;
     Function<void(float)> m_onChange;
-    float m_number = 0.0f;
+    float m_number = 0.0f; // within the range
+    float m_given = 0.0f;  // the same number before it was clamped
     Wx::MouseCapture m_capture{this};
 };
 

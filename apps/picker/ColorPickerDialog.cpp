@@ -236,10 +236,14 @@ void ColorPickerDialog::commit()
     end(wxID_OK);
 }
 
+// A preview may destroy the owner, which cancels the dialog, while OK is being handled. On Windows the dialog
+// stays modal until its event loop returns, and a second result would replace the first.
 void ColorPickerDialog::end(int result)
 {
-    if (IsModal())
-        EndModal(result);
+    if (!IsModal() || m_ended)
+        return;
+    m_ended = true;
+    EndModal(result);
 }
 
 void ColorPickerDialog::onCharHook(wxKeyEvent& event)

@@ -64,6 +64,7 @@ private:
     Array<std::unique_ptr<ChannelRow>> m_channels;
     HexField* m_hex = nullptr;
     ColorSwatch* m_new = nullptr;
+    bool m_ended = false;
 };
 
 } // namespace Nolvex::Picker

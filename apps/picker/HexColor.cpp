@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "apps/picker/HexColor.h"
 
-#include <algorithm>
+#include "NolvexLibWx/ColourConversions.h"
+#include "apps/program/HexDigits.h"
+
 #include <array>
-#include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -12,19 +14,7 @@ namespace Nolvex::Picker {
 
 namespace {
 
-constexpr std::wstring_view DIGITS = L"0123456789abcdef";
-constexpr std::wstring_view CAPITAL_DIGITS = L"0123456789ABCDEF";
-constexpr int BASE = 16;
-constexpr float MAX_BYTE = 255.0f;
-
-Optional<int> digit(wchar_t character)
-{
-    for (const std::wstring_view digits : {DIGITS, CAPITAL_DIGITS}) {
-        if (const std::size_t place = digits.find(character); place != std::wstring_view::npos)
-            return static_cast<int>(place);
-    }
-    return {};
-}
+constexpr std::uint8_t OPAQUE_BYTE = 255;
 
 std::wstring_view withoutSpaces(std::wstring_view text)
 {
@@ -35,12 +25,17 @@ std::wstring_view withoutSpaces(std::wstring_view text)
     return text.substr(first, text.find_last_not_of(SPACES) - first + 1);
 }
 
-// NaN compares as false, so that NaN becomes 0.
-int byteOf(float number)
+// The library converts no alpha, so that the alpha is converted as if it were a grey.
+std::uint8_t alphaByte(float alpha)
 {
-    if (!(number > 0.0f))
-        return 0;
-    return static_cast<int>(std::lround(std::min(number, 1.0f) * MAX_BYTE));
+    return Wx::toRgbBytes(Wx::toWxColour(Rgb{alpha, alpha, alpha, 1.0f})).r;
+}
+
+Rgb toRgb(const RgbBytes& color, std::uint8_t alpha)
+{
+    Rgb converted = Wx::toRgb(Wx::toWxColour(color));
+    converted.a = Wx::toRgb(Wx::toWxColour(RgbBytes{alpha, alpha, alpha})).r;
+    return converted;
 }
 
 } // namespace
@@ -53,29 +48,26 @@ Optional<Rgb> parseHexColor(StringView text)
     const bool isShort = digits.size() == 3;
     if (!isShort && digits.size() != 6 && digits.size() != 8)
         return {};
-    std::array<float, 4> numbers{0.0f, 0.0f, 0.0f, 1.0f};
+    std::array<std::uint8_t, 4> bytes{0, 0, 0, OPAQUE_BYTE};
     const std::size_t width = isShort ? 1 : 2;
     for (std::size_t i = 0; i < digits.size(); i += width) {
-        const Optional<int> high = digit(digits[i]);
-        const Optional<int> low = digit(digits[i + width - 1]);
-        if (!high || !low)
+        const Optional<std::uint8_t> byte = Program::parseHexByte(digits.substr(i, width));
+        if (!byte)
             return {};
-        numbers[i / width] = static_cast<float>(*high * BASE + *low) / MAX_BYTE;
+        bytes[i / width] = *byte;
     }
-    return Rgb{numbers[0], numbers[1], numbers[2], numbers[3]};
+    return toRgb({bytes[0], bytes[1], bytes[2]}, bytes[3]);
 }
 
 String hexColor(const Rgb& color)
 {
+    const RgbBytes bytes = Wx::toRgbBytes(Wx::toWxColour(color));
+    const std::uint8_t alpha = alphaByte(color.a);
     std::wstring text = L"#";
-    const auto append = [&text](int byte) {
-        text += DIGITS[static_cast<std::size_t>(byte / BASE)];
-        text += DIGITS[static_cast<std::size_t>(byte % BASE)];
-    };
-    for (const float number : {color.r, color.g, color.b})
-        append(byteOf(number));
-    if (byteOf(color.a) != static_cast<int>(MAX_BYTE))
-        append(byteOf(color.a));
+    for (const std::uint8_t byte : {bytes.r, bytes.g, bytes.b})
+        Program::appendHexByte(text, byte, Program::HexLetters::SMALL);
+    if (alpha != OPAQUE_BYTE)
+        Program::appendHexByte(text, alpha, Program::HexLetters::SMALL);
     return text;
 }
 

@@ -12,8 +12,8 @@ namespace Nolvex::Picker {
 /// around the text. A text without alpha is opaque. Returns nullopt for every other text.
 [[nodiscard]] Optional<Rgb> parseHexColor(StringView text);
 
-/// Returns "#rrggbb" for an opaque colour and "#rrggbbaa" for others. The numbers are rounded to bytes,
-/// clamped to the range from 0 to 1, and NaN counts as 0.
+/// Returns "#rrggbb" for an opaque colour and "#rrggbbaa" for others. The numbers become bytes as in
+/// Wx::toWxColour, so that the text names the bytes that a control shows.
 [[nodiscard]] String hexColor(const Rgb& color);
 
 } // namespace Nolvex::Picker

@@ -4,8 +4,7 @@
 #include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "apps/picker/HexColor.h"
-
-#include <wx/weakref.h>
+#include "apps/picker/ScopedFlag.h"
 
 #include <utility>
 
@@ -69,11 +68,8 @@ void HexField::onText(wxCommandEvent& /*event*/)
     if (!typed)
         return;
     m_color = *typed;
-    m_typing = true;
-    const wxWeakRef<HexField> self(this);
+    const ScopedFlag typing(this, m_typing);
     m_onChange(*typed);
-    if (self)
-        m_typing = false;
 }
 
 void HexField::onFocusLost(wxFocusEvent& event)

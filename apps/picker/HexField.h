@@ -7,8 +7,8 @@
 
 namespace Nolvex::Picker {
 
-/// A field for a colour such as "#804020". A text that is no colour is marked and explained by a tooltip;
-/// when the field loses the focus, it shows the last colour again.
+/// A field for a colour such as "#804020". A text that is no colour is marked and explained by a tooltip.
+/// When the field loses the focus, such a text gives way to the last colour.
 class HexField : public Wx::TextControl
 {
 public:

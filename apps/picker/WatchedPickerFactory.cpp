@@ -29,7 +29,12 @@ public:
 
     void runModal() override
     {
-        m_picker->runModal();
+        try {
+            m_picker->runModal();
+        } catch (...) {
+            m_onEnded();
+            throw;
+        }
         m_onEnded();
     }
 

@@ -10,8 +10,8 @@ namespace Nolvex::Picker {
 class WatchedPickerFactory : public IColorPickerFactory
 {
 public:
-    /// `onEnded` is called when a picker was cancelled, and after the commit callback of a picker. It must
-    /// not need this factory any longer.
+    /// `onEnded` is called when a picker was cancelled, after the commit callback of a picker, and when a
+    /// picker throws. By then the factory may have been destroyed.
     explicit WatchedPickerFactory(Function<void()> onEnded);
 
     AutoPtr<IColorPicker> createPicker(WindowHandle owner, const String& title, const wxPoint& position,

@@ -14,11 +14,17 @@
 
 namespace Nolvex::Program {
 
-String writeWindowPicture(const wxWindow& window, const Io::Path& file)
+BitmapImpl<Rgb> captureWindow(const wxWindow& window)
 {
     const wxRect area(window.ClientToScreen(wxPoint(0, 0)), window.GetClientSize());
-    const BitmapImpl<Rgb> captured = Wx::getScreenRegionColors(Wx::toBucket(area));
-    const wxBitmap bitmap = Program::wasRead(captured) ? Wx::toWxBitmap(captured, false) : wxBitmap();
+    BitmapImpl<Rgb> captured = Wx::getScreenRegionColors(Wx::toBucket(area));
+    return wasRead(captured) ? captured : BitmapImpl<Rgb>();
+}
+
+String writeWindowPicture(const wxWindow& window, const Io::Path& file)
+{
+    const BitmapImpl<Rgb> captured = captureWindow(window);
+    const wxBitmap bitmap = captured.isEmpty() ? wxBitmap() : Wx::toWxBitmap(captured, false);
     if (!bitmap.IsOk())
         return L"The window cannot be read from the screen.";
     wxMemoryOutputStream encoded;

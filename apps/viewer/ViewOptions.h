@@ -24,9 +24,9 @@ namespace Nolvex::Viewer {
 class ViewOptions : public wxPanel
 {
 public:
-    /// `trySurround` is called with each colour that the user tries for the surround. `endTrying` is called
-    /// with true when the user has chosen a colour, which `surround` then returns, and with false when a
-    /// picker has ended in any way.
+    /// `trySurround` is called with each colour that the user tries for the surround. When the user
+    /// has chosen a colour, `endTrying` is called with true, and `surround` returns that colour. After that,
+    /// and also when a picker was cancelled, `endTrying` is called with false.
     ViewOptions(wxWindow* parent, const Function<void(Command)>& run,
                 const Function<void(const DisplaySettings&)>& display,
                 const Function<void(const RgbBytes&)>& trySurround, const Function<void(bool)>& endTrying);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/Accessibility.h"
+#include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/widgets/AutoSizedButton.h"
 #include "NolvexLibWx/widgets/StaticText.h"
@@ -14,7 +15,7 @@ namespace Nolvex::Gallery {
 
 namespace {
 
-constexpr int GAP = 8;
+constexpr int GAP = 8; // design units
 
 wxBitmap icon(int length)
 {
@@ -59,7 +60,7 @@ void addButton(wxWindow* parent, wxSizer* sizer, const ButtonState& state, const
 }
 
 void addAutoSized(wxWindow* parent, wxSizer* sizer, const wchar_t* label, int minWidth,
-                  Optional<int> iconSize, const Log& log)
+                  Optional<int> iconSize, bool enabled, const Log& log)
 {
     auto* button = new Wx::AutoSizedButton(parent, label, minWidth, 0);
     if (iconSize) {
@@ -69,13 +70,14 @@ void addAutoSized(wxWindow* parent, wxSizer* sizer, const wchar_t* label, int mi
     if (*label == L'\0')
         Wx::setAccessibleName(*button, L"Icon");
     button->setClickCallback([log, name = String(label)] { log(L"\"" + name + L"\" was clicked."); });
-    sizer->Add(button, 0, wxRIGHT | wxALIGN_CENTRE_VERTICAL, GAP);
+    button->Enable(enabled);
+    sizer->Add(button, 0, wxRIGHT | wxALIGN_CENTRE_VERTICAL, Wx::scaleByDpi(GAP));
 }
 
 void build(wxWindow* parent, const Log& log)
 {
     auto* rows = new wxBoxSizer(wxVERTICAL);
-    auto* grid = new wxGridSizer(3, wxSize(2 * GAP, GAP));
+    auto* grid = new wxGridSizer(3, Wx::scaleByDpi(wxSize(2 * GAP, GAP)));
     for (const ButtonState& state : {
              ButtonState{L"Push", false, PUSH, true, false, ENABLED},
              ButtonState{L"Toggle", false, TOGGLE, true, false, ENABLED},
@@ -90,13 +92,18 @@ void build(wxWindow* parent, const Log& log)
         addButton(parent, grid, state, log);
     rows->Add(grid, 0, wxEXPAND);
 
-    rows->Add(new Wx::StaticText(parent, wxID_ANY, L"Sized by their content"), 0, wxTOP | wxBOTTOM, GAP);
+    rows->Add(new Wx::StaticText(parent, wxID_ANY, L"Sized by their content"), 0, wxTOP | wxBOTTOM,
+              Wx::scaleByDpi(GAP));
     auto* row = new wxBoxSizer(wxHORIZONTAL);
-    addAutoSized(parent, row, L"OK", 80, {}, log);
-    addAutoSized(parent, row, L"A label that is wider than the least width", 80, {}, log);
-    addAutoSized(parent, row, L"Icon of 16", 0, 16, log);
-    addAutoSized(parent, row, L"", 0, 32, log);
+    addAutoSized(parent, row, L"OK", 80, {}, true, log);
+    addAutoSized(parent, row, L"A label that is wider than the least width", 80, {}, true, log);
+    addAutoSized(parent, row, L"Icon of 16", 0, 16, true, log);
+    addAutoSized(parent, row, L"", 0, 32, true, log);
     rows->Add(row);
+    auto* disabled = new wxBoxSizer(wxHORIZONTAL);
+    addAutoSized(parent, disabled, L"Disabled", 80, {}, false, log);
+    addAutoSized(parent, disabled, L"Disabled, icon of 16", 0, 16, false, log);
+    rows->Add(disabled, 0, wxTOP, Wx::scaleByDpi(GAP));
     parent->SetSizer(rows);
 }
 
@@ -140,6 +147,7 @@ const Array<Scene> SCENES{
     {L"with an icon pressed", {Hand::moveTo(ICON_BUTTON), Hand::press(isPressed(ICON_BUTTON))}},
     {L"without a frame hovered", {Hand::moveTo(FRAMELESS_BUTTON, {}, isHovered(FRAMELESS_BUTTON))}},
     {L"sized by content hovered", {Hand::moveTo(OK_BUTTON, {}, isHovered(OK_BUTTON))}},
+    {L"sized by content pressed", {Hand::moveTo(OK_BUTTON), Hand::press(isPressed(OK_BUTTON))}},
 };
 
 const Page PAGE(L"Buttons", build, {}, SCENES);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/Accessibility.h"
+#include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/widgets/CheckBox.h"
 #include "apps/gallery/Hand.h"
 #include "apps/gallery/Page.h"
@@ -10,7 +11,7 @@ namespace Nolvex::Gallery {
 
 namespace {
 
-constexpr int GAP = 8;
+constexpr int GAP = 8; // design units
 
 Wx::CheckBox* addCheckBox(wxWindow* parent, wxSizer* rows, const wchar_t* label, bool value, bool enabled,
                           const Log& log)
@@ -22,7 +23,7 @@ Wx::CheckBox* addCheckBox(wxWindow* parent, wxSizer* rows, const wchar_t* label,
     });
     if (*label == L'\0')
         Wx::setAccessibleName(*box, L"Without a label");
-    rows->Add(box, 0, wxTOP, GAP);
+    rows->Add(box, 0, wxTOP, Wx::scaleByDpi(GAP));
     return box;
 }
 

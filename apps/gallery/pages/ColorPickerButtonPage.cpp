@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/widgets/ColorPickerButton.h"
 
+#include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/widgets/StaticText.h"
 #include "apps/gallery/Hand.h"
@@ -66,8 +67,8 @@ void build(wxWindow* parent, const Log& log)
 {
     auto* rows = new wxBoxSizer(wxVERTICAL);
     rows->Add(new Wx::StaticText(parent, wxID_ANY, L"Click a swatch, or drag its colour to another swatch."),
-              0, wxBOTTOM, GAP);
-    auto* table = new wxFlexGridSizer(2, GAP, GAP);
+              0, wxBOTTOM, Wx::scaleByDpi(GAP));
+    auto* table = new wxFlexGridSizer(2, Wx::scaleByDpi(wxSize(GAP, GAP)));
     for (const State& state : states()) {
         table->Add(makeSwatch(parent, state, log));
         table->Add(new Wx::StaticText(parent, wxID_ANY, state.title), 0, wxALIGN_CENTRE_VERTICAL);

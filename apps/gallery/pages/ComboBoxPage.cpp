@@ -18,7 +18,7 @@ namespace Nolvex::Gallery {
 
 namespace {
 
-constexpr int GAP = 8;
+constexpr int GAP = 8;        // design units
 constexpr int WIDTH = 160;    // design units
 constexpr int MANY = 100'000; // items
 constexpr int MARKED_ROW = 2;
@@ -45,7 +45,7 @@ Items manyItems()
 
 void addLabel(wxWindow* parent, wxSizer* rows, const wchar_t* text)
 {
-    rows->Add(new Wx::StaticText(parent, wxID_ANY, text), 0, wxTOP, GAP);
+    rows->Add(new Wx::StaticText(parent, wxID_ANY, text), 0, wxTOP, Wx::scaleByDpi(GAP));
 }
 
 ComboBox* addBox(wxWindow* parent, wxSizer* rows, const wchar_t* name, const Items& items, int selected,
@@ -59,7 +59,7 @@ ComboBox* addBox(wxWindow* parent, wxSizer* rows, const wchar_t* name, const Ite
     box->setData(items);
     box->selectIndex(selected, false);
     Wx::setAccessibleName(*box, name);
-    rows->Add(box, 0, wxTOP, GAP / 2);
+    rows->Add(box, 0, wxTOP, Wx::scaleByDpi(GAP / 2));
     return box;
 }
 
@@ -92,7 +92,7 @@ void addFace(wxWindow* parent, wxSizer* rows, const wchar_t* name, const ComboBo
     const wxBitmap bitmap = picture(size, [&](wxDC& dc) {
         ComboBox::draw(dc, {{0, 0}, Wx::toPixel(size)}, face);
     });
-    addPicture(parent, rows, name, bitmap, GAP / 2);
+    addPicture(parent, rows, name, bitmap, Wx::scaleByDpi(GAP / 2));
 }
 
 void addList(wxWindow* parent, wxSizer* rows, const ComboBox& box)
@@ -129,7 +129,7 @@ void build(wxWindow* parent, const Log& log)
 
     auto* columns = new wxBoxSizer(wxHORIZONTAL);
     columns->Add(live);
-    columns->Add(pictures, 0, wxLEFT, 4 * GAP);
+    columns->Add(pictures, 0, wxLEFT, Wx::scaleByDpi(4 * GAP));
     parent->SetSizer(columns);
 }
 
@@ -147,7 +147,10 @@ const Array<Scene> SCENES{
          Hand::when<ComboBox>(
              0, [](const ComboBox& box) { return box.borderState().has(OskaBorderState::HOVERED); }))}},
     {L"open", {Hand::moveTo(FIRST), Hand::click(isOpen(0))}},
-    {L"open with a row hovered", {Hand::moveTo(FIRST), Hand::click(isOpen(0)), Hand::moveTo(FIRST, {0, 70})}},
+    {L"open with a row hovered",
+     {Hand::moveTo(FIRST), Hand::click(isOpen(0)),
+      Hand::moveTo(FIRST, {0, 70},
+                   Hand::when<Canvas>(0, [](const Canvas& list) { return list.markedRow() > 0; }))}},
     {L"many items open", {Hand::moveTo(Hand::nth<ComboBox>(1)), Hand::click(isOpen(1))}},
 };
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/FileDialogs.h"
 #include "NolvexLibWx/NativeWindows.h"
 #include "NolvexLibWx/StringConversions.h"
@@ -14,7 +15,7 @@ namespace Nolvex::Gallery {
 
 namespace {
 
-constexpr int GAP = 8;
+constexpr int GAP = 8; // design units
 constexpr int MIN_WIDTH = 160;
 
 // Asks for one or several paths, starting where the last answer was.
@@ -54,8 +55,8 @@ void addQuestion(wxWindow* parent, wxSizer* rows, const String& label, const Que
     };
     auto* button = new Wx::AutoSizedButton(parent, Wx::toWxString(label + L"..."), MIN_WIDTH, 0);
     button->setClickCallback(ask);
-    rows->Add(button, 0, wxTOP, 2 * GAP);
-    rows->Add(answer, 0, wxTOP, GAP);
+    rows->Add(button, 0, wxTOP, Wx::scaleByDpi(2 * GAP));
+    rows->Add(answer, 0, wxTOP, Wx::scaleByDpi(GAP));
 }
 
 void build(wxWindow* parent, const Log& log)

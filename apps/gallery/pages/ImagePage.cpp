@@ -3,6 +3,7 @@
 #include "NolvexLibImage/Image.h"
 #include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/BitmapConverter.h"
+#include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/widgets/OskaBorder.h"
 #include "NolvexLibWx/widgets/StaticBitmap.h"
 #include "NolvexLibWx/widgets/StaticText.h"
@@ -18,7 +19,7 @@ namespace Nolvex::Gallery {
 
 namespace {
 
-constexpr int GAP = 10;
+constexpr int GAP = 10; // design units
 
 // Returns a pixel of a disc of light. The light reaches 3 in the middle, which shows clamping, and the alpha
 // falls to 0 at the rim.
@@ -55,7 +56,7 @@ void build(wxWindow* parent, const Log& /*log*/)
         auto* picture = new Wx::StaticBitmap(border, wxID_ANY, glow(160, withAlpha));
         Wx::setAccessibleName(*picture, withAlpha ? L"Glow with alpha" : L"Glow without alpha");
         border->addChild(picture);
-        rows->Add(border, 0, wxTOP | wxBOTTOM, GAP);
+        rows->Add(border, 0, wxTOP | wxBOTTOM, Wx::scaleByDpi(GAP));
     }
     parent->SetSizer(rows);
 }

@@ -21,7 +21,7 @@ using Wx::MessageDialogControl;
 using Wx::MessageDialogIcon;
 using Controls = Stack<const MessageDialogControl*>;
 
-constexpr int GAP = 8;
+constexpr int GAP = 8; // design units
 
 const MessageDialogButton& overwrite()
 {
@@ -113,8 +113,8 @@ void build(wxWindow* parent, const Log& log)
 {
     auto* rows = new wxBoxSizer(wxVERTICAL);
     rows->Add(new Wx::StaticText(parent, wxID_ANY, L"Each button opens a dialog; the log tells its result"),
-              0, wxBOTTOM, GAP);
-    auto* grid = new wxGridSizer(3, GAP, GAP);
+              0, wxBOTTOM, Wx::scaleByDpi(GAP));
+    auto* grid = new wxGridSizer(3, Wx::scaleByDpi(wxSize(GAP, GAP)));
     for (const Example& example : examples())
         addButton(parent, grid, example, log);
     addThreadButton(parent, grid);

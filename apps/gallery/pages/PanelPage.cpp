@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/widgets/CheckBox.h"
 #include "NolvexLibWx/widgets/CollapsiblePanel.h"
 #include "NolvexLibWx/widgets/StaticText.h"
@@ -11,15 +12,15 @@ namespace Nolvex::Gallery {
 
 namespace {
 
-constexpr int GAP = 8;
+constexpr int GAP = 8; // design units
 
 wxWindow* content(wxWindow* parent)
 {
     auto* panel = new wxPanel(parent);
     auto* rows = new wxBoxSizer(wxVERTICAL);
     rows->Add(new Wx::StaticText(panel, wxID_ANY, L"What folds away"));
-    rows->Add(new Wx::CheckBox(panel, wxID_ANY, L"An option"), 0, wxTOP, GAP);
-    rows->Add(new Wx::CheckBox(panel, wxID_ANY, L"Another option"), 0, wxTOP, GAP);
+    rows->Add(new Wx::CheckBox(panel, wxID_ANY, L"An option"), 0, wxTOP, Wx::scaleByDpi(GAP));
+    rows->Add(new Wx::CheckBox(panel, wxID_ANY, L"Another option"), 0, wxTOP, Wx::scaleByDpi(GAP));
     panel->SetSizerAndFit(rows);
     return panel;
 }
@@ -28,13 +29,13 @@ void addPanel(wxWindow* parent, wxSizer* rows, const wchar_t* label, bool expand
               const Log& log)
 {
     wxWindow* extra = hasExtra ? new Wx::StaticText(parent, wxID_ANY, L"Extra") : nullptr;
-    auto* panel =
-        new Wx::CollapsiblePanel(parent, Wx::GuiSkin::DEFAULT(), label, content(parent), extra, GAP);
+    auto* panel = new Wx::CollapsiblePanel(parent, Wx::GuiSkin::DEFAULT(), label, content(parent), extra,
+                                           Wx::scaleByDpi(GAP));
     panel->setCollapsed(!expanded);
     panel->setToggleCallback([log, name = String(label)](bool collapsed) {
         log(L"The panel \"" + name + (collapsed ? L"\" was collapsed." : L"\" was expanded."));
     });
-    rows->Add(panel, 0, wxEXPAND | wxTOP, GAP);
+    rows->Add(panel, 0, wxEXPAND | wxTOP, Wx::scaleByDpi(GAP));
 }
 
 void build(wxWindow* parent, const Log& log)

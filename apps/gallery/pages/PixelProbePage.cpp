@@ -2,6 +2,7 @@
 #include "NolvexLibImage/Image.h"
 #include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/BitmapConverter.h"
+#include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/widgets/OskaBorder.h"
 #include "NolvexLibWx/widgets/PixelProbe.h"
@@ -21,7 +22,7 @@ namespace Nolvex::Gallery {
 
 namespace {
 
-constexpr int GAP = 10;
+constexpr int GAP = 10; // design units
 constexpr int WIDTH = 360;
 constexpr int HEIGHT = 220;
 constexpr int BAND = 40; // the height of the fields with special values, at the bottom
@@ -108,7 +109,7 @@ void build(wxWindow* parent, const Log& /*log*/)
     rows->Add(new Wx::StaticText(parent, wxID_ANY,
                                  L"Move the mouse over the picture. The fields at the bottom hold a\n"
                                  L"negative value, NaN, infinity and an alpha of 0.5."),
-              0, wxBOTTOM, GAP);
+              0, wxBOTTOM, Wx::scaleByDpi(GAP));
     auto* border = new OskaBorder(parent);
     auto* picture = new Wx::StaticBitmap(border, wxID_ANY, makePicture());
     Wx::setAccessibleName(*picture, L"Gradient with special values");

@@ -22,7 +22,7 @@ using Wx::ComboBox;
 using Wx::ImageSaveSettings;
 using Wx::ImageSaveSettingsDialog;
 
-constexpr int GAP = 8;
+constexpr int GAP = 8;     // design units
 constexpr int WIDTH = 180; // design units
 const wxSize BUTTON_SIZE(180, 24);
 
@@ -54,7 +54,7 @@ ComboBox* addFormats(wxWindow* parent, wxSizer* rows)
     formats->setData(items);
     formats->selectIndex(static_cast<int>(ImageFormat::TIFF), false);
     Wx::setAccessibleName(*formats, L"Image format");
-    rows->Add(formats, 0, wxTOP, GAP / 2);
+    rows->Add(formats, 0, wxTOP, Wx::scaleByDpi(GAP / 2));
     return formats;
 }
 
@@ -84,7 +84,7 @@ void build(wxWindow* parent, const Log& log)
         new Wx::Button(parent, Wx::GuiSkin::DEFAULT(), wxID_ANY, L"Choose the settings...", wxBitmap(),
                        wxBitmap(), ask, Wx::Button::Behavior::PUSH, true, OskaBorderState::ENABLED);
     button->SetMinSize(Wx::scaleByDpi(BUTTON_SIZE));
-    rows->Add(button, 0, wxTOP | wxBOTTOM, 2 * GAP);
+    rows->Add(button, 0, wxTOP | wxBOTTOM, Wx::scaleByDpi(2 * GAP));
     rows->Add(result);
     parent->SetSizer(rows);
 }

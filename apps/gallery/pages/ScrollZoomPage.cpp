@@ -7,6 +7,7 @@
 #include "NolvexLibWx/widgets/OskaBorder.h"
 #include "NolvexLibWx/widgets/StaticText.h"
 #include "NolvexLibWx/widgets/ZoomableScrollable.h"
+#include "apps/gallery/Hand.h"
 #include "apps/gallery/Page.h"
 
 #include <wx/dcbuffer.h>
@@ -20,7 +21,7 @@ namespace Nolvex::Gallery {
 
 namespace {
 
-constexpr int GAP = 10;
+constexpr int GAP = 10;   // design units
 constexpr int FIELD = 24; // pixels of the picture at its own size
 constexpr int FIELDS = 64;
 constexpr float STEP = 1.25f;
@@ -56,6 +57,8 @@ public:
             zoom(event.GetPosition(),
                  isPinch ? static_cast<float>(amount) : static_cast<float>(amount) / WHEEL_NOTCH);
     }
+
+    float zoomFactor() const { return m_zoom; }
 
 private:
     void scroll(const wxPoint& distance)
@@ -110,14 +113,29 @@ void build(wxWindow* parent, const Log& log)
     rows->Add(new Wx::StaticText(parent, wxID_ANY,
                                  L"The wheel and a pinch on the touch pad zoom.\n"
                                  L"The wheel with Shift, or turned sideways, scrolls."),
-              0, wxBOTTOM, GAP);
+              0, wxBOTTOM, Wx::scaleByDpi(GAP));
     auto* border = new OskaBorder(parent);
     border->addChild(new BoardView(border, log));
     rows->Add(border);
     parent->SetSizer(rows);
 }
 
-const Page PAGE(L"Scroll and zoom", build);
+const Hand::Finder BOARD = Hand::nth<BoardView>(0);
+
+const Array<Scene> SCENES{
+    {L"enlarged by the wheel",
+     {Hand::moveTo(BOARD),
+      Hand::turnWheel(
+          BOARD, 3,
+          Hand::when<BoardView>(0, [](const BoardView& board) { return board.zoomFactor() > 1.0f; }))}},
+    {L"reduced by the wheel",
+     {Hand::moveTo(BOARD),
+      Hand::turnWheel(
+          BOARD, -3,
+          Hand::when<BoardView>(0, [](const BoardView& board) { return board.zoomFactor() < 1.0f; }))}},
+};
+
+const Page PAGE(L"Scroll and zoom", build, {}, SCENES);
 
 } // namespace
 

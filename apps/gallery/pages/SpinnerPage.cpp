@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/widgets/Spinner.h"
 #include "NolvexLibWx/widgets/StaticBitmap.h"
@@ -13,7 +14,7 @@ namespace Nolvex::Gallery {
 
 namespace {
 
-constexpr int GAP = 8;
+constexpr int GAP = 8; // design units
 constexpr int WIDTH = 60;
 
 struct SpinnerCase
@@ -92,12 +93,12 @@ void addStates(wxWindow* parent, wxSizer* grid, const Log& log)
 void build(wxWindow* parent, const Log& log)
 {
     auto* rows = new wxBoxSizer(wxVERTICAL);
-    auto* live = new wxFlexGridSizer(2, wxSize(2 * GAP, GAP));
+    auto* live = new wxFlexGridSizer(2, Wx::scaleByDpi(wxSize(2 * GAP, GAP)));
     addLive(parent, live, log);
     rows->Add(live);
     rows->Add(new Wx::StaticText(parent, wxID_ANY, L"The states of the arrows, until the mouse comes"), 0,
-              wxTOP | wxBOTTOM, 2 * GAP);
-    auto* states = new wxFlexGridSizer(2, wxSize(2 * GAP, GAP));
+              wxTOP | wxBOTTOM, Wx::scaleByDpi(2 * GAP));
+    auto* states = new wxFlexGridSizer(2, Wx::scaleByDpi(wxSize(2 * GAP, GAP)));
     addStates(parent, states, log);
     rows->Add(states);
     parent->SetSizer(rows);
@@ -110,15 +111,40 @@ const Hand::Finder FIELD = Hand::partOf<Wx::TextControl>(SPINNER, 0);
 const auto FIELD_HAS_FOCUS =
     Hand::when<Wx::TextControl>(0, [](const Wx::TextControl& field) { return field.HasFocus(); });
 
+using Look = Wx::Spinner::ArrowLook;
+
+// Returns the condition that both arrows of the first spinner look like this.
+Function<bool(wxWindow&)> arrowsLook(Look up, Look down)
+{
+    const auto looks = [](wxWindow& page, const Hand::Finder& arrow, const wxBitmap& picture) {
+        const auto* const found = dynamic_cast<Wx::StaticBitmap*>(arrow(page));
+        return found != nullptr && found->bitmap().IsSameAs(picture);
+    };
+    return [looks, up, down](wxWindow& page) {
+        return looks(page, UP_ARROW, Wx::Spinner::arrowPicture(true, up)) &&
+               looks(page, DOWN_ARROW, Wx::Spinner::arrowPicture(false, down));
+    };
+}
+
+Function<bool(wxWindow&)> fieldReads(const wchar_t* text)
+{
+    return Hand::when<Wx::TextControl>(
+        0, [text](const Wx::TextControl& field) { return field.GetValue() == text; });
+}
+
 const Array<Scene> SCENES{
-    {L"arrow hovered", {Hand::moveTo(UP_ARROW)}},
-    {L"arrow pressed", {Hand::moveTo(UP_ARROW), Hand::press()}},
-    {L"lower arrow pressed", {Hand::moveTo(DOWN_ARROW), Hand::press()}},
+    {L"arrow hovered", {Hand::moveTo(UP_ARROW, {}, arrowsLook(Look::HOVERED, Look::NORMAL))}},
+    {L"arrow pressed", {Hand::moveTo(UP_ARROW), Hand::press(arrowsLook(Look::PRESSED, Look::NORMAL))}},
+    {L"lower arrow pressed",
+     {Hand::moveTo(DOWN_ARROW), Hand::press(arrowsLook(Look::NORMAL, Look::PRESSED))}},
     {L"dragged",
-     {Hand::moveTo(UP_ARROW), Hand::press(), Hand::moveTo(UP_ARROW, {0, -8}),
-      Hand::moveTo(UP_ARROW, {0, -16})}},
+     {Hand::moveTo(UP_ARROW), Hand::press(arrowsLook(Look::PRESSED, Look::NORMAL)),
+      Hand::moveTo(UP_ARROW, {0, -8}),
+      Hand::moveTo(UP_ARROW, {0, -16}, arrowsLook(Look::PRESSED, Look::PRESSED))}},
     {L"focused", {Hand::moveTo(FIELD), Hand::click(FIELD_HAS_FOCUS)}},
-    {L"edited", {Hand::moveTo(FIELD), Hand::click(FIELD_HAS_FOCUS), Hand::type('7'), Hand::type('5')}},
+    {L"edited",
+     {Hand::moveTo(FIELD), Hand::click(FIELD_HAS_FOCUS), Hand::type('A', wxMOD_CONTROL),
+      Hand::type('7', 0, fieldReads(L"7")), Hand::type('5', 0, fieldReads(L"75"))}},
 };
 
 const Page PAGE(L"Spinners", build, {}, SCENES);

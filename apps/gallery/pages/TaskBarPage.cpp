@@ -18,7 +18,7 @@ namespace {
 
 using Wx::TaskbarProgress;
 
-constexpr int GAP = 8;
+constexpr int GAP = 8;    // design units
 constexpr int WIDTH = 60; // design units
 const wxSize BUTTON_SIZE(180, 24);
 
@@ -27,7 +27,7 @@ void addButton(wxWindow* parent, wxSizer* rows, const wchar_t* label, const Func
     auto* button = new Wx::Button(parent, Wx::GuiSkin::DEFAULT(), wxID_ANY, label, wxBitmap(), wxBitmap(),
                                   onClick, Wx::Button::Behavior::PUSH, true, OskaBorderState::ENABLED);
     button->SetMinSize(Wx::scaleByDpi(BUTTON_SIZE));
-    rows->Add(button, 0, wxTOP, GAP);
+    rows->Add(button, 0, wxTOP, Wx::scaleByDpi(GAP));
 }
 
 void build(wxWindow* parent, const Log& log)
@@ -45,12 +45,12 @@ void build(wxWindow* parent, const Log& log)
             L" %.");
     });
     row->Add(new Wx::StaticText(parent, wxID_ANY, L"Per cent"), 0, wxALIGN_CENTRE_VERTICAL);
-    row->Add(percent, 0, wxALIGN_CENTRE_VERTICAL | wxLEFT, GAP);
+    row->Add(percent, 0, wxALIGN_CENTRE_VERTICAL | wxLEFT, Wx::scaleByDpi(GAP));
 
     rows->Add(new Wx::StaticText(parent, wxID_ANY,
                                  L"The button of this window shows the progress until the page changes"),
-              0, wxBOTTOM, 2 * GAP);
-    rows->Add(row, 0, wxBOTTOM, GAP);
+              0, wxBOTTOM, Wx::scaleByDpi(2 * GAP));
+    rows->Add(row, 0, wxBOTTOM, Wx::scaleByDpi(GAP));
     addButton(parent, rows, L"Unknown length", [progress, log] {
         progress->setIndeterminate();
         log(L"The task bar shows an operation of unknown length.");

@@ -13,7 +13,7 @@ namespace Nolvex::Gallery {
 
 namespace {
 
-constexpr int GAP = 10;
+constexpr int GAP = 10; // design units
 constexpr int LINES_AT_FIRST = 40;
 const wxSize AREA_SIZE(260, 104);
 
@@ -29,7 +29,7 @@ Wx::TextCtrl* addArea(wxWindow* parent, wxSizer* grid, const wchar_t* name, cons
     auto* area = new Wx::TextCtrl(parent, wxID_ANY, text, wxDefaultPosition, Wx::scaleByDpi(AREA_SIZE),
                                   wxTE_MULTILINE | style);
     Wx::setAccessibleName(*area, name);
-    column->Add(new Wx::StaticText(parent, wxID_ANY, name), 0, wxBOTTOM, GAP / 2);
+    column->Add(new Wx::StaticText(parent, wxID_ANY, name), 0, wxBOTTOM, Wx::scaleByDpi(GAP / 2));
     column->Add(area);
     grid->Add(column);
     return area;
@@ -42,7 +42,7 @@ void appendLine(wxTextCtrl* area)
 
 void build(wxWindow* parent, const Log& log)
 {
-    auto* grid = new wxFlexGridSizer(2, wxSize(2 * GAP, GAP));
+    auto* grid = new wxFlexGridSizer(2, Wx::scaleByDpi(wxSize(2 * GAP, GAP)));
     addArea(parent, grid, L"Wrapped", TEXT);
     addArea(parent, grid, L"Not wrapped", TEXT, wxTE_DONTWRAP);
     addArea(parent, grid, L"Read-only", TEXT, wxTE_READONLY);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/ColourConversions.h"
+#include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"
 #include "NolvexLibWx/widgets/StaticText.h"
 #include "NolvexLibWx/widgets/TextButton.h"
@@ -12,7 +13,7 @@ namespace Nolvex::Gallery {
 
 namespace {
 
-constexpr int GAP = 8;
+constexpr int GAP = 8; // design units
 
 void colour(Wx::TextButton* button, bool visited)
 {
@@ -37,14 +38,23 @@ void build(wxWindow* parent, const Log& log)
     for (Wx::TextButton* button : {plain, visited, link, disabled}) {
         // applySkinRecursive() gives links one colour for all states, so that the colours are set afterwards.
         button->CallAfter([button, isVisited = button == visited] { colour(button, isVisited); });
-        rows->Add(button, 0, wxTOP, GAP);
+        rows->Add(button, 0, wxTOP, Wx::scaleByDpi(GAP));
     }
     parent->SetSizer(rows);
 }
 
+Scene::Step hover(std::size_t index)
+{
+    return Hand::moveTo(Hand::nth<Wx::TextButton>(index), {},
+                        Hand::when<Wx::TextButton>(index, [](const Wx::TextButton& button) {
+                            return button.GetForegroundColour() ==
+                                   Wx::toWxColour(Wx::GuiSkin::DEFAULT().highlight);
+                        }));
+}
+
 const Array<Scene> SCENES{
-    {L"hovered", {Hand::moveTo(Hand::nth<Wx::TextButton>(0))}},
-    {L"visited hovered", {Hand::moveTo(Hand::nth<Wx::TextButton>(1))}},
+    {L"hovered", {hover(0)}},
+    {L"visited hovered", {hover(1)}},
 };
 
 const Page PAGE(L"Text buttons", build, {}, SCENES);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/widgets/StaticText.h"
 #include "NolvexLibWx/widgets/TextControl.h"
@@ -11,7 +12,7 @@ namespace Nolvex::Gallery {
 
 namespace {
 
-constexpr int GAP = 10;
+constexpr int GAP = 10; // design units
 const wxSize FIELD_SIZE(200, 28);
 const wxSize AREA_SIZE(200, 90);
 
@@ -62,7 +63,7 @@ void addHeading(wxWindow* parent, wxSizer* grid, const wchar_t* text)
 // Each kind of field stands enabled beside disabled.
 void build(wxWindow* parent, const Log& log)
 {
-    auto* grid = new wxFlexGridSizer(3, wxSize(2 * GAP, GAP));
+    auto* grid = new wxFlexGridSizer(3, Wx::scaleByDpi(wxSize(2 * GAP, GAP)));
     grid->AddSpacer(0);
     addHeading(parent, grid, L"Enabled");
     addHeading(parent, grid, L"Disabled");

@@ -9,7 +9,7 @@ namespace Nolvex::Gallery {
 
 namespace {
 
-constexpr int GAP = 10;
+constexpr int GAP = 10; // design units
 
 const wchar_t* const SENTENCE =
     L"A label keeps its text as it was given, so that it can be wrapped to one width after "
@@ -20,7 +20,7 @@ void build(wxWindow* parent, const Log& /*log*/)
     using Wx::StaticText;
     using Wx::TextFlag;
     auto* rows = new wxBoxSizer(wxVERTICAL);
-    const auto add = [&](wxWindow* window) { rows->Add(window, 0, wxBOTTOM, GAP); };
+    const auto add = [&](wxWindow* window) { rows->Add(window, 0, wxBOTTOM, Wx::scaleByDpi(GAP)); };
     add(new StaticText(parent, wxID_ANY, L"Plain text & ampersands"));
     add(new StaticText(parent, wxID_ANY, L"Bold text", 0, TextFlag::BOLD));
     add(new StaticText(parent, wxID_ANY, L"Italic text", 0, TextFlag::ITALIC));

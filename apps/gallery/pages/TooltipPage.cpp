@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/widgets/AutoSizedButton.h"
 #include "NolvexLibWx/widgets/OskaBorder.h"
 #include "NolvexLibWx/widgets/StaticText.h"
@@ -13,7 +14,7 @@ namespace Nolvex::Gallery {
 
 namespace {
 
-constexpr int GAP = 10;
+constexpr int GAP = 10; // design units
 const wxSize LABEL_SIZE(260, 34);
 const wxSize FIELD_SIZE(200, 28);
 
@@ -72,19 +73,19 @@ void addControls(wxWindow* parent, wxSizer* row, const Log& log)
     field->setTooltip(L"What belongs into the field");
     for (wxWindow* control :
          {static_cast<wxWindow*>(button), static_cast<wxWindow*>(link), static_cast<wxWindow*>(field)})
-        row->Add(control, 0, wxRIGHT | wxALIGN_CENTRE_VERTICAL, 2 * GAP);
+        row->Add(control, 0, wxRIGHT | wxALIGN_CENTRE_VERTICAL, Wx::scaleByDpi(2 * GAP));
 }
 
 void build(wxWindow* parent, const Log& log)
 {
     auto* rows = new wxBoxSizer(wxVERTICAL);
-    auto* grid = new wxFlexGridSizer(2, wxSize(GAP, GAP));
+    auto* grid = new wxFlexGridSizer(2, Wx::scaleByDpi(wxSize(GAP, GAP)));
     for (const Sample& sample : SAMPLES)
         addSample(parent, grid, sample, log);
     rows->Add(grid);
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     addControls(parent, row, log);
-    rows->Add(row, 0, wxTOP, 2 * GAP);
+    rows->Add(row, 0, wxTOP, Wx::scaleByDpi(2 * GAP));
     parent->SetSizer(rows);
 }
 

@@ -9,6 +9,7 @@
 #include "NolvexLibWx/widgets/TextCtrl.h"
 #include "apps/gallery/PageList.h"
 #include "apps/gallery/SkinEditor.h"
+#include "apps/gallery/Skins.h"
 #include "support/DefaultSkinGuard.h"
 #include "support/Events.h"
 #include "support/ProcessResources.h"
@@ -155,7 +156,7 @@ TEST_F(GalleryFrameTest, pages_coverEveryFamilyInTheOrderOfTheirTitles)
 TEST_F(GalleryFrameTest, everyPage_inEverySkin_replacesThePageBefore)
 {
     show();
-    for (int skin = 0; skin < GalleryFrame::SKIN_COUNT; ++skin) {
+    for (int skin = 0; skin < Gallery::SKIN_COUNT; ++skin) {
         frame->chooseSkin(skin);
         frame->showPage(0);
         Tests::pumpEvents();
@@ -173,7 +174,7 @@ TEST_F(GalleryFrameTest, everyPage_inEverySkin_replacesThePageBefore)
 TEST_F(GalleryFrameTest, skins_showCheckMarksAndTexts)
 {
     constexpr RgbBytes CHECK_MARK{255, 255, 255};
-    for (int i = 0; i < GalleryFrame::SKIN_COUNT; ++i) {
+    for (int i = 0; i < Gallery::SKIN_COUNT; ++i) {
         const Wx::GuiSkin& skin = GalleryFrame::skin(i);
         EXPECT_GE(contrast(CHECK_MARK, skin.background), 3.0) << i;
         EXPECT_GE(contrast(skin.text, skin.background), 4.5) << i;

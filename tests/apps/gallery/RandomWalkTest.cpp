@@ -2,6 +2,7 @@
 #include "support/RandomWalk.h"
 
 #include "apps/gallery/GalleryFrame.h"
+#include "apps/gallery/Skins.h"
 #include "support/DefaultSkinGuard.h"
 #include "support/Events.h"
 
@@ -56,7 +57,7 @@ TEST_P(GalleryRandomWalkTest, anythingDone_leavesNoMouseHeldAndNoPopupShown)
     const int pages = static_cast<int>(frame->pages().size());
     const auto turnPage = [&] { frame->showPage(static_cast<std::size_t>(user.number(pages))); };
     user.addAction("page", turnPage);
-    user.addAction("skin", [&] { frame->chooseSkin(user.number(GalleryFrame::SKIN_COUNT)); });
+    user.addAction("skin", [&] { frame->chooseSkin(user.number(Gallery::SKIN_COUNT)); });
     // Each walk begins elsewhere.
     turnPage();
     user.walk(60);

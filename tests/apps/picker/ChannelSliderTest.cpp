@@ -150,3 +150,33 @@ TEST_F(ChannelSliderTest, disabled_takesNoInput)
     Tests::clickAt(slider, middle());
     EXPECT_TRUE(changes.empty());
 }
+
+TEST_F(ChannelSliderTest, numberBeyondTheRange_canBeSetToTheNumberThatIsShown)
+{
+    showFrame();
+    slider->SetFocus();
+    slider->setNumber(std::numeric_limits<float>::quiet_NaN());
+    typeKey(WXK_HOME);
+    EXPECT_EQ(changes, Array<float>{0.0f});
+    slider->setNumber(7.0f);
+    typeKey(WXK_END);
+    EXPECT_EQ(changes, (Array<float>{0.0f, 2.0f}));
+    typeKey(WXK_END);
+    EXPECT_EQ(changes.size(), 2u) << "the number is within the range now";
+    slider->setNumber(-std::numeric_limits<float>::infinity());
+    Tests::clickAt(slider, {0, middle().y});
+    EXPECT_EQ(changes, (Array<float>{0.0f, 2.0f, 0.0f}));
+}
+
+TEST_F(ChannelSliderTest, stepAwayFromTheRange_leavesANumberBeyondTheRange)
+{
+    showFrame();
+    slider->SetFocus();
+    slider->setNumber(7.0f);
+    typeKey(WXK_RIGHT);
+    slider->setNumber(-7.0f);
+    typeKey(WXK_PAGEDOWN);
+    EXPECT_TRUE(changes.empty());
+    typeKey(WXK_RIGHT);
+    EXPECT_EQ(changes, Array<float>{0.25f});
+}

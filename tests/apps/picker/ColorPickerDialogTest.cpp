@@ -14,6 +14,7 @@
 #include "apps/picker/RecentColors.h"
 
 #include <cmath>
+#include <iterator>
 #include <limits>
 
 using namespace Nolvex;
@@ -112,6 +113,10 @@ TEST_F(ColorPickerDialogTest, nanAndInfinity_surviveIfNothingIsEdited)
         // The focus goes through all controls.
         for (int i = 0; i < 20; ++i)
             typeKey(WXK_TAB);
+        const Array<wxTextCtrl*> fields = windowsOf<wxTextCtrl>(dialog);
+        const wchar_t* const texts[] = {L"nan", L"inf", L"-inf", L"> 1"};
+        for (std::size_t i = 0; i < std::size(texts); ++i)
+            EXPECT_EQ(fields[i]->GetValue(), texts[i]);
         clickButton(dialog, L"OK");
     });
     ASSERT_EQ(commits.size(), 1u);
@@ -320,6 +325,22 @@ TEST_F(ColorPickerDialogTest, previewThatDestroysTheFrame_cancels)
             delete frame.get();
     };
     pick(BROWN, [](wxDialog&) { typeKey(WXK_END); });
+    EXPECT_TRUE(commits.empty());
+}
+
+TEST_F(ColorPickerDialogTest, typedNumberWhosePreviewDestroysTheFrame_cancels)
+{
+    onPreview = [this] {
+        if (frame)
+            delete frame.get();
+    };
+    pick(BROWN, [](wxDialog& dialog) {
+        windowsOf<Wx::Spinner>(dialog)[0]->SetFocus();
+        wxUIActionSimulator().Text("0.75");
+        Tests::pumpEvents();
+        typeKey(WXK_RETURN);
+    });
+    EXPECT_EQ(previews.size(), 1u);
     EXPECT_TRUE(commits.empty());
 }
 

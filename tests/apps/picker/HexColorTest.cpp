@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "apps/picker/HexColor.h"
 
+#include "NolvexLibWx/ColourConversions.h"
+
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -13,8 +15,12 @@ namespace {
 
 Rgb fromBytes(int r, int g, int b, int a = 255)
 {
-    const auto number = [](int byte) { return static_cast<float>(byte) / 255.0f; };
-    return {number(r), number(g), number(b), number(a)};
+    const auto color = [](int x, int y, int z) {
+        return Wx::toRgb(wxColour(static_cast<unsigned char>(x), static_cast<unsigned char>(y),
+                                  static_cast<unsigned char>(z)));
+    };
+    const Rgb opaque = color(r, g, b);
+    return {opaque.r, opaque.g, opaque.b, color(a, a, a).r};
 }
 
 } // namespace
@@ -58,4 +64,15 @@ TEST(HexColorTest, numbersThatAreNoBytes_areClampedAndRounded)
     EXPECT_EQ(hexColor({-1, 2, 0.5f, 1}), L"#00ff80");
     EXPECT_EQ(hexColor({NOT_A_NUMBER, INFINITE_LIGHT, -INFINITE_LIGHT, 1}), L"#00ff00");
     EXPECT_EQ(hexColor({0, 0, 0, NOT_A_NUMBER}), L"#00000000");
+}
+
+TEST(HexColorTest, numberBetweenTwoBytes_becomesTheByteThatControlsShow)
+{
+    for (const float number : {126.5f / 255.0f, 127.5f / 255.0f, 0.5f / 255.0f, 1.5f / 255.0f}) {
+        const RgbBytes shown = Wx::toRgbBytes(Wx::toWxColour(Rgb{number, number, number, 1.0f}));
+        const Optional<Rgb> written = parseHexColor(hexColor({number, number, number, number}));
+        ASSERT_TRUE(written.has_value());
+        EXPECT_EQ(*written, fromBytes(shown.r, shown.g, shown.b, shown.r)) << number;
+    }
+    EXPECT_EQ(hexColor({126.5f / 255.0f, 1.5f / 255.0f, 0, 1}), L"#7e0200");
 }
