@@ -19,9 +19,10 @@ template<class Control>
 void collect(wxWindow& window, Array<Control*>& found)
 {
     for (wxWindow* child : window.GetChildren()) {
-        if (auto* control = dynamic_cast<Control*>(child))
+        wxWindow& below = *child;
+        if (auto* control = dynamic_cast<Control*>(&below))
             found.push_back(control);
-        collect(*child, found);
+        collect(below, found);
     }
 }
 
