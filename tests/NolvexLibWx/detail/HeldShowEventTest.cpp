@@ -18,7 +18,13 @@ namespace {
 class HoldingPanel : public wxPanel
 {
 public:
-    explicit HoldingPanel(wxWindow* parent) : wxPanel(parent) {}
+    explicit HoldingPanel(wxWindow* parent) : wxPanel(parent)
+    {
+        Bind(wxEVT_SHOW, &HoldingPanel::onShow, this);
+    }
+
+    // Windows hides a window that is being destroyed, when the steps are gone already.
+    ~HoldingPanel() override { Unbind(wxEVT_SHOW, &HoldingPanel::onShow, this); }
 
     bool showHolding(bool show, ShowEventTime time)
     {
@@ -26,14 +32,20 @@ public:
             *this, show, m_holdsEvent, [this](bool shows) { return showBase(shows); }, time);
     }
 
-    bool isHolding() const { return m_holdsEvent; }
-
     std::vector<std::string> steps;
 
 private:
     bool TryBefore(wxEvent& event) override
     {
         return isHeldShowEvent(*this, m_holdsEvent, event) || wxPanel::TryBefore(event);
+    }
+
+    void onShow(wxShowEvent& event)
+    {
+        steps.push_back(event.IsShown() ? "shown" : "hidden");
+        EXPECT_FALSE(m_holdsEvent);
+        EXPECT_EQ(event.GetEventObject(), this);
+        EXPECT_EQ(event.GetId(), GetId());
     }
 
     bool showBase(bool show)
@@ -58,16 +70,6 @@ private:
 struct HeldShowEventTest : Tests::FrameFixture
 {
     wxWeakRef<HoldingPanel> held = new HoldingPanel(panel);
-
-    HeldShowEventTest()
-    {
-        held->Bind(wxEVT_SHOW, [this](wxShowEvent& event) {
-            held->steps.push_back(event.IsShown() ? "shown" : "hidden");
-            EXPECT_FALSE(held->isHolding());
-            EXPECT_EQ(event.GetEventObject(), held.get());
-            EXPECT_EQ(event.GetId(), held->GetId());
-        });
-    }
 };
 
 } // namespace
