@@ -10,7 +10,7 @@
 
 #include <gmock/gmock.h>
 
-#include <latch>
+#include <future>
 #include <limits>
 #include <optional>
 #include <string>
@@ -235,11 +235,12 @@ TEST_F(TaskbarProgressTest, calls_ofEightThreads_doNotMix)
     constexpr int THREADS = 8;
     constexpr int ROUNDS = 500;
     takeCalls();
-    std::latch start(THREADS);
+    std::promise<void> start;
+    const std::shared_future<void> started(start.get_future());
     Array<std::thread> threads;
     for (int number = 0; number < THREADS; ++number) {
-        threads.emplace_back([this, number, &start] {
-            start.arrive_and_wait();
+        threads.emplace_back([this, number, started] {
+            started.wait();
             for (int round = 0; round < ROUNDS; ++round) {
                 progress->setProgress(static_cast<float>(number * ROUNDS + round) / (THREADS * ROUNDS));
                 if (round % 50 == 0)
@@ -249,6 +250,7 @@ TEST_F(TaskbarProgressTest, calls_ofEightThreads_doNotMix)
             }
         });
     }
+    start.set_value();
     for (std::thread& thread : threads)
         thread.join();
 

@@ -126,10 +126,10 @@ Function<bool(wxWindow&)> arrowsLook(Look up, Look down)
     };
 }
 
-Function<bool(wxWindow&)> fieldReads(const wchar_t* text)
+Function<bool(wxWindow&)> fieldHolds(const wchar_t* text)
 {
     return Hand::when<Wx::TextControl>(
-        0, [text](const Wx::TextControl& field) { return field.GetValue() == text; });
+        0, [text](const Wx::TextControl& field) { return field.GetValue().Contains(text); });
 }
 
 const Array<Scene> SCENES{
@@ -143,8 +143,9 @@ const Array<Scene> SCENES{
       Hand::moveTo(UP_ARROW, {0, -16}, arrowsLook(Look::PRESSED, Look::PRESSED))}},
     {L"focused", {Hand::moveTo(FIELD), Hand::click(FIELD_HAS_FOCUS)}},
     {L"edited",
-     {Hand::moveTo(FIELD), Hand::click(FIELD_HAS_FOCUS), Hand::type('A', wxMOD_CONTROL),
-      Hand::type('7', 0, fieldReads(L"7")), Hand::type('5', 0, fieldReads(L"75"))}},
+     {Hand::moveTo(FIELD), Hand::click(FIELD_HAS_FOCUS), Hand::type(WXK_END),
+      Hand::type(WXK_HOME, wxMOD_SHIFT), Hand::type('7', 0, fieldHolds(L"7")),
+      Hand::type('5', 0, fieldHolds(L"75"))}},
 };
 
 const Page PAGE(L"Spinners", build, {}, SCENES);
