@@ -19,10 +19,11 @@ template<class Control>
 void collect(wxWindow& window, Array<Control*>& found)
 {
     for (wxWindow* child : window.GetChildren()) {
-        wxWindow& below = *child;
-        if (auto* control = dynamic_cast<Control*>(&below))
+        if (auto* control = dynamic_cast<Control*>(child))
             found.push_back(control);
-        collect(below, found);
+        // The child always exists. Without the question, clang-tidy takes a failed cast for a missing child.
+        if (child != nullptr)
+            collect(*child, found);
     }
 }
 
