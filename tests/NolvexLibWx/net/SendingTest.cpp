@@ -219,7 +219,8 @@ TEST(SendingTest, writeFile_ofIncompressibleData_holdsItOnce)
     reader.join();
     if (growth == 0)
         GTEST_SKIP() << "This system does not count the memory of a process.";
-    EXPECT_GT(growth, SIZE);
+    // Some of the memory was the process's own before.
+    EXPECT_GT(growth, SIZE - SIZE / 64);
 #ifndef NOLVEX_SANITIZED
     EXPECT_LT(growth, SIZE + SIZE / 16 + 4'000'000);
 #endif
