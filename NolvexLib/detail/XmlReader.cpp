@@ -124,16 +124,22 @@ private:
 
     std::size_t skipWhite(std::size_t at) const
     {
-        while (isWhite(m_bytes[at]))
-            ++at;
-        return at;
+        return skip(at, [](char byte) { return isWhite(byte); });
     }
 
     std::size_t skipName(std::size_t at) const
     {
-        while (isPlainNameByte(m_bytes[at]))
-            ++at;
-        return at;
+        return skip(at, [](char byte) { return isPlainNameByte(byte); });
+    }
+
+    // The compiler keeps a pointer of its own in a register, but not that of the std::string.
+    template<class Predicate>
+    std::size_t skip(std::size_t at, Predicate isSkipped) const
+    {
+        const char* byte = m_bytes.data() + at;
+        while (isSkipped(*byte))
+            ++byte;
+        return static_cast<std::size_t>(byte - m_bytes.data());
     }
 
     void takeDeclaration()
@@ -237,9 +243,7 @@ private:
 
     std::size_t skipPlain(std::size_t at) const
     {
-        while (isPlain(m_bytes[at]))
-            ++at;
-        return at;
+        return skip(at, [](char byte) { return isPlain(byte); });
     }
 
     char takeEntity()
