@@ -13,6 +13,16 @@ namespace {
 
 constexpr double PLACE = 20; // of the fingers in the window
 
+// Lets GTK handle the event as one of the pointer's device.
+void deliver(GtkWidget* widget, GdkEvent* event)
+{
+    GdkDevice* const pointer =
+        gdk_seat_get_pointer(gdk_display_get_default_seat(gtk_widget_get_display(widget)));
+    gdk_event_set_device(event, pointer);
+    gdk_event_set_source_device(event, pointer);
+    gtk_main_do_event(event);
+}
+
 void send(GtkWidget* widget, GdkTouchpadGesturePhase phase, double scale)
 {
     GdkWindow* const window = gtk_widget_get_window(widget);
@@ -25,11 +35,7 @@ void send(GtkWidget* widget, GdkTouchpadGesturePhase phase, double scale)
     event->touchpad_pinch.x = PLACE;
     event->touchpad_pinch.y = PLACE;
     event->touchpad_pinch.scale = scale;
-    GdkDevice* const pointer =
-        gdk_seat_get_pointer(gdk_display_get_default_seat(gtk_widget_get_display(widget)));
-    gdk_event_set_device(event, pointer);
-    gdk_event_set_source_device(event, pointer);
-    gtk_main_do_event(event);
+    deliver(widget, event);
     gdk_event_free(event);
 }
 
@@ -44,11 +50,7 @@ void sendTouch(GtkWidget* widget, GdkEventType type, std::uintptr_t finger, doub
     event->touch.sequence = reinterpret_cast<GdkEventSequence*>(finger);
     event->touch.x = x;
     event->touch.y = PLACE;
-    GdkDevice* const pointer =
-        gdk_seat_get_pointer(gdk_display_get_default_seat(gtk_widget_get_display(widget)));
-    gdk_event_set_device(event, pointer);
-    gdk_event_set_source_device(event, pointer);
-    gtk_main_do_event(event);
+    deliver(widget, event);
     event->touch.sequence = nullptr;
     gdk_event_free(event);
 }
