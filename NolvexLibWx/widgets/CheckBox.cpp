@@ -9,6 +9,7 @@
 #include "NolvexLibWx/MoveFocus.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/paint/CheckBoxExtent.h"
+#include "NolvexLibWx/paint/DensePixels.h"
 #include "NolvexLibWx/paint/PerScale.h"
 #include "NolvexLibWx/platform/OutlineFont.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"
@@ -52,6 +53,7 @@ void drawCheckMark(wxGraphicsContext& context, const wxPoint& corner)
     mark.AddLineToPoint(vertex(6, 9));
     mark.CloseSubpath();
     context.SetPen(*wxStockGDI::GetPen(wxStockGDI::PEN_WHITE));
+    const DensePixelOffset offset(&context);
     context.DrawPath(mark, wxWINDING_RULE);
 }
 
@@ -64,6 +66,7 @@ void drawFocusMark(wxGraphicsContext& context, const wxPoint& corner, const wxSi
     wxPen pen(colour, Wx::scaleByDpi(1), wxPENSTYLE_USER_DASH);
     pen.SetDashes(static_cast<int>(dashes.size()), dashes.data());
     context.SetPen(pen);
+    const DensePixelOffset offset(&context);
     context.DrawRectangle(corner.x + Wx::scaleByDpi(CHECK_BOX_LABEL_X - 1), corner.y,
                           text.x + Wx::scaleByDpi(2), text.y - Wx::scaleByDpi(1));
 }

@@ -9,6 +9,7 @@
 #include "NolvexLibWx/ScopedWindowFreezer.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/detail/HeldShowEvent.h"
+#include "NolvexLibWx/paint/CrispLines.h"
 #include "NolvexLibWx/platform/MouseTransparency.h"
 #include "NolvexLibWx/widgets/detail/TooltipDismissal.h"
 
@@ -41,6 +42,14 @@ wxString visibleLine(const String& line)
 wxColour opaqueSystemColour(wxSystemColour index)
 {
     return Wx::toWxColour(Wx::toRgbBytes(wxSystemSettings::GetColour(index)));
+}
+
+void paintBox(wxDC& dc, const wxRect& box, const wxColour& inside, const wxColour& outline)
+{
+    dc.SetBrush({inside, wxBRUSHSTYLE_SOLID});
+    CrispLines lines(dc);
+    lines.setPen({outline, 1, wxPENSTYLE_SOLID});
+    lines.drawRectangle(box);
 }
 
 bool isWithin(int offset, int length)
@@ -263,9 +272,7 @@ void Wx::Tooltip::paint(wxDC& dc) const
 {
     const wxColour background = opaqueSystemColour(wxSYS_COLOUR_INFOBK);
     const wxColour foreground = opaqueSystemColour(wxSYS_COLOUR_INFOTEXT);
-    dc.SetBrush({background, wxBRUSHSTYLE_SOLID});
-    dc.SetPen({foreground, 1, wxPENSTYLE_SOLID});
-    dc.DrawRectangle(GetClientRect());
+    paintBox(dc, GetClientRect(), background, foreground);
     dc.SetTextBackground(background);
     dc.SetTextForeground(foreground);
     dc.SetFont(GetFont());
