@@ -74,7 +74,7 @@ ViewerFrame::ViewerFrame(const SharedPicture& picture, Array<Io::Path> files)
     Wx::applySkinRecursive(this, Wx::GuiSkin::DEFAULT());
     setLightSurround(false);
 
-    SetClientSize(clientSizeFor(m_view->bitmap(), above->GetMinSize().y));
+    SetClientSize(clientSizeFor(m_view->shownSize(), above->GetMinSize().y));
     Centre();
     bindCommands();
     makeRoom();
