@@ -28,5 +28,18 @@ check "task bar" tools/testing/taskbar.sh build/linux-release/bin/NolvexTaskbarS
 check "monitors" tools/testing/monitors.sh build/linux-release/bin
 check "exports" tools/testing/exports.sh build/linux-release/lib/libNolvex*.so
 check "package" tools/testing/package.sh
+
+# test_at_scale linux-PERCENT: tests with the text scaling of the desktop.
+test_at_scale() {
+  local percent=${1#linux-}
+  start_display 1920x1200
+  echo "Xft.dpi: $((percent * 96 / 100))" | xrdb -merge
+  NOLVEX_TEST_SCALE=$percent G_DEBUG=fatal-criticals log_test_program "$1" \
+    build/linux-release/bin/NolvexLibWxTests --gtest_filter="$SCALE_TESTS"
+  stop_display
+}
+
+say "testing at other scales"
+test_at_scales test_at_scale linux-125 linux-150 linux-200 linux-300
 finish_checks
 summary linux
