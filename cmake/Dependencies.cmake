@@ -32,8 +32,8 @@ if(NOLVEX_BUILD_TESTS OR NOLVEX_BUILD_BENCHMARKS)
   endif()
 endif()
 
-if(NOLVEX_BUILD_APPS)
-  # The viewer writes PNG and TIFF files with more than 8 bits, which wxWidgets does not.
+if(NOLVEX_BUILD_APPS OR NOLVEX_BUILD_FUZZERS)
+  # The viewer reads and writes PNG and TIFF files with more than 8 bits, which wxWidgets does not.
   find_package(PNG REQUIRED)
   find_package(TIFF REQUIRED)
   if(WIN32)

@@ -174,10 +174,11 @@ Outcome readBlocks(const Blocks& blocks, const TiffLayout& layout, Image& image,
 Array<String> omissionsOf(const TiffFile& file, const TiffLayout& layout)
 {
     Array<String> omissions;
-    const int shown = layout.colours + (layout.alpha ? 1 : 0);
-    if (layout.samples > shown)
-        omissions.push_back(L"It has " + std::to_wstring(layout.samples - shown) +
-                            L" more channels, which are not shown.");
+    const int hidden = layout.samples - layout.colours - (layout.alpha ? 1 : 0);
+    if (hidden == 1)
+        omissions.push_back(L"It has one more channel, which is not shown.");
+    else if (hidden > 1)
+        omissions.push_back(L"It has " + std::to_wstring(hidden) + L" more channels, which are not shown.");
     if (TIFFLastDirectory(file.handle()) == 0)
         omissions.push_back(L"It has more pages, of which the first is shown.");
     return omissions;

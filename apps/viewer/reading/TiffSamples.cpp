@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/reading/TiffSamples.h"
 
+#include "apps/viewer/HalfFloat.h"
 #include "apps/viewer/reading/PictureReader.h"
-#include "apps/viewer/writing/RowEncoder.h"
 
 #include <algorithm>
 #include <cmath>

@@ -2,7 +2,7 @@
 #include "apps/viewer/reading/TiffReader.h"
 
 #include "NolvexLib/Pixel.h"
-#include "apps/viewer/writing/RowEncoder.h"
+#include "apps/viewer/HalfFloat.h"
 #include "support/PictureFiles.h"
 
 #include <gtest/gtest.h>
@@ -328,7 +328,7 @@ TEST(TiffReaderTest, furtherPagesAndChannels_areTold)
     ASSERT_TRUE(channels.hasValue());
     EXPECT_EQ(channels->image.descriptor().format, PixelFormat::UINT16_RGB);
     ASSERT_EQ(channels->omissions.size(), 1u);
-    EXPECT_EQ(channels->omissions.front(), String(L"It has 1 more channels, which are not shown."));
+    EXPECT_EQ(channels->omissions.front(), String(L"It has one more channel, which is not shown."));
 }
 
 TEST(TiffReaderTest, notANumber_staysSo)
