@@ -2,8 +2,10 @@
 #pragma once
 
 #include "NolvexLib/Array.h"
+#include "NolvexLib/Bucket.h"
 #include "NolvexLib/Function.h"
 #include "NolvexLib/Noncopyable.h"
+#include "NolvexLib/Pixel.h"
 #include "NolvexLib/String.h"
 #include "NolvexLibWx/Export.h"
 
@@ -72,6 +74,8 @@ private:
     void hideAndTellLater();
     bool hasReason() const;
     void popUp();
+    void place(Pixel corner);
+    Bucket screenRegion() const;
     void fitToText();
     void paint(wxDC& dc) const;
 

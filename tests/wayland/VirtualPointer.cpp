@@ -27,7 +27,9 @@ Testing::VirtualPointer::VirtualPointer(wl_proxy* manager, wl_seat* seat, std::u
 
 void Testing::VirtualPointer::move(std::uint32_t x, std::uint32_t y)
 {
-    sendRequest(m_pointer, PointerRequest::MOTION_ABSOLUTE, eventTime(), x, y, m_width, m_height);
+    // The middle of a pixel stays in the pixel, however the compositor rounds.
+    sendRequest(m_pointer, PointerRequest::MOTION_ABSOLUTE, eventTime(), 2 * x + 1, 2 * y + 1, 2 * m_width,
+                2 * m_height);
     sendRequest(m_pointer, PointerRequest::FRAME);
 }
 

@@ -310,15 +310,14 @@ class OtherSteps(GalleryTest):
     def test_probe_follows_the_mouse(self):
         self.open_page("Pixel probe")
         picture = self.rect("image", "Gradient with special values")
-        before = desktop.settled()
+        before = Picture()
         pictures = []
         points = [(picture.x + 20 + 60 * step, picture.y + 20 + 40 * step) for step in range(4)]
         for point in points:
             desktop.move(point)
             pictures.append(desktop.settled())
-        for point, picture, following in zip(points, pictures, pictures[1:]):
-            x, y = point
-            self.assertEqual(following.changed_from(picture).place, (x + 20, y + 20))
+        places = [following.changed_from(picture).place for picture, following in zip(pictures, pictures[1:])]
+        self.assertEqual(places, [(x + 20, y + 20) for x, y in points[:-1]])
         self.assertTrue(self.program.window(self.title).focused)
         desktop.move(FAR_AWAY)
         self.assertTrue(until(lambda: Picture().changed_from(before) is None), "the probe stays")

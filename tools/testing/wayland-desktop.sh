@@ -73,6 +73,8 @@ hide_mouse() {
     dnd-copy dnd-move dnd-none dnd-ask no-drop not-allowed sb_v_double_arrow sb_h_double_arrow ns-resize ew-resize; do
     ln -s left_ptr "$folder/$name"
   done
+  # GTK asks for this theme.
+  ln -s default "$work/.icons/Adwaita"
 }
 
 # with_own_user COMMAND...
