@@ -307,6 +307,25 @@ class TooltipSteps(GalleryTest):
 
 
 class OtherSteps(GalleryTest):
+    def test_button_that_is_clicked_and_left_at_once_is_not_lit(self):
+        self.open_page("Buttons")
+        button = self.rect("toggle button", "Spinners")
+        x, y = button.middle
+        before = Picture()
+        desktop.move((x, y))
+        self.assertTrue(until(lambda: Picture().changed_from(before)), "the button is never lit")
+        desktop.do("press left", "release left", f"move {FAR_AWAY[0]} {FAR_AWAY[1]}")
+        toggled = desktop.settled()
+        self.open_page("Buttons")
+        self.assertIsNone(desktop.settled().changed_from(before, button))
+        desktop.move((x, y))
+        desktop.do("press left")
+        desktop.settled()
+        desktop.do("release left")
+        desktop.settled()
+        desktop.move(FAR_AWAY)
+        self.assertIsNone(desktop.settled().changed_from(toggled, button))
+
     def test_probe_follows_the_mouse(self):
         self.open_page("Pixel probe")
         picture = self.rect("image", "Gradient with special values")
@@ -327,10 +346,10 @@ class OtherSteps(GalleryTest):
         name = "Whole numbers, 0 to 100"
         spinner = self.rect("spin button", name)
         value = self.program.control("spin button", name).get_current_value()
-        x, y = spinner.right - 5, spinner.y + 4
-        desktop.drag((x, y), (x, y - 20))
+        x, y = spinner.right - 5, spinner.bottom - 5
+        desktop.drag((x, y), (x, y + 20))
         desktop.do("release left")
-        self.assertTrue(until(lambda: self.program.control("spin button", name).get_current_value() == value + 20),
+        self.assertTrue(until(lambda: self.program.control("spin button", name).get_current_value() == value - 20),
                         self.program.text_of("text", "Log"))
 
     def test_colour_is_dragged_to_another_button(self):

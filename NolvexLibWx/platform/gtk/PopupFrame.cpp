@@ -49,6 +49,8 @@ Platform::PopupFrame::PopupFrame(wxWindow* parent, long style, const wxString& n
     if (!isOnWayland(m_widget))
         gtk_window_set_type_hint(GTK_WINDOW(m_widget), GDK_WINDOW_TYPE_HINT_COMBO);
     Create(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, style, name);
+    // On Wayland, GTK would add a shadow, which moves the content.
+    gtk_window_set_decorated(GTK_WINDOW(m_widget), FALSE);
     if (borderWidth() > 0)
         addBorder();
     stopWaitingForTheServer();
