@@ -5,6 +5,7 @@ asked of assistive technology."""
 
 import struct
 import subprocess
+import time
 import unittest
 
 from desktop import Atspi, Desktop, Picture, Program, Rect, outputs, until
@@ -96,11 +97,13 @@ class ViewerTest(ProgramTest):
 
     def test_3_escape_closes_an_open_menu_only(self):
         menu = self.rect("menu", "Picture")
+        # Where the menu opens. Elsewhere, scroll bars appear and fade.
+        place = Rect(menu.x, menu.bottom + 4, 100, 60)
         before = desktop.settled()
         desktop.click(menu.middle)
-        self.assertTrue(until(lambda: (Picture().changed_from(before) or menu).height > 4 * menu.height), "no menu opens")
+        self.assertTrue(until(lambda: Picture().changed_from(before, place)), "no menu opens")
         desktop.do("key Escape")
-        self.assertTrue(until(lambda: (Picture().changed_from(before) or menu).height < 2 * menu.height), "the menu stays")
+        self.assertTrue(until(lambda: Picture().changed_from(before, place) is None), "the menu stays")
         self.assertFalse(self.program.has_ended())
 
     def test_9_escape_ends_the_program(self):
@@ -142,6 +145,11 @@ class GalleryTest(ProgramTest):
                                 (expected.x, expected.y, expected.right, expected.bottom)):
             self.assertLessEqual(abs(ours - theirs), tolerance, f"{place} instead of {expected}")
 
+    def assert_corner(self, rect, corner):
+        """The mouse has places between two pixels on Wayland, and XWayland rounds them."""
+        for ours, theirs in zip(rect.place, corner):
+            self.assert_between(theirs - 1, ours, theirs + 1)
+
     def assert_logged(self, text):
         self.assertTrue(until(lambda: text in self.program.text_of("text", "Log")), self.program.text_of("text", "Log"))
 
@@ -176,10 +184,10 @@ class DropdownButtonSteps(GalleryTest):
     def test_dropdown_released_elsewhere_chooses_nothing(self):
         self.open_page("Drop-down buttons")
         log = self.program.text_of("text", "Log")
-        before = Picture()
-        self.open_dropdown()
+        button, _changed = self.open_dropdown()
         self.release()
-        self.assertTrue(until(lambda: Picture().changed_from(before) is None))
+        frame = Rect(button.x, button.bottom, *self.SIZE)
+        self.assertTrue(until(lambda: Picture().changed_from(self.before, frame) is None), "the frame stays")
         self.assertEqual(self.program.text_of("text", "Log"), log)
 
     def test_dropdown_at_the_bottom_opens_above(self):
@@ -266,20 +274,21 @@ class TooltipSteps(GalleryTest):
 
     def show_tooltip(self, label):
         """Rests the mouse on the label and returns where the tooltip is, which hides when a key is pressed."""
-        rect = self.rect("label", label)
-        desktop.move(rect.middle)
-        before = desktop.settled()
-        self.assertTrue(until(lambda: Picture().changed_from(before)), "no tooltip appears")
-        tooltip = desktop.settled()
-        desktop.do("key F12")
-        self.assertTrue(until(lambda: Picture().changed_from(before) is None), "the tooltip stays")
-        return tooltip.changed_from(before)
+        point = self.rect("label", label).middle
+        for _attempt in range(5):
+            desktop.move(point)
+            time.sleep(0.8)
+            shown = desktop.settled()
+            desktop.do("key F12")
+            if until(lambda: Picture().changed_from(shown), 1):
+                return desktop.settled().changed_from(shown)
+        self.fail("no tooltip appears")
 
     def test_tooltip_appears_beside_the_mouse(self):
         self.open_page("Tooltips")
         x, y = self.rect("label", "Rest the mouse here").middle
         changed = self.show_tooltip("Rest the mouse here")
-        self.assertEqual((changed.x, changed.y), (x + 10, y + 5))
+        self.assert_corner(changed, (x + 10, y + 5))
 
     def test_tooltip_at_the_right_edge(self):
         output = outputs()[0]
@@ -303,41 +312,36 @@ class TooltipSteps(GalleryTest):
         self.open_page("Tooltips", outputs()[1], 20, 40)
         x, y = self.rect("label", "Rest the mouse here").middle
         changed = self.show_tooltip("Rest the mouse here")
-        self.assertEqual((changed.x, changed.y), (x + 10, y + 5))
+        self.assert_corner(changed, (x + 10, y + 5))
 
 
 class OtherSteps(GalleryTest):
     def test_button_that_is_clicked_and_left_at_once_is_not_lit(self):
         self.open_page("Buttons")
         button = self.rect("toggle button", "Spinners")
-        x, y = button.middle
         before = Picture()
-        desktop.move((x, y))
-        self.assertTrue(until(lambda: Picture().changed_from(before)), "the button is never lit")
-        desktop.do("press left", "release left", f"move {FAR_AWAY[0]} {FAR_AWAY[1]}")
-        toggled = desktop.settled()
+        desktop.move(button.middle)
+        self.assertTrue(until(lambda: Picture().changed_from(before, button)), "the button is never lit")
+        desktop.do("press left", "release left", "move %d %d" % FAR_AWAY)
+        self.assertTrue(until(lambda: self.program.has_state("toggle button", "Spinners", Atspi.StateType.CHECKED)))
         self.open_page("Buttons")
-        self.assertIsNone(desktop.settled().changed_from(before, button))
-        desktop.move((x, y))
-        desktop.do("press left")
-        desktop.settled()
-        desktop.do("release left")
-        desktop.settled()
-        desktop.move(FAR_AWAY)
-        self.assertIsNone(desktop.settled().changed_from(toggled, button))
+        self.assertIsNone(Picture().changed_from(before, button))
 
     def test_probe_follows_the_mouse(self):
         self.open_page("Pixel probe")
         picture = self.rect("image", "Gradient with special values")
         before = Picture()
         pictures = []
-        points = [(picture.x + 20 + 60 * step, picture.y + 20 + 40 * step) for step in range(4)]
-        for point in points:
-            desktop.move(point)
+        points = [(picture.x + 20 + 30 * step, picture.y + 20 + 20 * step) for step in range(4)]
+        desktop.move(points[0])
+        for start, end in zip(points[:1] + points, points):
+            desktop.glide(start, end)
             pictures.append(desktop.settled())
-        places = [following.changed_from(picture).place for picture, following in zip(pictures, pictures[1:])]
-        self.assertEqual(places, [(x + 20, y + 20) for x, y in points[:-1]])
+        for (x, y), picture, following in zip(points, pictures, pictures[1:]):
+            self.assert_corner(following.changed_from(picture), (x + 20, y + 20))
         self.assertTrue(self.program.window(self.title).focused)
+        # XWayland takes the probe for the window under the mouse until the mouse is moved once more.
+        desktop.move(points[-1])
         desktop.move(FAR_AWAY)
         self.assertTrue(until(lambda: Picture().changed_from(before) is None), "the probe stays")
 
@@ -349,8 +353,10 @@ class OtherSteps(GalleryTest):
         x, y = spinner.right - 5, spinner.bottom - 5
         desktop.drag((x, y), (x, y + 20))
         desktop.do("release left")
-        self.assertTrue(until(lambda: self.program.control("spin button", name).get_current_value() == value - 20),
-                        self.program.text_of("text", "Log"))
+        self.assertTrue(until(lambda: "ends" in self.program.text_of("text", "Log")))
+        # The places of the mouse have fractions on Wayland, and XWayland rounds them.
+        moved = value - self.program.control("spin button", name).get_current_value()
+        self.assert_between(18, moved, 20)
 
     def test_colour_is_dragged_to_another_button(self):
         self.open_page("Colour picker buttons")

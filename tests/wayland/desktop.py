@@ -182,15 +182,20 @@ class Desktop:
         x, y = point
         self.do(f"move {x - 1} {y}", f"move {x} {y}")
 
-    def drag(self, start, end):
-        """Presses the left button at a point and moves the mouse to another, at the speed of a hand."""
-        self.move(start)
-        self.do("press left")
+    def glide(self, start, end):
+        """Moves the mouse from one point to another at the speed of a hand."""
         steps = max(abs(end[0] - start[0]), abs(end[1] - start[1]), 1)
         for step in range(1, steps + 1):
             x, y = (ours + (theirs - ours) * step // steps for ours, theirs in zip(start, end))
             self.do(f"move {x} {y}")
-            time.sleep(0.01)
+            time.sleep(0.008)
+
+    def drag(self, start, end):
+        """Presses the left button at a point and moves the mouse to another."""
+        self.move(start)
+        self.do("press left")
+        time.sleep(0.05)
+        self.glide(start, end)
 
     def click(self, point, button="left"):
         self.move(point)

@@ -81,6 +81,14 @@ void Platform::PopupFrame::DoGetClientSize(int* width, int* height) const
     }
 }
 
+void Platform::PopupFrame::DoGetPosition(int* x, int* y) const
+{
+    if (isOnWayland(m_widget) && gtk_widget_get_mapped(m_widget))
+        gdk_window_get_origin(gtk_widget_get_window(m_widget), x, y);
+    else
+        wxFrame::DoGetPosition(x, y);
+}
+
 void Platform::PopupFrame::stopWaitingForTheServer()
 {
     // The answer to an earlier Show can arrive after Hide, and wxFrame would count the hidden frame as shown

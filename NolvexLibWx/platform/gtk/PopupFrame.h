@@ -32,6 +32,9 @@ protected:
     /// GTK has no borders around top levels, so the frame paints wxBORDER_SIMPLE itself.
     void DoGetClientSize(int* width, int* height) const override;
 
+    /// wxWidgets is not told when Wayland has placed the frame.
+    void DoGetPosition(int* x, int* y) const override;
+
     bool TryBefore(wxEvent& event) override;
 
 private:
