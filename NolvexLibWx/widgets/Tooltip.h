@@ -22,6 +22,8 @@ namespace Nolvex::Wx {
 /// A text that pops up beside the mouse when the mouse has rested on the owner for a while, in the system's
 /// tooltip colours. A child window of the owner, which destroys the tooltip.
 ///
+/// The tooltip stays inside the work area of the monitor. On Wayland, the compositor sees to that.
+///
 /// The tooltip hides when the mouse leaves the owner or is moved onto the tooltip, when the left button is
 /// released on the owner, when the owner is hidden, and when the user turns to something else: presses a key
 /// or a mouse button in any window of the program, or opens a menu or a modal dialog. It does not pop up

@@ -53,11 +53,12 @@ need_packages() {
 display_processes=()
 
 # use_display NUMBER: makes programs show their windows on this display, even on a Wayland desktop, which GTK would
-# prefer.
+# prefer. on-private-display.sh knows by NOLVEX_PRIVATE_DISPLAY that the display is not the user's.
 use_display() {
+  NOLVEX_PRIVATE_DISPLAY=$1
   DISPLAY=":$1"
   GDK_BACKEND=x11
-  export DISPLAY GDK_BACKEND
+  export NOLVEX_PRIVATE_DISPLAY DISPLAY GDK_BACKEND
   unset WAYLAND_DISPLAY
 }
 
