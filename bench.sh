@@ -10,10 +10,8 @@ cd "$(dirname "$0")"
   need_packages "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}"
   configure_and_build linux-release
 } >&2
-if [ -z "${DISPLAY:-}" ]; then
-  start_display >&2
-  trap stop_display EXIT
-fi
+trap stop_display EXIT
+start_display >&2
 for program in build/linux-release/bin/*Benchmarks; do
   "$program" "$@"
 done

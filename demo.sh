@@ -35,7 +35,7 @@ else
   viewer=(build/demo/bin/nolvex-viewer)
 fi
 
-if [ -n "${DISPLAY:-}" ] && [ $windows = no ]; then
+if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] && [ $windows = no ]; then
   exec "${viewer[@]}" ${image:+"$image"}
 fi
 start_display

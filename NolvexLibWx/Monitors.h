@@ -29,7 +29,8 @@ enum class MonitorRegionType : int
 
 /// Moves the window's top left corner to the point, or as near to the point as the work area of the nearest
 /// monitor allows. A window larger than the work area starts at its left or top edge. `window` is a top-level
-/// window or a popup, whose position is given in screen coordinates.
+/// window or a popup, whose position is given in screen coordinates. On Wayland, top-level windows stay where
+/// they are.
 NOLVEXLIBWX_EXPORT void smartPositionWindow(wxWindow* window, Pixel topLeft);
 
 namespace Detail {

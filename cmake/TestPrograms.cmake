@@ -73,6 +73,11 @@ function(nolvex_add_test_program name)
   if(arg_NO_DISPLAY OR NOT "NolvexLibWx" IN_LIST arg_LIBRARIES)
     set(lock "")
   endif()
+  if(lock AND NOT WIN32)
+    # CTest runs the program by this script, which keeps the windows away from the user's desktop.
+    set_target_properties(${name} PROPERTIES
+      CROSSCOMPILING_EMULATOR "${PROJECT_SOURCE_DIR}/tools/testing/on-private-display.sh")
+  endif()
   if(arg_IN_PARTS AND NOLVEX_TEST_PARTS GREATER 1)
     nolvex_add_test_parts(${name} "${environment}" "${lock}" ${arg_TIMEOUT})
     return()

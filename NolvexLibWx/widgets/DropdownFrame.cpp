@@ -2,6 +2,7 @@
 #include "NolvexLibWx/widgets/DropdownFrame.h"
 
 #include "NolvexLibWx/Monitors.h"
+#include "NolvexLibWx/platform/PopupPlacement.h"
 #include "NolvexLibWx/widgets/detail/ModalDialogWatch.h"
 
 #include <wx/event.h>
@@ -69,6 +70,8 @@ bool Wx::DropdownFrame::isOwnerUsable() const
 
 void Wx::DropdownFrame::moveBesideOwner()
 {
+    if (Platform::placeBeside(*this, *m_owner))
+        return;
     const wxRect owner = m_owner->GetScreenRect();
     const Bucket monitor = getMonitorRegionByWindow(m_owner, MonitorRegionType::WORK_AREA);
     const int height = GetSize().y;

@@ -23,6 +23,9 @@ class StaticText;
 /// is destroyed together with the parent. Its colours are those of GuiSkin::DEFAULT() at the construction;
 /// applySkinRecursive changes them.
 ///
+/// On Wayland, positions on the screen are relative to the top-level window of the parent, and the frame is a
+/// part of that window, which may reach beyond the edges of the window.
+///
 /// Numbers have a decimal point, whatever the locale of the program.
 class NOLVEXLIBWX_EXPORT PixelProbe : public Platform::PopupFrame
 {

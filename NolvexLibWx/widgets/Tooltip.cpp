@@ -6,11 +6,13 @@
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/Monitors.h"
+#include "NolvexLibWx/NativeWindows.h"
 #include "NolvexLibWx/ScopedWindowFreezer.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/detail/HeldShowEvent.h"
 #include "NolvexLibWx/paint/CrispLines.h"
 #include "NolvexLibWx/platform/MouseTransparency.h"
+#include "NolvexLibWx/platform/PopupPlacement.h"
 #include "NolvexLibWx/widgets/detail/TooltipDismissal.h"
 
 #include <wx/brush.h>
@@ -133,8 +135,9 @@ void Wx::Tooltip::setText(const String& text)
     if (m_lines.empty()) {
         hide();
     } else {
+        const Pixel corner = screenRegion().min;
         fitToText();
-        smartPositionWindow(this, toPixel(GetScreenPosition()));
+        place(corner);
         Refresh();
     }
 }
@@ -196,7 +199,7 @@ void Wx::Tooltip::onOwnerMoved(wxMouseEvent& event)
     // When the user moves the mouse onto the tooltip, it hides to show the windows below. Systems also report
     // a movement to the same position when the tooltip appears.
     const wxPoint mouse = wxGetMousePosition();
-    if (IsShown() && mouse != m_mouseWhenShown && GetScreenRect().Contains(mouse)) {
+    if (IsShown() && mouse != m_mouseWhenShown && screenRegion().contains(toPixel(mouse))) {
         if (event.Entering())
             hideAndTellLater();
         else
@@ -246,7 +249,19 @@ void Wx::Tooltip::popUp()
         return;
     fitToText();
     m_mouseWhenShown = wxGetMousePosition();
-    smartPositionWindow(this, toPixel(m_mouseWhenShown) + MOUSE_DISTANCE);
+    place(toPixel(m_mouseWhenShown) + MOUSE_DISTANCE);
+}
+
+void Wx::Tooltip::place(Pixel corner)
+{
+    if (!m_owner || !Platform::placeAt(*this, *m_owner, toWxPoint(corner)))
+        smartPositionWindow(this, corner);
+}
+
+// wxWidgets does not know where Wayland has placed the tooltip.
+Bucket Wx::Tooltip::screenRegion() const
+{
+    return getScreenRegion(getWindowNativeHandle(this));
 }
 
 void Wx::Tooltip::fitToText()

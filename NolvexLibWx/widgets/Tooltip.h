@@ -2,8 +2,10 @@
 #pragma once
 
 #include "NolvexLib/Array.h"
+#include "NolvexLib/Bucket.h"
 #include "NolvexLib/Function.h"
 #include "NolvexLib/Noncopyable.h"
+#include "NolvexLib/Pixel.h"
 #include "NolvexLib/String.h"
 #include "NolvexLibWx/Export.h"
 
@@ -19,6 +21,8 @@ namespace Nolvex::Wx {
 
 /// A text that pops up beside the mouse when the mouse has rested on the owner for a while, in the system's
 /// tooltip colours. A child window of the owner, which destroys the tooltip.
+///
+/// The tooltip stays inside the work area of the monitor. On Wayland, the compositor sees to that.
 ///
 /// The tooltip hides when the mouse leaves the owner or is moved onto the tooltip, when the left button is
 /// released on the owner, when the owner is hidden, and when the user turns to something else: presses a key
@@ -72,6 +76,8 @@ private:
     void hideAndTellLater();
     bool hasReason() const;
     void popUp();
+    void place(Pixel corner);
+    Bucket screenRegion() const;
     void fitToText();
     void paint(wxDC& dc) const;
 

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # Checks the style, makes the optimised build, and runs every test on a private display, the tests of monitors again
-# with several monitors, the installed package, and the viewer as a user starts it.
+# with several monitors, the programs on a Wayland desktop, the installed package, and the viewer as a user starts it.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 . tools/testing/common.sh
@@ -19,6 +19,7 @@ run_tests linux build/linux-release
 echo "$(git rev-parse HEAD) $tests_run" >build/linux-test-count
 # The gallery takes pictures for minutes and waits most of the time.
 start_check "viewer" tools/testing/viewer.sh build/linux-release/bin/nolvex-viewer
+start_check "wayland" tools/testing/wayland.sh build/linux-release
 check "gallery" tools/testing/gallery.sh build/linux-release/bin/nolvex-gallery
 check "accessibility" tools/testing/accessibility.sh build/linux-release/bin
 check "drag" tools/testing/drag.sh build/linux-release/bin

@@ -71,4 +71,10 @@ start_display
 [ -z "${WAYLAND_DISPLAY:-}" ] || complain "programs on the display of a script find the user's Wayland desktop"
 [ "${GDK_BACKEND:-}" = x11 ] || complain "GTK may look for another desktop"
 [ "$DISPLAY" != "$users_display" ] || complain "programs show their windows on the user's display"
+
+# As CTest does when no script has started it.
+env -u NOLVEX_PRIVATE_DISPLAY -u NOLVEX_PART_DISPLAYS -u GDK_BACKEND DISPLAY=:of-the-user \
+  WAYLAND_DISPLAY=wayland-of-the-user tools/testing/on-part-display.sh \
+  bash -c 'echo "$DISPLAY ${WAYLAND_DISPLAY:-none} $GDK_BACKEND"' >"$work/output"
+grep -qE '^:[0-9]+ none x11$' "$work/output" || complain "a test program finds the user's desktop: $(cat "$work/output")"
 [ "$failures" -eq 0 ]

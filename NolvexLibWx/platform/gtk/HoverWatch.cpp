@@ -20,21 +20,33 @@ bool isUnderMouse(GtkWidget* widget)
     return owner == widget;
 }
 
+void send(wxWindow& window, wxEventType type)
+{
+    wxMouseEvent event(type);
+    event.SetId(window.GetId());
+    event.SetEventObject(&window);
+    const wxMouseState mouse = wxGetMouseState();
+    event.SetState(mouse);
+    event.SetPosition(window.ScreenToClient(mouse.GetPosition()));
+    window.HandleWindowEvent(event);
+}
+
 // wxWidgets drops the crossing events that GTK makes when the sensitivity changes.
 void onStateChanged(GtkWidget* widget, GtkStateFlags previous, gpointer data) noexcept
 {
     const bool enabled = gtk_widget_is_sensitive(widget) != FALSE;
     const bool wasEnabled = (previous & GTK_STATE_FLAG_INSENSITIVE) == 0;
-    if (enabled == wasEnabled || !isUnderMouse(widget))
-        return;
-    auto* const window = static_cast<wxWindow*>(data);
-    wxMouseEvent event(enabled ? wxEVT_ENTER_WINDOW : wxEVT_LEAVE_WINDOW);
-    event.SetId(window->GetId());
-    event.SetEventObject(window);
-    const wxMouseState mouse = wxGetMouseState();
-    event.SetState(mouse);
-    event.SetPosition(window->ScreenToClient(mouse.GetPosition()));
-    window->HandleWindowEvent(event);
+    if (enabled != wasEnabled && isUnderMouse(widget))
+        send(*static_cast<wxWindow*>(data), enabled ? wxEVT_ENTER_WINDOW : wxEVT_LEAVE_WINDOW);
+}
+
+// A user who clicks and moves the mouse away at once has left the window before the program has handled the
+// release and freed the mouse. GTK tells of that when the mouse is freed, and wxWidgets drops the event.
+gboolean onLeft(GtkWidget* widget, GdkEventCrossing* event, gpointer data) noexcept
+{
+    if (event->mode == GDK_CROSSING_UNGRAB && event->detail != GDK_NOTIFY_INFERIOR && !isUnderMouse(widget))
+        send(*static_cast<wxWindow*>(data), wxEVT_LEAVE_WINDOW);
+    return FALSE;
 }
 
 } // namespace
@@ -48,6 +60,7 @@ void Platform::watchHover(wxWindow& window, GtkWidget* widget)
 {
     // wxWidgets removes the handlers whose data is the window together with the window.
     g_signal_connect(widget, "state-flags-changed", G_CALLBACK(&onStateChanged), &window);
+    g_signal_connect(widget, "leave-notify-event", G_CALLBACK(&onLeft), &window);
 }
 
 } // namespace Nolvex

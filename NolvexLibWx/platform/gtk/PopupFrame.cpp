@@ -2,10 +2,13 @@
 #include "NolvexLibWx/platform/PopupFrame.h"
 
 #include "NolvexLibWx/detail/HeldShowEvent.h"
+#include "NolvexLibWx/platform/gtk/UngrabbedMouse.h"
 
+#include <gdk/gdkwayland.h>
 #include <gtk/gtk.h>
 
 #include <algorithm>
+#include <optional>
 
 namespace Nolvex {
 
@@ -17,6 +20,11 @@ void disconnect(GtkWidget* widget, const char* signal, gpointer data)
         static_cast<GSignalMatchType>(G_SIGNAL_MATCH_ID | G_SIGNAL_MATCH_DATA);
     g_signal_handlers_disconnect_matched(widget, BY_SIGNAL_AND_DATA, g_signal_lookup(signal, GTK_TYPE_WIDGET),
                                          0, nullptr, nullptr, data);
+}
+
+bool isOnWayland(GtkWidget* widget)
+{
+    return GDK_IS_WAYLAND_DISPLAY(gtk_widget_get_display(widget));
 }
 
 // Paints a black line of one pixel at the edges, which separates the frame from a panel of the same colour.
@@ -37,8 +45,12 @@ Platform::PopupFrame::PopupFrame(wxWindow* parent, long style, const wxString& n
     // If a widget exists before Create, wxWidgets keeps it. Otherwise wxWidgets would make a top level.
     m_widget = gtk_window_new(GTK_WINDOW_POPUP);
     g_object_ref(m_widget);
-    gtk_window_set_type_hint(GTK_WINDOW(m_widget), GDK_WINDOW_TYPE_HINT_COMBO);
+    // On Wayland, a window of this type could not be moved while it is shown.
+    if (!isOnWayland(m_widget))
+        gtk_window_set_type_hint(GTK_WINDOW(m_widget), GDK_WINDOW_TYPE_HINT_COMBO);
     Create(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, style, name);
+    // On Wayland, GTK would add a shadow, which moves the content.
+    gtk_window_set_decorated(GTK_WINDOW(m_widget), FALSE);
     if (borderWidth() > 0)
         addBorder();
     stopWaitingForTheServer();
@@ -69,6 +81,14 @@ void Platform::PopupFrame::DoGetClientSize(int* width, int* height) const
     }
 }
 
+void Platform::PopupFrame::DoGetPosition(int* x, int* y) const
+{
+    if (isOnWayland(m_widget) && gtk_widget_get_mapped(m_widget))
+        gdk_window_get_origin(gtk_widget_get_window(m_widget), x, y);
+    else
+        wxFrame::DoGetPosition(x, y);
+}
+
 void Platform::PopupFrame::stopWaitingForTheServer()
 {
     // The answer to an earlier Show can arrive after Hide, and wxFrame would count the hidden frame as shown
@@ -87,8 +107,11 @@ void Platform::PopupFrame::Raise()
 
 bool Platform::PopupFrame::Show(bool show)
 {
+    std::optional<UngrabbedMouse> ungrabbed;
     if (show)
         followTopLevelOfParent();
+    if (show && isOnWayland(m_widget))
+        ungrabbed.emplace();
     return Wx::Detail::showAndHoldEvent(*this, show, m_holdsShowEvent,
                                         [this](bool shown) { return wxFrame::Show(shown); });
 }

@@ -8,7 +8,8 @@
 namespace Nolvex::Platform {
 
 /// A frame that no window manager places, decorates or activates: the frame appears exactly where the program
-/// moved it, and the keyboard focus stays where it was.
+/// moved it, and the keyboard focus stays where it was. On Wayland, the frame is a part of the top-level window
+/// of its parent, unless placeBeside has asked the compositor for a place.
 class NOLVEXLIBWX_EXPORT PopupFrame : public wxFrame
 {
 public:
@@ -31,6 +32,9 @@ public:
 protected:
     /// GTK has no borders around top levels, so the frame paints wxBORDER_SIMPLE itself.
     void DoGetClientSize(int* width, int* height) const override;
+
+    /// wxWidgets is not told when Wayland has placed the frame.
+    void DoGetPosition(int* x, int* y) const override;
 
     bool TryBefore(wxEvent& event) override;
 
