@@ -110,6 +110,7 @@ DesktopAnswer decode(const Array<png_byte>& file)
     if (std::uint64_t(image.width) * image.height > Wx::MAX_SCREEN_REGION_PIXELS)
         return Unexpected{ScreenCaptureFailure::TOO_LARGE};
     image.format = PNG_FORMAT_BGRA;
+    image.flags |= PNG_IMAGE_FLAG_16BIT_sRGB;
     DesktopPicture picture;
     picture.size = {static_cast<std::int32_t>(image.width), static_cast<std::int32_t>(image.height)};
     picture.bgrx.resize(std::size_t(4) * image.width * image.height);
