@@ -5,6 +5,7 @@
 #include "NolvexLib/Optional.h"
 #include "support/Events.h"
 #include "support/ExceptionWatch.h"
+#include "support/FakeScreen.h"
 #include "support/NoApplication.h"
 #include "support/PictureWindow.h"
 
@@ -16,88 +17,17 @@
 
 using namespace Nolvex;
 using namespace std::chrono_literals;
-using Platform::DesktopAnswer;
-using Platform::DesktopPicture;
 using Tests::fromBytes;
-using Wx::requestScreenRegion;
 using Wx::ScreenCaptureFailure;
 using Wx::ScreenCaptureRequest;
 using Wx::ScreenCaptureResult;
-using Wx::Detail::Screen;
 using Wx::Detail::ScreenQuestion;
 
 namespace {
 
-// A desktop that lets the test decide, and notes what happens to the question.
-struct Desktop
-{
-    int asked = 0;
-    int withdrawn = 0;
-    std::chrono::milliseconds limit = 0ms;
-    std::function<void(DesktopAnswer)> answer;
-    bool isThere = true;
-    bool isReadable = false;
-    bool isRead = true;
-    std::int32_t scale = 1;
-    Array<Bucket> displays{{{0, 0}, {40, 30}}};
-    std::thread::id readBy;
-
-    class Question : public Platform::DesktopQuestion
-    {
-    public:
-        explicit Question(Desktop& desktop) : m_desktop(desktop) {}
-
-        ~Question() override { ++m_desktop.withdrawn; }
-
-    private:
-        Desktop& m_desktop;
-    };
-
-    Screen screen()
-    {
-        Screen screen;
-        screen.displays = [this] { return displays; };
-        screen.isReadable = [this] { return isReadable; };
-        screen.scale = [this] { return scale; };
-        screen.read = [this](const Bucket& area, const Platform::TakeScreenRow& take) { read(area, take); };
-        screen.ask =
-            [this](std::chrono::milliseconds wanted,
-                   std::function<void(DesktopAnswer)> done) -> std::unique_ptr<Platform::DesktopQuestion> {
-            ++asked;
-            limit = wanted;
-            answer = std::move(done);
-            return isThere ? std::make_unique<Question>(*this) : nullptr;
-        };
-        return screen;
-    }
-
-    void read(const Bucket& area, const Platform::TakeScreenRow& take)
-    {
-        readBy = std::this_thread::get_id();
-        for (std::int32_t y = area.min.y; isRead && y < area.max.y; ++y) {
-            Array<std::uint8_t> row(static_cast<std::size_t>(area.width()) * 4, 51);
-            take({area.min.x, y}, row.data(), area.width());
-        }
-    }
-};
-
-// Each pixel shows its place.
-DesktopPicture pictureOf(Pixel size)
-{
-    DesktopPicture picture;
-    picture.size = size;
-    for (std::int32_t y = 0; y < size.y; ++y) {
-        for (std::int32_t x = 0; x < size.x; ++x) {
-            for (const int byte : {7, y, x, 99})
-                picture.bgrx.push_back(static_cast<std::uint8_t>(byte));
-        }
-    }
-    return picture;
-}
-
 struct ScreenQuestionTest : testing::Test
 {
-    Desktop desktop;
+    Tests::FakeScreen desktop;
     int count = 0;
     Optional<ScreenCaptureResult> result;
 
@@ -111,7 +41,7 @@ struct ScreenQuestionTest : testing::Test
 
     ScreenCaptureRequest open(const Bucket& region, ScreenQuestion::Done done)
     {
-        return ScreenCaptureRequest(ScreenQuestion::open(region, 7s, std::move(done), desktop.screen()));
+        return desktop.request(region, 7s, std::move(done));
     }
 
     ScreenCaptureRequest open(const Bucket& region = {{0, 0}, {40, 30}}) { return open(region, receiver()); }
@@ -176,7 +106,7 @@ TEST_F(ScreenQuestionTest, readableScreenThatGivesNothing_isUnavailable)
 
 TEST_F(ScreenQuestionTest, noDesktopToAsk_isUnavailableFromTheEventLoop)
 {
-    desktop.isThere = false;
+    desktop.isDesktopThere = false;
     const ScreenCaptureRequest request = open();
     EXPECT_TRUE(request.isOpen());
     EXPECT_EQ(count, 0);
@@ -188,7 +118,7 @@ TEST_F(ScreenQuestionTest, pictureOfTheDesktop_isCutToTheRegion)
     const ScreenCaptureRequest request = open({{30, 20}, {45, 25}});
     EXPECT_EQ(desktop.limit, 7s);
     expectNoAnswer();
-    desktop.answer(pictureOf({80, 60}));
+    desktop.answer(Tests::desktopPicture({80, 60}));
     expectAnswered();
     ASSERT_TRUE(*result);
     Tests::expectPixels(**result, {{60, 40}, {90, 50}},
@@ -200,7 +130,7 @@ TEST_F(ScreenQuestionTest, answerOfAnotherThread_arrivesOnThisThread)
     std::thread::id answeredOn;
     const ScreenCaptureRequest request =
         open({{0, 0}, {4, 4}}, [&](const ScreenCaptureResult&) { answeredOn = std::this_thread::get_id(); });
-    std::thread([this] { desktop.answer(pictureOf({40, 30})); }).join();
+    std::thread([this] { desktop.answer(Tests::desktopPicture({40, 30})); }).join();
     EXPECT_EQ(answeredOn, std::thread::id());
     EXPECT_TRUE(Tests::pumpUntil([&] { return answeredOn == std::this_thread::get_id(); }));
 }
@@ -220,14 +150,14 @@ TEST_F(ScreenQuestionTest, failuresOfTheDesktop_arriveAsTheyAre)
 TEST_F(ScreenQuestionTest, pictureOfSomethingElse_isAFailure)
 {
     const ScreenCaptureRequest request = open();
-    desktop.answer(pictureOf({40, 40}));
+    desktop.answer(Tests::desktopPicture({40, 40}));
     expectFailure(ScreenCaptureFailure::FAILED);
 }
 
 TEST_F(ScreenQuestionTest, pictureWithARoundedSide_isCut)
 {
     const ScreenCaptureRequest request = open();
-    desktop.answer(pictureOf({39, 30}));
+    desktop.answer(Tests::desktopPicture({39, 30}));
     expectAnswered();
     ASSERT_TRUE(*result);
 }
@@ -255,7 +185,7 @@ TEST_F(ScreenQuestionTest, answerToADestroyedRequest_isLost)
 {
     {
         const ScreenCaptureRequest request = open();
-        desktop.answer(pictureOf({40, 30}));
+        desktop.answer(Tests::desktopPicture({40, 30}));
     }
     expectNoAnswer();
     desktop.isReadable = true;
@@ -286,7 +216,7 @@ TEST_F(ScreenQuestionTest, movedRequest_ownsTheQuestion)
     EXPECT_TRUE(second.isOpen());
     second = open();
     EXPECT_EQ(desktop.withdrawn, 1) << "the first question";
-    desktop.answer(pictureOf({40, 30}));
+    desktop.answer(Tests::desktopPicture({40, 30}));
     expectAnswered();
 }
 
@@ -298,7 +228,7 @@ TEST_F(ScreenQuestionTest, answer_mayDestroyTheRequest)
         request.reset();
         ++count;
     });
-    desktop.answer(pictureOf({40, 30}));
+    desktop.answer(Tests::desktopPicture({40, 30}));
     expectAnswered();
     EXPECT_EQ(request, nullptr);
     EXPECT_EQ(desktop.withdrawn, 1);
@@ -311,7 +241,7 @@ TEST_F(ScreenQuestionTest, answer_mayBeginTheNextRequest)
         request = open();
         desktop.answer(Unexpected{ScreenCaptureFailure::REFUSED});
     });
-    desktop.answer(pictureOf({40, 30}));
+    desktop.answer(Tests::desktopPicture({40, 30}));
     expectFailure(ScreenCaptureFailure::REFUSED);
 }
 
@@ -319,7 +249,7 @@ TEST_F(ScreenQuestionTest, answerGivenTwice_arrivesOnce)
 {
     const ScreenCaptureRequest request = open();
     const auto answer = desktop.answer;
-    answer(pictureOf({40, 30}));
+    answer(Tests::desktopPicture({40, 30}));
     answer(Unexpected{ScreenCaptureFailure::REFUSED});
     expectAnswered();
     EXPECT_TRUE(*result);
@@ -330,7 +260,7 @@ TEST_F(ScreenQuestionTest, exceptionOfTheFunction_reachesTheApplication)
     Tests::ExceptionWatch watch;
     const ScreenCaptureRequest request =
         open({{0, 0}, {40, 30}}, [&](const ScreenCaptureResult&) { watch.fail("no room"); });
-    desktop.answer(pictureOf({40, 30}));
+    desktop.answer(Tests::desktopPicture({40, 30}));
     EXPECT_TRUE(Tests::pumpUntil([&] { return watch.caught() == "no room"; }));
     EXPECT_FALSE(request.isOpen());
 }

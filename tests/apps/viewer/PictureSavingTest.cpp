@@ -48,7 +48,8 @@ struct PictureSavingTest : Tests::ViewerFixture
     void showUnsaved()
     {
         show(coordinates(60, 40));
-        ASSERT_TRUE(frame->captureScreen());
+        frame->captureScreen();
+        ASSERT_TRUE(pumpUntil([this] { return frame->GetTitle().StartsWith(L"Unsaved"); }));
         Tests::pumpEvents(100);
     }
 
@@ -204,6 +205,27 @@ TEST_F(PictureSavingTest, pictureWithAFile_isClosedWithoutAQuestion)
 {
     show(coordinates(60, 40));
     EXPECT_TRUE(isGoneAfterClosing());
+}
+
+TEST_F(PictureSavingTest, pictureOfTheScreenUnderTheQuestion_isAskedAboutToo)
+{
+    showUnsaved();
+    const wxString before = log->GetValue();
+    DialogRobot::Step capture = answer('D');
+    capture.action = [&] { frame->captureScreen(); };
+    DialogRobot::Step discard = answer('D');
+    discard.isPossible = [&, isAsked = discard.isPossible] { return isAsked() && log->GetValue() != before; };
+    DialogRobot robot({capture, discard, answer(WXK_ESCAPE)});
+    EXPECT_FALSE(isGoneAfterClosing());
+}
+
+TEST_F(PictureSavingTest, pictureOfTheScreenUnderTheFileDialog_isNotGivenUpForAnother)
+{
+    show(coordinates(60, 40));
+    DialogRobot robot({FileDialogFixture::inDialog([&] { frame->captureScreen(); }),
+                       FileDialogFixture::enter(Tests::testPicture(L"pattern.png")), answer(WXK_ESCAPE)});
+    command(Viewer::OPEN);
+    EXPECT_TRUE(frame->GetTitle().StartsWith(L"Unsaved")) << frame->GetTitle();
 }
 
 TEST_F(PictureSavingTest, unsavedPicture_staysIfTheQuestionIsCancelled)
