@@ -16,8 +16,10 @@ export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
 
 BUILD_PACKAGES=(build-essential cmake ninja-build ccache pkg-config git
   libwxgtk3.2-dev libgtk-3-dev libutfcpp-dev zlib1g-dev libpng-dev libtiff-dev)
-TEST_PACKAGES=(libgtest-dev libgmock-dev libbenchmark-dev libpugixml-dev libxtst-dev locales)
+TEST_PACKAGES=(libgtest-dev libgmock-dev libbenchmark-dev libpugixml-dev libxtst-dev libwayland-dev
+  libxkbcommon-dev locales)
 DISPLAY_PACKAGES=(xvfb xauth openbox xclip fonts-dejavu-core)
+WAYLAND_PACKAGES=(sway xwayland grim wl-clipboard dbus at-spi2-core gir1.2-atspi-2.0 python3-gi xkb-data fonts-dejavu-core)
 STYLE_PACKAGES=(clang-format clang-tidy clang python3)
 FUZZ_PACKAGES=(clang libclang-rt-dev)
 
