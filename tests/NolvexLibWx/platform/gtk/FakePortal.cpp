@@ -80,6 +80,15 @@ void Tests::FakePortal::Call::fail(const char* error)
     g_dbus_method_invocation_return_dbus_error(m_invocation, error, "as the test wants");
 }
 
+void Tests::FakePortal::Call::waitUntilRead()
+{
+    GVariant* pong =
+        g_dbus_connection_call_sync(m_portal.m_connection, caller().c_str(), "/", "org.freedesktop.DBus.Peer",
+                                    "Ping", nullptr, nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr);
+    EXPECT_NE(pong, nullptr);
+    g_clear_pointer(&pong, g_variant_unref);
+}
+
 void Tests::FakePortal::Call::respond(const std::string& handle, const std::string& values)
 {
     GVariant* const parsed = g_variant_parse(nullptr, values.c_str(), nullptr, nullptr, nullptr);

@@ -57,6 +57,8 @@ public:
         /// Makes an object that can be closed, and returns the handle to the caller.
         void giveHandle(const std::string& handle);
         void fail(const char* error);
+        /// Waits until the caller has read all that was sent to it.
+        void waitUntilRead();
         /// Emits the signal. `values` are the values of the signal, such as "(1, @a{sv} {})".
         void respond(const std::string& handle, const std::string& values);
         void respondWithUri(const std::string& uri);

@@ -83,9 +83,9 @@ TEST_F(ScreenshotFileTest, addressesThatNameNoFileHere_fail)
 {
     const Io::Path file = folder.file(L"a.png", encodePng(2, 2));
     for (const std::string& uri :
-         {std::string(), std::string("a.png"), file.native().string(), std::string("https://example.org/a.png"),
-          "file://elsewhere.example.org" + file.native().string(), std::string("file:///tmp/%00"),
-          std::string("file:///%zz"), uriOf(folder.file(L"missing.png"))})
+         {std::string(), std::string("a.png"), file.native().string(),
+          std::string("https://example.org/a.png"), "file://elsewhere.example.org" + file.native().string(),
+          std::string("file:///tmp/%00"), std::string("file:///%zz"), uriOf(folder.file(L"missing.png"))})
         expectFailure(uri);
     EXPECT_TRUE(exists(file));
 }
