@@ -12,6 +12,8 @@
 #include "apps/viewer/ImageFile.h"
 #include "apps/viewer/ViewerFrame.h"
 
+#include <wx/app.h>
+
 #include <cstdio>
 #include <new>
 #include <string>
@@ -59,8 +61,19 @@ int takeScreenshot(Viewer::ViewerFrame& frame, const Io::Path& file)
     return timer.error().isEmpty() ? 0 : fail(timer.error());
 }
 
+// The window appears together with the picture, so that the picture shows the screen without the window.
+int capture()
+{
+    auto* frame = new Viewer::ViewerFrame(nullptr);
+    Program::useIconInDialogs(*frame);
+    frame->captureScreen();
+    return LibWx::runEventLoop();
+}
+
 int show(const Viewer::CommandLine& line)
 {
+    if (line.capture)
+        return capture();
     const Io::Path file = line.picture.isEmpty() ? samplePicture() : line.picture;
     const Expected<Viewer::SharedPicture, String> picture = Viewer::readPictureFile(file);
     if (!picture)
@@ -91,6 +104,8 @@ int main(int argc, char** argv)
     } catch (const Exception& failure) {
         return fail(std::string(failure.what()));
     }
+    // Desktops look for the desktop file of this name when a window appears.
+    wxTheApp->SetAppDisplayName(L"nolvex-viewer");
     int result = 1;
     try {
         result = show(*line);

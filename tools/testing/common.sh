@@ -20,6 +20,7 @@ TEST_PACKAGES=(libgtest-dev libgmock-dev libbenchmark-dev libpugixml-dev libxtst
   libxkbcommon-dev locales)
 DISPLAY_PACKAGES=(xvfb xauth openbox xclip x11-xserver-utils fonts-dejavu-core)
 WAYLAND_PACKAGES=(sway xwayland grim wl-clipboard dbus at-spi2-core gir1.2-atspi-2.0 python3-gi xkb-data fonts-dejavu-core)
+DESKTOP_DATA_PACKAGES=(desktop-file-utils appstream shared-mime-info libglib2.0-bin file)
 STYLE_PACKAGES=(clang-format clang-tidy clang python3)
 FUZZ_PACKAGES=(clang libclang-rt-dev)
 

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/platform/DesktopQuestion.h"
+
+#include "NolvexLibWx/platform/gtk/ScreenPortal.h"
+#include "NolvexLibWx/platform/gtk/SessionBus.h"
+
+#include <string>
+#include <system_error>
+#include <utility>
+
+namespace Nolvex {
+
+std::unique_ptr<Platform::DesktopQuestion> Platform::askDesktop(std::chrono::milliseconds limit,
+                                                                std::function<void(DesktopAnswer)> done)
+{
+    std::string address = sessionBusAddress();
+    if (address.empty())
+        return nullptr;
+    try {
+        return std::make_unique<ScreenPortal>(std::move(address), limit, std::move(done));
+    } catch (const std::system_error&) {
+        return nullptr; // the system has no thread left
+    }
+}
+
+} // namespace Nolvex
