@@ -130,7 +130,8 @@ class GalleryTest(ProgramTest):
         desktop.click(self.rect("toggle button", name).middle)
         self.assertTrue(until(lambda: self.program.has_state("toggle button", name, Atspi.StateType.CHECKED)))
         desktop.move(FAR_AWAY)
-        desktop.settled()
+        # A machine under load may take a while to show the page.
+        desktop.settled(quiet=0.4)
 
     def open_page_at_the_bottom(self, name, role, control):
         """Shows the page so that the control ends a little above the bottom of the first output."""
@@ -352,6 +353,8 @@ class OtherSteps(GalleryTest):
         spinner = self.rect("spin button", name)
         # The second drag ends above the window.
         for distance in (20, -60):
+            # Two presses within a shorter time are a double click.
+            time.sleep(0.5)
             log = self.program.text_of("text", "Log")
             value = self.program.control("spin button", name).get_current_value()
             start = spinner.right - 5, spinner.bottom - 5
