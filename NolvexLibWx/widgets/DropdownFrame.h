@@ -32,8 +32,8 @@ public:
     ~DropdownFrame() override;
 
     /// Shows the frame in front of other windows, its top left corner at the owner's bottom left corner. At
-    /// the bottom of the monitor, the frame opens above the owner if it fits there; on Wayland, the compositor
-    /// makes that decision. Does nothing while the owner cannot be seen or used.
+    /// the bottom of the monitor, the frame opens above the owner if it fits there; on Wayland, the
+    /// compositor makes that decision. Does nothing while the owner cannot be seen or used.
     void open();
 
     bool Show(bool show = true) override;

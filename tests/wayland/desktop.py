@@ -206,12 +206,12 @@ class Desktop:
         return list(windows_in(message("-t", "get_tree")))
 
     @staticmethod
-    def settled(within=None):
-        """Returns a picture after which the desktop has not changed for a moment."""
+    def settled(within=None, quiet=0.15):
+        """Returns a picture after which the desktop has not changed for `quiet` seconds."""
         previous = Picture()
         end = time.monotonic() + MAX_WAIT
         while time.monotonic() < end:
-            time.sleep(0.15)
+            time.sleep(quiet)
             picture = Picture()
             if picture.changed_from(previous, within) is None:
                 return picture

@@ -8,8 +8,8 @@
 namespace Nolvex::Platform {
 
 /// A frame that no window manager places, decorates or activates: the frame appears exactly where the program
-/// moved it, and the keyboard focus stays where it was. On Wayland, the frame is a part of the top-level window
-/// of its parent, unless placeBeside has asked the compositor for a place.
+/// moved it, and the keyboard focus stays where it was. On Wayland, the frame is a part of the top-level
+/// window of its parent, unless placeBeside has asked the compositor for a place.
 class NOLVEXLIBWX_EXPORT PopupFrame : public wxFrame
 {
 public:

@@ -3,6 +3,7 @@
 
 #include "NolvexLib/Noncopyable.h"
 
+#include <wx/event.h>
 #include <wx/weakref.h>
 #include <wx/window.h>
 
