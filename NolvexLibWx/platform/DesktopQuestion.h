@@ -38,6 +38,6 @@ protected:
 /// Asks the desktop, which may ask the user, and gives up when the limit has passed. Calls `done` once, on a
 /// thread of the question. Returns null if no desktop can be asked.
 std::unique_ptr<DesktopQuestion> askDesktop(std::chrono::milliseconds limit,
-                                            std::function<void(DesktopAnswer)> done);
+                                            const std::function<void(DesktopAnswer)>& done);
 
 } // namespace Nolvex::Platform

@@ -6,18 +6,17 @@
 
 #include <string>
 #include <system_error>
-#include <utility>
 
 namespace Nolvex {
 
-std::unique_ptr<Platform::DesktopQuestion> Platform::askDesktop(std::chrono::milliseconds limit,
-                                                                std::function<void(DesktopAnswer)> done)
+std::unique_ptr<Platform::DesktopQuestion>
+Platform::askDesktop(std::chrono::milliseconds limit, const std::function<void(DesktopAnswer)>& done)
 {
-    std::string address = sessionBusAddress();
+    const std::string address = sessionBusAddress();
     if (address.empty())
         return nullptr;
     try {
-        return std::make_unique<ScreenPortal>(std::move(address), limit, std::move(done));
+        return std::make_unique<ScreenPortal>(address, limit, done);
     } catch (const std::system_error&) {
         return nullptr; // the system has no thread left
     }

@@ -147,6 +147,8 @@ Platform::PortalRequest::~PortalRequest()
 {
     for (const std::shared_ptr<GSource>& source : m_sources)
         g_source_destroy(source.get());
+    // A source still uses its context when it is freed.
+    m_sources.clear();
     g_main_context_pop_thread_default(m_context);
     g_main_context_unref(m_context);
 }

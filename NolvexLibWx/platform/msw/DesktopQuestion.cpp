@@ -4,8 +4,8 @@
 namespace Nolvex {
 
 // Programs read the screen themselves on Windows.
-std::unique_ptr<Platform::DesktopQuestion> Platform::askDesktop(std::chrono::milliseconds /*limit*/,
-                                                                std::function<void(DesktopAnswer)> /*done*/)
+std::unique_ptr<Platform::DesktopQuestion>
+Platform::askDesktop(std::chrono::milliseconds /*limit*/, const std::function<void(DesktopAnswer)>& /*done*/)
 {
     return nullptr;
 }

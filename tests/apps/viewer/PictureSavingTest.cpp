@@ -229,9 +229,10 @@ TEST_F(PictureSavingTest, pictureOfTheScreenUnderTheQuestion_isAskedAboutToo)
 TEST_F(PictureSavingTest, pictureOfTheScreenUnderTheFileDialog_isNotGivenUpForAnother)
 {
     show(coordinates(60, 40));
+    const Io::Path other = folder.file(L"other.png");
+    std::filesystem::copy_file(Tests::testPicture(L"pattern.png").native(), other.native());
     DialogRobot robot({FileDialogFixture::inDialog([this] { frame->captureScreen(); }),
-                       afterTheNextMessage(FileDialogFixture::enter(Tests::testPicture(L"pattern.png"))),
-                       answer(WXK_ESCAPE)});
+                       afterTheNextMessage(FileDialogFixture::enter(other)), answer(WXK_ESCAPE)});
     command(Viewer::OPEN);
     EXPECT_TRUE(frame->GetTitle().StartsWith(L"Unsaved")) << frame->GetTitle();
 }

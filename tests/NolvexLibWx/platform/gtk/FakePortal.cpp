@@ -10,6 +10,19 @@ namespace Nolvex {
 
 namespace {
 
+constexpr char CONFIGURATION[] = R"(<!DOCTYPE busconfig PUBLIC
+  "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN" "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
+<busconfig>
+  <type>session</type>
+  <listen>unix:tmpdir=/tmp</listen>
+  <auth>EXTERNAL</auth>
+  <policy context="default">
+    <allow send_destination="*"/>
+    <allow receive_sender="*"/>
+    <allow own="*"/>
+  </policy>
+</busconfig>)";
+
 constexpr char INTERFACES[] = R"(<node>
   <interface name="org.freedesktop.portal.Screenshot">
     <method name="Screenshot">
@@ -23,21 +36,39 @@ constexpr char INTERFACES[] = R"(<node>
 
 } // namespace
 
-Tests::PrivateBus::PrivateBus() : m_bus(g_test_dbus_new(G_TEST_DBUS_NONE))
+Tests::PrivateBus::PrivateBus()
 {
-    g_test_dbus_up(m_bus);
+    const std::string configuration = m_folder.file(L"bus.conf", CONFIGURATION).native().string();
+    const char* const command[] = {"dbus-daemon",         "--nofork", "--print-address", "--config-file",
+                                   configuration.c_str(), nullptr};
+    m_daemon = g_subprocess_newv(
+        command,
+        static_cast<GSubprocessFlags>(G_SUBPROCESS_FLAGS_STDOUT_PIPE | G_SUBPROCESS_FLAGS_STDERR_SILENCE),
+        nullptr);
+    GDataInputStream* output = g_data_input_stream_new(g_subprocess_get_stdout_pipe(m_daemon));
+    char* line = g_data_input_stream_read_line(output, nullptr, nullptr, nullptr);
+    m_address = line;
+    g_free(line);
+    g_object_unref(output);
 }
 
 Tests::PrivateBus::~PrivateBus()
 {
-    stop();
-    g_object_unref(m_bus);
+    kill();
+    g_object_unref(m_daemon);
 }
 
-void Tests::PrivateBus::stop()
+void Tests::PrivateBus::kill()
 {
-    if (std::exchange(m_isRunning, false))
-        g_test_dbus_stop(m_bus);
+    g_subprocess_force_exit(m_daemon);
+    g_subprocess_wait(m_daemon, nullptr, nullptr);
+}
+
+std::string Tests::FakePortal::otherHandle(int number)
+{
+    std::string handle = PATH;
+    handle.append("/request/old/").append(std::to_string(number));
+    return handle;
 }
 
 std::string Tests::FakePortal::Call::handle() const
@@ -48,7 +79,8 @@ std::string Tests::FakePortal::Call::handle() const
     EXPECT_TRUE(g_variant_lookup(options, "handle_token", "&s", &token));
     std::string sender = caller().substr(1);
     std::ranges::replace(sender, '.', '_');
-    std::string handle = std::string(PATH) + "/request/" + sender + "/" + token;
+    std::string handle = PATH;
+    handle.append("/request/").append(sender).append("/").append(token);
     g_variant_unref(options);
     return handle;
 }

@@ -3,6 +3,7 @@
 
 #include "NolvexLib/Array.h"
 #include "NolvexLib/Noncopyable.h"
+#include "support/TemporaryFolder.h"
 
 #include <gio/gio.h>
 
@@ -15,21 +16,22 @@
 
 namespace Nolvex::Tests {
 
-/// A bus of the test's own.
+/// A bus of the test's own, which starts no services.
 class PrivateBus : private Noncopyable
 {
 public:
     PrivateBus();
     ~PrivateBus();
 
-    std::string address() const { return g_test_dbus_get_bus_address(m_bus); }
+    const std::string& address() const { return m_address; }
 
-    /// Ends the bus and with it every connection.
-    void stop();
+    /// Kills the bus, so that every connection ends without a farewell.
+    void kill();
 
 private:
-    GTestDBus* m_bus;
-    bool m_isRunning = true;
+    TemporaryFolder m_folder;
+    GSubprocess* m_daemon;
+    std::string m_address;
 };
 
 /// A program on the bus that plays the part of the desktop portal, on a thread of its own. The test decides
@@ -39,6 +41,9 @@ class FakePortal : private Noncopyable
 public:
     static constexpr char NAME[] = "org.freedesktop.portal.Desktop";
     static constexpr char PATH[] = "/org/freedesktop/portal/desktop";
+
+    /// Returns a handle that no portal would form of the caller's name and token.
+    static std::string otherHandle(int number);
 
     /// A call of Screenshot. The functions are called on the thread of the portal.
     class Call

@@ -56,7 +56,7 @@ TEST_F(ScreenPortalEndTest, userWhoDoesNotDecide_isTimedOutAndTheQuestionIsClose
 
 TEST_F(ScreenPortalEndTest, questionUnderAnotherHandle_isClosedThere)
 {
-    const std::string other = std::string(FakePortal::PATH) + "/request/old/4";
+    const std::string other = FakePortal::otherHandle(4);
     answerBy([other](FakePortal::Call call) { call.giveHandle(other); });
     ask(200ms);
     expectFailure(ScreenCaptureFailure::TIMED_OUT);
@@ -120,7 +120,7 @@ TEST_F(ScreenPortalEndTest, portalThatDies_isAFailure)
 TEST_F(ScreenPortalEndTest, busThatDies_isAFailure)
 {
     askInVain();
-    bus.stop();
+    bus.kill();
     expectFailure(ScreenCaptureFailure::FAILED);
 }
 

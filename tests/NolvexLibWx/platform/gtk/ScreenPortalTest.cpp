@@ -107,7 +107,7 @@ TEST_F(ScreenPortalTest, answerBeforeTheHandle_counts)
 TEST_F(ScreenPortalTest, answerUnderAnotherHandle_counts)
 {
     answerBy([this](FakePortal::Call call) {
-        const std::string other = std::string(FakePortal::PATH) + "/request/old/4";
+        const std::string other = FakePortal::otherHandle(4);
         call.giveHandle(other);
         call.respond(other, pictureValues());
     });
@@ -118,7 +118,7 @@ TEST_F(ScreenPortalTest, answerUnderAnotherHandle_counts)
 TEST_F(ScreenPortalTest, answerUnderAnotherHandleBeforeTheHandle_counts)
 {
     answerBy([this](FakePortal::Call call) {
-        const std::string other = std::string(FakePortal::PATH) + "/request/old/4";
+        const std::string other = FakePortal::otherHandle(4);
         call.respond(other, pictureValues());
         call.giveHandle(other);
     });
@@ -130,10 +130,9 @@ TEST_F(ScreenPortalTest, answersToOtherQuestions_areIgnored)
 {
     answerBy([this](FakePortal::Call call) {
         for (int i = 0; i < 40; ++i)
-            call.respond(std::string(FakePortal::PATH) + "/request/other/" + std::to_string(i),
-                         "(uint32 1, @a{sv} {})");
+            call.respond(FakePortal::otherHandle(i), "(uint32 1, @a{sv} {})");
         call.giveHandle(call.handle());
-        call.respond(std::string(FakePortal::PATH) + "/request/other/7", "(uint32 1, @a{sv} {})");
+        call.respond(FakePortal::otherHandle(7), "(uint32 1, @a{sv} {})");
         call.respond(call.handle(), pictureValues());
     });
     ask();

@@ -137,3 +137,12 @@ TEST_F(ScreenshotFileTest, tooManyBytes_areNotRead)
     std::filesystem::resize_file(file.native(), (std::uintmax_t(1) << 30) + 1);
     expectFailure(uriOf(file), ScreenCaptureFailure::TOO_LARGE);
 }
+
+TEST_F(ScreenshotFileTest, fileThatEndsBeforeItsSize_fails)
+{
+    // The kernel gives its settings the size of a page.
+    const std::string setting = "/sys/kernel/mm/transparent_hugepage/enabled";
+    if (!std::filesystem::exists(setting))
+        GTEST_SKIP() << "This kernel has no such setting.";
+    expectFailure("file://" + setting);
+}
