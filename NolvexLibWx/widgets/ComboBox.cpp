@@ -9,6 +9,7 @@
 #include "NolvexLibWx/MoveFocus.h"
 #include "NolvexLibWx/ScopedClippingRegion.h"
 #include "NolvexLibWx/StringConversions.h"
+#include "NolvexLibWx/detail/ScreenPlaces.h"
 #include "NolvexLibWx/resources/ControlArrows.h"
 #include "NolvexLibWx/widgets/ComboBoxDropdown.h"
 #include "NolvexLibWx/widgets/detail/ComboBoxSelection.h"
@@ -172,7 +173,7 @@ int Wx::ComboBox::getCount() const
 
 bool Wx::ComboBox::isInside(wxPoint screenPoint) const
 {
-    return GetScreenRect().Contains(screenPoint) ||
+    return Detail::screenRect(*this).Contains(screenPoint) ||
            (isOpen() && m_dropdown->GetScreenRect().Contains(screenPoint));
 }
 

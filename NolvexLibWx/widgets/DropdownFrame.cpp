@@ -2,6 +2,7 @@
 #include "NolvexLibWx/widgets/DropdownFrame.h"
 
 #include "NolvexLibWx/Monitors.h"
+#include "NolvexLibWx/detail/ScreenPlaces.h"
 #include "NolvexLibWx/widgets/detail/ModalDialogWatch.h"
 
 #include <wx/event.h>
@@ -69,7 +70,7 @@ bool Wx::DropdownFrame::isOwnerUsable() const
 
 void Wx::DropdownFrame::moveBesideOwner()
 {
-    const wxRect owner = m_owner->GetScreenRect();
+    const wxRect owner = Detail::screenRect(*m_owner);
     const Bucket monitor = getMonitorRegionByWindow(m_owner, MonitorRegionType::WORK_AREA);
     const int height = GetSize().y;
     const int below = owner.GetBottom() + 1;

@@ -9,6 +9,7 @@
 #include "NolvexLibWx/ScopedWindowFreezer.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/detail/HeldShowEvent.h"
+#include "NolvexLibWx/detail/ScreenPlaces.h"
 #include "NolvexLibWx/platform/MouseTransparency.h"
 #include "NolvexLibWx/widgets/detail/TooltipDismissal.h"
 
@@ -41,11 +42,6 @@ wxString visibleLine(const String& line)
 wxColour opaqueSystemColour(wxSystemColour index)
 {
     return Wx::toWxColour(Wx::toRgbBytes(wxSystemSettings::GetColour(index)));
-}
-
-bool isWithin(int offset, int length)
-{
-    return static_cast<unsigned>(offset) < static_cast<unsigned>(length);
 }
 
 // Wraps one paragraph, which is a text without line-feeds.
@@ -205,9 +201,7 @@ bool Wx::Tooltip::hasReason() const
     const wxMouseState mouse = wxGetMouseState();
     if (mouse.LeftIsDown() || mouse.MiddleIsDown() || mouse.RightIsDown())
         return false;
-    const wxPoint offset = mouse.GetPosition() - m_owner->GetScreenPosition();
-    const wxSize size = m_owner->GetSize();
-    return isWithin(offset.x, size.x) && isWithin(offset.y, size.y);
+    return Detail::screenRect(*m_owner).Contains(mouse.GetPosition());
 }
 
 void Wx::Tooltip::onTimer(wxTimerEvent& /*event*/)
