@@ -47,8 +47,8 @@ struct SystemPartsTest : Tests::FrameFixture
     {
         constexpr int BESIDE_TITLE = 60;
         constexpr int ABOVE_CLIENT_AREA = 6;
-        const wxPoint client = frame->ClientToScreen(wxPoint(0, 0));
-        const wxRect place(client.x + BESIDE_TITLE, client.y - ABOVE_CLIENT_AREA, 1, 1);
+        const wxPoint client = frame->ClientToScreen(wxPoint(BESIDE_TITLE, 0));
+        const wxRect place(client.x, client.y - ABOVE_CLIENT_AREA, 1, 1);
         const BitmapImpl<Rgb> pixel = Wx::getScreenRegionColors(Wx::toBucket(place));
         return pixel.isEmpty() ? -1.0f : pixel.row(0)->g;
     }
