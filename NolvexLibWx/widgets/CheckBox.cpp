@@ -40,6 +40,30 @@ wxSize sizeFor(const String& label, wxSize size)
     return Wx::scaleByDpi(size);
 }
 
+/// In a layout from right to left the DC is mirrored. wxDC then mirrors the places of signs, but a
+/// wxGraphicsContext would also mirror the signs themselves. While an object of this class lives, that
+/// context turns the columns of an area around once more.
+class ReadableSigns
+{
+public:
+    ReadableSigns(wxGraphicsContext& context, const wxDC& dc, int left, int width) : m_context(context)
+    {
+        m_context.PushState();
+        if (dc.GetLayoutDirection() != wxLayout_RightToLeft)
+            return;
+        m_context.Translate(2 * left + width, 0);
+        m_context.Scale(-1, 1);
+    }
+
+    ~ReadableSigns() { m_context.PopState(); }
+
+    ReadableSigns(const ReadableSigns&) = delete;
+    ReadableSigns& operator=(const ReadableSigns&) = delete;
+
+private:
+    wxGraphicsContext& m_context;
+};
+
 void drawCheckMark(wxGraphicsContext& context, const wxPoint& corner)
 {
     const auto vertex = [&corner](int x, int y) {
@@ -55,6 +79,14 @@ void drawCheckMark(wxGraphicsContext& context, const wxPoint& corner)
     context.SetPen(*wxStockGDI::GetPen(wxStockGDI::PEN_WHITE));
     const DensePixelOffset offset(&context);
     context.DrawPath(mark, wxWINDING_RULE);
+}
+
+void drawLabel(wxGraphicsContext& context, const wxDC& dc, const wxPoint& corner, int width,
+               const Wx::CheckBox::Face& face)
+{
+    const ReadableSigns readable(context, dc, corner.x, width);
+    context.SetFont(Platform::outlineFont(face.font), face.labelColour);
+    context.DrawText(face.label, corner.x, corner.y);
 }
 
 void drawFocusMark(wxGraphicsContext& context, const wxPoint& corner, const wxSize& text,
@@ -204,13 +236,15 @@ void Wx::CheckBox::draw(wxDC& dc, const Bucket& rect, const Face& face)
     const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::CreateFromUnknownDC(dc));
     if (!context)
         return;
-    if (face.checked)
+    if (face.checked) {
+        const ReadableSigns readable(*context, dc, corner.x, box);
         drawCheckMark(*context, corner);
-    context->SetFont(Platform::outlineFont(face.font), face.labelColour);
-    context->DrawText(face.label, corner.x + scaleByDpi(CHECK_BOX_LABEL_X),
-                      corner.y + atScreenScale(LABEL_Y));
+    }
+    const wxSize text = dc.GetTextExtent(face.label);
+    drawLabel(*context, dc, {corner.x + scaleByDpi(CHECK_BOX_LABEL_X), corner.y + atScreenScale(LABEL_Y)},
+              text.x, face);
     if (face.focused)
-        drawFocusMark(*context, corner, dc.GetTextExtent(face.label), face.focusColour);
+        drawFocusMark(*context, corner, text, face.focusColour);
 }
 
 } // namespace Nolvex

@@ -9,6 +9,7 @@
 #include "NolvexLibWx/MoveFocus.h"
 #include "NolvexLibWx/ScopedClippingRegion.h"
 #include "NolvexLibWx/StringConversions.h"
+#include "NolvexLibWx/detail/ScreenPlaces.h"
 #include "NolvexLibWx/paint/DensePixels.h"
 #include "NolvexLibWx/resources/ControlArrows.h"
 #include "NolvexLibWx/widgets/ComboBoxDropdown.h"
@@ -173,7 +174,7 @@ int Wx::ComboBox::getCount() const
 
 bool Wx::ComboBox::isInside(wxPoint screenPoint) const
 {
-    return GetScreenRect().Contains(screenPoint) ||
+    return Detail::screenRect(*this).Contains(screenPoint) ||
            (isOpen() && m_dropdown->GetScreenRect().Contains(screenPoint));
 }
 

@@ -10,6 +10,7 @@
 #include "NolvexLibWx/ScopedWindowFreezer.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/detail/HeldShowEvent.h"
+#include "NolvexLibWx/detail/ScreenPlaces.h"
 #include "NolvexLibWx/paint/CrispLines.h"
 #include "NolvexLibWx/platform/MouseTransparency.h"
 #include "NolvexLibWx/platform/PopupPlacement.h"
@@ -52,11 +53,6 @@ void paintBox(wxDC& dc, const wxRect& box, const wxColour& inside, const wxColou
     CrispLines lines(dc);
     lines.setPen({outline, 1, wxPENSTYLE_SOLID});
     lines.drawRectangle(box);
-}
-
-bool isWithin(int offset, int length)
-{
-    return static_cast<unsigned>(offset) < static_cast<unsigned>(length);
 }
 
 // Wraps one paragraph, which is a text without line-feeds.
@@ -217,9 +213,7 @@ bool Wx::Tooltip::hasReason() const
     const wxMouseState mouse = wxGetMouseState();
     if (mouse.LeftIsDown() || mouse.MiddleIsDown() || mouse.RightIsDown())
         return false;
-    const wxPoint offset = mouse.GetPosition() - m_owner->GetScreenPosition();
-    const wxSize size = m_owner->GetSize();
-    return isWithin(offset.x, size.x) && isWithin(offset.y, size.y);
+    return Detail::screenRect(*m_owner).Contains(mouse.GetPosition());
 }
 
 void Wx::Tooltip::onTimer(wxTimerEvent& /*event*/)

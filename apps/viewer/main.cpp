@@ -3,11 +3,14 @@
 #include "NolvexLib/Exception.h"
 #include "NolvexLib/Io/FileSize.h"
 #include "NolvexLibWx/NolvexLibWx.h"
+#include "NolvexLibWx/widgets/GuiSkin.h"
 #include "apps/program/DialogIcon.h"
 #include "apps/program/ScreenshotTimer.h"
+#include "apps/program/SystemParts.h"
 #include "apps/program/WindowPicture.h"
 #include "apps/program/platform/ErrorReport.h"
 #include "apps/program/platform/ProcessArguments.h"
+#include "apps/program/platform/UserLanguage.h"
 #include "apps/viewer/CommandLine.h"
 #include "apps/viewer/ImageFile.h"
 #include "apps/viewer/ViewerFrame.h"
@@ -79,6 +82,7 @@ int show(const Viewer::CommandLine& line)
     if (!picture)
         return fail(picture.error());
 
+    Program::matchSystemParts(Wx::GuiSkin::DEFAULT());
     auto* frame = new Viewer::ViewerFrame(*picture, {file});
     Program::useIconInDialogs(*frame);
     frame->Show();
@@ -99,6 +103,7 @@ int main(int argc, char** argv)
         return std::fputs(Viewer::usage().c_str(), stdout) < 0;
     if (line->version)
         return std::puts("nolvex-viewer " NOLVEX_VERSION) < 0;
+    Program::useLanguageOfUser();
     try {
         LibWx::startup(LibWx::ApplicationType::APPLICATION);
     } catch (const Exception& failure) {
