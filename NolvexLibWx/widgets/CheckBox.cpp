@@ -11,6 +11,7 @@
 #include "NolvexLibWx/paint/CheckBoxExtent.h"
 #include "NolvexLibWx/paint/PerScale.h"
 #include "NolvexLibWx/platform/OutlineFont.h"
+#include "NolvexLibWx/platform/ReadableSigns.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"
 #include "NolvexLibWx/widgets/OskaBorder.h"
 
@@ -39,19 +40,15 @@ wxSize sizeFor(const String& label, wxSize size)
     return Wx::scaleByDpi(size);
 }
 
-/// In a layout from right to left the DC is mirrored. wxDC then mirrors the places of signs, but a
-/// wxGraphicsContext would also mirror the signs themselves. While an object of this class lives, that
-/// context turns the columns of an area around once more.
+/// While an object of this class lives, the context paints readable signs in an area of the DC.
 class ReadableSigns
 {
 public:
     ReadableSigns(wxGraphicsContext& context, const wxDC& dc, int left, int width) : m_context(context)
     {
         m_context.PushState();
-        if (dc.GetLayoutDirection() != wxLayout_RightToLeft)
-            return;
-        m_context.Translate(2 * left + width, 0);
-        m_context.Scale(-1, 1);
+        if (dc.GetLayoutDirection() == wxLayout_RightToLeft)
+            Platform::turnToReadableSigns(m_context, dc, left, width);
     }
 
     ~ReadableSigns() { m_context.PopState(); }
@@ -240,8 +237,11 @@ void Wx::CheckBox::draw(wxDC& dc, const Bucket& rect, const Face& face)
     const wxSize text = dc.GetTextExtent(face.label);
     drawLabel(*context, dc, {corner.x + scaleByDpi(CHECK_BOX_LABEL_X), corner.y + atScreenScale(LABEL_Y)},
               text.x, face);
-    if (face.focused)
+    if (face.focused) {
+        const ReadableSigns placed(*context, dc, corner.x + scaleByDpi(CHECK_BOX_LABEL_X - 1),
+                                   text.x + scaleByDpi(2));
         drawFocusMark(*context, corner, text, face.focusColour);
+    }
 }
 
 } // namespace Nolvex
