@@ -76,12 +76,11 @@ void drawCheckMark(wxGraphicsContext& context, const wxPoint& corner)
     context.DrawPath(mark, wxWINDING_RULE);
 }
 
-void drawLabel(wxGraphicsContext& context, const wxDC& dc, const wxPoint& corner, int width,
-               const Wx::CheckBox::Face& face)
+// A wxDC keeps labels readable in a layout from right to left, which a wxGraphicsContext does not.
+void drawMirroredLabel(wxDC& dc, const wxPoint& corner, const Wx::CheckBox::Face& face)
 {
-    const ReadableSigns readable(context, dc, corner.x, width);
-    context.SetFont(Platform::outlineFont(face.font), face.labelColour);
-    context.DrawText(face.label, corner.x, corner.y);
+    dc.SetTextForeground(face.labelColour);
+    dc.DrawText(face.label, corner);
 }
 
 void drawFocusMark(wxGraphicsContext& context, const wxPoint& corner, const wxSize& text,
@@ -227,6 +226,11 @@ void Wx::CheckBox::draw(wxDC& dc, const Bucket& rect, const Face& face)
     const int box = scaleByDpi(CHECK_BOX_LENGTH);
     OskaBorder::draw(dc, {rect.min, {corner.x + box, corner.y + box}}, OskaBorderState::ENABLED);
     dc.SetFont(face.font);
+    const wxSize text = dc.GetTextExtent(face.label);
+    const wxPoint label(corner.x + scaleByDpi(CHECK_BOX_LABEL_X), corner.y + atScreenScale(LABEL_Y));
+    const bool mirrored = dc.GetLayoutDirection() == wxLayout_RightToLeft;
+    if (mirrored)
+        drawMirroredLabel(dc, label, face);
     const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::CreateFromUnknownDC(dc));
     if (!context)
         return;
@@ -234,9 +238,10 @@ void Wx::CheckBox::draw(wxDC& dc, const Bucket& rect, const Face& face)
         const ReadableSigns readable(*context, dc, corner.x, box);
         drawCheckMark(*context, corner);
     }
-    const wxSize text = dc.GetTextExtent(face.label);
-    drawLabel(*context, dc, {corner.x + scaleByDpi(CHECK_BOX_LABEL_X), corner.y + atScreenScale(LABEL_Y)},
-              text.x, face);
+    if (!mirrored) {
+        context->SetFont(Platform::outlineFont(face.font), face.labelColour);
+        context->DrawText(face.label, label.x, label.y);
+    }
     if (face.focused) {
         const ReadableSigns placed(*context, dc, corner.x + scaleByDpi(CHECK_BOX_LABEL_X - 1),
                                    text.x + scaleByDpi(2));
