@@ -15,9 +15,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
-#include <functional>
-#include <numeric>
+#include <limits>
 
 using namespace Nolvex;
 using Wx::Detail::screenRect;
@@ -49,11 +49,19 @@ struct RightToLeftTest : Tests::FrameFixture
         return image.GetSubImage(wxRect(left, 0, width, image.GetHeight()));
     }
 
-    static int difference(const wxImage& a, const wxImage& b)
+    /// Sums the differences of the pixels. A shift by a column, which rounding may cause, does not count.
+    static int difference(const wxImage& image, const wxImage& plain)
     {
-        const int bytes = 3 * a.GetWidth() * a.GetHeight();
-        return std::inner_product(a.GetData(), a.GetData() + bytes, b.GetData(), 0, std::plus<>(),
-                                  [](unsigned char x, unsigned char y) { return std::abs(int(x) - int(y)); });
+        int least = std::numeric_limits<int>::max();
+        for (int shift = -1; shift <= 1; ++shift) {
+            int sum = 0;
+            for (int y = 0; y < plain.GetHeight(); ++y) {
+                for (int x = 1; x < plain.GetWidth() - 1; ++x)
+                    sum += std::abs(image.GetGreen(x + shift, y) - plain.GetGreen(x, y));
+            }
+            least = std::min(least, sum);
+        }
+        return least;
     }
 
     static wxImage turned(const wxImage& image, bool rightLeft, bool upsideDown)
@@ -101,8 +109,11 @@ TEST_F(RightToLeftTest, checkBox_isMirroredButNotItsSigns)
     other.SetLayoutDirection(wxLayout_LeftToRight);
     auto* mirrored = new Wx::CheckBox(panel, wxID_ANY, L"FL7", wxPoint(10, 10));
     auto* plain = new Wx::CheckBox(&other, wxID_ANY, L"FL7", wxPoint(10, 10));
-    for (Wx::CheckBox* box : {mirrored, plain})
+    for (Wx::CheckBox* box : {mirrored, plain}) {
+        box->SetBackgroundColour(wxColour(60, 80, 60)); // The check mark is white.
+        box->SetForegroundColour(*wxWHITE);
         box->SetValue(true);
+    }
     auto* field = new wxTextCtrl(panel, wxID_ANY, wxString(), wxPoint(10, 120));
     showFrame();
     field->SetFocus(); // so that neither check box shows the mark of the focus
