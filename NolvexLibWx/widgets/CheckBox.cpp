@@ -12,6 +12,7 @@
 #include "NolvexLibWx/paint/DensePixels.h"
 #include "NolvexLibWx/paint/PerScale.h"
 #include "NolvexLibWx/platform/OutlineFont.h"
+#include "NolvexLibWx/platform/ReadableSigns.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"
 #include "NolvexLibWx/widgets/OskaBorder.h"
 
@@ -40,19 +41,15 @@ wxSize sizeFor(const String& label, wxSize size)
     return Wx::scaleByDpi(size);
 }
 
-/// In a layout from right to left the DC is mirrored. wxDC then mirrors the places of signs, but a
-/// wxGraphicsContext would also mirror the signs themselves. While an object of this class lives, that
-/// context turns the columns of an area around once more.
+/// While an object of this class lives, the context paints readable signs in an area of the DC.
 class ReadableSigns
 {
 public:
     ReadableSigns(wxGraphicsContext& context, const wxDC& dc, int left, int width) : m_context(context)
     {
         m_context.PushState();
-        if (dc.GetLayoutDirection() != wxLayout_RightToLeft)
-            return;
-        m_context.Translate(2 * left + width, 0);
-        m_context.Scale(-1, 1);
+        if (dc.GetLayoutDirection() == wxLayout_RightToLeft)
+            Platform::turnToReadableSigns(m_context, dc, left, width);
     }
 
     ~ReadableSigns() { m_context.PopState(); }
@@ -81,12 +78,11 @@ void drawCheckMark(wxGraphicsContext& context, const wxPoint& corner)
     context.DrawPath(mark, wxWINDING_RULE);
 }
 
-void drawLabel(wxGraphicsContext& context, const wxDC& dc, const wxPoint& corner, int width,
-               const Wx::CheckBox::Face& face)
+// A wxDC keeps labels readable in a layout from right to left, which a wxGraphicsContext does not.
+void drawMirroredLabel(wxDC& dc, const wxPoint& corner, const Wx::CheckBox::Face& face)
 {
-    const ReadableSigns readable(context, dc, corner.x, width);
-    context.SetFont(Platform::outlineFont(face.font), face.labelColour);
-    context.DrawText(face.label, corner.x, corner.y);
+    dc.SetTextForeground(face.labelColour);
+    dc.DrawText(face.label, corner);
 }
 
 void drawFocusMark(wxGraphicsContext& context, const wxPoint& corner, const wxSize& text,
@@ -233,6 +229,11 @@ void Wx::CheckBox::draw(wxDC& dc, const Bucket& rect, const Face& face)
     const int box = scaleByDpi(CHECK_BOX_LENGTH);
     OskaBorder::draw(dc, {rect.min, {corner.x + box, corner.y + box}}, OskaBorderState::ENABLED);
     dc.SetFont(face.font);
+    const wxSize text = dc.GetTextExtent(face.label);
+    const wxPoint label(corner.x + scaleByDpi(CHECK_BOX_LABEL_X), corner.y + atScreenScale(LABEL_Y));
+    const bool mirrored = dc.GetLayoutDirection() == wxLayout_RightToLeft;
+    if (mirrored)
+        drawMirroredLabel(dc, label, face);
     const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::CreateFromUnknownDC(dc));
     if (!context)
         return;
@@ -240,11 +241,15 @@ void Wx::CheckBox::draw(wxDC& dc, const Bucket& rect, const Face& face)
         const ReadableSigns readable(*context, dc, corner.x, box);
         drawCheckMark(*context, corner);
     }
-    const wxSize text = dc.GetTextExtent(face.label);
-    drawLabel(*context, dc, {corner.x + scaleByDpi(CHECK_BOX_LABEL_X), corner.y + atScreenScale(LABEL_Y)},
-              text.x, face);
-    if (face.focused)
+    if (!mirrored) {
+        context->SetFont(Platform::outlineFont(face.font), face.labelColour);
+        context->DrawText(face.label, label.x, label.y);
+    }
+    if (face.focused) {
+        const ReadableSigns placed(*context, dc, corner.x + scaleByDpi(CHECK_BOX_LABEL_X - 1),
+                                   text.x + scaleByDpi(2));
         drawFocusMark(*context, corner, text, face.focusColour);
+    }
 }
 
 } // namespace Nolvex

@@ -16,12 +16,17 @@ void onCharacters(GtkIMContext* /*context*/, const char* characters, gpointer wi
 
 } // namespace
 
-// wxWidgets learns the characters of keys from a context, which it makes when the window is realised, unless
-// the window has one. wxWidgets also frees the context.
 void Platform::useNoInputMethod(wxWindow& window)
 {
+    // In a parent that is on the screen, the window is realised at once and has a context already.
+    if (GtkIMContext* former = window.m_imContext) {
+        gtk_im_context_set_client_window(former, nullptr);
+        g_object_unref(former);
+    }
+    // wxWidgets learns the characters of keys from the context, and frees it with the window.
     window.m_imContext = gtk_im_context_simple_new();
     g_signal_connect(window.m_imContext, "commit", G_CALLBACK(onCharacters), &window);
+    gtk_im_context_set_client_window(window.m_imContext, window.GTKGetDrawingWindow());
 }
 
 } // namespace Nolvex
