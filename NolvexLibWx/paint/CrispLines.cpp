@@ -79,13 +79,13 @@ void CrispLines::drawStraight(wxPoint from, wxPoint to)
     }
     // Along the line, the ends already are at the edges of pixels.
     const bool isHorizontal = from.y == to.y;
-    const DensePixelOffset offset(m_dc.GetGraphicsContext(), {isHorizontal ? 0 : 1, isHorizontal ? 1 : 0});
+    const DensePixelOffset offset(m_dc.GetGraphicsContext(), 1, {isHorizontal ? 0 : 1, isHorizontal ? 1 : 0});
     m_dc.DrawLine(from, to);
 }
 
 void CrispLines::strokeSlanted(wxPoint from, wxPoint to)
 {
-    const DensePixelOffset offset(m_dc.GetGraphicsContext(), {0, 1});
+    const DensePixelOffset offset(m_dc.GetGraphicsContext(), 1, {0, 1});
     const int length = std::max(std::abs(to.x - from.x), std::abs(to.y - from.y));
     for (int step = 0; step < length; ++step) {
         const wxPoint pixel = pixelOfLine(from, to, step);

@@ -17,10 +17,10 @@ constexpr double HALF_A_PIXEL = 0.5;
 
 /// Returns how much is missing to half a pixel. wxWidgets itself moves lines by half a pixel of the device,
 /// if at all.
-double missingOffset(const wxGraphicsContext& context)
+double missingOffset(const wxGraphicsContext& context, int penWidth)
 {
     const double density = context.GetContentScaleFactor();
-    if (density <= 1.0)
+    if (density <= 1.0 || penWidth % 2 == 0)
         return 0.0;
     return HALF_A_PIXEL - (context.ShouldOffset() ? HALF_A_PIXEL / density : 0.0);
 }
@@ -54,12 +54,12 @@ wxImage enlarged(const wxImage& image, int factor)
 
 } // namespace
 
-DensePixelOffset::DensePixelOffset(wxGraphicsContext* context, const wxPoint& directions)
+DensePixelOffset::DensePixelOffset(wxGraphicsContext* context, int penWidth, const wxPoint& directions)
     : m_context(context), m_directions(directions)
 {
     if (m_context == nullptr)
         return;
-    m_offset = missingOffset(*m_context);
+    m_offset = missingOffset(*m_context, penWidth);
     if (m_offset != 0.0)
         m_context->Translate(m_directions.x * m_offset, m_directions.y * m_offset);
 }

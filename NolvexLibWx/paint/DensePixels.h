@@ -14,14 +14,15 @@ class WXDLLIMPEXP_FWD_CORE wxWindow;
 
 namespace Nolvex {
 
-/// Moves what is drawn by up to half a pixel while the object lives, such that a line that is one pixel wide
-/// covers exactly its pixels. wxWidgets centres such a line on the edges of its pixels if a pixel is an even
-/// number of pixels of the device.
+/// Moves what is drawn by up to half a pixel while the object lives, such that a line whose width is an odd
+/// number of pixels covers whole pixels. wxWidgets centres such a line on the edges of pixels if a pixel is
+/// an even number of pixels of the device.
 class DensePixelOffset
 {
 public:
     /// Moves what is drawn in the directions that are 1, not in those that are 0. A null context is ignored.
-    explicit DensePixelOffset(wxGraphicsContext* context, const wxPoint& directions = {1, 1});
+    explicit DensePixelOffset(wxGraphicsContext* context, int penWidth = 1,
+                              const wxPoint& directions = {1, 1});
     ~DensePixelOffset();
     DensePixelOffset(const DensePixelOffset&) = delete;
     DensePixelOffset& operator=(const DensePixelOffset&) = delete;

@@ -91,10 +91,11 @@ void drawFocusMark(wxGraphicsContext& context, const wxPoint& corner, const wxSi
     // The pen refers to the dashes. They are computed at the first focused paint, and stay so at any later
     // scale.
     static std::array<wxDash, 2> dashes = atScreenScale(FOCUS_DASHES);
-    wxPen pen(colour, Wx::scaleByDpi(1), wxPENSTYLE_USER_DASH);
+    const int penWidth = Wx::scaleByDpi(1);
+    wxPen pen(colour, penWidth, wxPENSTYLE_USER_DASH);
     pen.SetDashes(static_cast<int>(dashes.size()), dashes.data());
     context.SetPen(pen);
-    const DensePixelOffset offset(&context);
+    const DensePixelOffset offset(&context, penWidth);
     context.DrawRectangle(corner.x + Wx::scaleByDpi(CHECK_BOX_LABEL_X - 1), corner.y,
                           text.x + Wx::scaleByDpi(2), text.y - Wx::scaleByDpi(1));
 }

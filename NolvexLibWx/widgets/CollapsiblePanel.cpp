@@ -60,12 +60,13 @@ private:
 // Paints every second pixel of the outline, so that the mark looks dotted.
 void drawFocusMark(wxDC& dc, wxSize size, const wxColour& colour)
 {
-    dc.SetPen(wxPen(colour));
+    CrispLines lines(dc);
+    lines.setPen(wxPen(colour));
     for (int y = 0; y < size.y; ++y) {
         const bool isEdge = y == 0 || y == size.y - 1;
         for (int x = y % 2; x < size.x; x += 2) {
             if (isEdge || x == 0 || x == size.x - 1)
-                dc.DrawPoint(x, y);
+                lines.drawLine({x, y}, {x + 1, y});
         }
     }
 }

@@ -29,7 +29,7 @@ void Wx::StaticBitmap::onPaint(wxPaintEvent& /*event*/)
 {
     wxPaintDC dc(this);
     if (m_bitmap.IsOk())
-        dc.DrawBitmap(m_bitmap, 0, 0, false);
+        drawSharp(dc, m_bitmap, {0, 0}, false);
 }
 
 } // namespace Nolvex

@@ -81,7 +81,7 @@ Function<bool(wxWindow&)> when(std::size_t index, Condition isReached)
 /// Moves the mouse to the middle of the window, or `offset` design units away from there.
 Scene::Step moveTo(const Finder& window, wxPoint offset = {}, Function<bool(wxWindow&)> isReached = {});
 
-/// Moves the mouse there as part of a drag from one window to another. The other functions let
+/// Does the same as moveTo as part of a drag from one window to another. The other functions let
 /// wxWidgets process the motion before they return, and would return only after the drag.
 Scene::Step dragTo(const Finder& window, wxPoint offset = {}, Function<bool(wxWindow&)> isReached = {});
 

@@ -104,7 +104,6 @@ wxSize ImageView::shownSize() const
     return {(size.x + dense - 1) / dense, (size.y + dense - 1) / dense};
 }
 
-// Pixels of the device may be smaller on the screen to which the window was moved.
 void ImageView::onSized(wxSizeEvent& event)
 {
     SetVirtualSize(shownSize());
@@ -120,6 +119,11 @@ wxPoint ImageView::bitmapOrigin() const
 
 void ImageView::onPaint(wxPaintEvent& /*event*/)
 {
+    // GTK does not tell that pixels of the device are smaller on the screen to which the window was moved.
+    if (m_pixelsPerUnit != pixelsPerUnit()) {
+        m_pixelsPerUnit = pixelsPerUnit();
+        CallAfter([this] { SetVirtualSize(shownSize()); });
+    }
     wxAutoBufferedPaintDC dc(this);
     dc.SetBackground(GetBackgroundColour());
     dc.Clear();

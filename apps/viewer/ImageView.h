@@ -69,6 +69,7 @@ private:
     DisplaySettings m_display;
     wxBitmap m_developed; // what was painted last, if that was not the picture's own bitmap
     wxRect m_developedPart;
+    int m_pixelsPerUnit = 1;
     bool m_painted = false;
     bool m_tabPressed = false;
     bool m_focusMark = false;

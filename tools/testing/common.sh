@@ -196,7 +196,7 @@ test_at_scales() {
   for name in "$@"; do
     rm -f "build/$name-tests.status"
     (
-      trap - EXIT
+      trap stop_display EXIT
       display_processes=()
       "$function" "$name"
     ) &

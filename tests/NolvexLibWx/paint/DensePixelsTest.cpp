@@ -9,6 +9,7 @@
 #include "support/Screen.h"
 
 #include <wx/dcmemory.h>
+#include <wx/graphics.h>
 #include <wx/image.h>
 
 #include <gtest/gtest.h>
@@ -101,7 +102,20 @@ void drawLines(wxDC& dc)
     lines.drawRectangle({5, 5, 10, 6});
 }
 
+// Lines of two pixels, as focus marks have at a text scale of 150 %.
+void drawWideOutline(wxDC& dc)
+{
+    wxGraphicsContext* const context = dc.GetGraphicsContext();
+    context->SetAntialiasMode(wxANTIALIAS_NONE);
+    wxPen pen(*wxBLUE, 2);
+    pen.SetJoin(wxJOIN_MITER); // round corners would have other shapes
+    context->SetPen(pen);
+    const DensePixelOffset offset(context, 2);
+    context->DrawRectangle(6, 4, 20, 12);
+}
+
 const std::array DRAWINGS{
+    Drawing{"wideOutline", drawWideOutline},
     Drawing{"lines", drawLines},
     Drawing{"enabledBorder", border(OskaBorderState::ENABLED)},
     Drawing{"hoveredBorder", border({OskaBorderState::ENABLED, OskaBorderState::HOVERED})},
