@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/DpiScaling.h"
 
+#include "NolvexLibWx/platform/DesktopScale.h"
+
 #include <wx/image.h>
-#include <wx/window.h>
 
 namespace Nolvex {
 
 int Wx::scaleByDpi(int value)
 {
-    return wxWindowBase::FromDIP(wxSize(value, 0), nullptr).GetWidth();
+    return Platform::scaleToDesktop(value);
 }
 
 Pixel Wx::scaleByDpi(Pixel value)
@@ -33,7 +34,7 @@ wxBitmap Wx::scaleByDpi(const wxBitmap& bitmap)
         return bitmap;
     const wxImage image = bitmap.ConvertToImage().Scale(bitmap.GetWidth() * factor,
                                                         bitmap.GetHeight() * factor, wxIMAGE_QUALITY_NORMAL);
-    return {image, wxBITMAP_SCREEN_DEPTH, 1.0};
+    return {image, wxBITMAP_SCREEN_DEPTH, bitmap.GetScaleFactor()};
 }
 
 } // namespace Nolvex

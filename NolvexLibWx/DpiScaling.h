@@ -9,9 +9,12 @@
 
 namespace Nolvex::Wx {
 
-// Sizes are designed for 96 DPI. These functions scale such design units to pixels by the DPI of the system
-// and round as wxWidgets does. Windows and monitors have no scale of their own. On GTK, which scales by
-// itself, a pixel is a design unit.
+// Sizes are designed for 96 DPI. These functions scale such design units to the pixels of wxWidgets by the
+// DPI of the system and round to the nearest pixel. Windows and monitors have no scale of their own.
+//
+// On GTK the DPI is the resolution of fonts, which Xft.dpi and the text scaling of the desktop set. The whole
+// factors by which GTK scales windows (GDK_SCALE, the scale of a Wayland output) come on top: GTK makes
+// several pixels of the device from each pixel of wxWidgets by itself.
 
 NOLVEXLIBWX_EXPORT int scaleByDpi(int value);
 

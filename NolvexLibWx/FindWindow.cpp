@@ -4,6 +4,7 @@
 #include "NolvexLib/Stack.h"
 #include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/NativeWindows.h"
+#include "NolvexLibWx/detail/ScreenPlaces.h"
 
 #include <wx/toplevel.h>
 
@@ -47,7 +48,7 @@ wxWindow* Wx::findWindowByPosition(wxWindow* root, Pixel screenPoint, Flags<Find
     };
     wxWindow* found = nullptr;
     walkTree(root, qualifies, [&](wxWindow& window) {
-        if (window.GetScreenRect().Contains(toWxPoint(screenPoint)))
+        if (Detail::screenRect(window).Contains(toWxPoint(screenPoint)))
             found = &window;
         return true;
     });

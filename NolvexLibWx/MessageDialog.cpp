@@ -13,6 +13,7 @@
 #include "NolvexLibWx/detail/ModalDialogs.h"
 #include "NolvexLibWx/detail/ModalEnd.h"
 #include "NolvexLibWx/detail/NativeMessageDialog.h"
+#include "NolvexLibWx/paint/DensePixels.h"
 #include "NolvexLibWx/platform/OwnedDialog.h"
 #include "NolvexLibWx/resources/MessageIcons.h"
 #include "NolvexLibWx/widgets/ApplySkinRecursive.h"
@@ -182,8 +183,9 @@ void Wx::MessageDialog::createIcon(MessageDialogIcon icon)
         return;
     wxImage image = bitmap.ConvertToImage();
     const int size = scaleByDpi(ICON_SIZE);
-    image.Rescale(size, size, wxIMAGE_QUALITY_HIGH);
-    m_icon = new StaticBitmap(this, wxID_ANY, wxBitmap(image));
+    const int density = screenDensity(*this);
+    image.Rescale(size * density, size * density, wxIMAGE_QUALITY_HIGH);
+    m_icon = new StaticBitmap(this, wxID_ANY, denseBitmap(image, density));
 }
 
 void Wx::MessageDialog::createButtons(const Stack<const MessageDialogControl*>& controls)

@@ -4,6 +4,7 @@
 #include "NolvexLib/Array.h"
 #include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/NativeWindows.h"
+#include "NolvexLibWx/detail/ScreenPlaces.h"
 
 #include <wx/app.h>
 #include <wx/display.h>
@@ -94,7 +95,7 @@ Bucket Wx::getMonitorRegionByWindow(wxWindow* window, MonitorRegionType type)
 {
     if (window == nullptr)
         return {};
-    return getMonitorRegionByPoint(getRectCenter(window->GetScreenRect()), type);
+    return getMonitorRegionByPoint(getRectCenter(Detail::screenRect(*window)), type);
 }
 
 void Wx::smartPositionWindow(wxWindow* window, Pixel topLeft)

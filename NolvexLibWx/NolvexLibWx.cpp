@@ -7,6 +7,7 @@
 #include "NolvexLib/StopException.h"
 #include "NolvexLibWx/detail/ModalDialogs.h"
 #include "NolvexLibWx/detail/NativeMessageDialog.h"
+#include "NolvexLibWx/detail/ScreenQuestion.h"
 #include "NolvexLibWx/detail/WindowDisabling.h"
 #include "NolvexLibWx/platform/ToolkitModule.h"
 
@@ -204,6 +205,7 @@ void startFirst(LibWx::ApplicationType type)
 
 void stopLast()
 {
+    Wx::Detail::ScreenQuestion::closeAll();
     refuseDialogCalls();
     g_processEventsTimer->Stop();
     replaceProcessEventsTimer(nullptr);

@@ -15,6 +15,10 @@ namespace Nolvex::Wx {
 /// outside of every display are transparent black, and so are all pixels if the system does not let programs
 /// read the screen. The mouse pointer is not part of the image.
 ///
+/// On Wayland and under XWayland only the desktop can take a picture of the screen, and the desktop may have
+/// to ask the user first. This function does not wait for the user: its image is transparent there. Use
+/// requestScreenRegion instead.
+///
 /// Returns an empty image for a region without pixels or with more than MAX_SCREEN_REGION_PIXELS, and if
 /// there is not enough memory. Must be called on the GUI thread.
 NOLVEXLIBWX_EXPORT BitmapImpl<Rgb> getScreenRegionColors(Bucket region);

@@ -32,8 +32,8 @@ if(NOLVEX_BUILD_TESTS OR NOLVEX_BUILD_BENCHMARKS)
   endif()
 endif()
 
-if(NOLVEX_BUILD_APPS)
-  # The viewer writes PNG and TIFF files with more than 8 bits, which wxWidgets does not.
+if(NOLVEX_BUILD_APPS OR NOLVEX_BUILD_FUZZERS)
+  # The viewer reads and writes PNG and TIFF files with more than 8 bits, which wxWidgets does not.
   find_package(PNG REQUIRED)
   find_package(TIFF REQUIRED)
   if(WIN32)
@@ -50,5 +50,7 @@ if(NOLVEX_BUILD_TOOLKIT_LIBRARY)
     find_package(PkgConfig REQUIRED)
     pkg_check_modules(GTK3 REQUIRED IMPORTED_TARGET gtk+-3.0 gio-2.0)
     pkg_check_modules(XLIB REQUIRED IMPORTED_TARGET x11 xext)
+    # The portal of the desktop hands over pictures of the screen as PNG files.
+    find_package(PNG REQUIRED)
   endif()
 endif()

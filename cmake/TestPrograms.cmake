@@ -25,7 +25,7 @@ function(nolvex_add_test_support)
       file(GLOB platform CONFIGURE_DEPENDS "${folder}/platform/gtk/*.cpp")
     endif()
     add_library(NolvexGuiTestSupport STATIC "${folder}/DialogRobot.cpp" "${folder}/Events.cpp" "${folder}/RandomWalk.cpp"
-      "${folder}/Screen.cpp" ${platform})
+      "${folder}/Screen.cpp" "${folder}/TextFit.cpp" ${platform})
     target_link_libraries(NolvexGuiTestSupport PUBLIC NolvexTestSupport NolvexLibWx)
     if(NOT WIN32)
       pkg_check_modules(XTST REQUIRED IMPORTED_TARGET x11 xtst)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/paint/CrispLines.h"
 
+#include "NolvexLibWx/paint/DensePixels.h"
+
 #include <wx/graphics.h>
 
 #include <algorithm>
@@ -75,11 +77,15 @@ void CrispLines::drawStraight(wxPoint from, wxPoint to)
         from += step;
         to += step;
     }
+    // Along the line, the ends already are at the edges of pixels.
+    const bool isHorizontal = from.y == to.y;
+    const DensePixelOffset offset(m_dc.GetGraphicsContext(), {isHorizontal ? 0 : 1, isHorizontal ? 1 : 0});
     m_dc.DrawLine(from, to);
 }
 
 void CrispLines::strokeSlanted(wxPoint from, wxPoint to)
 {
+    const DensePixelOffset offset(m_dc.GetGraphicsContext(), {0, 1});
     const int length = std::max(std::abs(to.x - from.x), std::abs(to.y - from.y));
     for (int step = 0; step < length; ++step) {
         const wxPoint pixel = pixelOfLine(from, to, step);
@@ -98,7 +104,19 @@ void CrispLines::drawRectangle(const wxRect& rect)
     else if (rect.width == 1)
         drawLine(rect.GetTopLeft(), {rect.x, rect.y + rect.height});
     else
-        m_dc.DrawRectangle(rect);
+        drawOutline(rect);
+}
+
+void CrispLines::drawOutline(const wxRect& rect)
+{
+    const DensePixelOffset offset(m_dc.GetGraphicsContext());
+    m_dc.DrawRectangle(rect);
+}
+
+void CrispLines::drawPoints(int count, const wxPoint* points)
+{
+    const DensePixelOffset offset(m_dc.GetGraphicsContext());
+    m_dc.DrawPolygon(count, points, 0, 0, wxWINDING_RULE);
 }
 
 } // namespace Nolvex

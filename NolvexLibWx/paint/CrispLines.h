@@ -33,7 +33,7 @@ public:
     template<std::size_t COUNT>
     void drawPolygon(const std::array<wxPoint, COUNT>& points)
     {
-        m_dc.DrawPolygon(static_cast<int>(COUNT), points.data(), 0, 0, wxWINDING_RULE);
+        drawPoints(static_cast<int>(COUNT), points.data());
     }
 
     /// Draws the outline, but nothing for a rectangle without width or height.
@@ -42,6 +42,8 @@ public:
 private:
     void drawStraight(wxPoint from, wxPoint to);
     void strokeSlanted(wxPoint from, wxPoint to);
+    void drawOutline(const wxRect& rect);
+    void drawPoints(int count, const wxPoint* points);
 
     wxDC& m_dc;
     int m_previousMode = 0;

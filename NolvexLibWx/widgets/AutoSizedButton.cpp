@@ -3,6 +3,7 @@
 
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/FontSetup.h"
+#include "NolvexLibWx/paint/DensePixels.h"
 
 #include <wx/dcclient.h>
 #include <wx/image.h>
@@ -19,29 +20,24 @@ constexpr Pixel LABEL_PADDING{10, 10};
 constexpr int FRAME_ALLOWANCE = 4;
 constexpr int FRAME_ALLOWANCE_WITHOUT_FRAME = 2;
 
-wxBitmap resized(const wxBitmap& icon, int length)
+wxBitmap resized(const wxBitmap& icon, int length, int density)
 {
     if (length < 1)
         return {};
     wxImage image = icon.ConvertToImage();
-    image.Rescale(length, length, wxIMAGE_QUALITY_HIGH);
-    return {image};
+    image.Rescale(length * density, length * density, wxIMAGE_QUALITY_HIGH);
+    return denseBitmap(image, density);
 }
 
 // Returns nullopt if the icon cannot have that size.
-Optional<wxBitmap> fitted(const wxBitmap& icon, Optional<int> size)
+Optional<wxBitmap> fitted(const wxBitmap& icon, Optional<int> size, int density)
 {
     const int factor = Wx::scaleByDpi(1);
     if (!size)
         return Wx::scaleByDpi(icon);
-    if (*size > Wx::AutoSizedButton::MAX_ICON_LENGTH / factor)
+    if (*size > Wx::AutoSizedButton::MAX_ICON_LENGTH / (factor * density))
         return {};
-    return icon.IsOk() ? resized(icon, std::max(*size, 0) * factor) : icon;
-}
-
-wxSize extent(const wxBitmap& bitmap)
-{
-    return bitmap.IsOk() ? bitmap.GetSize() : wxSize(0, 0);
+    return icon.IsOk() ? resized(icon, std::max(*size, 0) * factor, density) : icon;
 }
 
 } // namespace
@@ -78,7 +74,7 @@ void Wx::AutoSizedButton::setClickCallback(Function<void()> onClick)
 
 bool Wx::AutoSizedButton::setEnabledIcon(const wxBitmap& icon, Optional<int> size)
 {
-    const Optional<wxBitmap> bitmap = fitted(icon, size);
+    const Optional<wxBitmap> bitmap = fitted(icon, size, screenDensity(*this));
     if (bitmap) {
         setBitmap(*bitmap);
         onIconChanged();
@@ -88,7 +84,7 @@ bool Wx::AutoSizedButton::setEnabledIcon(const wxBitmap& icon, Optional<int> siz
 
 bool Wx::AutoSizedButton::setDisabledIcon(const wxBitmap& icon, Optional<int> size)
 {
-    const Optional<wxBitmap> bitmap = fitted(icon, size);
+    const Optional<wxBitmap> bitmap = fitted(icon, size, screenDensity(*this));
     if (bitmap) {
         setBitmapWhenDisabled(*bitmap);
         onIconChanged();
@@ -104,8 +100,8 @@ void Wx::AutoSizedButton::onIconChanged()
 
 void Wx::AutoSizedButton::updateMinimumSize()
 {
-    wxSize icon = extent(bitmap());
-    icon.IncTo(extent(bitmapWhenDisabled()));
+    wxSize icon = screenSize(bitmap());
+    icon.IncTo(screenSize(bitmapWhenDisabled()));
     wxClientDC dc(this);
     dc.SetFont(setDefaultFontSize(dc.GetFont(), 1.0f));
     wxSize text = dc.GetTextExtent(GetLabel());

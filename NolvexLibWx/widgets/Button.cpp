@@ -6,6 +6,7 @@
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/FontSetup.h"
 #include "NolvexLibWx/GeometryConversions.h"
+#include "NolvexLibWx/paint/DensePixels.h"
 #include "NolvexLibWx/paint/PerScale.h"
 #include "NolvexLibWx/widgets/detail/ButtonAccount.h"
 
@@ -206,8 +207,8 @@ void Wx::Button::draw(wxDC& dc, const Bucket& rect, const Face& face)
     if (face.bitmap.IsOk()) {
         const bool framed = !face.border.has(OskaBorderState::NO_FRAME);
         const int inset = framed ? BITMAP_INSET : BITMAP_INSET_WITHOUT_FRAME;
-        dc.DrawBitmap(face.bitmap, rect.min.x + inset, rect.min.y + inset, false);
-        bitmapWidth = face.bitmap.GetWidth();
+        drawSharp(dc, face.bitmap, {rect.min.x + inset, rect.min.y + inset}, false);
+        bitmapWidth = screenSize(face.bitmap).x;
     }
     if (!face.label.empty())
         drawLabel(dc, rect, face, bitmapWidth);

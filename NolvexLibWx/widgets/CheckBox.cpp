@@ -9,8 +9,10 @@
 #include "NolvexLibWx/MoveFocus.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/paint/CheckBoxExtent.h"
+#include "NolvexLibWx/paint/DensePixels.h"
 #include "NolvexLibWx/paint/PerScale.h"
 #include "NolvexLibWx/platform/OutlineFont.h"
+#include "NolvexLibWx/platform/ReadableSigns.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"
 #include "NolvexLibWx/widgets/OskaBorder.h"
 
@@ -39,6 +41,26 @@ wxSize sizeFor(const String& label, wxSize size)
     return Wx::scaleByDpi(size);
 }
 
+/// While an object of this class lives, the context paints readable signs in an area of the DC.
+class ReadableSigns
+{
+public:
+    ReadableSigns(wxGraphicsContext& context, const wxDC& dc, int left, int width) : m_context(context)
+    {
+        m_context.PushState();
+        if (dc.GetLayoutDirection() == wxLayout_RightToLeft)
+            Platform::turnToReadableSigns(m_context, dc, left, width);
+    }
+
+    ~ReadableSigns() { m_context.PopState(); }
+
+    ReadableSigns(const ReadableSigns&) = delete;
+    ReadableSigns& operator=(const ReadableSigns&) = delete;
+
+private:
+    wxGraphicsContext& m_context;
+};
+
 void drawCheckMark(wxGraphicsContext& context, const wxPoint& corner)
 {
     const auto vertex = [&corner](int x, int y) {
@@ -52,7 +74,15 @@ void drawCheckMark(wxGraphicsContext& context, const wxPoint& corner)
     mark.AddLineToPoint(vertex(6, 9));
     mark.CloseSubpath();
     context.SetPen(*wxStockGDI::GetPen(wxStockGDI::PEN_WHITE));
+    const DensePixelOffset offset(&context);
     context.DrawPath(mark, wxWINDING_RULE);
+}
+
+// A wxDC keeps labels readable in a layout from right to left, which a wxGraphicsContext does not.
+void drawMirroredLabel(wxDC& dc, const wxPoint& corner, const Wx::CheckBox::Face& face)
+{
+    dc.SetTextForeground(face.labelColour);
+    dc.DrawText(face.label, corner);
 }
 
 void drawFocusMark(wxGraphicsContext& context, const wxPoint& corner, const wxSize& text,
@@ -64,6 +94,7 @@ void drawFocusMark(wxGraphicsContext& context, const wxPoint& corner, const wxSi
     wxPen pen(colour, Wx::scaleByDpi(1), wxPENSTYLE_USER_DASH);
     pen.SetDashes(static_cast<int>(dashes.size()), dashes.data());
     context.SetPen(pen);
+    const DensePixelOffset offset(&context);
     context.DrawRectangle(corner.x + Wx::scaleByDpi(CHECK_BOX_LABEL_X - 1), corner.y,
                           text.x + Wx::scaleByDpi(2), text.y - Wx::scaleByDpi(1));
 }
@@ -198,16 +229,27 @@ void Wx::CheckBox::draw(wxDC& dc, const Bucket& rect, const Face& face)
     const int box = scaleByDpi(CHECK_BOX_LENGTH);
     OskaBorder::draw(dc, {rect.min, {corner.x + box, corner.y + box}}, OskaBorderState::ENABLED);
     dc.SetFont(face.font);
+    const wxSize text = dc.GetTextExtent(face.label);
+    const wxPoint label(corner.x + scaleByDpi(CHECK_BOX_LABEL_X), corner.y + atScreenScale(LABEL_Y));
+    const bool mirrored = dc.GetLayoutDirection() == wxLayout_RightToLeft;
+    if (mirrored)
+        drawMirroredLabel(dc, label, face);
     const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::CreateFromUnknownDC(dc));
     if (!context)
         return;
-    if (face.checked)
+    if (face.checked) {
+        const ReadableSigns readable(*context, dc, corner.x, box);
         drawCheckMark(*context, corner);
-    context->SetFont(Platform::outlineFont(face.font), face.labelColour);
-    context->DrawText(face.label, corner.x + scaleByDpi(CHECK_BOX_LABEL_X),
-                      corner.y + atScreenScale(LABEL_Y));
-    if (face.focused)
-        drawFocusMark(*context, corner, dc.GetTextExtent(face.label), face.focusColour);
+    }
+    if (!mirrored) {
+        context->SetFont(Platform::outlineFont(face.font), face.labelColour);
+        context->DrawText(face.label, label.x, label.y);
+    }
+    if (face.focused) {
+        const ReadableSigns placed(*context, dc, corner.x + scaleByDpi(CHECK_BOX_LABEL_X - 1),
+                                   text.x + scaleByDpi(2));
+        drawFocusMark(*context, corner, text, face.focusColour);
+    }
 }
 
 } // namespace Nolvex

@@ -8,6 +8,8 @@
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/NativeWindows.h"
 #include "NolvexLibWx/StringConversions.h"
+#include "NolvexLibWx/paint/CrispLines.h"
+#include "NolvexLibWx/paint/DensePixels.h"
 #include "NolvexLibWx/platform/DragSource.h"
 #include "NolvexLibWx/widgets/detail/ColorPickerButtonDropTarget.h"
 #include "NolvexLibWx/widgets/detail/RgbDataObject.h"
@@ -55,18 +57,24 @@ wxImage hatchedImage(const wxRect& area, const RgbBytes& color)
     return image;
 }
 
+// Fills the rectangle with the brush of the DC.
+void drawBox(wxDC& dc, const wxRect& box, const wxColour& outline)
+{
+    CrispLines lines(dc);
+    lines.setPen(wxPen(outline));
+    lines.drawRectangle(box);
+}
+
 void paintSwatch(wxDC& dc, const wxSize& size, const wxColour& color, bool isHatched)
 {
-    dc.SetPen(*wxBLACK_PEN);
-    dc.DrawRectangle(wxPoint(0, 0), size);
+    drawBox(dc, wxRect(size), *wxBLACK);
     const wxRect inner(1, 1, size.x - 2, size.y - 2);
     if (inner.width <= 0 || inner.height <= 0)
         return;
-    dc.SetPen(wxPen(color));
     dc.SetBrush(wxBrush(color));
-    dc.DrawRectangle(inner);
+    drawBox(dc, inner, color);
     if (isHatched)
-        dc.DrawBitmap(wxBitmap(hatchedImage(inner, Wx::toRgbBytes(color))), inner.GetTopLeft());
+        drawSharp(dc, wxBitmap(hatchedImage(inner, Wx::toRgbBytes(color))), inner.GetTopLeft(), false);
 }
 
 bool isDisplayable(float channel)

@@ -9,6 +9,8 @@
 #include "NolvexLibWx/MoveFocus.h"
 #include "NolvexLibWx/ScopedClippingRegion.h"
 #include "NolvexLibWx/StringConversions.h"
+#include "NolvexLibWx/detail/ScreenPlaces.h"
+#include "NolvexLibWx/paint/DensePixels.h"
 #include "NolvexLibWx/resources/ControlArrows.h"
 #include "NolvexLibWx/widgets/ComboBoxDropdown.h"
 #include "NolvexLibWx/widgets/detail/ComboBoxSelection.h"
@@ -172,7 +174,7 @@ int Wx::ComboBox::getCount() const
 
 bool Wx::ComboBox::isInside(wxPoint screenPoint) const
 {
-    return GetScreenRect().Contains(screenPoint) ||
+    return Detail::screenRect(*this).Contains(screenPoint) ||
            (isOpen() && m_dropdown->GetScreenRect().Contains(screenPoint));
 }
 
@@ -387,14 +389,14 @@ Wx::ComboBox::Face Wx::ComboBox::face() const
 void Wx::ComboBox::draw(wxDC& dc, const Bucket& rect, const Face& face)
 {
     OskaBorder::draw(dc, rect, face.border);
-    const int arrowWidth = face.arrow.IsOk() ? face.arrow.GetWidth() : 0;
-    const int arrowX = rect.max.x - arrowWidth - EDGE;
+    const wxSize arrow = screenSize(face.arrow);
+    const int arrowX = rect.max.x - arrow.x - EDGE;
     const int inner = rect.height() - 2 * EDGE;
     if (face.arrow.IsOk()) {
-        const ScopedClippingRegion clipping(dc, {arrowX, rect.min.y + EDGE, arrowWidth, inner});
-        dc.DrawBitmap(face.arrow, arrowX, rect.min.y + (rect.height() - face.arrow.GetHeight()) / 2, true);
+        const ScopedClippingRegion clipping(dc, {arrowX, rect.min.y + EDGE, arrow.x, inner});
+        drawSharp(dc, face.arrow, {arrowX, rect.min.y + (rect.height() - arrow.y) / 2}, true);
     }
-    const int textWidth = rect.width() - arrowWidth - 2 * EDGE;
+    const int textWidth = rect.width() - arrow.x - 2 * EDGE;
     if (face.text.empty() || textWidth <= 0 || inner <= 0)
         return;
     const ScopedClippingRegion clipping(dc, {rect.min.x + EDGE, rect.min.y + EDGE, textWidth, inner});

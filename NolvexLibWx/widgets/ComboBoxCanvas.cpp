@@ -3,6 +3,7 @@
 
 #include "NolvexLibWx/ColourConversions.h"
 #include "NolvexLibWx/StringConversions.h"
+#include "NolvexLibWx/detail/ScreenPlaces.h"
 #include "NolvexLibWx/widgets/detail/ComboBoxSelection.h"
 
 #include <wx/brush.h>
@@ -133,7 +134,7 @@ void Wx::ComboBoxDropdown::Canvas::onMouseMoved(wxMouseEvent& event)
 
 void Wx::ComboBoxDropdown::Canvas::onMouseUp(wxMouseEvent& event)
 {
-    const wxPoint inView = GetParent()->ScreenToClient(ClientToScreen(event.GetPosition()));
+    const wxPoint inView = Detail::screenToClient(*GetParent(), ClientToScreen(event.GetPosition()));
     // A press in the list may be released outside.
     if (GetParent()->GetClientRect().Contains(inView))
         m_dropdown.choose(rowAt(event.GetPosition()));

@@ -7,6 +7,7 @@
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/StringConversions.h"
+#include "NolvexLibWx/detail/ScreenPlaces.h"
 #include "NolvexLibWx/paint/CrispLines.h"
 #include "NolvexLibWx/widgets/detail/ButtonAccount.h"
 
@@ -41,11 +42,6 @@ const Array<int>& checked(const Array<int>& ids, const Array<wxString>& labels,
     if (ids.empty() || labels.size() != ids.size() || callbacks.size() != ids.size())
         Nolvex::Detail::throwStopException(SOURCE, __LINE__);
     return ids;
-}
-
-bool isWithin(int offset, int length)
-{
-    return static_cast<unsigned>(offset) < static_cast<unsigned>(length);
 }
 
 } // namespace
@@ -185,12 +181,10 @@ void Wx::DropdownButton::closeDropdown()
         m_popup->Hide();
 }
 
-// The mouse position relative to an item is calculated from screen positions, because the frame with the
-// items is a top-level window.
+// The position is compared on the screen, because the frame with the items is a top-level window.
 bool Wx::DropdownButton::isOver(const Button& item, const wxMouseEvent& event) const
 {
-    const wxPoint offset = event.GetPosition() + GetScreenPosition() - item.GetScreenPosition();
-    return isWithin(offset.x, item.GetSize().x) && isWithin(offset.y, item.GetSize().y);
+    return Detail::screenRect(item).Contains(ClientToScreen(event.GetPosition()));
 }
 
 void Wx::DropdownButton::onMouseMoved(wxMouseEvent& event)

@@ -2,6 +2,7 @@
 #include "NolvexLibWx/widgets/DropdownFrame.h"
 
 #include "NolvexLibWx/Monitors.h"
+#include "NolvexLibWx/detail/ScreenPlaces.h"
 #include "NolvexLibWx/platform/PopupPlacement.h"
 #include "NolvexLibWx/widgets/detail/ModalDialogWatch.h"
 
@@ -72,7 +73,7 @@ void Wx::DropdownFrame::moveBesideOwner()
 {
     if (Platform::placeBeside(*this, *m_owner))
         return;
-    const wxRect owner = m_owner->GetScreenRect();
+    const wxRect owner = Detail::screenRect(*m_owner);
     const Bucket monitor = getMonitorRegionByWindow(m_owner, MonitorRegionType::WORK_AREA);
     const int height = GetSize().y;
     const int below = owner.GetBottom() + 1;

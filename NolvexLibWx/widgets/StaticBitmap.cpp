@@ -3,6 +3,7 @@
 
 #include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/detail/LabelledAccount.h"
+#include "NolvexLibWx/paint/DensePixels.h"
 
 #include <wx/dcclient.h>
 
@@ -11,7 +12,7 @@ namespace Nolvex {
 Wx::StaticBitmap::StaticBitmap(wxWindow* parent, int id, const wxBitmap& bitmap)
     : wxPanel(parent, id, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxBORDER_NONE), m_bitmap(bitmap)
 {
-    SetInitialSize(m_bitmap.IsOk() ? m_bitmap.GetSize() : wxSize(0, 0));
+    SetInitialSize(screenSize(m_bitmap));
     Bind(wxEVT_PAINT, &StaticBitmap::onPaint, this);
     describeAs<LabelledAccount, AccessibleRole::IMAGE>(*this);
 }

@@ -10,6 +10,8 @@
 #include "NolvexLibWx/ScopedWindowFreezer.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/detail/HeldShowEvent.h"
+#include "NolvexLibWx/detail/ScreenPlaces.h"
+#include "NolvexLibWx/paint/CrispLines.h"
 #include "NolvexLibWx/platform/MouseTransparency.h"
 #include "NolvexLibWx/platform/PopupPlacement.h"
 #include "NolvexLibWx/widgets/detail/TooltipDismissal.h"
@@ -45,9 +47,12 @@ wxColour opaqueSystemColour(wxSystemColour index)
     return Wx::toWxColour(Wx::toRgbBytes(wxSystemSettings::GetColour(index)));
 }
 
-bool isWithin(int offset, int length)
+void paintBox(wxDC& dc, const wxRect& box, const wxColour& inside, const wxColour& outline)
 {
-    return static_cast<unsigned>(offset) < static_cast<unsigned>(length);
+    dc.SetBrush({inside, wxBRUSHSTYLE_SOLID});
+    CrispLines lines(dc);
+    lines.setPen({outline, 1, wxPENSTYLE_SOLID});
+    lines.drawRectangle(box);
 }
 
 // Wraps one paragraph, which is a text without line-feeds.
@@ -208,9 +213,7 @@ bool Wx::Tooltip::hasReason() const
     const wxMouseState mouse = wxGetMouseState();
     if (mouse.LeftIsDown() || mouse.MiddleIsDown() || mouse.RightIsDown())
         return false;
-    const wxPoint offset = mouse.GetPosition() - m_owner->GetScreenPosition();
-    const wxSize size = m_owner->GetSize();
-    return isWithin(offset.x, size.x) && isWithin(offset.y, size.y);
+    return Detail::screenRect(*m_owner).Contains(mouse.GetPosition());
 }
 
 void Wx::Tooltip::onTimer(wxTimerEvent& /*event*/)
@@ -278,9 +281,7 @@ void Wx::Tooltip::paint(wxDC& dc) const
 {
     const wxColour background = opaqueSystemColour(wxSYS_COLOUR_INFOBK);
     const wxColour foreground = opaqueSystemColour(wxSYS_COLOUR_INFOTEXT);
-    dc.SetBrush({background, wxBRUSHSTYLE_SOLID});
-    dc.SetPen({foreground, 1, wxPENSTYLE_SOLID});
-    dc.DrawRectangle(GetClientRect());
+    paintBox(dc, GetClientRect(), background, foreground);
     dc.SetTextBackground(background);
     dc.SetTextForeground(foreground);
     dc.SetFont(GetFont());

@@ -15,6 +15,7 @@
 #include "apps/gallery/PageList.h"
 #include "apps/gallery/SkinEditor.h"
 #include "apps/gallery/Skins.h"
+#include "apps/program/SystemParts.h"
 
 #include <wx/panel.h>
 #include <wx/sizer.h>
@@ -134,6 +135,7 @@ void GalleryFrame::applySkin(const Wx::GuiSkin& skin, const String& name)
 void GalleryFrame::previewSkin(const Wx::GuiSkin& skin)
 {
     Wx::GuiSkin::DEFAULT() = skin;
+    Program::matchSystemParts(skin);
     Wx::applySkinRecursive(this, Wx::GuiSkin::DEFAULT());
     // applySkinRecursive() gives every button the plain colours.
     m_titles->button(m_shown)->setToggled(true);

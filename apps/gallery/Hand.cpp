@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "apps/gallery/Hand.h"
 
+#include "NolvexLibWx/DpiScaling.h"
+#include "NolvexLibWx/GeometryConversions.h"
+
 #include <wx/uiaction.h>
 #include <wx/utils.h>
 
@@ -18,7 +21,8 @@ constexpr int WHEEL_NOTCH = 120;
 wxPoint placeIn(const wxWindow& window, const wxPoint& offset)
 {
     const wxSize size = window.GetClientSize();
-    return window.ClientToScreen(wxPoint(size.x / 2, size.y / 2)) + offset;
+    return window.ClientToScreen(wxPoint(size.x / 2, size.y / 2)) +
+           Wx::toWxPoint(Wx::scaleByDpi(Wx::toPixel(offset)));
 }
 
 } // namespace

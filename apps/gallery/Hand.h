@@ -78,10 +78,10 @@ Function<bool(wxWindow&)> when(std::size_t index, Condition isReached)
     };
 }
 
-/// Moves the mouse to the middle of the window, or `offset` pixels away from there.
+/// Moves the mouse to the middle of the window, or `offset` design units away from there.
 Scene::Step moveTo(const Finder& window, wxPoint offset = {}, Function<bool(wxWindow&)> isReached = {});
 
-/// Moves the mouse by so many pixels as part of a drag from one window to another. The other functions let
+/// Moves the mouse there as part of a drag from one window to another. The other functions let
 /// wxWidgets process the motion before they return, and would return only after the drag.
 Scene::Step dragTo(const Finder& window, wxPoint offset = {}, Function<bool(wxWindow&)> isReached = {});
 

@@ -11,6 +11,7 @@
 #include "apps/program/ScreenshotTimer.h"
 #include "apps/program/platform/ErrorReport.h"
 #include "apps/program/platform/ProcessArguments.h"
+#include "apps/program/platform/UserLanguage.h"
 
 #include <cstdio>
 #include <filesystem>
@@ -53,6 +54,7 @@ int main(int argc, char** argv)
     const Io::Path folder = takesPictures ? arguments[1] : Io::Path();
     if (takesPictures && !std::filesystem::is_directory(folder.native()))
         return fail(L"There is no folder \"" + folder.nativeStr() + L"\".");
+    Program::useLanguageOfUser();
     try {
         LibWx::startup(LibWx::ApplicationType::APPLICATION);
     } catch (const Exception& failure) {

@@ -12,11 +12,26 @@
 #include <wx/mstream.h>
 #include <wx/window.h>
 
+#include <algorithm>
+
 namespace Nolvex::Program {
+
+namespace {
+
+wxRect clientAreaOnScreen(const wxWindow& window)
+{
+    const wxSize size = window.GetClientSize();
+    const wxPoint origin = window.ClientToScreen(wxPoint(0, 0));
+    // In a layout from right to left, the origin is the upper right corner.
+    const int opposite = window.ClientToScreen(wxPoint(size.x, 0)).x;
+    return {wxPoint(std::min(origin.x, opposite), origin.y), size};
+}
+
+} // namespace
 
 BitmapImpl<Rgb> captureWindow(const wxWindow& window)
 {
-    const wxRect area(window.ClientToScreen(wxPoint(0, 0)), window.GetClientSize());
+    const wxRect area = clientAreaOnScreen(window);
     BitmapImpl<Rgb> captured = Wx::getScreenRegionColors(Wx::toBucket(area));
     return wasRead(captured) ? captured : BitmapImpl<Rgb>();
 }

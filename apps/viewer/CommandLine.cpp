@@ -39,6 +39,7 @@ void describe(wxCmdLineParser& parser)
     parser.SetSwitchChars("-");
     parser.SetLogo("Shows a picture (PNG, JPEG, BMP, GIF, TIFF, TGA, ICO, PFM), or a bundled sample.\n");
     parser.AddLongOption("screenshot", "write what the window shows to this PNG file, then end");
+    parser.AddLongSwitch("capture", "begin with a picture of the screen");
     parser.AddLongSwitch("version", "print the version");
     parser.AddSwitch("h", "help", "print this text");
     parser.AddParam("PICTURE", wxCMD_LINE_VAL_STRING, wxCMD_LINE_PARAM_OPTIONAL);
@@ -77,6 +78,7 @@ Expected<CommandLine, String> parseCommandLine(const Array<Io::Path>& arguments)
     if (parser.Parse(false) != 0)
         return Unexpected{Wx::toString(messages.text() + ". Try --help.")};
     CommandLine line;
+    line.capture = parser.Found("capture");
     line.help = parser.Found("help");
     line.version = parser.Found("version");
     wxString text;
@@ -84,6 +86,8 @@ Expected<CommandLine, String> parseCommandLine(const Array<Io::Path>& arguments)
         line.screenshot = pathOf(text, arguments);
     if (parser.GetParamCount() > 0)
         line.picture = pathOf(parser.GetParam(0), arguments);
+    if (line.capture && !(line.picture.isEmpty() && line.screenshot.isEmpty()))
+        return Unexpected{String(L"--capture stands alone. Try --help.")};
     return line;
 }
 

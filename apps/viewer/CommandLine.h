@@ -18,6 +18,8 @@ struct CommandLine
     /// The file to which a picture of the window is written before the program ends. If the path is empty,
     /// the window stays open.
     Io::Path screenshot;
+    /// Begin with a picture of the screen.
+    bool capture = false;
     bool help = false;
     bool version = false;
 };

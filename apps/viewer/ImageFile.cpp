@@ -3,13 +3,9 @@
 
 #include "NolvexLib/Array.h"
 #include "NolvexLib/Exception.h"
-#include "NolvexLib/ImageFormatDescriptor.h"
 #include "NolvexLib/Io/FileInputStream.h"
 #include "NolvexLib/Io/FileSize.h"
-#include "NolvexLibWx/MemoryImages.h"
-#include "apps/viewer/PortableFloatMap.h"
-
-#include <wx/image.h>
+#include "apps/viewer/reading/PictureReader.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -57,48 +53,13 @@ Expected<Array<std::byte>, String> readWholeFile(const Io::Path& path)
     }
 }
 
-Expected<Image, String> toImage(const wxImage& source)
-{
-    const bool alpha = source.HasAlpha();
-    Expected<Image, String> image =
-        Image::create(source.GetWidth(), source.GetHeight(),
-                      alpha ? PixelFormat::UINT8_RGBA : PixelFormat::UINT8_RGB, 1.0f);
-    const unsigned char* colour = source.GetData();
-    const unsigned char* opacity = source.GetAlpha();
-    for (std::int32_t y = source.GetHeight() - 1; image && y >= 0; --y) {
-        auto to = image->row(y).begin();
-        for (int x = 0; x < source.GetWidth(); ++x) {
-            for (int channel = 0; channel < 3; ++channel)
-                *to++ = static_cast<std::byte>(*colour++);
-            if (alpha)
-                *to++ = static_cast<std::byte>(*opacity++);
-        }
-    }
-    return image;
-}
-
-Expected<Image, String> decode(ArrayView<const std::byte> content)
-{
-    if (isPortableFloatMap(content))
-        return readPortableFloatMap(content);
-    Expected<wxImage, String> decoded = Wx::decodeWholeImage(content);
-    if (!decoded)
-        return Unexpected{decoded.error()};
-    if (decoded->HasMask() && !decoded->HasAlpha())
-        decoded->InitAlpha();
-    return toImage(*decoded);
-}
-
 } // namespace
 
 Array<Io::FileFilter> readableFilters()
 {
-    Io::FileFilter pictures{L"Pictures", {L"*.pfm"}};
-    for (const ImageFormat format : {ImageFormat::PNG, ImageFormat::JPEG, ImageFormat::TIFF, ImageFormat::BMP,
-                                     ImageFormat::GIF, ImageFormat::TARGA, ImageFormat::ICO}) {
-        for (const String& extension : getImageFormatDescriptor(format).extensions)
-            pictures.patterns.push_back(L"*." + extension);
-    }
+    Io::FileFilter pictures{L"Pictures", {}};
+    for (const String& extension : readableExtensions())
+        pictures.patterns.push_back(L"*." + extension);
     return {pictures, {L"All files", {L"*"}}};
 }
 
@@ -107,10 +68,11 @@ Expected<SharedPicture, String> readPictureFile(const Io::Path& path)
     const Expected<Array<std::byte>, String> content = readWholeFile(path);
     if (!content)
         return Unexpected{content.error()};
-    Expected<Image, String> image = decode(*content);
-    if (!image)
-        return refuse(path, image.error());
-    auto picture = std::make_shared<const Picture>(path.fileName(), std::move(*image));
+    Expected<ReadImage, String> read = readerFor(*content).read(*content, {});
+    if (!read)
+        return refuse(path, read.error());
+    auto picture =
+        std::make_shared<const Picture>(path.fileName(), std::move(read->image), std::move(read->omissions));
     if (!picture->bitmap().IsOk())
         return refuse(path, L"it is too large");
     return SharedPicture(std::move(picture));
@@ -118,7 +80,10 @@ Expected<SharedPicture, String> readPictureFile(const Io::Path& path)
 
 String openedMessage(const Picture& picture)
 {
-    return L"Opened \"" + picture.name() + L"\", " + picture.sizeText() + L" pixels.";
+    String message = L"Opened \"" + picture.name() + L"\", " + picture.sizeText() + L" pixels.";
+    for (const String& omission : picture.omissions())
+        message += L" " + omission;
+    return message;
 }
 
 } // namespace Nolvex::Viewer

@@ -13,12 +13,12 @@ namespace Nolvex::Viewer {
 /// The filters of the dialogs that open pictures: all pictures, and all files.
 Array<Io::FileFilter> readableFilters();
 
-/// Reads a picture from a file, and names it after the file. PNG, JPEG, BMP, GIF (its first frame), TIFF, TGA
-/// and ICO give 8-bit images that are encoded for display, Portable Float Maps give float images of linear
-/// light. The library must be started. The error is a sentence for the user that names the file.
+/// Reads a picture from a file, by the reader for its content, and names it after the file. The library must
+/// be started. The error is a sentence for the user that names the file.
 Expected<SharedPicture, String> readPictureFile(const Io::Path& path);
 
-/// Returns a sentence for the user that tells the name and the size of a picture that has been read.
+/// Returns sentences for the user that tell the name and the size of a picture that has been read, and what
+/// the file holds besides.
 String openedMessage(const Picture& picture);
 
 } // namespace Nolvex::Viewer

@@ -9,6 +9,7 @@
 #include <wx/pen.h>
 #include <wx/utils.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace Nolvex::Viewer {
@@ -28,8 +29,9 @@ ImageView::ImageView(wxWindow* parent, SharedPicture picture)
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     SetBackgroundColour(Wx::toWxColour(Wx::GuiSkin::DEFAULT().darkBackground));
     SetScrollRate(SCROLL_STEP, SCROLL_STEP);
-    SetVirtualSize(bitmapSize());
+    SetVirtualSize(shownSize());
     Bind(wxEVT_PAINT, &ImageView::onPaint, this);
+    Bind(wxEVT_SIZE, &ImageView::onSized, this);
     Bind(wxEVT_SET_FOCUS, &ImageView::onFocus, this);
     Bind(wxEVT_KILL_FOCUS, &ImageView::onFocus, this);
     AddFilter(this);
@@ -53,7 +55,7 @@ void ImageView::setPicture(SharedPicture picture)
 {
     m_picture = std::move(picture);
     m_developed = wxBitmap();
-    SetVirtualSize(bitmapSize());
+    SetVirtualSize(shownSize());
     Scroll(0, 0);
     Refresh();
 }
@@ -81,19 +83,37 @@ const wxBitmap& ImageView::bitmap() const
 Optional<Pixel> ImageView::pixelAt(const wxPoint& position) const
 {
     const wxPoint offset = position - bitmapOrigin();
-    if (!wxRect(bitmapSize()).Contains(offset) || !wxRect(GetClientSize()).Contains(position))
+    if (!wxRect(shownSize()).Contains(offset) || !wxRect(GetClientSize()).Contains(position))
         return {};
-    return Pixel{offset.x, offset.y};
+    return Pixel{offset.x, offset.y} * pixelsPerUnit();
 }
 
-wxSize ImageView::bitmapSize() const
+// Returns how many pixels of the picture are shown in each direction by one pixel of wxWidgets. A pixel of
+// the picture is a pixel of the device.
+int ImageView::pixelsPerUnit() const
 {
-    return bitmap().IsOk() ? bitmap().GetSize() : wxSize(0, 0);
+    return std::max(static_cast<int>(GetContentScaleFactor()), 1);
+}
+
+wxSize ImageView::shownSize() const
+{
+    if (!bitmap().IsOk())
+        return {0, 0};
+    const int dense = pixelsPerUnit();
+    const wxSize size = bitmap().GetSize();
+    return {(size.x + dense - 1) / dense, (size.y + dense - 1) / dense};
+}
+
+// Pixels of the device may be smaller on the screen to which the window was moved.
+void ImageView::onSized(wxSizeEvent& event)
+{
+    SetVirtualSize(shownSize());
+    event.Skip();
 }
 
 wxPoint ImageView::bitmapOrigin() const
 {
-    const wxSize room = GetClientSize() - bitmapSize();
+    const wxSize room = GetClientSize() - shownSize();
     const wxPoint scrolled = CalcUnscrolledPosition({0, 0});
     return {room.x > 0 ? room.x / 2 : -scrolled.x, room.y > 0 ? room.y / 2 : -scrolled.y};
 }
@@ -105,7 +125,7 @@ void ImageView::onPaint(wxPaintEvent& /*event*/)
     dc.Clear();
     // Only the visible part is drawn: a bitmap may be larger than the window system can draw at once.
     const wxPoint origin = bitmapOrigin();
-    const wxRect visible = wxRect(-origin, GetClientSize()).Intersect(wxRect(bitmapSize()));
+    const wxRect visible = wxRect(-origin, GetClientSize()).Intersect(wxRect(shownSize()));
     if (const wxBitmap shown = visible.IsEmpty() ? wxBitmap() : visibleBitmap(visible); shown.IsOk())
         dc.DrawBitmap(shown, origin + visible.GetTopLeft());
     if (m_focusMark) {
@@ -116,12 +136,21 @@ void ImageView::onPaint(wxPaintEvent& /*event*/)
     m_painted = true;
 }
 
-// Returns the part of the picture as it is shown. With other settings than the usual ones, the result is kept
-// until the part changes.
-wxBitmap ImageView::visibleBitmap(const wxRect& part)
+// Returns the picture as it is shown in an area, in pixels of wxWidgets, of what the view can be scrolled
+// over. With other settings than the usual ones, the result is kept until the area changes.
+wxBitmap ImageView::visibleBitmap(const wxRect& area)
 {
-    if (m_display == DisplaySettings())
-        return bitmap().GetSubBitmap(part);
+    const int dense = pixelsPerUnit();
+    const wxRect part =
+        wxRect(area.GetTopLeft() * dense, area.GetSize() * dense).Intersect(wxRect(bitmap().GetSize()));
+    wxBitmap shown = m_display == DisplaySettings() ? bitmap().GetSubBitmap(part) : developedBitmap(part);
+    if (shown.IsOk() && shown.GetScaleFactor() != dense)
+        shown.SetScaleFactor(dense);
+    return shown;
+}
+
+const wxBitmap& ImageView::developedBitmap(const wxRect& part)
+{
     if (!m_developed.IsOk() || part != m_developedPart) {
         m_developed = developBitmap(m_picture->image(), m_display, part);
         m_developedPart = part;

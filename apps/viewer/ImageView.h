@@ -40,6 +40,10 @@ public:
     /// Returns the bitmap of the picture, or an invalid bitmap if there is no picture.
     const wxBitmap& bitmap() const;
 
+    /// Returns the size of the whole picture on the screen, in pixels of wxWidgets. Each pixel of the picture
+    /// is one pixel of the device.
+    wxSize shownSize() const;
+
     /// Returns the pixel of the picture that is shown at a position of the client area, or nullopt beside the
     /// picture. Counts from the top left pixel.
     Optional<Pixel> pixelAt(const wxPoint& position) const;
@@ -55,9 +59,11 @@ private:
 
     void onPaint(wxPaintEvent& event);
     void onFocus(wxFocusEvent& event);
-    wxBitmap visibleBitmap(const wxRect& part);
+    wxBitmap visibleBitmap(const wxRect& area);
+    const wxBitmap& developedBitmap(const wxRect& part);
+    void onSized(wxSizeEvent& event);
+    int pixelsPerUnit() const;
     wxPoint bitmapOrigin() const;
-    wxSize bitmapSize() const;
 
     SharedPicture m_picture;
     DisplaySettings m_display;

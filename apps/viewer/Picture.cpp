@@ -8,8 +8,10 @@
 
 namespace Nolvex::Viewer {
 
-Picture::Picture(String name, Image image)
-    : m_name(std::move(name)), m_image(std::make_shared<const Image>(std::move(image)))
+Picture::Picture(String name, Image image, Array<String> omissions)
+    : m_name(std::move(name)),
+      m_image(std::make_shared<const Image>(std::move(image))),
+      m_omissions(std::move(omissions))
 {}
 
 std::shared_ptr<const Picture> Picture::named(String name) const

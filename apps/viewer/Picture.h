@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "NolvexLib/Array.h"
 #include "NolvexLib/Pixel.h"
 #include "NolvexLib/String.h"
 #include "NolvexLibImage/Image.h"
@@ -16,13 +17,16 @@ namespace Nolvex::Viewer {
 class Picture
 {
 public:
-    Picture(String name, Image image);
+    /// The omissions are sentences about what the file holds besides the image.
+    Picture(String name, Image image, Array<String> omissions = {});
 
     const String& name() const { return m_name; }
 
     const Image& image() const { return *m_image; }
 
     Pixel size() const { return {image().descriptor().width, image().descriptor().height}; }
+
+    const Array<String>& omissions() const { return m_omissions; }
 
     /// Returns the same picture with another name. Both share the image.
     std::shared_ptr<const Picture> named(String name) const;
@@ -37,6 +41,7 @@ public:
 private:
     String m_name;
     std::shared_ptr<const Image> m_image;
+    Array<String> m_omissions;
     mutable wxBitmap m_bitmap;
 };
 

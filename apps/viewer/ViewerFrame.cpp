@@ -20,7 +20,6 @@
 #include "apps/viewer/ImageView.h"
 #include "apps/viewer/LogPanel.h"
 #include "apps/viewer/ProbeTool.h"
-#include "apps/viewer/ScreenPicture.h"
 #include "apps/viewer/ToolBar.h"
 #include "apps/viewer/ViewOptions.h"
 #include "apps/viewer/WindowSize.h"
@@ -43,16 +42,14 @@ namespace {
 constexpr RgbBytes LIGHT_SURROUND_COLOUR{200, 200, 200};
 const wxSize MIN_VIEW(80, 60); // scroll bars need some room
 
-// The screen is captured this long after the command, so that the menu has left the screen.
-constexpr int CAPTURE_DELAY_MS = 250;
-
 } // namespace
 
-ViewerFrame::ViewerFrame(const SharedPicture& picture, Array<Io::Path> files)
+ViewerFrame::ViewerFrame(const SharedPicture& picture, Array<Io::Path> files, AskForScreen ask)
     : wxFrame(nullptr, wxID_ANY, wxString()),
       m_saving(*this,
                [this](const SaveTask& task, const Optional<String>& failure) { onSaved(task, failure); }),
-      m_pictures(std::move(files))
+      m_pictures(std::move(files)),
+      m_capture(std::move(ask), [this](const auto& captured) { onCaptured(captured); })
 {
     Wx::setZephraIcon(this);
     // The log inherits the font, which makes its text as large as those of the other controls.
@@ -74,7 +71,7 @@ ViewerFrame::ViewerFrame(const SharedPicture& picture, Array<Io::Path> files)
     Wx::applySkinRecursive(this, Wx::GuiSkin::DEFAULT());
     setLightSurround(false);
 
-    SetClientSize(clientSizeFor(m_view->bitmap(), above->GetMinSize().y));
+    SetClientSize(clientSizeFor(m_view->shownSize(), above->GetMinSize().y));
     Centre();
     bindCommands();
     makeRoom();
@@ -130,8 +127,6 @@ void ViewerFrame::bindCommands()
     bind(Command::PIXEL_PROBE, [this] { setPixelProbe(!hasPixelProbe()); });
     bind(Command::ABOUT, [this] { tellAbout(); });
     Bind(wxEVT_COLLAPSIBLEPANE_CHANGED, [this](wxCollapsiblePaneEvent&) { makeRoom(); });
-    m_captureTimer.SetOwner(this);
-    Bind(wxEVT_TIMER, [this](wxTimerEvent&) { captureScreen(); });
     Bind(wxEVT_CLOSE_WINDOW, &ViewerFrame::onClose, this);
     Bind(wxEVT_CHAR_HOOK, &ViewerFrame::onKey, this);
     Bind(wxEVT_MENU_OPEN, &ViewerFrame::onMenuOpened, this);
@@ -143,11 +138,6 @@ ViewerFrame::~ViewerFrame() = default;
 bool ViewerFrame::wasPainted() const
 {
     return m_view->wasPainted();
-}
-
-bool ViewerFrame::openPicture(const Io::Path& file)
-{
-    return openPictures({file});
 }
 
 bool ViewerFrame::openPictures(const Array<Io::Path>& files)
@@ -209,17 +199,16 @@ bool ViewerFrame::copyPicture()
     return true;
 }
 
-bool ViewerFrame::captureScreen()
+void ViewerFrame::onCaptured(const ScreenCaptureCommand::Result& captured)
 {
-    Optional<Image> screen = captureDisplays();
-    if (!screen)
-        return complain(L"The screen cannot be read.");
-    const auto picture =
-        std::make_shared<const Picture>(L"Unsaved picture of the screen", std::move(*screen));
-    m_pictures = {};
-    showPicture(picture, {});
-    report(L"Captured the screen, " + picture->sizeText() + L" pixels.");
-    return true;
+    if (captured) {
+        m_pictures = {};
+        showPicture(*captured, {});
+        report(L"Captured the screen, " + (*captured)->sizeText() + L" pixels.");
+    } else {
+        complain(captured.error());
+    }
+    Show();
 }
 
 void ViewerFrame::showLog(bool show)
@@ -329,10 +318,14 @@ void ViewerFrame::onOpen()
     const wxWeakRef<ViewerFrame> self(this);
     if (!m_saving.letGo() || !self)
         return;
+    const SharedPicture letGo = m_view->picture();
     const Io::Path folder = m_pictures.current().value_or(Io::Path()).parentDirectory();
     const Stack<Io::Path> files = Wx::multiFilenameOpenDlg(Wx::getWindowNativeHandle(this), L"Open pictures",
                                                            readableFilters(), folder);
-    if (self && !files.empty())
+    if (!self || files.empty())
+        return;
+    // A picture of the screen may have arrived while the dialog was open.
+    if (m_view->picture() == letGo || (m_saving.letGo() && self))
         openPictures(Array<Io::Path>(files.begin(), files.end()));
 }
 
@@ -357,18 +350,22 @@ void ViewerFrame::onCopy()
 void ViewerFrame::onCapture()
 {
     const wxWeakRef<ViewerFrame> self(this);
-    if (m_saving.letGo() && self)
-        m_captureTimer.StartOnce(CAPTURE_DELAY_MS);
+    if (m_capture.isRunning())
+        complain(L"The desktop is still being asked for a picture of the screen.");
+    else if (m_saving.letGo() && self)
+        m_capture.startSoon();
 }
 
 void ViewerFrame::onClose(wxCloseEvent& event)
 {
     const wxWeakRef<ViewerFrame> self(this);
     const bool mayClose = !event.CanVeto() || m_saving.letGo();
-    if (!mayClose)
+    if (!mayClose) {
         event.Veto();
-    else if (self)
+    } else if (self) {
+        m_capture.cancel();
         Destroy();
+    }
 }
 
 // The window handles the keys itself instead of the menu, because the log receives all keys while it has the

@@ -9,9 +9,9 @@
 #include "apps/viewer/Picture.h"
 #include "apps/viewer/PictureList.h"
 #include "apps/viewer/PictureSaving.h"
+#include "apps/viewer/ScreenCaptureCommand.h"
 
 #include <wx/frame.h>
-#include <wx/timer.h>
 
 #include <memory>
 
@@ -34,8 +34,9 @@ class ViewerFrame : public wxFrame
 {
 public:
     /// `files` are the files that were opened together, the first of which holds the picture. Without files
-    /// the picture counts as unsaved.
-    explicit ViewerFrame(const SharedPicture& picture, Array<Io::Path> files = {});
+    /// the picture counts as unsaved. `ask` asks for pictures of the screen.
+    explicit ViewerFrame(const SharedPicture& picture, Array<Io::Path> files = {},
+                         AskForScreen ask = Wx::requestScreenRegion);
     ~ViewerFrame() override;
 
     /// True once the picture has been painted on the screen.
@@ -43,7 +44,7 @@ public:
 
     // Each of these commands returns whether it succeeded, and writes the outcome to the log.
 
-    bool openPicture(const Io::Path& file);
+    bool openPicture(const Io::Path& file) { return openPictures({file}); }
 
     /// Shows the first of the files that can be read, and lets the user go through all of them.
     bool openPictures(const Array<Io::Path>& files);
@@ -52,8 +53,9 @@ public:
     /// window may have been closed and destroyed when this returns.
     bool copyPicture();
 
-    /// Replaces the picture by a picture of all displays, this window included.
-    bool captureScreen();
+    /// Begins to replace the picture by a picture of all displays, this window included. The desktop may ask
+    /// the user first. When the answer is there, the window is shown if it was hidden.
+    void captureScreen() { m_capture.start(); }
 
     void showLog(bool show);
 
@@ -101,6 +103,7 @@ private:
     void onCopy();
     void onClose(wxCloseEvent& event);
     void onCapture();
+    void onCaptured(const ScreenCaptureCommand::Result& captured);
     void onKey(wxKeyEvent& event);
     void onMenuOpened(wxMenuEvent& event);
     void onMenuClosed(wxMenuEvent& event);
@@ -113,7 +116,7 @@ private:
     PictureSaving m_saving;
     PictureList m_pictures;
     String m_description;
-    wxTimer m_captureTimer;
+    ScreenCaptureCommand m_capture;
     int m_openMenus = 0;
     bool m_tooltips = true;
     bool m_lightSurround = false;

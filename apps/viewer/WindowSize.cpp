@@ -3,7 +3,6 @@
 
 #include "NolvexLibWx/DpiScaling.h"
 
-#include <wx/bitmap.h>
 #include <wx/display.h>
 #include <wx/settings.h>
 #include <wx/sizer.h>
@@ -18,11 +17,11 @@ const wxSize MIN_SIZE(360, 300);
 
 } // namespace
 
-wxSize clientSizeFor(const wxBitmap& picture, int heightAbove)
+wxSize clientSizeFor(const wxSize& picture, int heightAbove)
 {
     const int around = 2 * (Wx::scaleByDpi(MARGIN) + BORDER);
     const wxSize frame(around + wxSystemSettings::GetMetric(wxSYS_VSCROLL_X), around + heightAbove);
-    wxSize size = (picture.IsOk() ? picture.GetSize() : wxSize(0, 0)) + frame;
+    wxSize size = picture + frame;
     size.IncTo(Wx::scaleByDpi(MIN_SIZE));
     size.DecTo(wxDisplay(0u).GetClientArea().GetSize() * 4 / 5);
     return size;

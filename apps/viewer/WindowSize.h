@@ -3,7 +3,6 @@
 
 #include <wx/gdicmn.h>
 
-class WXDLLIMPEXP_FWD_CORE wxBitmap;
 class WXDLLIMPEXP_FWD_CORE wxTopLevelWindow;
 class WXDLLIMPEXP_FWD_CORE wxWindow;
 
@@ -16,7 +15,7 @@ inline constexpr int MARGIN = 8;
 /// picture a vertical scroll bar. The scroll bar appears when the options or the log take some of the height,
 /// and would force a horizontal scroll bar if the width were missing. `heightAbove` is the height of what
 /// stands above the picture.
-wxSize clientSizeFor(const wxBitmap& picture, int heightAbove);
+wxSize clientSizeFor(const wxSize& picture, int heightAbove);
 
 /// Enlarges the window where the controls of the panel that fills the window need more room than they have,
 /// and lays the panel out.

@@ -3,14 +3,19 @@
 #include "NolvexLib/Exception.h"
 #include "NolvexLib/Io/FileSize.h"
 #include "NolvexLibWx/NolvexLibWx.h"
+#include "NolvexLibWx/widgets/GuiSkin.h"
 #include "apps/program/DialogIcon.h"
 #include "apps/program/ScreenshotTimer.h"
+#include "apps/program/SystemParts.h"
 #include "apps/program/WindowPicture.h"
 #include "apps/program/platform/ErrorReport.h"
 #include "apps/program/platform/ProcessArguments.h"
+#include "apps/program/platform/UserLanguage.h"
 #include "apps/viewer/CommandLine.h"
 #include "apps/viewer/ImageFile.h"
 #include "apps/viewer/ViewerFrame.h"
+
+#include <wx/app.h>
 
 #include <cstdio>
 #include <new>
@@ -59,13 +64,25 @@ int takeScreenshot(Viewer::ViewerFrame& frame, const Io::Path& file)
     return timer.error().isEmpty() ? 0 : fail(timer.error());
 }
 
+// The window appears together with the picture, so that the picture shows the screen without the window.
+int capture()
+{
+    auto* frame = new Viewer::ViewerFrame(nullptr);
+    Program::useIconInDialogs(*frame);
+    frame->captureScreen();
+    return LibWx::runEventLoop();
+}
+
 int show(const Viewer::CommandLine& line)
 {
+    if (line.capture)
+        return capture();
     const Io::Path file = line.picture.isEmpty() ? samplePicture() : line.picture;
     const Expected<Viewer::SharedPicture, String> picture = Viewer::readPictureFile(file);
     if (!picture)
         return fail(picture.error());
 
+    Program::matchSystemParts(Wx::GuiSkin::DEFAULT());
     auto* frame = new Viewer::ViewerFrame(*picture, {file});
     Program::useIconInDialogs(*frame);
     frame->Show();
@@ -86,11 +103,14 @@ int main(int argc, char** argv)
         return std::fputs(Viewer::usage().c_str(), stdout) < 0;
     if (line->version)
         return std::puts("nolvex-viewer " NOLVEX_VERSION) < 0;
+    Program::useLanguageOfUser();
     try {
         LibWx::startup(LibWx::ApplicationType::APPLICATION);
     } catch (const Exception& failure) {
         return fail(std::string(failure.what()));
     }
+    // Desktops look for the desktop file of this name when a window appears.
+    wxTheApp->SetAppDisplayName(L"nolvex-viewer");
     int result = 1;
     try {
         result = show(*line);

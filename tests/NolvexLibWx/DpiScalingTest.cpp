@@ -1,33 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/DpiScaling.h"
 
+#include "support/RunScale.h"
+#include "support/ScreenResolution.h"
+
 #include <wx/image.h>
-#include <wx/utils.h>
-#include <wx/window.h>
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <string>
-
 using namespace Nolvex;
+using namespace Nolvex::Tests;
 using Nolvex::Wx::scaleByDpi;
 
-// The environment of a run sets the scale, which is the DPI of the system divided by 96. The tests hold at
-// every scale.
-
 namespace {
-
-/// Returns the scale to a thousandth.
-double scale()
-{
-    return wxWindowBase::FromDIP(wxSize(1000, 0), nullptr).GetWidth() / 1000.0;
-}
-
-int scaled(int value)
-{
-    return static_cast<int>(std::lround(value * scale()));
-}
 
 wxBitmap checkeredBitmap()
 {
@@ -43,26 +28,24 @@ wxBitmap checkeredBitmap()
 
 TEST(DpiScalingTest, system_hasTheScaleThatTheRunWasStartedFor)
 {
-    wxString expected = "100"; // in percent
-    wxGetEnv("NOLVEX_TEST_SCALE", &expected);
-    EXPECT_EQ(std::to_string(std::lround(scale() * 100)), expected.utf8_string());
+    EXPECT_EQ(scaleByDpi(10000), scaledByRun(10000));
 }
 
 TEST(DpiScalingTest, integers_areScaledAndRounded)
 {
     for (const int value : {0, 1, 2, 3, 10, 24, 100, 250, 1000})
-        EXPECT_EQ(scaleByDpi(value), scaled(value)) << value;
+        EXPECT_EQ(scaleByDpi(value), scaledByRun(value)) << value;
 }
 
 TEST(DpiScalingTest, pixels_areScaledInBothCoordinates)
 {
-    EXPECT_EQ(scaleByDpi(Pixel{10, 100}), (Pixel{scaled(10), scaled(100)}));
+    EXPECT_EQ(scaleByDpi(Pixel{10, 100}), (Pixel{scaledByRun(10), scaledByRun(100)}));
 }
 
 TEST(DpiScalingTest, sizes_keepTheDefaultCoordinate)
 {
-    EXPECT_EQ(scaleByDpi(wxSize(-1, 20)), wxSize(-1, scaled(20)));
-    EXPECT_EQ(scaleByDpi(wxSize(20, -1)), wxSize(scaled(20), -1));
+    EXPECT_EQ(scaleByDpi(wxSize(-1, 20)), wxSize(-1, scaledByRun(20)));
+    EXPECT_EQ(scaleByDpi(wxSize(20, -1)), wxSize(scaledByRun(20), -1));
     EXPECT_EQ(scaleByDpi(wxDefaultSize), wxDefaultSize);
 }
 
@@ -97,8 +80,31 @@ TEST(DpiScalingTest, invalidBitmap_comesBackInvalid)
 
 TEST(DpiScalingTest, at96Dpi_nothingChanges)
 {
-    if (scale() != 1.0)
+    if (runScale() != 1.0)
         return; // the runs at other DPI are about the other tests
     for (const int value : {-5, -1, 0, 1, 7, 12345})
         EXPECT_EQ(scaleByDpi(value), value);
+}
+
+TEST(DpiScalingTest, resolutionOfFonts_isTheScaleOnGtk)
+{
+    const ScreenResolution resolution(144.0);
+    if (!resolution.isSet())
+        GTEST_SKIP() << "the system's resolution is fixed while a program runs; the runs at other DPI cover "
+                        "this";
+    EXPECT_EQ(scaleByDpi(10), 15);
+    EXPECT_EQ(scaleByDpi(1), 2);
+    EXPECT_EQ(scaleByDpi(-1), -1);
+    EXPECT_EQ(scaleByDpi(wxSize(-1, 20)), wxSize(-1, 30));
+}
+
+TEST(DpiScalingTest, anyResolution_leavesAPixelOfADesignUnitAndKeepsLengthsInRange)
+{
+    for (const double strange : {0.001, 10.0, 1e9}) {
+        const ScreenResolution resolution(strange);
+        if (!resolution.isSet())
+            GTEST_SKIP() << "the system's resolution is fixed while a program runs";
+        EXPECT_GE(scaleByDpi(1), 1) << strange;
+        EXPECT_LE(scaleByDpi(450), 45000) << strange;
+    }
 }

@@ -139,7 +139,14 @@ TEST_F(FileDialogsTest, open_returnsNamesThatAreNoUtf8)
         GTEST_SKIP() << "Names are UTF-16 on this system.";
     const Io::Path file = folder.path() / Io::Path(name);
     std::ofstream(file.native()) << "a";
-    DialogRobot robot({pressWhenListed({L"caf\ufffd.png (invalid encoding)"}, WXK_HOME), press(WXK_RETURN)});
+    // GTK says behind the name, in the language of the user, that the encoding is wrong.
+    const auto isListed = [] {
+        const Array<String> names =
+            hasFileDialog() ? Tests::listedFiles(Tests::activeFileDialog()) : Array<String>();
+        return names.size() == 1 && names.front().wstr().starts_with(L"caf\ufffd.png");
+    };
+    DialogRobot robot(
+        {{"the dialog lists the file", isListed, [] { pressKey(WXK_HOME); }}, press(WXK_RETURN)});
     EXPECT_EQ(filenameOpenDlg(owner, L"Open", {}, folder.path() / L""), file);
 }
 

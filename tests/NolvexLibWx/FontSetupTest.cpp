@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/FontSetup.h"
 
+#include "support/RunScale.h"
 #include "support/ScreenResolution.h"
 
 #include <wx/settings.h>
-#include <wx/window.h>
 
 #include <gtest/gtest.h>
 
 using namespace Nolvex;
 using namespace Nolvex::Wx;
+using Nolvex::Tests::runScale;
 using Nolvex::Tests::ScreenResolution;
 
 namespace {
@@ -19,16 +20,10 @@ wxFont systemFont()
     return wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT);
 }
 
-/// The scale of the run to a thousandth, so that 125 % is told apart from 100 %.
-double scale()
-{
-    return wxWindowBase::FromDIP(wxSize(1000, 0), nullptr).GetWidth() / 1000.0;
-}
-
 /// The height of the font's characters in pixels of the screen: 72 points are an inch.
 double characterHeight(const wxFont& font)
 {
-    return font.GetFractionalPointSize() / 72 * 96 * scale();
+    return font.GetFractionalPointSize() / 72 * 96 * runScale();
 }
 
 } // namespace
@@ -53,7 +48,7 @@ TEST(FontSetupTest, setDefaultFontSize_multipliesTheHeight)
 TEST(FontSetupTest, setDefaultFontSize_cutsToWholePixels)
 {
     // At 100 % 1.24 x 12 is 14.88: 14 pixels, not 15.
-    const int pixels = static_cast<int>(static_cast<float>(12 * scale()) * 1.24f);
+    const int pixels = static_cast<int>(static_cast<float>(12 * runScale()) * 1.24f);
     EXPECT_NEAR(characterHeight(setDefaultFontSize(systemFont(), 1.24f)), pixels, 0.01);
 }
 
@@ -72,14 +67,15 @@ TEST(FontSetupTest, setDefaultFontSize_keepsWeightAndStyleOfTheFont)
     EXPECT_EQ(font.GetStyle(), wxFONTSTYLE_ITALIC);
 }
 
-TEST(FontSetupTest, characters_keepTheirHeightInPixelsAtAnotherResolution)
+TEST(FontSetupTest, text_growsWithTheResolution)
 {
     const ScreenResolution resolution(144.0);
     if (!resolution.isSet())
         GTEST_SKIP()
             << "the system's resolution is fixed while a program runs; the runs at other DPI cover this";
-    EXPECT_DOUBLE_EQ(setDefaultFontSize(systemFont(), 1.0f).GetFractionalPointSize(), 6.0);
-    EXPECT_DOUBLE_EQ(setupStaticTextFont(systemFont(), {}).GetFractionalPointSize(), 6.0);
+    // 12 design units are 18 pixels here, which are 9 points again.
+    EXPECT_DOUBLE_EQ(setDefaultFontSize(systemFont(), 1.0f).GetFractionalPointSize(), 9.0);
+    EXPECT_DOUBLE_EQ(setupStaticTextFont(systemFont(), {}).GetFractionalPointSize(), 9.0);
 }
 
 TEST(FontSetupTest, setupStaticTextFont_dropsWeightAndStyleOfTheFont)

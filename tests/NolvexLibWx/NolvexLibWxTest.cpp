@@ -9,6 +9,7 @@
 #include "NolvexLib/StopException.h"
 #include "NolvexLibWx/FileDialogs.h"
 #include "NolvexLibWx/MessageDialog.h"
+#include "NolvexLibWx/ScreenCaptureRequest.h"
 #include "NolvexLibWx/widgets/ImageSaveSettingsDialog.h"
 #include "support/NativeTraits.h"
 #include "support/ProcessResources.h"
@@ -776,4 +777,20 @@ TEST(NolvexLibWxTest, eventLoopThatIsLeftBeneathADialogOfAThread_endsTheDialog)
         frame->Destroy();
         shutdown();
     }
+}
+
+TEST(NolvexLibWxTest, stop_withdrawsOpenQuestionsForTheScreen)
+{
+    bool isAnswered = false;
+    startup(ApplicationType::APPLICATION);
+    const Nolvex::Wx::ScreenCaptureRequest request = Nolvex::Wx::requestScreenRegion(
+        {{0, 0}, {9, 9}}, std::chrono::seconds(1),
+        [&isAnswered](const Nolvex::Wx::ScreenCaptureResult&) { isAnswered = true; });
+    EXPECT_TRUE(request.isOpen());
+    shutdown();
+    EXPECT_FALSE(request.isOpen());
+    startup(ApplicationType::APPLICATION);
+    Nolvex::LibWx::processAllPendingEvents();
+    EXPECT_FALSE(isAnswered);
+    shutdown();
 }

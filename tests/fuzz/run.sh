@@ -19,8 +19,8 @@ fuzz() {
   local name=$1 count=$2 artifact
   mkdir -p "$work/$name/artifacts"
   cp -R "$corpora/$name" "$work/$name/corpus"
-  # The fuzzer of pictures starts from the pictures of the tests.
-  [ "$name" != fuzzImage ] ||
+  # The fuzzers of pictures start from the pictures of the tests.
+  [[ "$name" != fuzzImage && "$name" != fuzzPicture ]] ||
     cp "$corpora"/../../data/images/formats/* "$corpora"/../../data/images/pattern* "$work/$name/corpus"
   if "$bin/$name" -runs="$count" -max_len=4096 -artifact_prefix="$work/$name/artifacts/" \
     "$work/$name/corpus" >"$work/$name/log" 2>&1; then

@@ -9,10 +9,12 @@
 #include <wx/app.h>
 #include <wx/debug.h>
 #include <wx/evtloop.h>
+#include <wx/uilocale.h>
 #include <wx/utils.h>
 
 #include <gtest/gtest.h>
 
+#include <clocale>
 #include <cstdio>
 
 namespace {
@@ -33,6 +35,12 @@ void keepSettingsOfDesktopIn(const Nolvex::Io::Path& folder)
     wxSetEnv("GSETTINGS_BACKEND", "memory");
 }
 
+// The tests run in the C locale, unless the variable asks for a host that uses the language of the user.
+bool isHostInLanguageOfUser()
+{
+    return wxGetEnv("NOLVEX_TEST_LANGUAGE_OF_USER", nullptr);
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -43,12 +51,16 @@ int main(int argc, char** argv)
     wxSetAssertHandler(failOnAssert);
     const Nolvex::Tests::TemporaryFolder settings;
     keepSettingsOfDesktopIn(settings.path());
+    if (isHostInLanguageOfUser())
+        std::setlocale(LC_ALL, ""); // GTK looks at the locale when it starts.
     try {
         Nolvex::LibWx::startup(Nolvex::LibWx::ApplicationType::APPLICATION);
     } catch (const Nolvex::Exception& failure) {
         std::fprintf(stderr, "%s\n", failure.what());
         return 1;
     }
+    if (isHostInLanguageOfUser())
+        wxUILocale::UseDefault(); // from right to left, if the language is
     int result = 0;
     {
         wxEventLoop loop;

@@ -8,13 +8,17 @@
 #include <wx/dcscreen.h>
 #include <wx/window.h>
 
+#include <algorithm>
 #include <ostream>
 
 namespace Nolvex {
 
 wxImage Tests::captureClientArea(wxWindow* window)
 {
-    const wxRect area(window->ClientToScreen(wxPoint(0, 0)), window->GetClientSize());
+    const wxSize size = window->GetClientSize();
+    wxRect area(window->ClientToScreen(wxPoint(0, 0)), size);
+    // In a layout from right to left, the origin is the upper right corner.
+    area.x = std::min(area.x, window->ClientToScreen(wxPoint(size.x, 0)).x);
     wxBitmap bitmap(area.GetSize(), 24);
     {
         wxMemoryDC memory(bitmap);

@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
 """Draws the application icon, a framed picture of a glass ball at dusk with a bright highlight, and writes it to
-NolvexLibWx/resources: as ApplicationIcon.png, and as the words that are compiled into the library."""
+NolvexLibWx/resources: as ApplicationIcon.png, and as the words that are compiled into the library. Also writes the icons
+of the viewer for desktops, one for each of their sizes, to apps/viewer/resources/desktop."""
 
 import math
 import pathlib
@@ -10,9 +11,12 @@ import zlib
 
 import words
 
-SIZE = 128
-SAMPLES = 4  # in each direction, a pixel
-RESOURCES = pathlib.Path(__file__).resolve().parents[2] / "NolvexLibWx" / "resources"
+SIZE = 128  # of the drawing, whose coordinates are used below
+SAMPLES = 4  # in each direction, for a pixel of that size
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+RESOURCES = ROOT / "NolvexLibWx" / "resources"
+DESKTOP_ICONS = ROOT / "apps" / "viewer" / "resources" / "desktop"
+DESKTOP_SIZES = (16, 22, 24, 32, 48, 64, 128, 256, 512)
 
 # Boxes are left, top, right, bottom, and the radius of the corners.
 SHADOW = (9, 12, 119, 126, 19)
@@ -108,16 +112,18 @@ def sample(x, y):
     return (0, 0, 0, 0.42 * min(1.0, max(0.0, 0.5 - distance_to_box(x, y, SHADOW) / 7)) ** 1.5)
 
 
-def pixel(column, row):
+def pixel(column, row, size):
+    # A pixel of a small icon covers more of the drawing.
+    samples = max(SAMPLES, SAMPLES * SIZE // size)
     red = green = blue = alpha = 0.0
-    for index in range(SAMPLES * SAMPLES):
-        x = column + (index % SAMPLES + 0.5) / SAMPLES
-        y = row + (index // SAMPLES + 0.5) / SAMPLES
+    for index in range(samples * samples):
+        x = (column + (index % samples + 0.5) / samples) * SIZE / size
+        y = (row + (index // samples + 0.5) / samples) * SIZE / size
         r, g, b, a = sample(x, y)
         red, green, blue, alpha = red + r * a, green + g * a, blue + b * a, alpha + a
-    if alpha * 255 / SAMPLES**2 < 0.5:
+    if alpha * 255 / samples**2 < 0.5:
         return (0, 0, 0, 0)
-    return tuple(round(value) for value in (red / alpha, green / alpha, blue / alpha, 255 * alpha / SAMPLES**2))
+    return tuple(round(value) for value in (red / alpha, green / alpha, blue / alpha, 255 * alpha / samples**2))
 
 
 def paeth(left, up, corner):
@@ -146,12 +152,13 @@ def chunk(kind, data):
     return struct.pack(">I", len(data)) + kind + data + struct.pack(">I", zlib.crc32(kind + data))
 
 
-def png(rows):
-    lines, previous = [], bytes(4 * SIZE)
-    for row in rows:
+def png(size):
+    lines, previous = [], bytes(4 * size)
+    for y in range(size):
+        row = b"".join(bytes(pixel(x, y, size)) for x in range(size))
         lines.append(filtered(row, previous))
         previous = row
-    header = struct.pack(">IIBBBBB", SIZE, SIZE, 8, 6, 0, 0, 0)
+    header = struct.pack(">IIBBBBB", size, size, 8, 6, 0, 0, 0)
     body = zlib.compress(b"".join(lines), 9)
     return b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", header) + chunk(b"IDAT", body) + chunk(b"IEND", b"")
 
@@ -170,10 +177,11 @@ def source(data):
 
 
 def main():
-    rows = [b"".join(bytes(pixel(column, row)) for column in range(SIZE)) for row in range(SIZE)]
-    data = png(rows)
+    data = png(SIZE)
     (RESOURCES / "ApplicationIcon.png").write_bytes(data)
     (RESOURCES / "ApplicationIcon.cpp").write_text(source(data), encoding="ascii", newline="\n")
+    for size in DESKTOP_SIZES:
+        (DESKTOP_ICONS / f"nolvex-viewer-{size}.png").write_bytes(png(size))
 
 
 if __name__ == "__main__":

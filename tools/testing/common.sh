@@ -18,8 +18,9 @@ BUILD_PACKAGES=(build-essential cmake ninja-build ccache pkg-config git
   libwxgtk3.2-dev libgtk-3-dev libutfcpp-dev zlib1g-dev libpng-dev libtiff-dev)
 TEST_PACKAGES=(libgtest-dev libgmock-dev libbenchmark-dev libpugixml-dev libxtst-dev libwayland-dev
   libxkbcommon-dev locales)
-DISPLAY_PACKAGES=(xvfb xauth openbox xclip fonts-dejavu-core)
+DISPLAY_PACKAGES=(xvfb xauth openbox xclip x11-xserver-utils fonts-dejavu-core)
 WAYLAND_PACKAGES=(sway xwayland grim wl-clipboard dbus at-spi2-core gir1.2-atspi-2.0 python3-gi xkb-data fonts-dejavu-core)
+DESKTOP_DATA_PACKAGES=(desktop-file-utils appstream shared-mime-info libglib2.0-bin file)
 STYLE_PACKAGES=(clang-format clang-tidy clang python3)
 FUZZ_PACKAGES=(clang libclang-rt-dev)
 
@@ -182,6 +183,29 @@ count_test_program() {
     grep -m 40 -A4 -E ': Failure|\[  FAILED  \]' "$log" || true
     echo "Status $status. All output of the tests: $log"
   fi
+}
+
+# The tests that hold at every scale of the screen and run again at some of them.
+SCALE_TESTS='DpiScalingTest.*:FontSetupTest.*:OskaBorder*:*SizeTest.*:*PixelTest.*:*FaceTest.*:PerScaleTest.*:*DensePixelsTest.*'
+
+# test_at_scales FUNCTION NAME...: runs FUNCTION NAME for each name, all at the same time. The function must log a test
+# program of that name; the tests are counted here.
+test_at_scales() {
+  local function=$1 name runs=()
+  shift
+  for name in "$@"; do
+    rm -f "build/$name-tests.status"
+    (
+      trap - EXIT
+      display_processes=()
+      "$function" "$name"
+    ) &
+    runs+=($!)
+  done
+  wait "${runs[@]}" || true # a run without a status counts as failed
+  for name in "$@"; do
+    count_test_program "$name"
+  done
 }
 
 # summary NAME: prints the closing line. Succeeds if tests passed and no test failed.

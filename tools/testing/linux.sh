@@ -20,6 +20,7 @@ echo "$(git rev-parse HEAD) $tests_run" >build/linux-test-count
 # The gallery takes pictures for minutes and waits most of the time.
 start_check "viewer" tools/testing/viewer.sh build/linux-release/bin/nolvex-viewer
 start_check "wayland" tools/testing/wayland.sh build/linux-release
+start_check "looks" tools/testing/looks.sh build/linux-release/bin
 check "gallery" tools/testing/gallery.sh build/linux-release/bin/nolvex-gallery
 check "accessibility" tools/testing/accessibility.sh build/linux-release/bin
 check "drag" tools/testing/drag.sh build/linux-release/bin
@@ -29,5 +30,18 @@ check "task bar" tools/testing/taskbar.sh build/linux-release/bin/NolvexTaskbarS
 check "monitors" tools/testing/monitors.sh build/linux-release/bin
 check "exports" tools/testing/exports.sh build/linux-release/lib/libNolvex*.so
 check "package" tools/testing/package.sh
+
+# test_at_scale linux-PERCENT: tests with the text scaling of the desktop.
+test_at_scale() {
+  local percent=${1#linux-}
+  start_display 1920x1200
+  echo "Xft.dpi: $((percent * 96 / 100))" | xrdb -merge
+  NOLVEX_TEST_SCALE=$percent G_DEBUG=fatal-criticals log_test_program "$1" \
+    build/linux-release/bin/NolvexLibWxTests --gtest_filter="$SCALE_TESTS"
+  stop_display
+}
+
+say "testing at other scales"
+test_at_scales test_at_scale linux-125 linux-150 linux-200 linux-300
 finish_checks
 summary linux

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # Installs the optimised build into an empty folder and builds the quick start against the installation, as a user of
-# the package does.
+# the package does. Also checks what the installed viewer tells the desktop.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 folder=$(mktemp -d)
@@ -19,6 +19,7 @@ awk '/^```cpp$/ { inside = 1; next } /^```$/ { inside = 0 } inside' README.md >"
   cmake --build "$folder/core"
   "$folder/core/core-only"
   "$folder/prefix/bin/nolvex-viewer" --version
+  tools/testing/desktop-data.sh "$folder/prefix"
   # Each header must compile alone, since a user may include it first.
   toolkit=$(wx-config --cxxflags)
   (cd "$folder/prefix/include" && find . -name '*.h') | xargs -P "$(nproc)" -I '{}' \

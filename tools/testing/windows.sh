@@ -38,27 +38,17 @@ stop_wine
 finish_checks
 stop_wine_of_parts
 
-# test_at_dpi DPI DISPLAY
+# test_at_dpi windows-DPI
 test_at_dpi() {
-  use_display "${2#:}"
-  start_wine "$1"
-  NOLVEX_TEST_SCALE=$(($1 * 100 / 96)) log_test_program "windows-$1" \
-    tools/testing/run-wine.sh "$WINDOWS_BUILD/bin/NolvexLibWxTests.exe" \
-    --gtest_filter='DpiScalingTest.*:FontSetupTest.*:OskaBorder*:*SizeTest.*:*PixelTest.*:*FaceTest.*:PerScaleTest.*'
+  local dpi=${1#windows-}
+  start_display
+  start_wine "$dpi"
+  NOLVEX_TEST_SCALE=$((dpi * 100 / 96)) log_test_program "$1" \
+    tools/testing/run-wine.sh "$WINDOWS_BUILD/bin/NolvexLibWxTests.exe" --gtest_filter="$SCALE_TESTS"
   stop_wine
+  stop_display
 }
 
 say "testing at other scales"
-scales=(120 144 192 288)
-read -ra displays <<<"$DISPLAY $NOLVEX_PART_DISPLAYS"
-rm -f build/windows-*-tests.status
-runs=()
-for index in "${!scales[@]}"; do
-  (trap - EXIT; test_at_dpi "${scales[index]}" "${displays[index % ${#displays[@]}]}") &
-  runs+=($!)
-done
-wait "${runs[@]}" || true # a run without a status counts as failed
-for dpi in "${scales[@]}"; do
-  count_test_program "windows-$dpi"
-done
+test_at_scales test_at_dpi windows-120 windows-144 windows-192 windows-288
 summary windows

@@ -1,23 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/platform/CharacterHeight.h"
 
-#include <gdk/gdk.h>
+#include "NolvexLibWx/platform/gtk/ScreenResolution.h"
 
 namespace Nolvex {
 
 namespace {
 
 constexpr double POINTS_PER_INCH = 72.0;
-constexpr double DEFAULT_RESOLUTION = 96.0;
-
-/// The pixels per inch by which GTK turns points into pixels.
-double screenResolution()
-{
-    GdkScreen* screen = gdk_screen_get_default();
-    const double resolution = screen ? gdk_screen_get_resolution(screen) : 0.0;
-    return resolution > 0.0 ? resolution
-                            : DEFAULT_RESOLUTION; // GDK reports -1 until a resolution has been set
-}
 
 } // namespace
 

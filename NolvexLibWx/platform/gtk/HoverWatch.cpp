@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/platform/gtk/HoverWatch.h"
 
+#include "NolvexLibWx/detail/ScreenPlaces.h"
+
 #include <wx/event.h>
 
 #include <gtk/gtk.h>
@@ -27,7 +29,7 @@ void send(wxWindow& window, wxEventType type)
     event.SetEventObject(&window);
     const wxMouseState mouse = wxGetMouseState();
     event.SetState(mouse);
-    event.SetPosition(window.ScreenToClient(mouse.GetPosition()));
+    event.SetPosition(Wx::Detail::screenToClient(window, mouse.GetPosition()));
     window.HandleWindowEvent(event);
 }
 

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/platform/gtk/LauncherEntry.h"
 
+#include "NolvexLibWx/platform/gtk/SessionBus.h"
+
 #include <gio/gio.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
-#include <filesystem>
 #include <mutex>
 #include <system_error>
 #include <utility>
@@ -22,27 +23,6 @@ using Platform::LauncherProgress;
 constexpr auto SENDING_INTERVAL = 20ms;
 // A bus that hangs may delay the end of an operation by no more than this.
 constexpr auto CLOSING_TIME = 50ms;
-
-std::string environment(const char* variable)
-{
-    const char* const value = g_getenv(variable);
-    return value == nullptr ? std::string() : std::string(value);
-}
-
-/// Returns an empty text if there is no bus. GIO itself would start a bus.
-std::string sessionBusAddress()
-{
-    const std::string address = environment("DBUS_SESSION_BUS_ADDRESS");
-    if (!address.empty())
-        return address.find("autolaunch:") == std::string::npos ? address : std::string();
-    const std::filesystem::path folder = environment("XDG_RUNTIME_DIR");
-    std::error_code failure;
-    if (folder.empty() || !std::filesystem::is_socket(folder / "bus", failure))
-        return {};
-    const std::unique_ptr<char, void (*)(gpointer)> escaped(
-        g_dbus_address_escape_value((folder / "bus").c_str()), g_free);
-    return std::string("unix:path=") + escaped.get();
-}
 
 /// Returns the desktop file with the name of the program. GTK sets that name when it starts.
 std::string applicationUri()

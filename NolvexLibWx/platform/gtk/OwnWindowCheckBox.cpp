@@ -4,6 +4,7 @@
 #include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/paint/CheckBoxExtent.h"
 #include "NolvexLibWx/platform/FocusTransfer.h"
+#include "NolvexLibWx/platform/gtk/InputMethod.h"
 #include "NolvexLibWx/platform/gtk/Mnemonic.h"
 
 #include <gtk/gtk.h>
@@ -27,6 +28,7 @@ bool Platform::OwnWindowCheckBox::Create(wxWindow* parent, wxWindowID id, const 
     const long windowStyle = style | wxBORDER_NONE | wxFULL_REPAINT_ON_RESIZE;
     if (!wxControl::Create(parent, id, pos, size, windowStyle, validator, name))
         return false;
+    useNoInputMethod(*this);
     // On Windows wxWidgets does the same while it makes the window.
     SetFont(GetFont());
     SetInitialSize(size);

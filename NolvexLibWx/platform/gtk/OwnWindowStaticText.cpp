@@ -5,6 +5,7 @@
 #include "NolvexLibWx/detail/LabelledAccount.h"
 #include "NolvexLibWx/paint/LabelExtent.h"
 #include "NolvexLibWx/platform/HoverWatch.h"
+#include "NolvexLibWx/platform/gtk/InputMethod.h"
 
 #include <utility>
 
@@ -20,6 +21,7 @@ Platform::OwnWindowStaticText::OwnWindowStaticText(wxWindow* parent, wxWindowID 
     // wxWidgets asks for the best size while it creates the window.
     m_labelOrig = label;
     wxControl::Create(parent, id, pos, size, style | wxFULL_REPAINT_ON_RESIZE, wxDefaultValidator, name);
+    useNoInputMethod(*this);
     SetInitialSize(size);
     Wx::describeAs<Wx::LabelledAccount, Wx::AccessibleRole::LABEL>(*this);
 }

@@ -3,6 +3,7 @@
 
 #include "NolvexLib/Array.h"
 #include "NolvexLib/Optional.h"
+#include "NolvexLibWx/platform/gtk/Xwayland.h"
 
 #include <gdk/gdk.h>
 #include <gdk/gdkx.h>
@@ -75,11 +76,12 @@ struct Root
     int scale = 1;
 };
 
-// Asks GDK, which knows the answers: a question to the X server may cost a turn of the scheduler.
+// Asks GDK, which knows the answers: a question to the X server may cost a turn of the scheduler. Returns
+// nullopt under XWayland, whose root window shows none of the other windows and reads as black.
 Optional<Root> findRoot()
 {
     GdkDisplay* gdk = gdk_display_get_default();
-    if (gdk == nullptr || !GDK_IS_X11_DISPLAY(gdk))
+    if (gdk == nullptr || !GDK_IS_X11_DISPLAY(gdk) || Platform::isXwayland(gdk))
         return {};
     GdkWindow* window = gdk_get_default_root_window();
     const Screen* screen = gdk_x11_screen_get_xscreen(gdk_window_get_screen(window));
@@ -277,26 +279,48 @@ void takeRows(const Bucket& area, const Root& root, XImage& image, const Platfor
         take({area.min.x, y}, row, area.width());
 }
 
-} // namespace
-
-void Platform::readScreen(const Bucket& area, const Platform::TakeScreenRow& take)
+void readRoot(const Root& root, const Bucket& area, const Platform::TakeScreenRow& take)
 {
-    const Optional<Root> root = findRoot();
-    if (!root)
-        return;
-    const Bucket visible = area.intersected(root->area);
+    const Bucket visible = area.intersected(root.area);
     if (visible.isEmpty())
         return;
-
-    const Pixel corner = visible.min * root->scale;
-    const Pixel size = visible.size() * root->scale;
+    const Pixel corner = visible.min * root.scale;
+    const Pixel size = visible.size() * root.scale;
     ImagePointer image;
     if (std::int64_t(size.x) * size.y * BYTES_PER_PIXEL >= SHARED_FROM_BYTES)
-        image = fetchSharedImage(*root, corner, size);
+        image = fetchSharedImage(root, corner, size);
     if (image == nullptr)
-        image = fetchImage(*root, corner, size);
+        image = fetchImage(root, corner, size);
     if (image != nullptr)
-        takeRows(visible, *root, *image, take);
+        takeRows(visible, root, *image, take);
+}
+
+} // namespace
+
+bool Platform::isScreenReadable()
+{
+    return findRoot().has_value();
+}
+
+std::int32_t Platform::screenScale()
+{
+    const Optional<Root> root = findRoot();
+    return root ? root->scale : 1;
+}
+
+void Platform::readScreen(const Bucket& area, const TakeScreenRow& take)
+{
+    if (const Optional<Root> root = findRoot())
+        readRoot(*root, area, take);
+}
+
+void Platform::readScreenPixels(const Bucket& area, const TakeScreenRow& take)
+{
+    Optional<Root> root = findRoot();
+    if (!root)
+        return;
+    root->area.max = root->area.max * std::exchange(root->scale, 1);
+    readRoot(*root, area, take);
 }
 
 } // namespace Nolvex

@@ -68,6 +68,22 @@ private:
 
 } // namespace
 
+bool Platform::isScreenReadable()
+{
+    return true;
+}
+
+// The coordinates of wxWidgets are the pixels of the screen on Windows.
+std::int32_t Platform::screenScale()
+{
+    return 1;
+}
+
+void Platform::readScreenPixels(const Bucket& area, const TakeScreenRow& take)
+{
+    readScreen(area, take);
+}
+
 void Platform::readScreen(const Bucket& area, const Platform::TakeScreenRow& take)
 {
     const ScreenDc screen;

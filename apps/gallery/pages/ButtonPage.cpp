@@ -44,7 +44,7 @@ constexpr auto NO_FRAME = OskaBorderState::NO_FRAME;
 
 void addButton(wxWindow* parent, wxSizer* sizer, const ButtonState& state, const Log& log)
 {
-    const wxBitmap bitmap = state.hasIcon ? icon(16) : wxBitmap();
+    const wxBitmap bitmap = state.hasIcon ? Wx::scaleByDpi(icon(16)) : wxBitmap();
     const String name = *state.label != L'\0' ? String(state.label) : String(L"without label");
     auto* button = new Wx::Button(
         parent, Wx::GuiSkin::DEFAULT(), wxID_ANY, state.label, bitmap,

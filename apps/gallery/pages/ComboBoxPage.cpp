@@ -4,12 +4,12 @@
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/widgets/ComboBoxCanvas.h"
-#include "NolvexLibWx/widgets/StaticBitmap.h"
 #include "NolvexLibWx/widgets/StaticText.h"
 #include "apps/gallery/Hand.h"
 #include "apps/gallery/Page.h"
 
-#include <wx/dcmemory.h>
+#include <wx/dcclient.h>
+#include <wx/panel.h>
 #include <wx/sizer.h>
 
 #include <string>
@@ -63,19 +63,16 @@ ComboBox* addBox(wxWindow* parent, wxSizer* rows, const wchar_t* name, const Ite
     return box;
 }
 
-wxBitmap picture(wxSize size, const Function<void(wxDC&)>& paint)
+// Paints by the fonts and the pixels of the screen, which a bitmap would not have.
+void addPicture(wxWindow* parent, wxSizer* rows, const wchar_t* name, const wxSize& size, int gap,
+                const Function<void(wxDC&)>& paint)
 {
-    wxBitmap bitmap(size, 24);
-    wxMemoryDC dc(bitmap);
-    dc.SetBackground(wxBrush(Wx::toWxColour(Wx::GuiSkin::DEFAULT().background)));
-    dc.Clear();
-    paint(dc);
-    return bitmap;
-}
-
-void addPicture(wxWindow* parent, wxSizer* rows, const wchar_t* name, const wxBitmap& bitmap, int gap)
-{
-    auto* shown = new Wx::StaticBitmap(parent, wxID_ANY, bitmap);
+    auto* shown = new wxPanel(parent, wxID_ANY, wxDefaultPosition, size);
+    shown->SetMinSize(size);
+    shown->Bind(wxEVT_PAINT, [shown, paint](wxPaintEvent&) {
+        wxPaintDC dc(shown);
+        paint(dc);
+    });
     Wx::setAccessibleName(*shown, name);
     rows->Add(shown, 0, wxTOP, gap);
 }
@@ -89,10 +86,9 @@ void addFace(wxWindow* parent, wxSizer* rows, const wchar_t* name, const ComboBo
     face.border = border;
     face.textColour = Wx::toWxColour(Wx::GuiSkin::DEFAULT().text);
     const wxSize size = box.GetMinSize();
-    const wxBitmap bitmap = picture(size, [&](wxDC& dc) {
+    addPicture(parent, rows, name, size, Wx::scaleByDpi(GAP / 2), [size, face](wxDC& dc) {
         ComboBox::draw(dc, {{0, 0}, Wx::toPixel(size)}, face);
     });
-    addPicture(parent, rows, name, bitmap, Wx::scaleByDpi(GAP / 2));
 }
 
 void addList(wxWindow* parent, wxSizer* rows, const ComboBox& box)
@@ -100,15 +96,14 @@ void addList(wxWindow* parent, wxSizer* rows, const ComboBox& box)
     const Items items = channels();
     const int rowHeight = Wx::scaleByDpi(18);
     const wxSize size(box.GetMinSize().x, Canvas::heightOf(static_cast<int>(items.size()), rowHeight));
-    const wxBitmap bitmap = picture(size, [&](wxDC& dc) {
+    addPicture(parent, rows, L"List", size, 0, [items, size, rowHeight, font = box.GetFont()](wxDC& dc) {
         Canvas::draw(dc, wxRect(size),
                      {.items = items,
                       .markedRow = MARKED_ROW,
                       .rowHeight = rowHeight,
                       .skin = Wx::GuiSkin::DEFAULT(),
-                      .font = box.GetFont()});
+                      .font = font});
     });
-    addPicture(parent, rows, L"List", bitmap, 0);
 }
 
 void build(wxWindow* parent, const Log& log)

@@ -47,7 +47,4 @@ private:
     Array<std::uint8_t> m_colours;
 };
 
-/// Returns the bits of the nearest half float. Ties go to the even number, and what is too large to infinity.
-std::uint16_t toHalf(float value);
-
 } // namespace Nolvex::Viewer

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/paint/PerScale.h"
 
-#include <wx/window.h>
+#include "support/RunScale.h"
 
 #include <gtest/gtest.h>
 
@@ -30,6 +30,6 @@ TEST(PerScaleTest, scalesBeyondTheTable_haveTheNearestValue)
 TEST(PerScaleTest, scaleOfTheScreen_isWhatOneDesignUnitBecomes)
 {
     // One design unit becomes two pixels from 150 % on and three from 250 % on.
-    const int percent = wxWindowBase::FromDIP(wxSize(100, 0), nullptr).GetWidth();
+    const int percent = Tests::scaledByRun(100);
     EXPECT_EQ(atScreenScale(VALUES), percent < 150 ? 10 : percent < 250 ? 20 : 30) << percent << " %";
 }

@@ -21,7 +21,7 @@ constexpr RgbBytes HIGHLIGHT{0, 114, 188};
 constexpr RgbBytes BOTTOM_INNER{85, 85, 85};
 const wxColour LABEL_COLOUR(250, 250, 0);
 const wxColour DISABLED_TEXT(110, 110, 110);
-const wxSize FACE_SIZE(141, 40);
+const wxSize FACE_SIZE(141, 61);
 constexpr int ICON_LENGTH = 16;
 
 wxBitmap icon(const RgbBytes& colour)
@@ -99,7 +99,7 @@ TEST_F(ButtonPixelTest, border_isThatOfItsState)
     EXPECT_EQ(pixelAt(image, 0, 0), OUTER);
     EXPECT_EQ(pixelAt(image, 1, 1), INNER);
     EXPECT_EQ(pixelAt(image, 2, 2), PAPER);
-    EXPECT_EQ(pixelAt(image, 70, 39), BOTTOM_INNER);
+    EXPECT_EQ(pixelAt(image, 70, FACE_SIZE.y - 1), BOTTOM_INNER);
     face.border = ENABLED | HOVERED;
     EXPECT_EQ(pixelAt(drawn(face), 1, 1), HIGHLIGHT);
     face.border = HOVERED;
@@ -107,7 +107,7 @@ TEST_F(ButtonPixelTest, border_isThatOfItsState)
     face.border = NO_FRAME;
     image = drawn(face);
     EXPECT_EQ(pixelAt(image, 0, 0), INNER);
-    EXPECT_EQ(pixelAt(image, 70, 39), INNER);
+    EXPECT_EQ(pixelAt(image, 70, FACE_SIZE.y - 1), INNER);
     EXPECT_EQ(pixelAt(image, 1, 1), PAPER);
 }
 
@@ -136,7 +136,7 @@ TEST_F(ButtonPixelTest, label_isCentred)
     for (const wxString& label : {wxString(L"H"), wxString(L"Label")}) {
         const wxSize text = extentOf(label);
         const wxPoint corner = labelInk(drawn(labelled(label))).GetTopLeft() - inkOffset(label);
-        EXPECT_EQ(corner, wxPoint((141 - text.x) / 2, (40 - text.y) / 2 - rise())) << label;
+        EXPECT_EQ(corner, wxPoint((FACE_SIZE.x - text.x) / 2, (FACE_SIZE.y - text.y) / 2 - rise())) << label;
     }
 }
 
@@ -146,12 +146,12 @@ TEST_F(ButtonPixelTest, label_besideAnIcon_isCentredInTheRest)
     face.bitmap = enabledIcon;
     const wxSize text = extentOf(L"H");
     const wxPoint corner = labelInk(drawn(face), 18).GetTopLeft() - inkOffset(L"H");
-    EXPECT_EQ(corner, wxPoint(16 + (141 - text.x - 16) / 2, (40 - text.y) / 2 - rise()));
+    EXPECT_EQ(corner, wxPoint(16 + (FACE_SIZE.x - text.x - 16) / 2, (FACE_SIZE.y - text.y) / 2 - rise()));
 }
 
 TEST_F(ButtonPixelTest, label_widerThanTheButton_startsLeftOfIt)
 {
-    const wxString label(L'H', 40);
+    const wxString label(BLOCK_LABEL[0], 40); // without gaps between the letters
     const int width = extentOf(label).x;
     ASSERT_GT(width, 150);
     const wxRect ink = labelInk(drawn(labelled(label)));

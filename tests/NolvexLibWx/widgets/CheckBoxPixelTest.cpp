@@ -64,7 +64,11 @@ wxImage paperWithBox(const wxSize& size)
     return image;
 }
 
-const wxSize FACE_SIZE = scaleByDpi(wxSize(140, 40));
+// Asked for when the application runs, because GTK knows the scale from then on.
+wxSize faceSize()
+{
+    return scaleByDpi(wxSize(140, 40));
+}
 
 CheckBox::Face plainFace(const wxString& label = L"A gjy label")
 {
@@ -78,15 +82,15 @@ CheckBox::Face plainFace(const wxString& label = L"A gjy label")
 
 wxImage drawn(const CheckBox::Face& face)
 {
-    return painted(FACE_SIZE, [&face](wxDC& dc) {
-        CheckBox::draw(dc, {{0, 0}, {FACE_SIZE.x, FACE_SIZE.y}}, face);
+    return painted(faceSize(), [&face](wxDC& dc) {
+        CheckBox::draw(dc, {{0, 0}, {faceSize().x, faceSize().y}}, face);
     });
 }
 
 // Returns the rectangle around the pixels painted to the right of the box.
 wxRect inkBesideBox(const wxImage& image)
 {
-    return inkIn(image, wxRect(wxPoint(scaleByDpi(15), 0), wxPoint(FACE_SIZE.x - 1, FACE_SIZE.y - 1)));
+    return inkIn(image, wxRect(wxPoint(scaleByDpi(15), 0), wxPoint(faceSize().x - 1, faceSize().y - 1)));
 }
 
 // Shows a face on the screen, where letters have other pixels than in a bitmap.
@@ -195,7 +199,7 @@ struct CheckBoxPixelTest : FrameFixture
 
 TEST(CheckBoxFaceTest, box_hasTheBevelledBorderOfAnEnabledOne)
 {
-    expectSame(drawn(plainFace(wxString())), paperWithBox(FACE_SIZE), "box");
+    expectSame(drawn(plainFace(wxString())), paperWithBox(faceSize()), "box");
 }
 
 TEST(CheckBoxFaceTest, mark_isWhiteAndStrokesTheFourLinesOfTheContour)
@@ -203,7 +207,7 @@ TEST(CheckBoxFaceTest, mark_isWhiteAndStrokesTheFourLinesOfTheContour)
     CheckBox::Face face = plainFace(wxString());
     face.checked = true;
     const wxImage image = drawn(face);
-    const wxImage empty = paperWithBox(FACE_SIZE);
+    const wxImage empty = paperWithBox(faceSize());
     // The systems put the centre of a stroke into different pixels, so that the brightest neighbour counts.
     const auto brightness = [&image](int x, int y) {
         int brightest = 0;
@@ -220,8 +224,8 @@ TEST(CheckBoxFaceTest, mark_isWhiteAndStrokesTheFourLinesOfTheContour)
     EXPECT_EQ(pixelAt(image, scaleByDpi(5), scaleByDpi(4)), PAPER);
     EXPECT_EQ(pixelAt(image, scaleByDpi(11), scaleByDpi(9)), PAPER);
     wxRect ink;
-    for (int y = 0; y < FACE_SIZE.y; ++y) {
-        for (int x = 0; x < FACE_SIZE.x; ++x) {
+    for (int y = 0; y < faceSize().y; ++y) {
+        for (int x = 0; x < faceSize().x; ++x) {
             if (pixelAt(image, x, y) != pixelAt(empty, x, y))
                 ink.Union(wxRect(x, y, 1, 1));
         }
@@ -235,7 +239,7 @@ TEST(CheckBoxFaceTest, label_startsBesideTheBoxAndRisesAboveTheEdge)
 {
     constexpr std::array RISE{1, 3, 4};
     const wxRect ink = inkBesideBox(drawn(plainFace(BLOCK_LABEL)));
-    wxBitmap bitmap(FACE_SIZE, 24);
+    wxBitmap bitmap(faceSize(), 24);
     wxMemoryDC dc(bitmap);
     dc.SetFont(blockFont());
     const wxSize text = dc.GetTextExtent(BLOCK_LABEL);
@@ -244,7 +248,7 @@ TEST(CheckBoxFaceTest, label_startsBesideTheBoxAndRisesAboveTheEdge)
     EXPECT_EQ(ink.y, 0) << "cut off at the edge";
     // The same letters, written where nothing cuts them off.
     constexpr int BELOW = 10;
-    const wxImage lower = painted(FACE_SIZE, [](wxDC& paper) {
+    const wxImage lower = painted(faceSize(), [](wxDC& paper) {
         const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::CreateFromUnknownDC(paper));
         context->SetFont(blockFont(), INK);
         context->DrawText(BLOCK_LABEL, scaleByDpi(18), BELOW);
@@ -272,7 +276,7 @@ TEST(CheckBoxFaceTest, focusMark_isADottedRectangleAroundTheLabel)
     face.focused = true;
     const wxImage image = drawn(face);
     const wxRect ink = inkBesideBox(image);
-    wxBitmap bitmap(FACE_SIZE, 24);
+    wxBitmap bitmap(faceSize(), 24);
     wxMemoryDC dc(bitmap);
     dc.SetFont(blockFont());
     const wxSize text = dc.GetTextExtent(face.label);
@@ -293,7 +297,7 @@ TEST(CheckBoxFaceTest, focusMark_hasTheDashesOfTheScale)
     CheckBox::Face face = plainFace(L"          ");
     face.focused = true;
     const wxImage image = drawn(face);
-    const wxImage expected = painted(FACE_SIZE, [&face](wxDC& dc) {
+    const wxImage expected = painted(faceSize(), [&face](wxDC& dc) {
         dc.SetFont(face.font);
         const wxSize text = dc.GetTextExtent(face.label);
         wxPen pen(INK, scaleByDpi(1), wxPENSTYLE_USER_DASH);
@@ -415,7 +419,7 @@ TEST_F(CheckBoxPixelTest, labelInTheFontOfTheSystem_isSeen)
 
 TEST_F(CheckBoxPixelTest, withoutLabel_showsTheBoxAlone)
 {
-    auto* bare = new CheckBox(panel, wxID_ANY, String(), {200, 20});
+    auto* bare = new CheckBox(panel, wxID_ANY, String(), {300, 300});
     pumpEvents(120);
     expectSame(captureClientArea(bare), paperWithBox(bare->GetClientSize()), "bare");
 }

@@ -3,6 +3,7 @@
 
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/widgets/Spinner.h"
+#include "support/DecimalPoint.h"
 #include "support/FrameFixture.h"
 #include "support/Gestures.h"
 
@@ -31,6 +32,7 @@ struct SpinnerFixture : FrameFixture
 {
     static constexpr int ID = 21;
 
+    const DecimalPoint point;
     wxWeakRef<OpenSpinner> spinner;
     Reports reports;
 

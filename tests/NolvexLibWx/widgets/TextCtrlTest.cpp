@@ -134,6 +134,9 @@ TEST_F(TextCtrlTest, append_withTheCaretFarToTheRight_staysThere)
 TEST_F(TextCtrlTest, append_toAShownText_isPaintedWithTheNextPaintEvent)
 {
     show("");
+    text->SetBackgroundColour(*wxWHITE); // in every theme
+    text->SetForegroundColour(*wxBLACK);
+    Tests::pumpEvents(100);
     text->SetSelection(0, 0);
     const auto ink = [this] {
         const wxImage image = Tests::captureClientArea(text);

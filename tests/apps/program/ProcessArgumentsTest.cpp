@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "apps/program/platform/ProcessArguments.h"
 
+#include "support/TemporaryFolder.h"
+
 #include <wx/utils.h>
 
 #include <gtest/gtest.h>
@@ -19,14 +21,8 @@ struct ProcessArgumentsTest : testing::Test
 {
     const Io::Path printer =
         Program::programFile().parentDirectory() / (L"NolvexArgumentPrinter" + extension());
-    const Io::Path output =
-        Io::Path(std::filesystem::temp_directory_path()) / Io::Path(L"nolvex-arguments-\u00FC.txt");
-
-    ~ProcessArgumentsTest() override
-    {
-        std::error_code ignored;
-        std::filesystem::remove(output.native(), ignored);
-    }
+    const Tests::TemporaryFolder folder; // of this run alone, since others may run at the same time
+    const Io::Path output = folder.file(L"arguments-\u00FC.txt");
 
     static std::wstring extension() { return Program::programFile().native().extension().wstring(); }
 

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <string>
 #include <utility>
 
 using namespace Nolvex;
@@ -38,6 +39,20 @@ TEST(ViewerCommandLineTest, pictureAndScreenshot_areTakenInAnyOrder)
         ASSERT_TRUE(line.hasValue());
         EXPECT_EQ(line->picture, Io::Path(L"in.png"));
         EXPECT_EQ(line->screenshot, Io::Path(L"out.png"));
+    }
+}
+
+TEST(ViewerCommandLineTest, capture_standsAlone)
+{
+    const auto line = parseCommandLine(arguments({L"--capture"}));
+    ASSERT_TRUE(line.hasValue());
+    EXPECT_TRUE(line->capture);
+    EXPECT_FALSE(parseCommandLine(arguments({L"in.png"}))->capture);
+    for (const auto& given :
+         {arguments({L"--capture", L"in.png"}), arguments({L"--capture", L"--screenshot", L"out.png"})}) {
+        const auto refused = parseCommandLine(given);
+        ASSERT_FALSE(refused.hasValue());
+        EXPECT_NE(refused.error().wstr().find(L"--capture"), std::wstring::npos);
     }
 }
 

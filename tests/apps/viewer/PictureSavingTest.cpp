@@ -38,6 +38,16 @@ struct PictureSavingTest : Tests::ViewerFixture
 
     static DialogRobot::Step answer(int key) { return pressIn<MessageDialog>(key); }
 
+    /// Returns the step, delayed until the log has another line. The dialogs of Windows let wxWidgets handle
+    /// its events only from time to time.
+    DialogRobot::Step afterTheNextMessage(DialogRobot::Step step) const
+    {
+        step.isPossible = [this, before = log->GetValue(), isPossible = step.isPossible] {
+            return log->GetValue() != before && isPossible();
+        };
+        return step;
+    }
+
     // Windows does so if no program is registered for the typed extension, and in Wine there is none.
     static bool appendsExtensions()
     {
@@ -48,7 +58,8 @@ struct PictureSavingTest : Tests::ViewerFixture
     void showUnsaved()
     {
         show(coordinates(60, 40));
-        ASSERT_TRUE(frame->captureScreen());
+        frame->captureScreen();
+        ASSERT_TRUE(pumpUntil([this] { return frame->GetTitle().StartsWith(L"Unsaved"); }));
         Tests::pumpEvents(100);
     }
 
@@ -204,6 +215,26 @@ TEST_F(PictureSavingTest, pictureWithAFile_isClosedWithoutAQuestion)
 {
     show(coordinates(60, 40));
     EXPECT_TRUE(isGoneAfterClosing());
+}
+
+TEST_F(PictureSavingTest, pictureOfTheScreenUnderTheQuestion_isAskedAboutToo)
+{
+    showUnsaved();
+    DialogRobot::Step capture = answer('D');
+    capture.action = [this] { frame->captureScreen(); };
+    DialogRobot robot({capture, afterTheNextMessage(answer('D')), answer(WXK_ESCAPE)});
+    EXPECT_FALSE(isGoneAfterClosing());
+}
+
+TEST_F(PictureSavingTest, pictureOfTheScreenUnderTheFileDialog_isNotGivenUpForAnother)
+{
+    show(coordinates(60, 40));
+    const Io::Path other = folder.file(L"other.png");
+    std::filesystem::copy_file(Tests::testPicture(L"pattern.png").native(), other.native());
+    DialogRobot robot({FileDialogFixture::inDialog([this] { frame->captureScreen(); }),
+                       afterTheNextMessage(FileDialogFixture::enter(other)), answer(WXK_ESCAPE)});
+    command(Viewer::OPEN);
+    EXPECT_TRUE(frame->GetTitle().StartsWith(L"Unsaved")) << frame->GetTitle();
 }
 
 TEST_F(PictureSavingTest, unsavedPicture_staysIfTheQuestionIsCancelled)

@@ -208,7 +208,8 @@ TEST_F(ViewerCommandsTest, capture_showsWhatAllDisplaysShowed)
     const wxSize room = view->GetClientSize() - wxSize(60, 40);
     const wxPoint origin = view->ClientToScreen(wxPoint(room.x / 2, room.y / 2)) - whole.GetTopLeft();
     const BitmapImpl<Rgb> expected = Wx::getScreenRegionColors(Wx::toBucket(whole));
-    EXPECT_TRUE(frame->captureScreen());
+    frame->captureScreen();
+    ASSERT_TRUE(Tests::pumpUntil([&] { return frame->GetTitle().StartsWith(L"Unsaved"); }));
     EXPECT_EQ(frame->GetTitle(),
               wxString::Format(L"Unsaved picture of the screen (%d \u00D7 %d)", whole.width, whole.height));
     EXPECT_EQ(lastMessage(),

@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <bit>
 #include <cmath>
 #include <limits>
 #include <vector>
@@ -13,7 +12,6 @@
 using namespace Nolvex;
 using Tests::rowOfFloats;
 using Viewer::RowEncoder;
-using Viewer::toHalf;
 
 namespace {
 
@@ -29,14 +27,6 @@ std::vector<Number> encoded(const Image& image, ColorFormat format, bool alpha, 
 using Bytes = std::vector<std::uint8_t>;
 using Words = std::vector<std::uint16_t>;
 using Floats = std::vector<float>;
-
-// Half floats, computed by arithmetic instead of by bits.
-float halfValue(std::uint16_t half)
-{
-    const int exponent = half >> 10 & 31;
-    const auto mantissa = static_cast<float>(half & 1023);
-    return exponent == 0 ? std::ldexp(mantissa, -24) : std::ldexp(1024.0f + mantissa, exponent - 25);
-}
 
 } // namespace
 
@@ -98,35 +88,4 @@ TEST(RowEncoderTest, halves_areTheNearestOnes)
     EXPECT_EQ(encoded<std::uint16_t>(rowOfFloats({{1.0f, -2.0f, 0.5f, 0.0f}}, 2.2f),
                                      ColorFormat::FLT16_LINEAR_RGB, true),
               (Words{0x3c00, 0xc000, 0x3800, 0}));
-}
-
-TEST(RowEncoderTest, toHalf_ofEveryHalf_isThatHalf)
-{
-    for (std::uint32_t half = 0; half < 0x7c00; ++half) {
-        const auto bits = static_cast<std::uint16_t>(half);
-        ASSERT_EQ(toHalf(halfValue(bits)), bits);
-        ASSERT_EQ(toHalf(-halfValue(bits)), bits | 0x8000);
-    }
-}
-
-TEST(RowEncoderTest, toHalf_betweenTwoHalves_takesTheNearerOneAndInTheMiddleTheEvenOne)
-{
-    for (std::uint32_t half = 0; half < 0x7bff; ++half) {
-        const auto lower = static_cast<std::uint16_t>(half);
-        const auto upper = static_cast<std::uint16_t>(half + 1);
-        const float middle = (halfValue(lower) + halfValue(upper)) / 2.0f;
-        ASSERT_EQ(toHalf(middle), half % 2 == 0 ? lower : upper) << half;
-        ASSERT_EQ(toHalf(std::nextafter(middle, 0.0f)), lower) << half;
-        ASSERT_EQ(toHalf(std::nextafter(middle, INFINITY)), upper) << half;
-    }
-}
-
-TEST(RowEncoderTest, toHalf_ofWhatIsTooLarge_isInfiniteAndOfNanNan)
-{
-    EXPECT_EQ(toHalf(65519.99f), 0x7bff);
-    EXPECT_EQ(toHalf(65520.0f), 0x7c00);
-    EXPECT_EQ(toHalf(-std::numeric_limits<float>::max()), 0xfc00);
-    EXPECT_EQ(toHalf(INFINITY), 0x7c00);
-    EXPECT_EQ(toHalf(NAN) & 0x7c00, 0x7c00);
-    EXPECT_NE(toHalf(NAN) & 0x03ff, 0);
 }

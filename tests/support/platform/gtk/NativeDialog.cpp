@@ -62,7 +62,8 @@ String nameAt(GtkTreeModel* model, GtkTreeIter* row)
 void appendRows(GtkTreeModel* model, Array<String>& names)
 {
     GtkTreeIter row;
-    if (gtk_tree_model_get_iter_first(model, &row) == 0)
+    // A list that GTK is still making has no model.
+    if (model == nullptr || gtk_tree_model_get_iter_first(model, &row) == 0)
         return;
     do
         names.push_back(nameAt(model, &row));

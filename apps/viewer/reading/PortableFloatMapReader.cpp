@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "apps/viewer/PortableFloatMap.h"
+#include "apps/viewer/reading/PortableFloatMapReader.h"
 
 #include <algorithm>
 #include <bit>
@@ -7,12 +7,11 @@
 #include <cstdint>
 #include <cstring>
 #include <string_view>
+#include <utility>
 
 namespace Nolvex::Viewer {
 
 namespace {
-
-constexpr float LINEAR_GAMMA = 2.2f;
 
 struct Header
 {
@@ -68,22 +67,28 @@ void reverseFloats(ArrayView<std::byte> bytes)
 
 } // namespace
 
-bool isPortableFloatMap(ArrayView<const std::byte> bytes)
+Array<String> PortableFloatMapReader::extensions() const
 {
-    const std::string_view text = asText(bytes);
+    return {L"pfm"};
+}
+
+bool PortableFloatMapReader::knows(ArrayView<const std::byte> file) const
+{
+    const std::string_view text = asText(file);
     return text.starts_with("PF") || text.starts_with("Pf");
 }
 
-Expected<Image, String> readPortableFloatMap(ArrayView<const std::byte> bytes)
+Expected<ReadImage, String> PortableFloatMapReader::read(ArrayView<const std::byte> file,
+                                                         const ReadingProgress& /*progress*/) const
 {
-    const Optional<Header> header = isPortableFloatMap(bytes) ? readHeader(bytes) : Optional<Header>();
+    const Optional<Header> header = knows(file) ? readHeader(file) : Optional<Header>();
     if (!header)
         return Unexpected{String(L"its header is damaged")};
     if (header->width < 1 || header->height < 1)
         return Unexpected{String(L"it has no pixels")};
 
     // The size is checked before memory is allocated, because the header may claim any size.
-    const ArrayView<const std::byte> body = bytes.subspan(header->length);
+    const ArrayView<const std::byte> body = file.subspan(header->length);
     const std::size_t pixelSize = Image::getPixelFormatByteCount(header->format);
     const auto pixels =
         static_cast<std::uint64_t>(header->width) * static_cast<std::uint64_t>(header->height);
@@ -98,7 +103,9 @@ Expected<Image, String> readPortableFloatMap(ArrayView<const std::byte> bytes)
         if (header->byteOrder != std::endian::native)
             reverseFloats(row);
     }
-    return image;
+    if (!image)
+        return Unexpected{image.error()};
+    return ReadImage{std::move(*image), {}};
 }
 
 } // namespace Nolvex::Viewer

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "NolvexLib/Array.h"
+#include "NolvexLib/ArrayView.h"
+#include "NolvexLib/Expected.h"
+#include "NolvexLib/Function.h"
+#include "NolvexLib/String.h"
+#include "NolvexLibImage/Image.h"
+
+#include <cstddef>
+
+namespace Nolvex::Viewer {
+
+/// The gamma of images that hold linear light, and of those that are encoded for the display.
+inline constexpr float LINEAR_GAMMA = 2.2f;
+inline constexpr float DISPLAY_GAMMA = 1.0f;
+
+/// Called from time to time while a picture is read, with the share that is done, from 0 to 1. Returns false
+/// to stop the reading.
+using ReadingProgress = Function<bool(float)>;
+
+/// An image as a file holds it.
+struct ReadImage
+{
+    Image image;
+    /// What the file holds besides and the viewer does not show, each as a sentence.
+    Array<String> omissions;
+};
+
+/// Reads the pictures of one family of file formats. A reader has no state, and its functions may be called
+/// on any thread.
+///
+/// A file may hold anything. A reader refuses what is damaged, before it allocates more memory than the bytes
+/// of the file can stand for. The error is the rest of a sentence about the file, "it ...".
+class PictureReader
+{
+public:
+    virtual ~PictureReader() = default;
+
+    /// The usual extensions of the files, without the dot.
+    virtual Array<String> extensions() const = 0;
+
+    /// Returns whether a file with this content is for this reader. Looks at a few bytes alone.
+    virtual bool knows(ArrayView<const std::byte> file) const = 0;
+
+    virtual Expected<ReadImage, String> read(ArrayView<const std::byte> file,
+                                             const ReadingProgress& progress) const = 0;
+};
+
+/// Returns the reader for a file with this content. The last reader takes every file that no other reader
+/// knows, so that there always is one.
+const PictureReader& readerFor(ArrayView<const std::byte> file);
+
+/// Returns the usual extensions of the files that can be read, without the dot.
+Array<String> readableExtensions();
+
+} // namespace Nolvex::Viewer
