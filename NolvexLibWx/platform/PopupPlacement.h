@@ -14,7 +14,7 @@ namespace Nolvex::Platform {
 //
 // `popup` is a popup window or a PopupFrame, shown or hidden, and gets its place anew if the window that it
 // belongs to has moved. Positions are those that wxWidgets gives for the screen, which on Wayland are
-// relative to the top-level window of `owner`.
+// relative to the frame or dialog of `owner`, even if the owner is in a popup of that frame.
 
 /// Puts the popup below the owner or, at the bottom of the screen, above the owner if the popup fits there.
 bool placeBeside(wxWindow& popup, const wxWindow& owner);

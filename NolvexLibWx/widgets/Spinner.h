@@ -45,6 +45,10 @@ wxDECLARE_EXPORTED_EVENT(NOLVEXLIBWX_EXPORT, CUSTSPINNER_TEXT_FOCUS_LOST, wxFocu
 /// arrow with the right button, which restores the default value or undoes a drag. In the text field, Up and
 /// Down make one step, Page Up and Page Down ten steps at once.
 ///
+/// A drag that reaches the top or the bottom of the monitor goes on at the other end, to which the spinner
+/// moves the pointer. Where the system refuses to move the pointer, as Wayland does, the drag ends at the
+/// edge.
+///
 /// A change by the user sends CUSTSPINNER_START_EDITING when it begins, one wxEVT_SPINCTRLDOUBLE for each
 /// step, and CUSTSPINNER_END_EDITING when it ends; a right click without a press sends only
 /// wxEVT_SPINCTRLDOUBLE. The events go up to the parents. The callback is called before the parents receive

@@ -47,6 +47,13 @@ class Rect:
     def moved(self, x, y):
         return Rect(self.x + x, self.y + y, self.width, self.height)
 
+    def grown(self, x, y):
+        return Rect(self.x - x, self.y - y, self.width + 2 * x, self.height + 2 * y)
+
+    def clipped(self, other):
+        x, y = max(self.x, other.x), max(self.y, other.y)
+        return Rect(x, y, max(min(self.right, other.right) - x, 0), max(min(self.bottom, other.bottom) - y, 0))
+
 
 def until(condition, wait=MAX_WAIT):
     """Waits until the condition holds, and returns what the condition returned last."""
@@ -92,7 +99,8 @@ class Picture:
         """Returns the rectangle around all pixels that differ, or None."""
         if self.pixels == other.pixels:
             return None
-        area = within or Rect(0, 0, self.width, self.height)
+        whole = Rect(0, 0, self.width, self.height)
+        area = (within or whole).clipped(whole)
         pairs = list(zip(self.part(area), other.part(area)))
         rows = [y for y, (ours, theirs) in enumerate(pairs) if ours != theirs]
         if not rows:

@@ -130,8 +130,9 @@ hide_mouse
 chmod -R a+rX "$work"
 cd "$work"
 status=0
+# Scroll bars that lie over the content appear and fade by themselves, and would change pictures of the desktop.
 with_own_user env -i PATH=/usr/bin:/bin HOME="$work" LANG=C.UTF-8 LD_LIBRARY_PATH="$work/lib" GSETTINGS_BACKEND=memory \
-  NOLVEX_OUTPUTS="$NOLVEX_OUTPUTS" NOLVEX_DESKTOP_STARTS=yes \
+  GTK_OVERLAY_SCROLLING=0 NOLVEX_OUTPUTS="$NOLVEX_OUTPUTS" NOLVEX_DESKTOP_STARTS=yes \
   dbus-run-session --config-file="$work/bus.conf" -- tools/testing/wayland-desktop.sh "$@" 2>&1 |
   { grep --line-buffered -v -E '^(dbus-daemon|SpiRegistry)' || true; } || status=$?
 if [ -n "${NOLVEX_DESKTOP_PICTURES:-}" ]; then

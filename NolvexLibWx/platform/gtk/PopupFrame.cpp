@@ -107,13 +107,16 @@ void Platform::PopupFrame::Raise()
 
 bool Platform::PopupFrame::Show(bool show)
 {
-    std::optional<UngrabbedMouse> ungrabbed;
     if (show)
         followTopLevelOfParent();
-    if (show && isOnWayland(m_widget))
-        ungrabbed.emplace();
-    return Wx::Detail::showAndHoldEvent(*this, show, m_holdsShowEvent,
-                                        [this](bool shown) { return wxFrame::Show(shown); });
+    return Wx::Detail::showAndHoldEvent(*this, show, m_holdsShowEvent, [this](bool shown) {
+        // A handler of wxEVT_SHOW, which is sent afterwards, must find the mouse captured as before. The
+        // handler may end the capture.
+        std::optional<UngrabbedMouse> ungrabbed;
+        if (shown && isOnWayland(m_widget))
+            ungrabbed.emplace();
+        return wxFrame::Show(shown);
+    });
 }
 
 bool Platform::PopupFrame::TryBefore(wxEvent& event)

@@ -100,8 +100,14 @@ bool Platform::placeAt(wxWindow& popup, const wxWindow& owner, const wxPoint& co
     GtkWidget* const topLevel = waylandTopLevel(popup, owner);
     if (topLevel == nullptr)
         return false;
+    GdkWindow* const parent = gtk_widget_get_window(topLevel);
+    // Wayland does not tell where a window is on the screen. GTK takes (0, 0) for the origin of a window with
+    // a title bar, and counts the origin of a popup from there.
+    wxPoint origin;
+    gdk_window_get_origin(parent, &origin.x, &origin.y);
+    const wxPoint inParent = corner - origin;
     place(popup.GetHandle(),
-          {gtk_widget_get_window(topLevel), GdkRectangle{corner.x, corner.y, 1, 1}, GDK_GRAVITY_NORTH_WEST,
+          {parent, GdkRectangle{inParent.x, inParent.y, 1, 1}, GDK_GRAVITY_NORTH_WEST,
            static_cast<GdkAnchorHints>(GDK_ANCHOR_SLIDE_X | GDK_ANCHOR_SLIDE_Y), popup.GetSize()});
     return true;
 }

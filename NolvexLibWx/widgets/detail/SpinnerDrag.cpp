@@ -3,6 +3,7 @@
 
 #include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/Monitors.h"
+#include "NolvexLibWx/detail/ScreenPlaces.h"
 
 #include <wx/utils.h>
 #include <wx/window.h>
@@ -33,7 +34,7 @@ Optional<int> Wx::Detail::SpinnerDrag::move(wxWindow& spinner, const wxWindow& a
     if (!m_wrap)
         return distance;
     m_lastScreenPosition = m_wrap->to;
-    m_lastY = arrow.ScreenToClient(m_wrap->to).y;
+    m_lastY = screenToClient(arrow, m_wrap->to).y;
     return -distance;
 }
 
@@ -63,7 +64,7 @@ Optional<Wx::Detail::SpinnerDrag::Wrap> Wx::Detail::SpinnerDrag::wrap(wxWindow& 
         target.y = monitor.min.y + 1;
     else
         return {};
-    const wxPoint place = spinner.ScreenToClient(target);
+    const wxPoint place = screenToClient(spinner, target);
     spinner.WarpPointer(place.x, place.y);
     if (wxGetMousePosition().y != target.y)
         return {};

@@ -215,6 +215,20 @@ TEST_F(SpinnerDragTest, atTheBottomOfEachMonitor_goesOnAtTheTop)
     }
 }
 
+TEST_F(SpinnerDragTest, inAWindowFromRightToLeft_thePointerIsMovedStraightDown)
+{
+    frame->SetLayoutDirection(wxLayout_RightToLeft);
+    panel->SetLayoutDirection(wxLayout_RightToLeft);
+    make(-100000, 100000, 0, 0, 1);
+    const wxRect monitor = pressOnMonitor(0, true);
+    const int column = wxGetMousePosition().x;
+    dragTo(monitor.GetTop() + pixels(10));
+    dragTo(monitor.GetTop());
+    EXPECT_TRUE(pumpUntil([&] { return wxGetMousePosition().y == monitor.GetBottom() - 1; }));
+    EXPECT_EQ(wxGetMousePosition().x, column);
+    releaseMouse();
+}
+
 TEST_F(SpinnerDragTest, outdatedMotionAfterTheWrap_countsForNothing)
 {
     make(-100000, 100000, 0, 0, 1);
