@@ -26,6 +26,8 @@ function(nolvex_add_test_support)
     endif()
     add_library(NolvexGuiTestSupport STATIC "${folder}/DialogRobot.cpp" "${folder}/Events.cpp" "${folder}/RandomWalk.cpp"
       "${folder}/Screen.cpp" "${folder}/TextFit.cpp" ${platform})
+    # The library does not export this unit, so that the tests compile it themselves.
+    target_sources(NolvexGuiTestSupport PRIVATE "${PROJECT_SOURCE_DIR}/NolvexLibWx/detail/ScreenPlaces.cpp")
     target_link_libraries(NolvexGuiTestSupport PUBLIC NolvexTestSupport NolvexLibWx)
     if(NOT WIN32)
       pkg_check_modules(XTST REQUIRED IMPORTED_TARGET x11 xtst)

@@ -7,11 +7,19 @@
 
 namespace Nolvex::Wx {
 
+wxRect Detail::clientRectOnScreen(const wxWindow& window)
+{
+    const wxSize size = window.GetClientSize();
+    const wxPoint origin = window.ClientToScreen(wxPoint(0, 0));
+    const int opposite = window.ClientToScreen(wxPoint(size.x, 0)).x;
+    return {wxPoint(std::min(origin.x, opposite), origin.y), size};
+}
+
 wxRect Detail::screenRect(const wxWindow& window)
 {
     wxRect rect = window.GetScreenRect();
     if (!window.IsTopLevel() && window.GetLayoutDirection() == wxLayout_RightToLeft)
-        rect.x = std::min(rect.x, window.ClientToScreen(wxPoint(window.GetClientSize().x, 0)).x);
+        rect.x = std::min(rect.x, clientRectOnScreen(window).x);
     return rect;
 }
 

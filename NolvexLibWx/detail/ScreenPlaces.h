@@ -11,6 +11,9 @@ namespace Nolvex::Wx::Detail {
 // then begins at the right edge of the window, and its ScreenToClient() is wrong, so that these functions
 // take their place.
 
+/// Returns the place of the window's client area on the screen.
+wxRect clientRectOnScreen(const wxWindow& window);
+
 /// Returns the place of the window on the screen.
 wxRect screenRect(const wxWindow& window);
 

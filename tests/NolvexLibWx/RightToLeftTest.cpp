@@ -117,12 +117,15 @@ TEST_F(RightToLeftTest, checkBox_isMirroredButNotItsSigns)
     auto* field = new wxTextCtrl(panel, wxID_ANY, wxString(), wxPoint(10, 120));
     showFrame();
     field->SetFocus(); // so that neither check box shows the mark of the focus
-    Tests::pumpEvents(100);
     ASSERT_EQ(mirrored->GetSize(), plain->GetSize());
     const int width = mirrored->GetClientSize().x;
     const int text = mirrored->GetTextExtent(L"FL7").x;
-    EXPECT_TRUE(isReadable(columns(mirrored, width - LABEL - text, text), columns(plain, LABEL, text)));
-    EXPECT_TRUE(isReadable(columns(mirrored, width - BOX + 3, BOX - 6), columns(plain, 3, BOX - 6)));
+    EXPECT_TRUE(Tests::pumpUntil([&] {
+        return isReadable(columns(mirrored, width - LABEL - text, text), columns(plain, LABEL, text));
+    })) << "label";
+    EXPECT_TRUE(Tests::pumpUntil([&] {
+        return isReadable(columns(mirrored, width - BOX + 3, BOX - 6), columns(plain, 3, BOX - 6));
+    })) << "check mark";
 }
 
 TEST_F(RightToLeftTest, comboBox_opensItsListBelowItselfAndTakesAClick)
@@ -160,9 +163,13 @@ TEST_F(RightToLeftTest, dropdownButton_makesTheChoiceUnderTheMouse)
     moveTo(*button);
     mouse.MouseDown();
     const wxWindow* const popup = button->GetChildren().GetFirst()->GetData();
-    ASSERT_TRUE(Tests::pumpUntil([&] { return popup->IsShown(); }));
-    Tests::pumpEvents(100);
-    const wxWindow* const last = popup->GetChildren().GetLast()->GetData();
+    wxWindow* const last = popup->GetChildren().GetLast()->GetData();
+    bool painted = false;
+    last->Bind(wxEVT_PAINT, [&painted](wxPaintEvent& event) {
+        painted = true;
+        event.Skip();
+    });
+    ASSERT_TRUE(Tests::pumpUntil([&] { return painted; }));
     moveTo(*last);
     mouse.MouseUp();
     EXPECT_TRUE(Tests::pumpUntil([&] { return chosen == 3; })) << chosen;

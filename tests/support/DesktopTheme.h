@@ -12,6 +12,9 @@ public:
     /// False on systems without themes, and while an environment variable dictates the theme.
     static bool canBeSet();
 
+    /// True if the settings of the user ask for the dark variant of every theme.
+    static bool isDarkPreferred();
+
     explicit DesktopTheme(const char* name);
     ~DesktopTheme();
 };

@@ -1,24 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "support/Screen.h"
 
+#include "NolvexLibWx/detail/ScreenPlaces.h"
 #include "support/ScreenSource.h"
 
 #include <wx/bitmap.h>
 #include <wx/dcmemory.h>
 #include <wx/dcscreen.h>
-#include <wx/window.h>
 
-#include <algorithm>
 #include <ostream>
 
 namespace Nolvex {
 
 wxImage Tests::captureClientArea(wxWindow* window)
 {
-    const wxSize size = window->GetClientSize();
-    wxRect area(window->ClientToScreen(wxPoint(0, 0)), size);
-    // In a layout from right to left, the origin is the upper right corner.
-    area.x = std::min(area.x, window->ClientToScreen(wxPoint(size.x, 0)).x);
+    const wxRect area = Wx::Detail::clientRectOnScreen(*window);
     wxBitmap bitmap(area.GetSize(), 24);
     {
         wxMemoryDC memory(bitmap);

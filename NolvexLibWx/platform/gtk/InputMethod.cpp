@@ -18,8 +18,10 @@ void onCharacters(GtkIMContext* /*context*/, const char* characters, gpointer wi
 
 void Platform::useNoInputMethod(wxWindow& window)
 {
-    // In a parent that is on the screen, the window is realised at once and has a context already.
+    // In a parent that is on the screen, the window is realised at once and has a context already, whose
+    // other owners, if any, must not reach the window through the context.
     if (GtkIMContext* former = window.m_imContext) {
+        g_signal_handlers_disconnect_by_data(former, &window);
         gtk_im_context_set_client_window(former, nullptr);
         g_object_unref(former);
     }

@@ -8,12 +8,20 @@ namespace Nolvex::Tests {
 namespace {
 
 constexpr const char* THEME_PROPERTY = "gtk-theme-name";
+constexpr const char* DARK_PROPERTY = "gtk-application-prefer-dark-theme";
 
 } // namespace
 
 bool DesktopTheme::canBeSet()
 {
     return g_getenv("GTK_THEME") == nullptr;
+}
+
+bool DesktopTheme::isDarkPreferred()
+{
+    gboolean dark = FALSE;
+    g_object_get(gtk_settings_get_default(), DARK_PROPERTY, &dark, nullptr);
+    return dark != FALSE;
 }
 
 DesktopTheme::DesktopTheme(const char* name)

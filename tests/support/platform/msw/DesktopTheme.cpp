@@ -9,6 +9,11 @@ bool DesktopTheme::canBeSet()
     return false;
 }
 
+bool DesktopTheme::isDarkPreferred()
+{
+    return false;
+}
+
 DesktopTheme::DesktopTheme(const char* /*name*/) {}
 
 DesktopTheme::~DesktopTheme() = default;
