@@ -84,7 +84,7 @@ ScreenCaptureFailure failureOf(const GError& error)
 {
     const std::unique_ptr<char, void (*)(gpointer)> name(g_dbus_error_get_remote_error(&error), g_free);
     const std::string remote = name ? name.get() : "";
-    constexpr GDBusError NOBODY_THERE[] = {
+    constexpr GDBusError MISSING_SERVICE[] = {
         G_DBUS_ERROR_SERVICE_UNKNOWN,    G_DBUS_ERROR_NAME_HAS_NO_OWNER,
         G_DBUS_ERROR_UNKNOWN_METHOD,     G_DBUS_ERROR_UNKNOWN_INTERFACE,
         G_DBUS_ERROR_UNKNOWN_OBJECT,     G_DBUS_ERROR_NOT_SUPPORTED,
@@ -95,7 +95,7 @@ ScreenCaptureFailure failureOf(const GError& error)
     const auto isError = [&error](GDBusError code) {
         return g_error_matches(&error, G_DBUS_ERROR, code) != FALSE;
     };
-    if (std::ranges::any_of(NOBODY_THERE, isError))
+    if (std::ranges::any_of(MISSING_SERVICE, isError))
         return ScreenCaptureFailure::UNAVAILABLE;
     if (isError(G_DBUS_ERROR_ACCESS_DENIED) || remote == "org.freedesktop.portal.Error.NotAllowed" ||
         remote == "org.freedesktop.portal.Error.Cancelled")

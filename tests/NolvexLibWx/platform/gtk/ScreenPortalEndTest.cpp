@@ -22,7 +22,7 @@ using ScreenPortalEndTest = Tests::PortalFixture;
 
 namespace {
 
-// A listener that accepts nobody, like a bus that hangs.
+// A socket that never accepts a connection, like a bus that hangs.
 class SilentListener
 {
 public:
