@@ -6,6 +6,7 @@
 #include "NolvexLib/Optional.h"
 #include "NolvexLibWx/platform/gtk/ScreenPortal.h"
 #include "PngFiles.h"
+#include "WaitUntil.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -16,7 +17,6 @@
 #include <memory>
 #include <mutex>
 #include <string>
-#include <thread>
 #include <utility>
 
 namespace Nolvex::Tests {
@@ -63,15 +63,6 @@ private:
     std::condition_variable m_changed;
     Array<Platform::DesktopAnswer> m_answers;
 };
-
-template<class Condition>
-bool waitUntil(Condition condition)
-{
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-    while (!condition() && std::chrono::steady_clock::now() < end)
-        std::this_thread::yield();
-    return condition();
-}
 
 /// Asks the portal that the test plays, on a bus of its own.
 struct PortalFixture : testing::Test
