@@ -4,9 +4,9 @@
 #include "NolvexLib/Array.h"
 #include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/NativeWindows.h"
+#include "NolvexLibWx/detail/Displays.h"
 #include "NolvexLibWx/detail/ScreenPlaces.h"
 
-#include <wx/app.h>
 #include <wx/display.h>
 #include <wx/window.h>
 
@@ -21,11 +21,9 @@ namespace {
 
 int nearestDisplay(Pixel point)
 {
-    // Without an application wxWidgets has no display to ask.
-    const unsigned count = wxAppConsoleBase::GetInstance() == nullptr ? 0 : wxDisplay::GetCount();
     Array<wxRect> geometries;
-    for (unsigned index = 0; index < count; ++index)
-        geometries.push_back(wxDisplay(index).GetGeometry());
+    for (const Bucket& display : Wx::Detail::displayGeometries())
+        geometries.push_back(Wx::toWxRect(display));
     return Wx::Detail::nearestMonitor(geometries, point);
 }
 
@@ -80,6 +78,18 @@ int Wx::Detail::nearestMonitor(ArrayView<const wxRect> geometries, Pixel point)
     return result;
 }
 
+Bucket Wx::Detail::regionAround(ArrayView<const Bucket> regions)
+{
+    if (regions.empty())
+        return {};
+    Bucket whole = regions.front();
+    for (const Bucket& region : regions) {
+        whole.min = {std::min(whole.min.x, region.min.x), std::min(whole.min.y, region.min.y)};
+        whole.max = {std::max(whole.max.x, region.max.x), std::max(whole.max.y, region.max.y)};
+    }
+    return whole;
+}
+
 Pixel Wx::Detail::positionInWorkArea(const wxRect& workArea, wxSize size, Pixel topLeft)
 {
     return {clampedStart(workArea.x, workArea.width, size.x, topLeft.x),
@@ -96,6 +106,11 @@ Bucket Wx::getMonitorRegionByWindow(wxWindow* window, MonitorRegionType type)
     if (window == nullptr)
         return {};
     return getMonitorRegionByPoint(getRectCenter(Detail::screenRect(*window)), type);
+}
+
+Bucket Wx::getDesktopRegion()
+{
+    return Detail::regionAround(Detail::displayGeometries());
 }
 
 void Wx::smartPositionWindow(wxWindow* window, Pixel topLeft)

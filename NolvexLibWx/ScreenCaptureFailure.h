@@ -16,7 +16,8 @@ enum class ScreenCaptureFailure : std::int32_t
     /// The user has not decided within the limit.
     TIMED_OUT = 2,
     /// The service of the desktop has failed, or has answered with something that is no picture of the
-    /// desktop. Some desktops answer in this way after the user has refused once and for all.
+    /// desktop. Some desktops also answer in this way, without asking, if the user has refused an earlier
+    /// question of this program.
     FAILED = 3,
     /// The image would have more than MAX_SCREEN_REGION_PIXELS, or there is not enough memory.
     TOO_LARGE = 4,

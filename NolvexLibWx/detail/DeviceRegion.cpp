@@ -2,6 +2,7 @@
 #include "NolvexLibWx/detail/DeviceRegion.h"
 
 #include "NolvexLib/Array.h"
+#include "NolvexLibWx/Monitors.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -24,16 +25,6 @@ std::int64_t floorOfQuotient(std::int64_t dividend, std::int64_t divisor)
 std::int64_t scaled(std::int64_t distance, std::int64_t size, std::int64_t from)
 {
     return floorOfQuotient(2 * distance * size + from, 2 * from);
-}
-
-Bucket around(ArrayView<const Bucket> displays)
-{
-    Bucket whole = displays.empty() ? Bucket() : displays.front();
-    for (const Bucket& display : displays) {
-        whole.min = {std::min(whole.min.x, display.min.x), std::min(whole.min.y, display.min.y)};
-        whole.max = {std::max(whole.max.x, display.max.x), std::max(whole.max.y, display.max.y)};
-    }
-    return whole;
 }
 
 // The region in the pixels of the device. The coordinates need 64 bits.
@@ -109,7 +100,7 @@ Wx::Detail::DeviceScale::DeviceScale(std::int32_t factor) : DeviceScale({{0, 0},
 Optional<Wx::Detail::DeviceScale> Wx::Detail::DeviceScale::ofPicture(Pixel size,
                                                                      ArrayView<const Bucket> displays)
 {
-    const Bucket shown = around(displays);
+    const Bucket shown = regionAround(displays);
     if (shown.isEmpty() || size.x <= 0 || size.y <= 0)
         return {};
     // With a scale such as 1.25 each side of the picture is rounded to whole pixels.

@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/ScreenCaptureCommand.h"
 
-#include "NolvexLib/Array.h"
 #include "NolvexLibImage/pixels/Conversions.h"
-#include "NolvexLibWx/GeometryConversions.h"
+#include "NolvexLibWx/Monitors.h"
 
-#include <wx/display.h>
-
-#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -21,15 +17,7 @@ using Wx::ScreenCaptureFailure;
 constexpr int MENU_TIME_MS = 250;
 
 // The user may have to read and answer a question of the desktop.
-constexpr auto DECISION_TIME = 60s;
-
-Array<Bucket> displaysOfSystem()
-{
-    Array<Bucket> displays;
-    for (unsigned index = 0; index < wxDisplay::GetCount(); ++index)
-        displays.push_back(Wx::toBucket(wxDisplay(index).GetGeometry()));
-    return displays;
-}
+constexpr auto DECISION_TIME = 1min;
 
 // Bytes lose nothing here, since the screen has bytes, too. An image stores its bottom row first.
 Expected<Image, String> toImage(const BitmapImpl<Rgb>& captured)
@@ -62,18 +50,6 @@ ScreenCaptureCommand::Result toPicture(const Wx::ScreenCaptureResult& captured)
 
 } // namespace
 
-Bucket rectangleAround(ArrayView<const Bucket> displays)
-{
-    if (displays.empty())
-        return {};
-    Bucket whole = displays.front();
-    for (const Bucket& display : displays) {
-        whole.min = {std::min(whole.min.x, display.min.x), std::min(whole.min.y, display.min.y)};
-        whole.max = {std::max(whole.max.x, display.max.x), std::max(whole.max.y, display.max.y)};
-    }
-    return whole;
-}
-
 String messageOf(ScreenCaptureFailure failure)
 {
     switch (failure) {
@@ -82,6 +58,7 @@ String messageOf(ScreenCaptureFailure failure)
     case ScreenCaptureFailure::UNAVAILABLE:
         return L"The screen cannot be read.";
     case ScreenCaptureFailure::TIMED_OUT:
+        static_assert(DECISION_TIME == 1min, "the message names the time");
         return L"The desktop gave no picture of the screen within a minute.";
     case ScreenCaptureFailure::TOO_LARGE:
         return L"The picture of the screen is too large.";
@@ -102,7 +79,7 @@ void ScreenCaptureCommand::start()
     m_timer.Stop();
     if (m_request.isOpen())
         return;
-    m_request = m_ask(rectangleAround(displaysOfSystem()), DECISION_TIME,
+    m_request = m_ask(Wx::getDesktopRegion(), DECISION_TIME,
                       [this](const Wx::ScreenCaptureResult& captured) { finish(captured); });
 }
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "NolvexLib/ArrayView.h"
 #include "NolvexLib/BitmapImpl.h"
 #include "NolvexLib/Bucket.h"
 #include "NolvexLib/Expected.h"
@@ -21,9 +20,6 @@ namespace Nolvex::Viewer {
 /// Asks for the screen as Wx::requestScreenRegion does. A test has a screen of its own.
 using AskForScreen = std::function<Wx::ScreenCaptureRequest(Bucket region, std::chrono::milliseconds limit,
                                                             Function<void(Wx::ScreenCaptureResult)> done)>;
-
-/// Returns the smallest rectangle that holds all of the displays. The rectangle of no display is empty.
-Bucket rectangleAround(ArrayView<const Bucket> displays);
 
 /// Returns what the user is told about the failure.
 String messageOf(Wx::ScreenCaptureFailure failure);

@@ -82,7 +82,6 @@ int show(const Viewer::CommandLine& line)
     if (!picture)
         return fail(picture.error());
 
-    Program::matchSystemParts(Wx::GuiSkin::DEFAULT());
     auto* frame = new Viewer::ViewerFrame(*picture, {file});
     Program::useIconInDialogs(*frame);
     frame->Show();
@@ -111,6 +110,7 @@ int main(int argc, char** argv)
     }
     // Desktops look for the desktop file of this name when a window appears.
     wxTheApp->SetAppDisplayName(L"nolvex-viewer");
+    Program::matchSystemParts(Wx::GuiSkin::DEFAULT());
     int result = 1;
     try {
         result = show(*line);

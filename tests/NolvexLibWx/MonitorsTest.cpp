@@ -17,6 +17,7 @@ using namespace Nolvex;
 using Wx::MonitorRegionType;
 using Wx::Detail::nearestMonitor;
 using Wx::Detail::positionInWorkArea;
+using Wx::Detail::regionAround;
 
 namespace {
 
@@ -49,6 +50,35 @@ struct MonitorsWindowTest : Tests::FrameFixture
 };
 
 } // namespace
+
+TEST(MonitorsTest, regionAround_nothing_isEmpty)
+{
+    EXPECT_TRUE(regionAround({}).isEmpty());
+}
+
+TEST(MonitorsTest, regionAround_severalRegions_holdsThemAll)
+{
+    const Array<Bucket> regions{{{0, 10}, {30, 40}}, {{-20, 0}, {0, 25}}, {{5, 40}, {50, 45}}};
+    EXPECT_EQ(regionAround(regions), (Bucket{{-20, 0}, {50, 45}}));
+}
+
+TEST(MonitorsTest, getDesktopRegion_touchesAMonitorAtEachSide)
+{
+    const Bucket desktop = Wx::getDesktopRegion();
+    bool isLeft = false;
+    bool isTop = false;
+    bool isRight = false;
+    bool isBottom = false;
+    for (unsigned index = 0; index < wxDisplay::GetCount(); ++index) {
+        const Bucket monitor = Wx::toBucket(wxDisplay(index).GetGeometry());
+        EXPECT_EQ(monitor.intersected(desktop), monitor);
+        isLeft |= monitor.min.x == desktop.min.x;
+        isTop |= monitor.min.y == desktop.min.y;
+        isRight |= monitor.max.x == desktop.max.x;
+        isBottom |= monitor.max.y == desktop.max.y;
+    }
+    EXPECT_TRUE(isLeft && isTop && isRight && isBottom);
+}
 
 TEST(MonitorsTest, nearestMonitor_ofNone_isMinusOne)
 {
@@ -163,6 +193,7 @@ TEST(MonitorsTest, region_withoutAnApplication_isEmpty)
     const Tests::NoApplication none;
     for (const auto type : {MonitorRegionType::WORK_AREA, MonitorRegionType::FULL_AREA})
         EXPECT_EQ(Wx::getMonitorRegionByPoint({10, 10}, type), Bucket());
+    EXPECT_EQ(Wx::getDesktopRegion(), Bucket());
 }
 
 TEST(MonitorsTest, noWindow_hasNoRegionAndIsNotPositioned)

@@ -7,7 +7,6 @@
 #include "support/Events.h"
 #include "support/PictureWindow.h"
 
-#include <wx/display.h>
 #include <wx/frame.h>
 #include <wx/weakref.h>
 
@@ -44,8 +43,7 @@ TEST(ScreenCaptureRequestTest, picture_isThatOfTheScreenInThePixelsOfTheDevice)
     ASSERT_TRUE(window.isSeen());
     const BitmapImpl<Rgb> image = captured(window.region());
     const BitmapImpl<Rgb> expected = window.expectedColours();
-    const std::int32_t scale = image.width() / expected.width();
-    ASSERT_GE(scale, 1);
+    const auto scale = static_cast<std::int32_t>(window.frame()->GetContentScaleFactor());
     ASSERT_EQ(image.size(), expected.size() * scale);
     for (std::int32_t y = 0; y < image.height(); ++y) {
         for (std::int32_t x = 0; x < image.width(); ++x)

@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # monitors.sh FOLDER: runs the tests of monitors, of screen captures, of placing windows on the screen and of dragging to
-# its edges, from the test programs in FOLDER, on a display with several monitors. The tests of captures also run on a scaled desktop, with ten
-# bits a channel and without shared memory. Of the X servers without a real screen, only one whose size VNC viewers can
-# set has several monitors.
+# its edges, from the test programs in FOLDER, on a display with several monitors. The tests of captures, and of the
+# picture that the viewer shows, also run on a scaled desktop, with ten bits a channel and without shared memory. Of the
+# X servers without a real screen, only one whose size VNC viewers can set has several monitors.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 . tools/testing/common.sh
@@ -32,7 +32,7 @@ run() {
   }
 }
 
-captures='ScreenCaptureTest.*-*tensOfThousands*'
+captures='ScreenCaptureTest.*:ScreenCaptureRequestTest.*-*tensOfThousands*'
 
 # The arrangements: two monitors side by side at different heights, the right monitor first, and three monitors with a
 # gap between them and none at the origin.
@@ -56,7 +56,10 @@ other_screen() {
   local name=$1
   shift
   start_server Xvfb "$@"
-  run NolvexLibWxTests "$captures" || { echo "monitors: failed $name"; exit 1; }
+  run NolvexLibWxTests "$captures" && run NolvexViewerTests 'ImageViewTest.*' || {
+    echo "monitors: failed $name"
+    exit 1
+  }
 }
 
 GDK_SCALE=2 other_screen 'on a scaled desktop' -screen 0 1280x1024x24

@@ -7,7 +7,7 @@
 #include <cstddef>
 
 // What the portal says is not trusted: every type is checked, and signals that belong to other questions are
-// ignored. GLib calls the functions below, which let no exception through.
+// ignored. An exception must not pass through GLib, which calls the functions below.
 
 namespace Nolvex {
 
@@ -84,7 +84,7 @@ ScreenCaptureFailure failureOf(const GError& error)
 {
     const std::unique_ptr<char, void (*)(gpointer)> name(g_dbus_error_get_remote_error(&error), g_free);
     const std::string remote = name ? name.get() : "";
-    constexpr GDBusError NOBODY_THERE[] = {
+    constexpr GDBusError MISSING_SERVICE[] = {
         G_DBUS_ERROR_SERVICE_UNKNOWN,    G_DBUS_ERROR_NAME_HAS_NO_OWNER,
         G_DBUS_ERROR_UNKNOWN_METHOD,     G_DBUS_ERROR_UNKNOWN_INTERFACE,
         G_DBUS_ERROR_UNKNOWN_OBJECT,     G_DBUS_ERROR_NOT_SUPPORTED,
@@ -95,7 +95,7 @@ ScreenCaptureFailure failureOf(const GError& error)
     const auto isError = [&error](GDBusError code) {
         return g_error_matches(&error, G_DBUS_ERROR, code) != FALSE;
     };
-    if (std::ranges::any_of(NOBODY_THERE, isError))
+    if (std::ranges::any_of(MISSING_SERVICE, isError))
         return ScreenCaptureFailure::UNAVAILABLE;
     if (isError(G_DBUS_ERROR_ACCESS_DENIED) || remote == "org.freedesktop.portal.Error.NotAllowed" ||
         remote == "org.freedesktop.portal.Error.Cancelled")
@@ -145,6 +145,8 @@ Platform::PortalRequest::PortalRequest(std::chrono::milliseconds limit, GCancell
 
 Platform::PortalRequest::~PortalRequest()
 {
+    if (m_connection)
+        disconnect();
     for (const std::shared_ptr<GSource>& source : m_sources)
         g_source_destroy(source.get());
     // A source still uses its context when it is freed.
@@ -164,8 +166,10 @@ PortalRequest::Answer Platform::PortalRequest::ask(const std::string& busAddress
     constexpr auto FLAGS = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                                              G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
     const GAsyncReadyCallback connected = [](GObject*, GAsyncResult* result, gpointer self) noexcept {
-        static_cast<PortalRequest*>(self)->onConnected(
-            g_dbus_connection_new_for_address_finish(result, nullptr));
+        auto* const request = static_cast<PortalRequest*>(self);
+        --request->m_pendingCalls;
+        request->attempt(
+            [&] { request->onConnected(g_dbus_connection_new_for_address_finish(result, nullptr)); });
     };
     ++m_pendingCalls;
     // GIO ends the program when its shared connection is lost, but not when this one is.
@@ -175,9 +179,18 @@ PortalRequest::Answer Platform::PortalRequest::ask(const std::string& busAddress
         g_main_context_iteration(m_context, TRUE);
     if (m_isQuestionOpen)
         closeQuestion();
-    if (m_connection)
-        disconnect();
     return *m_answer;
+}
+
+// Only a lack of memory makes a step fail.
+template<class Step>
+void Platform::PortalRequest::attempt(Step step) noexcept
+{
+    try {
+        step();
+    } catch (...) {
+        settle(Unexpected{ScreenCaptureFailure::FAILED});
+    }
 }
 
 void Platform::PortalRequest::settle(Answer answer)
@@ -190,7 +203,6 @@ void Platform::PortalRequest::settle(Answer answer)
 
 void Platform::PortalRequest::onConnected(GDBusConnection* connection)
 {
-    --m_pendingCalls;
     m_connection = owned(connection);
     if (connection == nullptr)
         settle(Unexpected{ScreenCaptureFailure::UNAVAILABLE});
@@ -207,7 +219,8 @@ void Platform::PortalRequest::subscribe()
 {
     const GDBusSignalCallback responded = [](GDBusConnection*, const char*, const char* path, const char*,
                                              const char*, GVariant* values, gpointer self) noexcept {
-        static_cast<PortalRequest*>(self)->onResponse(path, owned(g_variant_ref(values)));
+        auto* const request = static_cast<PortalRequest*>(self);
+        request->attempt([&] { request->onResponse(path, owned(g_variant_ref(values))); });
     };
     m_subscriptions.push_back(g_dbus_connection_signal_subscribe(
         m_connection.get(), PORTAL_NAME, REQUEST_INTERFACE, "Response", nullptr, nullptr,
@@ -233,25 +246,29 @@ void Platform::PortalRequest::call()
 {
     const GAsyncReadyCallback returned = [](GObject* connection, GAsyncResult* result,
                                             gpointer self) noexcept {
-        GError* error = nullptr;
-        const std::shared_ptr<GVariant> reply =
-            owned(g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, &error));
-        const ErrorPointer heldError(error);
         auto* const request = static_cast<PortalRequest*>(self);
         --request->m_pendingCalls;
-        if (error != nullptr) {
-            request->onCallFailed(*error);
-            return;
-        }
-        const char* handle = nullptr;
-        g_variant_get(reply.get(), "(&o)", &handle);
-        request->onHandle(handle);
+        request->attempt([&] { request->onReturned(G_DBUS_CONNECTION(connection), result); });
     };
     ++m_pendingCalls;
     m_isQuestionOpen = true;
     g_dbus_connection_call(m_connection.get(), PORTAL_NAME, PORTAL_PATH, "org.freedesktop.portal.Screenshot",
                            "Screenshot", callParameters(m_token), G_VARIANT_TYPE("(o)"),
                            G_DBUS_CALL_FLAGS_NONE, NO_TIMEOUT, m_calls.get(), returned, this);
+}
+
+void Platform::PortalRequest::onReturned(GDBusConnection* connection, GAsyncResult* result)
+{
+    GError* error = nullptr;
+    const std::shared_ptr<GVariant> reply = owned(g_dbus_connection_call_finish(connection, result, &error));
+    const ErrorPointer heldError(error);
+    if (error != nullptr) {
+        onCallFailed(*error);
+        return;
+    }
+    const char* handle = nullptr;
+    g_variant_get(reply.get(), "(&o)", &handle);
+    onHandle(handle);
 }
 
 void Platform::PortalRequest::onCallFailed(const GError& error)
@@ -282,12 +299,18 @@ void Platform::PortalRequest::onResponse(const std::string& path, const Response
 
 void Platform::PortalRequest::answerWith(GVariant* response)
 {
-    if (!m_answer)
-        m_isQuestionOpen = false;
-    settle(answerOf(response));
+    // A portal answers a question once.
+    if (!m_isQuestionOpen)
+        return;
+    m_isQuestionOpen = false;
+    Answer answer = answerOf(response);
+    if (m_answer && answer)
+        m_latePicture = std::move(*answer);
+    settle(std::move(answer));
 }
 
-// Waits for the answer, which proves that the portal has read the message before the connection is closed.
+// Waits for the portal to return the call, which proves that the portal has read the message before the
+// connection is closed. A picture that the portal has sent before arrives in this time, too.
 void Platform::PortalRequest::closeQuestion()
 {
     const std::shared_ptr<GCancellable> tooLate(g_cancellable_new(), g_object_unref);
@@ -300,8 +323,9 @@ void Platform::PortalRequest::closeQuestion()
     g_source_set_callback(timer, giveUp, tooLate.get(), nullptr);
     watch(timer);
     const GAsyncReadyCallback closed = [](GObject* connection, GAsyncResult* result, gpointer self) noexcept {
-        owned(g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, nullptr));
         --static_cast<PortalRequest*>(self)->m_pendingCalls;
+        GVariant* reply = g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, nullptr);
+        g_clear_pointer(&reply, g_variant_unref);
     };
     ++m_pendingCalls;
     g_dbus_connection_call(m_connection.get(), PORTAL_NAME, m_handle.value_or(m_expectedHandle).c_str(),
@@ -313,7 +337,8 @@ void Platform::PortalRequest::closeQuestion()
 
 void Platform::PortalRequest::disconnect()
 {
-    g_signal_handler_disconnect(m_connection.get(), m_closedHandler);
+    if (m_closedHandler != 0)
+        g_signal_handler_disconnect(m_connection.get(), m_closedHandler);
     for (const unsigned subscription : m_subscriptions)
         g_dbus_connection_signal_unsubscribe(m_connection.get(), subscription);
     m_connection.reset();

@@ -12,6 +12,7 @@
 #include <string>
 #include <utility>
 
+using GAsyncResult = struct _GAsyncResult;
 using GCancellable = struct _GCancellable;
 using GDBusConnection = struct _GDBusConnection;
 using GError = struct _GError;
@@ -36,14 +37,21 @@ public:
     /// Returns the address of the file with the picture.
     Answer ask(const std::string& busAddress);
 
+    /// Returns the address of a file with a picture that the portal has named after `ask` had given up, or
+    /// nullopt if there is none.
+    const Optional<std::string>& latePicture() const { return m_latePicture; }
+
 private:
     using Response = std::shared_ptr<GVariant>;
 
+    template<class Step>
+    void attempt(Step step) noexcept;
     void watch(GSource* source);
     void settle(Answer answer);
     void onConnected(GDBusConnection* connection);
     void subscribe();
     void call();
+    void onReturned(GDBusConnection* connection, GAsyncResult* result);
     void onHandle(const std::string& handle);
     void onCallFailed(const GError& error);
     void onResponse(const std::string& path, const Response& response);
@@ -64,6 +72,7 @@ private:
     int m_pendingCalls = 0;
     bool m_isQuestionOpen = false;
     Optional<Answer> m_answer;
+    Optional<std::string> m_latePicture;
 };
 
 } // namespace Nolvex::Platform

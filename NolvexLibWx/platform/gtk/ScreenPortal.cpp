@@ -14,11 +14,34 @@ Platform::DesktopAnswer findAnswer(const std::string& busAddress, std::chrono::m
                                    GCancellable* withdrawal)
 {
     const auto asked = std::chrono::system_clock::now();
-    const Expected<std::string, Wx::ScreenCaptureFailure> uri =
-        Platform::PortalRequest(limit, withdrawal).ask(busAddress);
+    Platform::PortalRequest request(limit, withdrawal);
+    const Expected<std::string, Wx::ScreenCaptureFailure> uri = request.ask(busAddress);
+    // The file would stay in a folder of the user with everything that was on the screen.
+    if (request.latePicture())
+        static_cast<void>(Platform::takeScreenshotFile(*request.latePicture(), asked));
     if (!uri)
         return Unexpected{uri.error()};
     return Platform::takeScreenshotFile(*uri, asked);
+}
+
+void tellFailure(const Platform::ScreenPortal::Done& done) noexcept
+{
+    try {
+        done(Unexpected{Wx::ScreenCaptureFailure::FAILED});
+    } catch (...) {
+        // There is no memory for the failure either, so that the question stays without an answer.
+    }
+}
+
+/// Runs as the thread, which an exception must not leave, because that would end the program.
+void answer(const Platform::ScreenPortal::Done& done, const std::string& busAddress,
+            std::chrono::milliseconds limit, GCancellable* withdrawal) noexcept
+{
+    try {
+        done(findAnswer(busAddress, limit, withdrawal));
+    } catch (...) {
+        tellFailure(done);
+    }
 }
 
 } // namespace
@@ -27,7 +50,7 @@ Platform::ScreenPortal::ScreenPortal(const std::string& busAddress, std::chrono:
                                      const Done& done)
     : m_withdrawal(g_cancellable_new(), g_object_unref),
       m_thread([busAddress, limit, done, withdrawal = m_withdrawal] {
-          done(findAnswer(busAddress, limit, withdrawal.get()));
+          answer(done, busAddress, limit, withdrawal.get());
       })
 {}
 

@@ -21,11 +21,11 @@ class ScreenPortal : public DesktopQuestion
 public:
     using Done = std::function<void(DesktopAnswer)>;
 
-    /// `busAddress` is the address of the session bus. Calls `done` on the thread of the question. Throws
-    /// std::system_error if the system has no thread left.
+    /// `busAddress` is the address of the session bus. Calls `done` on the thread of the question, and once
+    /// more with FAILED if `done` throws. Throws std::system_error if the system has no thread left.
     ScreenPortal(const std::string& busAddress, std::chrono::milliseconds limit, const Done& done);
     /// Waits for a picture that is being decoded, and otherwise no longer than a moment for the portal to
-    /// read that the question is withdrawn.
+    /// read that the question is withdrawn. The file of a picture that arrives in this moment is removed.
     ~ScreenPortal() override;
 
 private:

@@ -162,7 +162,7 @@ TEST_F(ScreenQuestionTest, pictureWithARoundedSide_isCut)
     ASSERT_TRUE(*result);
 }
 
-TEST_F(ScreenQuestionTest, emptyRegion_asksNobody)
+TEST_F(ScreenQuestionTest, emptyRegion_doesNotAskTheDesktop)
 {
     const ScreenCaptureRequest request = open({{5, 5}, {5, 9}});
     expectAnswered();

@@ -123,11 +123,7 @@ void Tests::FakePortal::Call::waitUntilRead()
 
 void Tests::FakePortal::Call::respond(const std::string& handle, const std::string& values)
 {
-    GVariant* const parsed = g_variant_parse(nullptr, values.c_str(), nullptr, nullptr, nullptr);
-    ASSERT_NE(parsed, nullptr) << values;
-    g_dbus_connection_emit_signal(m_portal.m_connection, caller().c_str(), handle.c_str(),
-                                  "org.freedesktop.portal.Request", "Response", parsed, nullptr);
-    g_variant_unref(parsed);
+    m_portal.respond(caller(), handle, values);
 }
 
 void Tests::FakePortal::Call::respondWithUri(const std::string& uri)
@@ -135,6 +131,16 @@ void Tests::FakePortal::Call::respondWithUri(const std::string& uri)
     const std::string own = handle();
     giveHandle(own);
     respond(own, "(uint32 0, {'uri': <'" + uri + "'>})");
+}
+
+void Tests::FakePortal::respond(const std::string& caller, const std::string& handle,
+                                const std::string& values)
+{
+    GVariant* const parsed = g_variant_parse(nullptr, values.c_str(), nullptr, nullptr, nullptr);
+    ASSERT_NE(parsed, nullptr) << values;
+    g_dbus_connection_emit_signal(m_connection, caller.c_str(), handle.c_str(),
+                                  "org.freedesktop.portal.Request", "Response", parsed, nullptr);
+    g_variant_unref(parsed);
 }
 
 Tests::FakePortal::FakePortal(const std::string& busAddress, Answer answer, const char* name)
@@ -165,6 +171,12 @@ Tests::FakePortal::~FakePortal()
     g_main_context_unref(m_context);
 }
 
+void Tests::FakePortal::whenClosing(std::function<void()> closing)
+{
+    const std::lock_guard lock(m_mutex);
+    m_closing = std::move(closing);
+}
+
 Array<std::string> Tests::FakePortal::closed() const
 {
     const std::lock_guard lock(m_mutex);
@@ -181,10 +193,14 @@ void Tests::FakePortal::onMethod(GDBusConnection* /*connection*/, const char* /*
         portal.m_answer(Call(portal, invocation));
         return;
     }
+    std::function<void()> closing;
     {
         const std::lock_guard lock(portal.m_mutex);
         portal.m_closed.emplace_back(path);
+        closing = portal.m_closing;
     }
+    if (closing)
+        closing();
     g_dbus_method_invocation_return_value(invocation, nullptr);
 }
 

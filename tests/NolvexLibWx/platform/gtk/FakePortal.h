@@ -79,7 +79,14 @@ public:
     FakePortal(const std::string& busAddress, Answer answer, const char* name = NAME);
     ~FakePortal();
 
+    /// Emits the signal of an answer to the caller.
+    void respond(const std::string& caller, const std::string& handle, const std::string& values);
+
     int calls() const { return m_calls; }
+
+    /// Calls the function, on the thread of the portal, when a question is withdrawn, and returns to the
+    /// caller afterwards.
+    void whenClosing(std::function<void()> closing);
 
     /// Returns the handles of the questions that were withdrawn.
     Array<std::string> closed() const;
@@ -101,8 +108,9 @@ private:
     GDBusNodeInfo* m_interfaces;
     GDBusConnection* m_connection = nullptr;
     std::atomic<int> m_calls = 0;
-    mutable std::mutex m_mutex; // guards m_closed
+    mutable std::mutex m_mutex; // guards the next two members
     Array<std::string> m_closed;
+    std::function<void()> m_closing;
     std::thread m_thread;
 };
 

@@ -6,6 +6,7 @@
 #include "NolvexLib/Optional.h"
 #include "NolvexLibWx/platform/gtk/ScreenPortal.h"
 #include "PngFiles.h"
+#include "WaitUntil.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -16,7 +17,6 @@
 #include <memory>
 #include <mutex>
 #include <string>
-#include <thread>
 #include <utility>
 
 namespace Nolvex::Tests {
@@ -46,6 +46,12 @@ public:
         return m_answers.front();
     }
 
+    Platform::DesktopAnswer last()
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_answers.back();
+    }
+
     std::size_t count()
     {
         const std::lock_guard lock(m_mutex);
@@ -58,21 +64,14 @@ private:
     Array<Platform::DesktopAnswer> m_answers;
 };
 
-template<class Condition>
-bool waitUntil(Condition condition)
-{
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-    while (!condition() && std::chrono::steady_clock::now() < end)
-        std::this_thread::yield();
-    return condition();
-}
-
 /// Asks the portal that the test plays, on a bus of its own.
 struct PortalFixture : testing::Test
 {
     TemporaryFolder folder;
     PrivateBus bus;
     PortalAnswers answers;
+    std::string caller;
+    std::string handle;
     std::unique_ptr<FakePortal> portal;
     std::unique_ptr<Platform::ScreenPortal> question;
 
@@ -122,16 +121,26 @@ struct PortalFixture : testing::Test
     }
 
     /// Asks a portal that only returns a handle, and returns when the question has read the handle.
-    void askInVain()
+    void askInVain(std::chrono::milliseconds limit = LONG)
     {
         std::atomic<bool> isAsked = false;
-        answerBy([&isAsked](FakePortal::Call call) {
-            call.giveHandle(call.handle());
+        answerBy([this, &isAsked](FakePortal::Call call) {
+            caller = call.caller();
+            handle = call.handle();
+            call.giveHandle(handle);
             call.waitUntilRead();
             isAsked = true;
         });
-        ask();
+        ask(limit);
         ASSERT_TRUE(waitUntil([&] { return isAsked.load(); }));
+    }
+
+    /// Lets the portal, asked in vain, give a picture in the moment in which the question is withdrawn.
+    void answerWhenClosing(const Io::Path& picture)
+    {
+        portal->whenClosing([this, uri = uriOf(picture)] {
+            portal->respond(caller, handle, "(uint32 0, {'uri': <'" + uri + "'>})");
+        });
     }
 };
 

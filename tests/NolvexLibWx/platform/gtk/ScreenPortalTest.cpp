@@ -194,7 +194,7 @@ TEST_F(ScreenPortalTest, callThatFails_isAFailure)
 TEST_F(ScreenPortalTest, noBus_isUnavailable)
 {
     for (const std::string& address : {std::string("unix:path=/nonexistent/bus"), std::string("nonsense"),
-                                       std::string("unix:abstract=nolvex-nobody-listens-here")}) {
+                                       std::string("unix:abstract=nolvex-without-a-listener")}) {
         Tests::PortalAnswers none;
         const ScreenPortal asked(address, LONG, none.receiver());
         const Optional<DesktopAnswer> answer = none.first();
