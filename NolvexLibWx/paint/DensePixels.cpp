@@ -28,6 +28,9 @@ double missingOffset(const wxGraphicsContext& context, int penWidth)
 /// Returns the number of pixels of the device in each direction for which a pixel of the bitmap stands.
 int magnification(const wxDC& dc, const wxBitmap& bitmap)
 {
+    // GDI, which has no such context, draws pixels of the device.
+    if (dc.GetGraphicsContext() == nullptr)
+        return 1;
     return static_cast<int>(std::floor(dc.GetContentScaleFactor() / bitmap.GetScaleFactor()));
 }
 

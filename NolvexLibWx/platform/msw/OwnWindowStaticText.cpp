@@ -12,6 +12,9 @@ Platform::OwnWindowStaticText::OwnWindowStaticText(wxWindow* parent, wxWindowID 
                                                    const wxString& name)
     : wxStaticText(parent, id, label, pos, size, style, name)
 {
+    // While the constructor of wxWidgets ran, it asked its own class for the best size, and kept the answer.
+    InvalidateBestSize();
+    SetInitialSize(size);
     Wx::describeAs<Wx::LabelledAccount, Wx::AccessibleRole::LABEL>(*this);
 }
 

@@ -33,7 +33,8 @@ public:
     {
         m_bitmap.CreateWithDIPSize(PAPER_SIZE, density, 24);
         wxMemoryDC dc(m_bitmap);
-        m_density = dc.GetContentScaleFactor();
+        // On Windows the paper has as many pixels, but GDI draws pixels of the device.
+        m_density = dc.GetGraphicsContext() != nullptr ? dc.GetContentScaleFactor() : 1.0;
     }
 
     bool hasDensity(int density) const { return m_density == density; }
