@@ -19,7 +19,7 @@ using namespace std::chrono_literals;
 namespace {
 
 // The window of the viewer offers more room at every scale.
-constexpr Pixel SIZE{121, 75};
+constexpr Pixel PICTURE_SIZE{121, 75};
 
 // Neighbours differ in blue by as much as possible, so that every blending of two pixels shows. Red and green
 // are the place of the pixel.
@@ -38,10 +38,11 @@ Rgb colourAt(Pixel place)
 
 Viewer::SharedPicture checks()
 {
-    Expected<Image, String> image = Image::create(SIZE.x, SIZE.y, PixelFormat::UINT8_RGB, 1.0f);
-    for (int y = 0; y < SIZE.y; ++y) {
-        std::byte* to = image->row(SIZE.y - 1 - y).data();
-        for (int x = 0; x < SIZE.x; ++x) {
+    Expected<Image, String> image =
+        Image::create(PICTURE_SIZE.x, PICTURE_SIZE.y, PixelFormat::UINT8_RGB, 1.0f);
+    for (int y = 0; y < PICTURE_SIZE.y; ++y) {
+        std::byte* to = image->row(PICTURE_SIZE.y - 1 - y).data();
+        for (int x = 0; x < PICTURE_SIZE.x; ++x) {
             const RgbBytes check = checkAt({x, y});
             for (const std::uint8_t value : {check.r, check.g, check.b})
                 *to++ = static_cast<std::byte>(value);
@@ -72,7 +73,7 @@ struct ImageViewTest : Tests::ViewerFixture
         const Pixel place = Pixel{room.x / 2, room.y / 2} * scale;
         for (std::int32_t y = place.y - scale + 1; y < place.y + scale; ++y) {
             for (std::int32_t x = place.x - scale + 1; x < place.x + scale; ++x) {
-                const Bucket whole{{x, y}, Pixel{x, y} + SIZE};
+                const Bucket whole{{x, y}, Pixel{x, y} + PICTURE_SIZE};
                 if (whole.intersected({{0, 0}, shown.size()}) == whole && shown.at(x, y) == colourAt({0, 0}))
                     return Pixel{x, y};
             }
@@ -93,8 +94,8 @@ TEST_F(ImageViewTest, eachPixelOfThePicture_isAPixelOfTheDevice)
         corner = cornerIn(shown);
         return corner.has_value();
     }));
-    for (std::int32_t y = 0; y < SIZE.y; ++y) {
-        for (std::int32_t x = 0; x < SIZE.x; ++x)
+    for (std::int32_t y = 0; y < PICTURE_SIZE.y; ++y) {
+        for (std::int32_t x = 0; x < PICTURE_SIZE.x; ++x)
             ASSERT_EQ(shown.at(corner->x + x, corner->y + y), colourAt({x, y})) << x << ", " << y;
     }
 }
