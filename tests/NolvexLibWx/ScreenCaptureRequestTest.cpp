@@ -3,10 +3,12 @@
 
 #include "CapturedRegions.h"
 #include "NolvexLib/Optional.h"
+#include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/ScreenCapture.h"
 #include "support/Events.h"
 #include "support/PictureWindow.h"
 
+#include <wx/display.h>
 #include <wx/frame.h>
 #include <wx/weakref.h>
 
@@ -53,8 +55,8 @@ TEST(ScreenCaptureRequestTest, picture_isThatOfTheScreenInThePixelsOfTheDevice)
 
 TEST(ScreenCaptureRequestTest, regionPartlyOutside_isTransparentThere)
 {
-    const Pixel corner{-7, -5};
-    const BitmapImpl<Rgb> image = captured({corner, {3, 2}});
+    const Pixel corner = Wx::toPixel(wxDisplay(0u).GetGeometry().GetTopLeft());
+    const BitmapImpl<Rgb> image = captured({corner - Pixel{7, 5}, corner + Pixel{3, 2}});
     ASSERT_FALSE(image.isEmpty());
     EXPECT_EQ(image.at(0, 0), Tests::TRANSPARENT_BLACK);
     EXPECT_EQ(image.at(image.width() - 1, image.height() - 1).a, 1.0f);

@@ -419,7 +419,7 @@ TEST_F(CheckBoxPixelTest, labelInTheFontOfTheSystem_isSeen)
 
 TEST_F(CheckBoxPixelTest, withoutLabel_showsTheBoxAlone)
 {
-    auto* bare = new CheckBox(panel, wxID_ANY, String(), {300, 300});
+    auto* bare = new CheckBox(panel, wxID_ANY, String(), {430, 20});
     pumpEvents(120);
     expectSame(captureClientArea(bare), paperWithBox(bare->GetClientSize()), "bare");
 }

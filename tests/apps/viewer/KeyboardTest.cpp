@@ -13,6 +13,7 @@
 
 #include <functional>
 #include <set>
+#include <utility>
 
 using namespace Nolvex;
 using Tests::coordinates;
@@ -21,25 +22,34 @@ using Tests::typeKey;
 
 namespace {
 
-// Types a key a little later, from a timer: on Windows an open menu runs its own event loop, from which the
-// opening call returns only when the menu is closed.
+// Types a key a little after a menu has opened, from a timer: on Windows an open menu runs its own event
+// loop, from which the opening call returns only when the menu is closed.
 class DelayedKey : public wxTimer
 {
 public:
-    DelayedKey(int key, int times) : m_key(key), m_times(times) { Start(DELAY); }
+    DelayedKey(int key, int times, std::function<bool()> isOpen)
+        : m_key(key), m_times(times), m_isOpen(std::move(isOpen))
+    {
+        Start(DELAY);
+    }
 
     void Notify() override
     {
+        // wxWidgets tells that a menu opens before the menu takes keys.
+        if (!m_isOpen() || !std::exchange(m_wasOpen, true))
+            return;
         wxUIActionSimulator().Char(m_key);
         if (--m_times == 0)
             Stop();
     }
 
 private:
-    static constexpr int DELAY = 400; // milliseconds; time for the menu to open
+    static constexpr int DELAY = 300; // milliseconds
 
     int m_key;
     int m_times;
+    std::function<bool()> m_isOpen;
+    bool m_wasOpen = false;
 };
 
 // On Windows the first Escape leads from a menu to the menu bar, the second one out of it.
@@ -71,7 +81,7 @@ struct ViewerKeyboardTest : Tests::ViewerFixture
     void typeIntoMenu(int key, const std::function<void()>& open, int times = 1)
     {
         const int before = opened;
-        const DelayedKey delayed(key, times);
+        const DelayedKey delayed(key, times, [this, before] { return opened > before; });
         open();
         ASSERT_TRUE(pumpUntil([&] { return opened > before; }));
         EXPECT_TRUE(pumpUntil([&] { return closed == opened; }));
