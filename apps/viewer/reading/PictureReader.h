@@ -41,7 +41,7 @@ public:
     /// The usual extensions of the files, without the dot.
     virtual Array<String> extensions() const = 0;
 
-    /// Returns whether a file with this content is for this reader. Looks at a few bytes alone.
+    /// Returns whether a file with this content is for this reader. Looks at the header alone.
     virtual bool knows(ArrayView<const std::byte> file) const = 0;
 
     virtual Expected<ReadImage, String> read(ArrayView<const std::byte> file,

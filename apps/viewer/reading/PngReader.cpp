@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/reading/PngReader.h"
 
+#include "apps/viewer/reading/ReadOutcome.h"
+
 #include <png.h>
 
 #include <bit>
@@ -17,9 +19,6 @@ namespace {
 constexpr std::size_t SIGNATURE_BYTES = 8;
 constexpr int BYTE_BITS = 8;
 constexpr std::int32_t MAX_LENGTH = 0x7fff'ffff; // of a side
-
-// Deflate makes at most 1032 bytes of one.
-constexpr std::uint64_t MAX_INFLATION = 1032;
 
 // The exponent by which files for usual displays are encoded is 1 divided by this.
 constexpr double DISPLAY_EXPONENT = 2.2;
@@ -45,13 +44,6 @@ void readBytes(png_structp png, png_bytep to, png_size_t count)
 }
 
 void ignoreWarning(png_structp, png_const_charp) {}
-
-enum class Outcome
-{
-    DONE,
-    STOPPED,
-    DAMAGED,
-};
 
 // libpng reports a failure by a jump back to setjmp, past the destructors of what was made since. Nothing
 // with a destructor is made between.
@@ -122,20 +114,20 @@ public:
         return isSound && std::abs(gamma - 1.0) > GAMMA_TOLERANCE ? static_cast<float>(gamma) : DISPLAY_GAMMA;
     }
 
-    Outcome readRows(Image& image, const ReadingProgress& progress)
+    ReadOutcome readRows(Image& image, const ReadingProgress& progress)
     {
         if (setjmp(png_jmpbuf(m_png)) != 0) // NOLINT(cert-err52-cpp): libpng's way
-            return Outcome::DAMAGED;
+            return ReadOutcome::DAMAGED;
         const std::int32_t rows = image.descriptor().height;
         for (int pass = 0; pass < m_passes; ++pass) {
             for (std::int32_t y = 0; y < rows; ++y) {
                 if (progress && !progress(shareDone(pass, y, rows)))
-                    return Outcome::STOPPED;
+                    return ReadOutcome::STOPPED;
                 png_read_row(m_png, reinterpret_cast<png_bytep>(image.row(rows - 1 - y).data()), nullptr);
             }
         }
         png_read_end(m_png, nullptr);
-        return Outcome::DONE;
+        return ReadOutcome::DONE;
     }
 
 private:
@@ -166,11 +158,6 @@ private:
     int m_passes = 1;
 };
 
-Unexpected<String> damaged()
-{
-    return Unexpected{String(L"it is damaged or cut off")};
-}
-
 } // namespace
 
 Array<String> PngReader::extensions() const
@@ -189,19 +176,14 @@ Expected<ReadImage, String> PngReader::read(ArrayView<const std::byte> file,
 {
     PngFile png(file);
     if (!png.readHeader() || !png.fits(file.size()))
-        return damaged();
+        return readFailure(ReadOutcome::DAMAGED);
     Expected<Image, String> image = Image::create(png.width(), png.height(), png.format(), png.gamma());
     if (!image)
         return Unexpected{image.error()};
-    switch (png.readRows(*image, progress)) {
-    case Outcome::DONE:
-        return ReadImage{std::move(*image), {}};
-    case Outcome::STOPPED:
-        return Unexpected{String(L"it was not read to the end")};
-    case Outcome::DAMAGED:
-        break;
-    }
-    return damaged();
+    const ReadOutcome outcome = png.readRows(*image, progress);
+    if (outcome != ReadOutcome::DONE)
+        return readFailure(outcome);
+    return ReadImage{std::move(*image), {}};
 }
 
 } // namespace Nolvex::Viewer

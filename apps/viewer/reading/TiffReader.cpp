@@ -2,6 +2,7 @@
 #include "apps/viewer/reading/TiffReader.h"
 
 #include "NolvexLib/Optional.h"
+#include "apps/viewer/reading/ReadOutcome.h"
 #include "apps/viewer/reading/TiffFile.h"
 #include "apps/viewer/reading/TiffSamples.h"
 
@@ -20,10 +21,6 @@ constexpr int BYTE_BITS = 8;
 // A block, which is a strip or a tile, is decoded as a whole. No usual program writes larger ones.
 constexpr std::uint64_t MAX_BLOCK_BYTES = std::uint64_t(1) << 30;
 
-// No compression of images makes more bytes of one, apart from those that a file of that size can be filled
-// with.
-constexpr std::uint64_t MAX_INFLATION = 1032;
-
 bool isTiff(ArrayView<const std::byte> file)
 {
     constexpr std::size_t MAGIC_BYTES = 4;
@@ -32,11 +29,6 @@ bool isTiff(ArrayView<const std::byte> file)
     const std::string_view magic(reinterpret_cast<const char*>(file.data()), MAGIC_BYTES);
     using namespace std::string_view_literals;
     return magic == "II*\0"sv || magic == "MM\0*"sv || magic == "II+\0"sv || magic == "MM\0+"sv;
-}
-
-Unexpected<String> damaged()
-{
-    return Unexpected{String(L"it is damaged or cut off")};
 }
 
 Optional<TiffAlpha> alphaOf(const TiffFile& file)
@@ -139,27 +131,20 @@ private:
     TiffBlockSize m_size;
 };
 
-enum class Outcome
-{
-    DONE,
-    STOPPED,
-    DAMAGED,
-};
-
-Outcome readBlocks(const Blocks& blocks, const TiffLayout& layout, Image& image,
-                   const ReadingProgress& progress)
+ReadOutcome readBlocks(const Blocks& blocks, const TiffLayout& layout, Image& image,
+                       const ReadingProgress& progress)
 {
     const TiffSamples samples(layout, image);
     const int planes = layout.isPlanar ? samples.planeCount() : 1;
     Array<std::byte> block(static_cast<std::size_t>(blocks.byteCount()));
     for (std::uint32_t y = 0; y < layout.height;) {
         if (progress && !progress(static_cast<float>(y) / static_cast<float>(layout.height)))
-            return Outcome::STOPPED;
+            return ReadOutcome::STOPPED;
         for (std::uint64_t x = 0; x < layout.width; x += blocks.size().width) {
             for (int plane = 0; plane < planes; ++plane) {
                 const auto left = static_cast<std::uint32_t>(x);
                 if (!blocks.read(left, y, static_cast<std::uint16_t>(plane), block))
-                    return Outcome::DAMAGED;
+                    return ReadOutcome::DAMAGED;
                 samples.place(block, blocks.size(), left, y, plane, image);
             }
         }
@@ -168,7 +153,7 @@ Outcome readBlocks(const Blocks& blocks, const TiffLayout& layout, Image& image,
         y += blocks.size().height;
     }
     samples.finish(image);
-    return Outcome::DONE;
+    return ReadOutcome::DONE;
 }
 
 Array<String> omissionsOf(const TiffFile& file, const TiffLayout& layout)
@@ -204,26 +189,21 @@ Expected<ReadImage, String> TiffReader::read(ArrayView<const std::byte> file,
 {
     const TiffFile tiff(file);
     if (tiff.handle() == nullptr)
-        return damaged();
+        return readFailure(ReadOutcome::DAMAGED);
     const TiffLayout layout = layoutOf(tiff);
     const Blocks blocks(tiff, layout);
     const Optional<TiffImageFormat> format =
         isReadable(tiff, layout) ? imageFormatOf(layout) : Optional<TiffImageFormat>();
     if (!format || !blocks.areSound() || layout.byteCount() / MAX_INFLATION > file.size())
-        return damaged();
+        return readFailure(ReadOutcome::DAMAGED);
     Expected<Image, String> image =
         Image::create(format->width, format->height, format->pixels, format->gamma);
     if (!image)
         return Unexpected{image.error()};
-    switch (readBlocks(blocks, layout, *image, progress)) {
-    case Outcome::DONE:
-        return ReadImage{std::move(*image), omissionsOf(tiff, layout)};
-    case Outcome::STOPPED:
-        return Unexpected{String(L"it was not read to the end")};
-    case Outcome::DAMAGED:
-        break;
-    }
-    return damaged();
+    const ReadOutcome outcome = readBlocks(blocks, layout, *image, progress);
+    if (outcome != ReadOutcome::DONE)
+        return readFailure(outcome);
+    return ReadImage{std::move(*image), omissionsOf(tiff, layout)};
 }
 
 } // namespace Nolvex::Viewer
