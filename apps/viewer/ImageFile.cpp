@@ -8,6 +8,7 @@
 #include "apps/viewer/LayeredFile.h"
 #include "apps/viewer/reading/PictureReader.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <filesystem>
 #include <limits>
@@ -57,13 +58,27 @@ Expected<Array<std::byte>, String> readWholeFile(const Io::Path& path)
     }
 }
 
-Expected<SharedPicture, String> readLayer(const String& name, const std::shared_ptr<const LayeredFile>& file,
+// What a picture is called, and what it is called when it cannot be shown.
+struct Names
+{
+    String name;
+    String inErrors;
+};
+
+Expected<SharedPicture, String> readLayer(const Names& names, const std::shared_ptr<const LayeredFile>& file,
                                           std::size_t layer, const ReadingProgress& progress)
 {
     Expected<ReadImage, String> read = file->read(layer, progress);
     if (!read)
-        return refuse(name, read.error());
-    return SharedPicture(std::make_shared<const Picture>(name, std::move(*read), file, layer));
+        return refuse(names.inErrors, read.error());
+    return SharedPicture(std::make_shared<const Picture>(names.name, std::move(*read), file, layer));
+}
+
+// The main layer has the place 0.
+std::size_t placeOf(const String& layer, const Array<PictureLayer>& layers)
+{
+    const auto found = std::ranges::find(layers, layer, &PictureLayer::name);
+    return found == layers.end() ? 0 : static_cast<std::size_t>(found - layers.begin());
 }
 
 } // namespace
@@ -78,12 +93,21 @@ Array<Io::FileFilter> readableFilters()
 
 Expected<SharedPicture, String> readPictureFile(const Io::Path& path, const ReadingProgress& progress)
 {
+    return readPictureFile(path, String(), progress);
+}
+
+Expected<SharedPicture, String> readPictureFile(const Io::Path& path, const String& layer,
+                                                const ReadingProgress& progress)
+{
     Expected<Array<std::byte>, String> content = readWholeFile(path);
     if (!content)
         return Unexpected{content.error()};
     try {
         const auto file = LayeredFile::open(std::move(*content));
-        return file ? readLayer(path.fileName(), *file, 0, progress) : refuse(path.nativeStr(), file.error());
+        if (!file)
+            return refuse(path.nativeStr(), file.error());
+        return readLayer({path.fileName(), path.nativeStr()}, *file, placeOf(layer, (*file)->layers()),
+                         progress);
     } catch (const std::bad_alloc&) {
         return refuse(path.nativeStr(), NO_MEMORY);
     }
@@ -95,7 +119,7 @@ Expected<SharedPicture, String> readOtherLayer(const Picture& picture, std::size
     if (picture.file() == nullptr)
         return refuse(picture.name(), L"it has no other layers");
     try {
-        return readLayer(picture.name(), picture.file(), layer, progress);
+        return readLayer({picture.name(), picture.name()}, picture.file(), layer, progress);
     } catch (const std::bad_alloc&) {
         return refuse(picture.name(), NO_MEMORY);
     }

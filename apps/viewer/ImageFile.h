@@ -21,6 +21,10 @@ Array<Io::FileFilter> readableFilters();
 /// call the function.
 Expected<SharedPicture, String> readPictureFile(const Io::Path& path, const ReadingProgress& progress = {});
 
+/// Reads the layer with that name, or the main layer if the file has no such layer any more.
+Expected<SharedPicture, String> readPictureFile(const Io::Path& path, const String& layer,
+                                                const ReadingProgress& progress);
+
 /// Reads another layer of a picture's file. The error is a sentence for the user that names the picture. Any
 /// thread may call the function.
 Expected<SharedPicture, String> readOtherLayer(const Picture& picture, std::size_t layer,

@@ -37,13 +37,12 @@ Wx::ComboBox::Item channelItem(const wchar_t* text, Channel channel)
     return {text, static_cast<int>(channel), {}};
 }
 
-Wx::CheckBox* addCheckBox(wxWindow* parent, wxSizer* row, const String& label, Command command,
-                          const Function<void(Command)>& run)
+void addCheckBox(wxWindow* parent, wxSizer* row, const String& label, Command command,
+                 const Function<void(Command)>& run)
 {
     auto* box = new Wx::CheckBox(parent, command, label);
     box->setChangeCallback([run, command](bool) { run(command); });
     row->Add(box, 0, wxRIGHT, Wx::scaleByDpi(GAP));
-    return box;
 }
 
 } // namespace
@@ -55,10 +54,10 @@ ViewOptions::ViewOptions(wxWindow* parent, const Function<void(Command)>& run,
     : wxPanel(parent), m_display(display)
 {
     auto* row = new wxBoxSizer(wxHORIZONTAL);
-    m_log = addCheckBox(this, row, L"Log", Command::SHOW_LOG, run);
-    m_tooltips = addCheckBox(this, row, L"Tooltips", Command::SHOW_TOOLTIPS, run);
-    m_lightSurround = addCheckBox(this, row, L"Light surround", Command::LIGHT_SURROUND, run);
-    m_pixelProbe = addCheckBox(this, row, L"Pixel probe", Command::PIXEL_PROBE, run);
+    addCheckBox(this, row, L"Log", Command::SHOW_LOG, run);
+    addCheckBox(this, row, L"Tooltips", Command::SHOW_TOOLTIPS, run);
+    addCheckBox(this, row, L"Light surround", Command::LIGHT_SURROUND, run);
+    addCheckBox(this, row, L"Pixel probe", Command::PIXEL_PROBE, run);
     addSurround(*row, trySurround, endTrying);
     auto* rows = new wxBoxSizer(wxVERTICAL);
     rows->Add(row);
@@ -127,24 +126,10 @@ wxSizer* ViewOptions::makeDisplayRow()
     return row;
 }
 
-void ViewOptions::setLogShown(bool shown)
+void ViewOptions::check(Command command, bool checked)
 {
-    m_log->setValue(shown, false);
-}
-
-void ViewOptions::setTooltips(bool wanted)
-{
-    m_tooltips->setValue(wanted, false);
-}
-
-void ViewOptions::setLightSurround(bool light)
-{
-    m_lightSurround->setValue(light, false);
-}
-
-void ViewOptions::setPixelProbe(bool active)
-{
-    m_pixelProbe->setValue(active, false);
+    if (auto* box = dynamic_cast<Wx::CheckBox*>(FindWindow(command)))
+        box->setValue(checked, false);
 }
 
 } // namespace Nolvex::Viewer

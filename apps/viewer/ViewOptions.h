@@ -10,7 +10,6 @@
 
 namespace Nolvex::Wx {
 
-class CheckBox;
 class ColorPickerButton;
 class ComboBox;
 class Spinner;
@@ -35,12 +34,8 @@ public:
     /// the skin.
     RgbBytes surround() const;
 
-    // These functions set the controls and call neither `run` nor `display`.
-
-    void setLogShown(bool shown);
-    void setTooltips(bool wanted);
-    void setLightSurround(bool light);
-    void setPixelProbe(bool active);
+    /// Sets the check box of the command, if there is one, and does not call `run`.
+    void check(Command command, bool checked);
 
 private:
     void addSurround(wxSizer& row, const Function<void(const RgbBytes&)>& trySurround,
@@ -49,10 +44,6 @@ private:
 
     Function<void(const DisplaySettings&)> m_display;
     DisplaySettings m_settings;
-    Wx::CheckBox* m_log;
-    Wx::CheckBox* m_tooltips;
-    Wx::CheckBox* m_lightSurround;
-    Wx::CheckBox* m_pixelProbe;
     Wx::ColorPickerButton* m_surround = nullptr;
     Wx::Spinner* m_exposure = nullptr;
     Wx::ComboBox* m_channel = nullptr;

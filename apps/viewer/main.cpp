@@ -82,7 +82,7 @@ int show(const Viewer::CommandLine& line)
     if (!picture)
         return fail(picture.error());
 
-    auto* frame = new Viewer::ViewerFrame(*picture, {file});
+    auto* frame = new Viewer::ViewerFrame(*picture, file);
     Program::useIconInDialogs(*frame);
     frame->Show();
     if (line.screenshot.isEmpty())

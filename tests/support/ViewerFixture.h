@@ -63,7 +63,7 @@ struct ViewerFixture : testing::Test
     void make(const Viewer::SharedPicture& picture)
     {
         // With a file the picture counts as saved, so that closing the window asks nothing.
-        frame = new Viewer::ViewerFrame(picture, {Io::Path(L"test")});
+        frame = new Viewer::ViewerFrame(picture, picture ? Io::Path(L"test") : Io::Path());
         view = findIn<Viewer::ImageView>(frame);
         log = findIn<Wx::TextCtrl>(frame);
     }
@@ -75,6 +75,7 @@ struct ViewerFixture : testing::Test
         wxCommandEvent event(wxEVT_MENU, id);
         frame->GetEventHandler()->ProcessEvent(event);
         pumpEvents(100);
+        pumpUntil([this] { return !frame->isReading(); });
     }
 
     void focus(wxWindow* window) const

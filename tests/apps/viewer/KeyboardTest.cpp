@@ -168,6 +168,7 @@ TEST_F(ViewerKeyboardTest, keyOfTheMenu_isTheKeyOfTheTable)
         event.m_keyCode = info.key;
         event.SetControlDown((info.modifiers & wxMOD_CONTROL) != 0);
         event.SetShiftDown((info.modifiers & wxMOD_SHIFT) != 0);
+        event.SetAltDown((info.modifiers & wxMOD_ALT) != 0);
         EXPECT_EQ(Viewer::commandOf(event), info.command);
         EXPECT_TRUE(wxString(info.tooltip).Contains(info.keyText)) << wxString(info.tooltip);
     }

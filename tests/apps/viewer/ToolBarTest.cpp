@@ -158,5 +158,5 @@ TEST_F(ToolBarTest, eachButton_tellsItsCommand)
     }
     EXPECT_EQ(commands, expected);
     EXPECT_EQ(commands, Array<int>({Command::OPEN, Command::SAVE_AS, Command::COPY, Command::CAPTURE_SCREEN,
-                                    Command::SHOW_LOG}));
+                                    Command::SHOW_PICTURES, Command::SHOW_INFORMATION, Command::SHOW_LOG}));
 }
