@@ -3,6 +3,7 @@
 
 #include "NolvexLibImage/pixels/Conversions.h"
 #include "NolvexLibImage/pixels/GammaEncoder.h"
+#include "apps/viewer/RowBands.h"
 
 #include <wx/rawbmp.h>
 
@@ -10,8 +11,6 @@
 #include <atomic>
 #include <cmath>
 #include <cstdint>
-#include <future>
-#include <thread>
 #include <utility>
 #include <vector>
 
@@ -23,7 +22,6 @@ constexpr float SCREEN_GAMMA = 2.2f;
 constexpr int COLOUR_BYTES = 3;
 constexpr int OPAQUE_DEPTH = 24;
 constexpr std::uint8_t OPAQUE_ALPHA = 255;
-constexpr int MAX_THREADS = 8;
 
 float factorOf(float exposure, float gamma)
 {
@@ -42,25 +40,6 @@ void showAsGrey(Rgb* pixels, std::size_t count, Value valueOf)
 float luminance(const Rgb& pixel)
 {
     return 0.2126f * pixel.r + 0.7152f * pixel.g + 0.0722f * pixel.b;
-}
-
-// Calls work(first, end) for bands of rows, on as many threads as the processor has cores.
-template<class Work>
-void runInBands(int rows, const Work& work)
-{
-    constexpr int MIN_ROWS = 64; // fewer are done before a thread has started
-    const int cores = static_cast<int>(std::thread::hardware_concurrency());
-    const int bands = std::clamp(std::min(cores, rows / MIN_ROWS), 1, MAX_THREADS);
-    std::vector<std::future<void>> others;
-    others.reserve(static_cast<std::size_t>(bands));
-    const auto begin = [&](int band) { return static_cast<int>(std::int64_t(rows) * band / bands); };
-    for (int band = 1; band < bands; ++band) {
-        // The default policy runs the band in get() if no thread can be had.
-        others.push_back(std::async(work, begin(band), begin(band + 1)));
-    }
-    work(0, begin(1));
-    for (std::future<void>& other : others)
-        other.get();
 }
 
 // Encodes a row: the colours, and alpha unless `alpha` is null.

@@ -7,6 +7,12 @@
 
 namespace Nolvex::Viewer {
 
+namespace {
+
+const wchar_t* const NO_MEMORY = L"There is not enough memory for the picture.";
+
+} // namespace
+
 PictureOpening::PictureOpening(Workspace& workspace, Messages messages)
     : m_workspace(workspace), m_messages(std::move(messages))
 {}
@@ -76,13 +82,13 @@ void PictureOpening::showUnsaved(const SharedPicture& picture)
 void PictureOpening::cancel()
 {
     m_candidates.clear();
-    m_loading.cancel();
+    m_reading.cancel();
 }
 
 void PictureOpening::finish()
 {
     while (isRunning())
-        m_loading.finish();
+        m_reading.finish();
 }
 
 // Shows the first candidate that has been read or can be read.
@@ -105,13 +111,14 @@ void PictureOpening::tryNext()
           [file = wanted->file](const ReadingProgress& progress) { return readPictureFile(file, progress); });
 }
 
-void PictureOpening::begin(PictureId id, Presentation presentation, PictureLoading::Read read)
+void PictureOpening::begin(PictureId id, Presentation presentation, Reading::Work read)
 {
-    m_loading.start(std::move(read),
-                    [this, id, presentation](const auto& result) { onRead(id, presentation, result); });
+    m_reading.start(std::move(read), [this, id, presentation](const Optional<Result>& result) {
+        onRead(id, presentation, result.value_or(Unexpected{String(NO_MEMORY)}));
+    });
 }
 
-void PictureOpening::onRead(PictureId id, Presentation presentation, const PictureLoading::Result& result)
+void PictureOpening::onRead(PictureId id, Presentation presentation, const Result& result)
 {
     const OpenPicture* const known = m_workspace.find(id);
     if (known == nullptr) // closed meanwhile

@@ -2,11 +2,12 @@
 #pragma once
 
 #include "NolvexLib/Array.h"
+#include "NolvexLib/Expected.h"
 #include "NolvexLib/Io/Path.h"
 #include "NolvexLib/Noncopyable.h"
 #include "NolvexLib/String.h"
+#include "apps/viewer/BackgroundTask.h"
 #include "apps/viewer/Messages.h"
-#include "apps/viewer/PictureLoading.h"
 #include "apps/viewer/Workspace.h"
 
 #include <cstddef>
@@ -45,13 +46,13 @@ public:
     /// Adds a picture that has no file, and shows it.
     void showUnsaved(const SharedPicture& picture);
 
-    bool isRunning() const { return m_loading.isRunning(); }
+    bool isRunning() const { return m_reading.isRunning(); }
 
     /// The name of what is being read.
     const String& name() const { return m_name; }
 
     /// The share that has been read, from 0 to 1.
-    float progress() const { return m_loading.progress(); }
+    float progress() const { return m_reading.progress(); }
 
     /// Stops reading. What is shown stays.
     void cancel();
@@ -60,6 +61,9 @@ public:
     void finish();
 
 private:
+    using Result = Expected<SharedPicture, String>;
+    using Reading = BackgroundTask<Result>;
+
     /// Whether a picture that has been read becomes the current one.
     enum class Presentation
     {
@@ -68,13 +72,13 @@ private:
     };
 
     void tryNext();
-    void begin(PictureId id, Presentation presentation, PictureLoading::Read read);
-    void onRead(PictureId id, Presentation presentation, const PictureLoading::Result& result);
+    void begin(PictureId id, Presentation presentation, Reading::Work read);
+    void onRead(PictureId id, Presentation presentation, const Result& result);
     void present(PictureId id);
 
     Workspace& m_workspace;
     Messages m_messages;
-    PictureLoading m_loading;
+    Reading m_reading;
     std::deque<PictureId> m_candidates; // to be tried until one of them can be shown
     bool m_readsAgain = false;          // what was asked for is to be read even if it has been read
     String m_name;

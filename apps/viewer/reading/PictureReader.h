@@ -4,8 +4,8 @@
 #include "NolvexLib/Array.h"
 #include "NolvexLib/ArrayView.h"
 #include "NolvexLib/Expected.h"
-#include "NolvexLib/Function.h"
 #include "NolvexLib/String.h"
+#include "apps/viewer/Progress.h"
 #include "apps/viewer/reading/ReadImage.h"
 
 #include <cstddef>
@@ -16,9 +16,8 @@ namespace Nolvex::Viewer {
 inline constexpr float LINEAR_GAMMA = 2.2f;
 inline constexpr float DISPLAY_GAMMA = 1.0f;
 
-/// Called from time to time while a picture is read, with the share that is done, from 0 to 1. Returns false
-/// to stop the reading.
-using ReadingProgress = Function<bool(float)>;
+/// Told while a picture is read.
+using ReadingProgress = Progress;
 
 /// Reads the pictures of one family of file formats. A reader has no state, and its functions may be called
 /// on any thread.
