@@ -17,12 +17,12 @@
 #include "apps/viewer/ClipboardPicture.h"
 #include "apps/viewer/Command.h"
 #include "apps/viewer/ImageFile.h"
-#include "apps/viewer/ImageView.h"
 #include "apps/viewer/LogPanel.h"
 #include "apps/viewer/ProbeTool.h"
 #include "apps/viewer/ToolBar.h"
 #include "apps/viewer/ViewOptions.h"
 #include "apps/viewer/WindowSize.h"
+#include "apps/viewer/view/ImageView.h"
 
 #include <wx/collpane.h>
 #include <wx/menu.h>
