@@ -7,8 +7,8 @@
 #include "apps/viewer/ClipboardPicture.h"
 #include "apps/viewer/Command.h"
 #include "apps/viewer/ImageFile.h"
-#include "apps/viewer/ImageView.h"
 #include "apps/viewer/PastedPicture.h"
+#include "apps/viewer/view/ImageView.h"
 
 #include <wx/frame.h>
 #include <wx/weakref.h>
@@ -45,7 +45,10 @@ void PictureCommands::bind()
         if (const OpenPicture* const shown = m_workspace.current())
             m_opening.reload(shown->id);
     });
-    bindCommand(m_window, CLOSE_PICTURE, [this] { onClosePicture(); });
+    bindCommand(m_window, CLOSE_PICTURE, [this] {
+        if (const OpenPicture* const shown = m_workspace.current())
+            close(shown->id);
+    });
 }
 
 void PictureCommands::followWorkspace()
@@ -139,14 +142,15 @@ void PictureCommands::onCaptured(const ScreenCaptureCommand::Result& captured)
     m_window.Show();
 }
 
-void PictureCommands::onClosePicture()
+void PictureCommands::close(PictureId id)
 {
-    const OpenPicture* const shown = m_workspace.current();
-    if (shown == nullptr)
-        return;
-    const PictureId id = shown->id;
     const wxWeakRef<wxFrame> alive(&m_window);
-    if (m_saving.letGo() && alive)
+    const OpenPicture* const closed = m_workspace.find(id);
+    // The user sees the picture that the question is about.
+    if (closed != nullptr && closed->isUnsaved())
+        m_workspace.setCurrent(id);
+    const bool isShown = m_workspace.current() != nullptr && m_workspace.current()->id == id;
+    if (!isShown || (m_saving.letGo() && alive))
         m_workspace.close(id);
 }
 

@@ -43,6 +43,9 @@ public:
     /// Begins to capture all displays. The window is shown with the picture if it was hidden.
     void capture() { m_capture.start(); }
 
+    /// Closes a picture, unless the user wants to keep what would be lost.
+    void close(PictureId id);
+
     /// Asks about every picture that would be lost. Returns whether the window may be closed. The window may
     /// have been destroyed when this returns.
     bool letGoOfAll();
@@ -57,7 +60,6 @@ private:
     void onOpen();
     void onPaste();
     void onCapture();
-    void onClosePicture();
     void onSaved(const SaveTask& task, const Optional<String>& failure);
     void onCaptured(const ScreenCaptureCommand::Result& captured);
     const OpenPicture* firstUnsaved(const Array<PictureId>& asked) const;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <future>
 #include <thread>
@@ -9,8 +10,8 @@
 
 namespace Nolvex::Viewer {
 
-/// Calls work(first, end) for bands of rows that cover all of them once, on as many threads as the processor
-/// has cores. Returns when all of the work is done. What the work throws is thrown here.
+/// Calls work(first, end) for bands of rows, on as many threads as the processor has cores, and returns when
+/// every band is done. An exception of the work reaches the caller.
 template<class Work>
 void runInBands(int rows, const Work& work)
 {

@@ -14,15 +14,22 @@
 #include "apps/viewer/AboutMessage.h"
 #include "apps/viewer/Command.h"
 #include "apps/viewer/CommandStates.h"
+#include "apps/viewer/FileFollowing.h"
 #include "apps/viewer/ImageFile.h"
-#include "apps/viewer/ImageView.h"
+#include "apps/viewer/KeysMessage.h"
+#include "apps/viewer/LayerBar.h"
 #include "apps/viewer/LoadingBar.h"
 #include "apps/viewer/LogPanel.h"
 #include "apps/viewer/PictureCommands.h"
+#include "apps/viewer/PicturesPanel.h"
 #include "apps/viewer/ProbeTool.h"
 #include "apps/viewer/ToolBar.h"
 #include "apps/viewer/ViewOptions.h"
 #include "apps/viewer/WindowSize.h"
+#include "apps/viewer/inspection/ComparisonTool.h"
+#include "apps/viewer/inspection/InformationPanel.h"
+#include "apps/viewer/inspection/InformationText.h"
+#include "apps/viewer/view/ImageView.h"
 
 #include <wx/collpane.h>
 #include <wx/menu.h>
@@ -56,11 +63,13 @@ ViewerFrame::ViewerFrame(const SharedPicture& picture, const Io::Path& file, Ask
     above->Add(makeToolBar(panel), 0, wxEXPAND | wxTOP, margin);
     above->Add(makeOptions(panel), 0, wxEXPAND | wxTOP, margin);
     sizer->Add(above, 0, wxEXPAND | wxLEFT | wxRIGHT, margin);
-    sizer->Add(makeView(panel), 1, wxEXPAND | wxALL, margin);
+    wxWindow* const view = makeView(panel);
     m_log = new LogPanel(panel);
     m_log->Hide();
     SetMenuBar(makeMenuBar());
     makeCommands(std::move(ask));
+    above->Add(makeLayers(panel), 0, wxEXPAND | wxTOP, margin);
+    sizer->Add(makeMiddle(panel, view), 1, wxEXPAND | wxALL, margin);
     auto* loading = new LoadingBar(panel, m_commands->opening(), [this] { makeRoom(); });
     sizer->Add(loading, 0, wxEXPAND | wxLEFT | wxRIGHT | wxBOTTOM, margin);
     sizer->Add(m_log, 0, wxEXPAND | wxLEFT | wxRIGHT | wxBOTTOM, margin);
@@ -68,6 +77,7 @@ ViewerFrame::ViewerFrame(const SharedPicture& picture, const Io::Path& file, Ask
 
     Wx::applySkinRecursive(this, Wx::GuiSkin::DEFAULT());
     setLightSurround(false);
+    setFollowing(true);
     if (picture) {
         m_workspace.setCurrent(m_workspace.add(file, picture));
         report(openedMessage(*picture));
@@ -105,13 +115,43 @@ wxWindow* ViewerFrame::makeView(wxWindow* parent)
     return border;
 }
 
+wxWindow* ViewerFrame::makeLayers(wxWindow* parent)
+{
+    m_layers = new LayerBar(
+        parent, [this](std::size_t layer) { m_commands->opening().showLayer(layer); },
+        [this] { makeRoom(); });
+    return m_layers;
+}
+
+// The list of the pictures at the left, the picture, and what is told about it at the right.
+wxSizer* ViewerFrame::makeMiddle(wxWindow* parent, wxWindow* view)
+{
+    m_list = new PicturesPanel(
+        parent, m_workspace, [this](PictureId id) { m_commands->opening().show(id); },
+        [this](PictureId id) { m_commands->close(id); });
+    m_list->Hide();
+    m_information = new InformationPanel(parent);
+    m_information->Hide();
+    const int margin = Wx::scaleByDpi(MARGIN);
+    auto* row = new wxBoxSizer(wxHORIZONTAL);
+    row->Add(m_list, 0, wxEXPAND | wxRIGHT, margin);
+    row->Add(view, 1, wxEXPAND);
+    row->Add(m_information, 0, wxEXPAND | wxLEFT, margin);
+    return row;
+}
+
 void ViewerFrame::makeCommands(AskForScreen ask)
 {
     m_states = std::make_unique<CommandStates>(*GetMenuBar(), *m_toolBar, *m_options);
     const Messages messages{[this](const String& message) { report(message); },
                             [this](const String& message) { complain(message); }};
     m_commands = std::make_unique<PictureCommands>(*this, m_workspace, *m_view, messages, std::move(ask));
+    m_comparison = std::make_unique<ComparisonTool>(*this, m_workspace, *m_view, *m_states, messages,
+                                                    [this] { describePicture(); });
+    m_following = std::make_unique<FileFollowing>(m_workspace,
+                                                  [this](PictureId id) { m_commands->opening().reload(id); });
     m_workspace.observe([this](Flags<Workspace::Change> changes) { onWorkspaceChanged(changes); });
+    m_view->onSelection = [this](const Optional<wxRect>&) { inform(); };
     bindCommands();
 }
 
@@ -123,6 +163,15 @@ void ViewerFrame::bindCommands()
     bindCommand(*this, SHOW_TOOLTIPS, [this] { setTooltips(!hasTooltips()); });
     bindCommand(*this, LIGHT_SURROUND, [this] { setLightSurround(!hasLightSurround()); });
     bindCommand(*this, PIXEL_PROBE, [this] { setPixelProbe(!hasPixelProbe()); });
+    bindCommand(*this, ZOOM_IN, [this] { m_view->zoomIn(); });
+    bindCommand(*this, ZOOM_OUT, [this] { m_view->zoomOut(); });
+    bindCommand(*this, FIT, [this] { m_view->fit(); });
+    bindCommand(*this, ACTUAL_SIZE, [this] { m_view->showActualSize(); });
+    bindCommand(*this, SHOW_PICTURES, [this] { showPanel(SHOW_PICTURES, *m_list, !m_list->IsShown()); });
+    bindCommand(*this, SHOW_INFORMATION,
+                [this] { showPanel(SHOW_INFORMATION, *m_information, !m_information->IsShown()); });
+    bindCommand(*this, FOLLOW_FILES, [this] { setFollowing(!m_following->isActive()); });
+    bindCommand(*this, KEYS, [this] { showKeysMessage(this); });
     bindCommand(*this, ABOUT, [this] { tellAbout(); });
     Bind(wxEVT_COLLAPSIBLEPANE_CHANGED, [this](wxCollapsiblePaneEvent&) { makeRoom(); });
     Bind(wxEVT_CLOSE_WINDOW, &ViewerFrame::onClose, this);
@@ -174,21 +223,34 @@ void ViewerFrame::savePicture(const Io::Path& file, ImageFormat format, const Wx
 
 void ViewerFrame::onWorkspaceChanged(Flags<Workspace::Change> changes)
 {
-    using Change = Workspace::Change;
-    if (changes.has(Change::CURRENT) || changes.has(Change::PICTURE))
-        m_view->setPicture(m_workspace.currentPicture());
-    describePicture();
+    // The list comes up by itself once, when there is something to choose from.
+    const bool isSeveral = m_workspace.pictures().size() > 1;
+    if (isSeveral && !std::exchange(m_hadSeveral, true))
+        showPanel(SHOW_PICTURES, *m_list, true);
+    if (changes == Workspace::Change::LIST)
+        describePicture();
+}
+
+void ViewerFrame::showPanel(Command command, wxWindow& panel, bool show)
+{
+    m_states->check(command, show);
+    if (show == panel.IsShown())
+        return;
+    panel.Show(show);
+    makeRoom();
+    if (!show)
+        m_view->SetFocus();
+}
+
+void ViewerFrame::setFollowing(bool active)
+{
+    m_following->setActive(active);
+    m_states->check(FOLLOW_FILES, active);
 }
 
 void ViewerFrame::showLog(bool show)
 {
-    m_states->check(SHOW_LOG, show);
-    if (show == isLogShown())
-        return;
-    m_log->Show(show);
-    makeRoom();
-    if (!show)
-        m_view->SetFocus();
+    showPanel(SHOW_LOG, *m_log, show);
 }
 
 // The view stays visible when the options unfold or the log appears.
@@ -245,12 +307,21 @@ void ViewerFrame::describePicture()
         SetTitle(L"Viewer");
         m_description = L"There is no picture yet.";
     }
-    for (const Command command : {SAVE_AS, RELOAD, CLOSE_PICTURE})
+    for (const Command command : {SAVE_AS, RELOAD, CLOSE_PICTURE, SET_REFERENCE})
         m_states->enable(command, m_view->picture() != nullptr);
     for (const Command command : {NEXT_PICTURE, PREVIOUS_PICTURE})
         m_states->enable(command, m_workspace.neighbour(1).has_value());
+    m_layers->setPicture(m_workspace.currentPicture());
+    inform();
     Wx::setAccessibleName(*m_view, m_view->picture() ? m_view->picture()->name() : String(L"No picture"));
     setTooltips(m_tooltips);
+}
+
+void ViewerFrame::inform()
+{
+    const Optional<PictureDifference>& difference = m_comparison->difference();
+    m_information->setComparison(difference ? differenceText(*difference) : String());
+    m_information->setPicture(m_view->picture(), m_view->selection());
 }
 
 void ViewerFrame::report(const String& message)

@@ -6,6 +6,7 @@
 #include "NolvexLib/Io/Path.h"
 #include "NolvexLib/String.h"
 #include "NolvexLibWx/widgets/ImageSaveSettings.h"
+#include "apps/viewer/Command.h"
 #include "apps/viewer/Picture.h"
 #include "apps/viewer/ScreenCaptureCommand.h"
 #include "apps/viewer/Workspace.h"
@@ -17,10 +18,14 @@
 namespace Nolvex::Viewer {
 
 class CommandStates;
+class ComparisonTool;
+class FileFollowing;
 class ImageView;
-class LoadingBar;
+class InformationPanel;
+class LayerBar;
 class LogPanel;
 class PictureCommands;
+class PicturesPanel;
 class ProbeTool;
 class ToolBar;
 class ViewOptions;
@@ -98,11 +103,16 @@ private:
     wxWindow* makeToolBar(wxWindow* parent);
     wxWindow* makeOptions(wxWindow* parent);
     wxWindow* makeView(wxWindow* parent);
+    wxWindow* makeLayers(wxWindow* parent);
+    wxSizer* makeMiddle(wxWindow* parent, wxWindow* view);
     void makeCommands(AskForScreen ask);
     void bindCommands();
     void onWorkspaceChanged(Flags<Workspace::Change> changes);
 
+    void showPanel(Command command, wxWindow& panel, bool show);
+    void setFollowing(bool active);
     void describePicture();
+    void inform();
     void report(const String& message);
     void complain(const String& message);
 
@@ -118,11 +128,17 @@ private:
     ViewOptions* m_options = nullptr;
     ImageView* m_view = nullptr;
     LogPanel* m_log = nullptr;
+    LayerBar* m_layers = nullptr;
+    PicturesPanel* m_list = nullptr;
+    InformationPanel* m_information = nullptr;
     std::unique_ptr<CommandStates> m_states;
     std::unique_ptr<PictureCommands> m_commands;
     std::unique_ptr<ProbeTool> m_probe;
+    std::unique_ptr<ComparisonTool> m_comparison;
+    std::unique_ptr<FileFollowing> m_following;
     String m_description;
     int m_openMenus = 0;
+    bool m_hadSeveral = false;
     bool m_tooltips = true;
     bool m_lightSurround = false;
 };

@@ -3,7 +3,7 @@
 
 #include "NolvexLib/Io/Path.h"
 #include "NolvexLibWx/widgets/TextCtrl.h"
-#include "apps/viewer/ImageView.h"
+#include "apps/viewer/view/ImageView.h"
 #include "apps/viewer/Picture.h"
 #include "apps/viewer/ViewerFrame.h"
 #include "support/Events.h"
@@ -91,8 +91,8 @@ struct ViewerFixture : testing::Test
     RgbBytes shownAtTheCorner() const
     {
         pumpEvents(100);
-        const wxSize room = view->GetClientSize() - view->bitmap().GetSize();
-        return pixelAt(captureClientArea(view), room.x / 2, room.y / 2);
+        const wxPoint corner = view->pictureArea().GetTopLeft();
+        return pixelAt(captureClientArea(view), corner.x, corner.y);
     }
 
     /// Moves the mouse away, shows the window and waits until it is painted and, if a window manager

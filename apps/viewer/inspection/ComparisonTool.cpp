@@ -2,8 +2,8 @@
 #include "apps/viewer/inspection/ComparisonTool.h"
 
 #include "apps/viewer/CommandStates.h"
-#include "apps/viewer/ImageView.h"
 #include "apps/viewer/inspection/InformationText.h"
+#include "apps/viewer/view/ImageView.h"
 
 #include <utility>
 
@@ -57,7 +57,7 @@ void ComparisonTool::setMode(Command mode)
     m_mode = mode == COMPARE_NOTHING || hasReference() ? mode : COMPARE_NOTHING;
     m_flipped = false;
     m_states.check(m_mode, true);
-    show(true);
+    show();
 }
 
 void ComparisonTool::flip()
@@ -65,7 +65,7 @@ void ComparisonTool::flip()
     if (!m_flipped && !hasReference())
         return;
     m_flipped = !m_flipped;
-    show(true);
+    show();
 }
 
 void ComparisonTool::onReference()
@@ -87,22 +87,31 @@ void ComparisonTool::onChanged(Flags<Workspace::Change> changes)
     if (changes.has(Change::CURRENT) || m_workspace.reference() == nullptr)
         m_flipped = false;
     if (changes != Change::LIST)
-        show(m_view.picture() != nullptr);
+        show();
 }
 
-void ComparisonTool::show(bool /*keepPlace*/)
+void ComparisonTool::show()
 {
     m_task.cancel();
     m_difference.reset();
     const OpenPicture* const reference = m_workspace.reference();
     const SharedPicture referencePicture = reference != nullptr ? reference->picture : nullptr;
     const SharedPicture picture = m_workspace.currentPicture();
-    m_view.setPicture(m_flipped ? referencePicture : picture);
+    showInView(m_flipped ? referencePicture : picture);
+    const bool isSideBySide = m_mode == COMPARE_SIDE_BY_SIDE && !m_flipped && picture != referencePicture;
+    m_view.setComparison(isSideBySide ? referencePicture : nullptr, m_view.divider());
     if (!m_flipped && picture && referencePicture && picture != referencePicture) {
         if (const Optional<DifferenceMeasure> wanted = measureOf(m_mode))
             measure(*wanted, picture, referencePicture);
     }
     m_shown();
+}
+
+// Pictures of the same frame are looked at in the same place.
+void ComparisonTool::showInView(const SharedPicture& picture)
+{
+    const SharedPicture before = m_view.picture();
+    m_view.setPicture(picture, picture && before && picture->frameSize() == before->frameSize());
 }
 
 void ComparisonTool::measure(DifferenceMeasure measure, const SharedPicture& picture,
@@ -126,7 +135,7 @@ void ComparisonTool::onMeasured(const Optional<Result>& result)
         return;
     }
     m_difference = **result;
-    m_view.setPicture(m_difference->picture);
+    showInView(m_difference->picture);
     m_messages.report(L"Compared: " + m_difference->picture->name() + L": mean " +
                       numberText(m_difference->mean) + L", PSNR " + numberText(m_difference->psnr) + L" dB.");
     m_shown();

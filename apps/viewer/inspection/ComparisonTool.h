@@ -51,7 +51,8 @@ private:
     bool hasReference();
     void onReference();
     void onChanged(Flags<Workspace::Change> changes);
-    void show(bool keepPlace);
+    void show();
+    void showInView(const SharedPicture& picture);
     void measure(DifferenceMeasure measure, const SharedPicture& picture, const SharedPicture& reference);
     void onMeasured(const Optional<Result>& result);
 

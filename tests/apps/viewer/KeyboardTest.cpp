@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Tests the viewer by the keyboard alone.
+#include "NolvexLibWx/DpiScaling.h"
 #include "apps/viewer/Command.h"
 #include "support/Gestures.h"
 #include "support/ViewerFixture.h"
@@ -187,9 +188,12 @@ TEST_F(ViewerKeyboardTest, arrows_scrollAPictureLargerThanTheWindow)
 {
     show(coordinates(4000, 3000));
     focus(view);
+    view->showActualSize();
+    typeKey(WXK_HOME);
+    const int STEP = Wx::scaleByDpi(16);
     typeKey(WXK_DOWN);
     typeKey(WXK_RIGHT);
-    EXPECT_TRUE(pumpUntil([&] { return view->GetViewStart() == wxPoint(1, 1); }));
+    EXPECT_TRUE(pumpUntil([&] { return view->pictureArea().GetTopLeft() == wxPoint(-STEP, -STEP); }));
 }
 
 TEST_F(ViewerKeyboardTest, focusBroughtByTab_isMarked_andByOtherMeansNot)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "apps/viewer/ImageView.h"
+#include "apps/viewer/view/ImageView.h"
 
 #include "NolvexLib/Optional.h"
 #include "NolvexLibWx/GeometryConversions.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "apps/viewer/Development.h"
+#include "apps/viewer/view/Development.h"
 
 #include "NolvexLibWx/BitmapConverter.h"
 #include "NolvexLibWx/ColourConversions.h"
@@ -93,35 +93,10 @@ TEST(DevelopmentTest, part_isCutFromTheWhole)
     }
 }
 
-TEST(DevelopmentTest, bitmap_hasThePixelsOfTheImage)
-{
-    for (const PixelFormat format : {PixelFormat::UINT8_RGB, PixelFormat::FLOAT32_RGBA}) {
-        for (const float gamma : {1.0f, 2.2f}) {
-            Image source = image(format, 67, 300, gamma); // high enough for several threads
-            fill(source);
-            const DisplaySettings settings{.exposure = 0.5f};
-            const wxRect part(3, 2, 61, 290);
-            const wxBitmap bitmap = Viewer::developBitmap(source, settings, part);
-            // On Windows a bitmap keeps its colours multiplied by alpha, so that not all of them come back.
-            const wxImage expected = wxBitmap(Viewer::develop(source, settings, part)).ConvertToImage();
-            EXPECT_TRUE(isSame(bitmap.ConvertToImage(), expected))
-                << static_cast<int>(format) << ", gamma " << gamma;
-        }
-    }
-}
-
-TEST(DevelopmentTest, bitmapOfOpaquePixels_hasNoAlpha)
-{
-    const wxRect part(0, 0, 1, 1);
-    EXPECT_FALSE(Viewer::developBitmap(pixel({0.5f, 0.5f, 0.5f, 1.0f}, 1.0f), {}, part).HasAlpha());
-    EXPECT_TRUE(Viewer::developBitmap(pixel({0.5f, 0.5f, 0.5f, 0.5f}, 1.0f), {}, part).HasAlpha());
-}
-
 TEST(DevelopmentTest, emptyPart_isInvalid)
 {
     const Image source = image(PixelFormat::UINT8_RGB, 2, 2, 1.0f);
     EXPECT_FALSE(Viewer::develop(source, {}, wxRect(1, 1, 0, 1)).IsOk());
-    EXPECT_FALSE(Viewer::developBitmap(source, {}, wxRect(1, 1, 0, 1)).IsOk());
 }
 
 TEST(DevelopmentTest, oneStop_doublesTheLight)
