@@ -5,11 +5,13 @@
 #include "NolvexLib/Exception.h"
 #include "NolvexLib/Io/FileInputStream.h"
 #include "NolvexLib/Io/FileSize.h"
+#include "apps/viewer/LayeredFile.h"
 #include "apps/viewer/reading/PictureReader.h"
 
 #include <cstdint>
 #include <filesystem>
 #include <limits>
+#include <memory>
 #include <new>
 #include <system_error>
 #include <utility>
@@ -21,9 +23,11 @@ namespace {
 // The decoders of wxWidgets count bytes in int.
 constexpr std::uint64_t MAX_FILE_SIZE = std::numeric_limits<std::int32_t>::max();
 
-Unexpected<String> refuse(const Io::Path& path, const String& reason)
+const wchar_t* const NO_MEMORY = L"there is not enough memory for it";
+
+Unexpected<String> refuse(const String& name, const String& reason)
 {
-    String message = L"The picture \"" + path.nativeStr() + L"\" cannot be shown: " + reason;
+    String message = L"The picture \"" + name + L"\" cannot be shown: " + reason;
     if (!reason.isEmpty() && reason[reason.length() - 1] != L'.')
         message += L".";
     return {message};
@@ -37,20 +41,29 @@ Expected<Array<std::byte>, String> readWholeFile(const Io::Path& path)
         std::error_code ignored;
         const std::filesystem::file_status status = std::filesystem::status(path.native(), ignored);
         if (exists(status) && !is_regular_file(status))
-            return refuse(path, L"it is not a regular file");
+            return refuse(path.nativeStr(), L"it is not a regular file");
         Io::FileInputStream stream(path);
         const std::uint64_t size = Io::fileSize(path).value_or(0);
         if (size > MAX_FILE_SIZE)
-            return refuse(path, L"it is larger than 2 GiB");
+            return refuse(path.nativeStr(), L"it is larger than 2 GiB");
         Array<std::byte> content(static_cast<std::size_t>(size));
         if (!stream.readExactly(content.data(), static_cast<std::int64_t>(content.size())))
-            return refuse(path, L"it became shorter while it was read");
+            return refuse(path.nativeStr(), L"it became shorter while it was read");
         return content;
     } catch (const Exception& failure) {
         return Unexpected{String::fromUtf8(failure.what())};
     } catch (const std::bad_alloc&) {
-        return refuse(path, L"there is not enough memory for it");
+        return refuse(path.nativeStr(), NO_MEMORY);
     }
+}
+
+Expected<SharedPicture, String> readLayer(const String& name, const std::shared_ptr<const LayeredFile>& file,
+                                          std::size_t layer, const ReadingProgress& progress)
+{
+    Expected<ReadImage, String> read = file->read(layer, progress);
+    if (!read)
+        return refuse(name, read.error());
+    return SharedPicture(std::make_shared<const Picture>(name, std::move(*read), file, layer));
 }
 
 } // namespace
@@ -63,19 +76,29 @@ Array<Io::FileFilter> readableFilters()
     return {pictures, {L"All files", {L"*"}}};
 }
 
-Expected<SharedPicture, String> readPictureFile(const Io::Path& path)
+Expected<SharedPicture, String> readPictureFile(const Io::Path& path, const ReadingProgress& progress)
 {
-    const Expected<Array<std::byte>, String> content = readWholeFile(path);
+    Expected<Array<std::byte>, String> content = readWholeFile(path);
     if (!content)
         return Unexpected{content.error()};
-    Expected<ReadImage, String> read = readerFor(*content).read(*content, {});
-    if (!read)
-        return refuse(path, read.error());
-    auto picture =
-        std::make_shared<const Picture>(path.fileName(), std::move(read->image), std::move(read->omissions));
-    if (!picture->bitmap().IsOk())
-        return refuse(path, L"it is too large");
-    return SharedPicture(std::move(picture));
+    try {
+        const auto file = LayeredFile::open(std::move(*content));
+        return file ? readLayer(path.fileName(), *file, 0, progress) : refuse(path.nativeStr(), file.error());
+    } catch (const std::bad_alloc&) {
+        return refuse(path.nativeStr(), NO_MEMORY);
+    }
+}
+
+Expected<SharedPicture, String> readOtherLayer(const Picture& picture, std::size_t layer,
+                                               const ReadingProgress& progress)
+{
+    if (picture.file() == nullptr)
+        return refuse(picture.name(), L"it has no other layers");
+    try {
+        return readLayer(picture.name(), picture.file(), layer, progress);
+    } catch (const std::bad_alloc&) {
+        return refuse(picture.name(), NO_MEMORY);
+    }
 }
 
 String openedMessage(const Picture& picture)

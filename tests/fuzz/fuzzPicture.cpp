@@ -13,7 +13,7 @@ void readBy(const Nolvex::Viewer::PictureReader& reader, Nolvex::ArrayView<const
 {
     if (!reader.knows(file))
         return;
-    const auto read = reader.read(file, {});
+    const auto read = reader.read(file, 0, {});
     // An error is the rest of a sentence, or a sentence of the image library.
     require(read.hasValue() || !read.error().isEmpty());
     if (read)

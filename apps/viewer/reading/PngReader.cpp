@@ -171,7 +171,7 @@ bool PngReader::knows(ArrayView<const std::byte> file) const
            png_sig_cmp(reinterpret_cast<png_const_bytep>(file.data()), 0, SIGNATURE_BYTES) == 0;
 }
 
-Expected<ReadImage, String> PngReader::read(ArrayView<const std::byte> file,
+Expected<ReadImage, String> PngReader::read(ArrayView<const std::byte> file, std::size_t /*layer*/,
                                             const ReadingProgress& progress) const
 {
     PngFile png(file);

@@ -184,7 +184,7 @@ bool TiffReader::knows(ArrayView<const std::byte> file) const
     return tiff.handle() != nullptr && isReadable(tiff, layoutOf(tiff));
 }
 
-Expected<ReadImage, String> TiffReader::read(ArrayView<const std::byte> file,
+Expected<ReadImage, String> TiffReader::read(ArrayView<const std::byte> file, std::size_t /*layer*/,
                                              const ReadingProgress& progress) const
 {
     const TiffFile tiff(file);

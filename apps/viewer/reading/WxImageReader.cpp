@@ -51,7 +51,7 @@ bool WxImageReader::knows(ArrayView<const std::byte> /*file*/) const
     return true;
 }
 
-Expected<ReadImage, String> WxImageReader::read(ArrayView<const std::byte> file,
+Expected<ReadImage, String> WxImageReader::read(ArrayView<const std::byte> file, std::size_t /*layer*/,
                                                 const ReadingProgress& /*progress*/) const
 {
     Expected<wxImage, String> decoded = Wx::decodeWholeImage(file);

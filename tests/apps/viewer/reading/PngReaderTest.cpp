@@ -22,7 +22,7 @@ namespace {
 
 Expected<Image, String> imageOf(ArrayView<const std::byte> file)
 {
-    Expected<Viewer::ReadImage, String> read = PngReader().read(file, {});
+    Expected<Viewer::ReadImage, String> read = PngReader().read(file, 0, {});
     return read ? Expected<Image, String>(std::move(read->image)) : Unexpected{read.error()};
 }
 
@@ -160,7 +160,7 @@ TEST(PngReaderTest, progress_growsAndCanStopTheReading)
     const Array<std::byte> file = contentOf(pictureFile("formats/interlaced.png"));
     float last = -1.0f;
     EXPECT_TRUE(PngReader()
-                    .read(file,
+                    .read(file, 0,
                           [&last](float share) {
                               EXPECT_GE(share, last);
                               last = share;
@@ -169,5 +169,5 @@ TEST(PngReaderTest, progress_growsAndCanStopTheReading)
                     .hasValue());
     EXPECT_GT(last, 0.9f);
     EXPECT_LT(last, 1.0f);
-    EXPECT_FALSE(PngReader().read(file, [](float share) { return share < 0.5f; }).hasValue());
+    EXPECT_FALSE(PngReader().read(file, 0, [](float share) { return share < 0.5f; }).hasValue());
 }
