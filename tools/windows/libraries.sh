@@ -156,7 +156,7 @@ check_libraries() {
     for file in \
         lib/lib{png16,jpeg,tiff,webp,webpdemux,pugixml,gtest,gtest_main,gmock,gmock_main,benchmark,benchmark_main}.a \
         lib/cmake/{wxWidgets/wxWidgets,GTest/GTest,benchmark/benchmark,utf8cpp/utf8cpp}Config.cmake \
-        lib/cmake/{WebP/WebP,Imath/Imath,OpenEXR/OpenEXR}Config.cmake \
+        lib/cmake/{Imath/Imath,OpenEXR/OpenEXR}Config.cmake include/webp/{decode,demux}.h \
         lib/cmake/pugixml/pugixml-config.cmake \
         include/{wx/wx.h,pugixml.hpp,gtest/gtest.h,gmock/gmock.h,benchmark/benchmark.h,utf8cpp/utf8.h,stb/stb_image.h}; do
         [[ -s $STAGE/$file ]] || die "the build left no $file"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/reading/PictureReader.h"
 
+#include "apps/viewer/reading/OpenExrReader.h"
 #include "apps/viewer/reading/PngReader.h"
 #include "apps/viewer/reading/PortableFloatMapReader.h"
 #include "apps/viewer/reading/TiffReader.h"
@@ -16,11 +17,13 @@ namespace {
 // The order counts: the first reader that knows a file reads it.
 const auto& readers()
 {
+    static const OpenExrReader OPEN_EXR;
     static const PortableFloatMapReader PORTABLE_FLOAT_MAP;
     static const PngReader PNG;
     static const TiffReader TIFF;
     static const WxImageReader ALL_OTHERS;
-    static const std::array<const PictureReader*, 4> READERS{&PORTABLE_FLOAT_MAP, &PNG, &TIFF, &ALL_OTHERS};
+    static const std::array<const PictureReader*, 5> READERS{&OPEN_EXR, &PORTABLE_FLOAT_MAP, &PNG, &TIFF,
+                                                             &ALL_OTHERS};
     return READERS;
 }
 
