@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/reading/PictureReader.h"
 
+#include "apps/viewer/reading/OpenExrReader.h"
 #include "apps/viewer/reading/PngReader.h"
+#include "apps/viewer/reading/PortableAnyMapReader.h"
 #include "apps/viewer/reading/PortableFloatMapReader.h"
+#include "apps/viewer/reading/PsdReader.h"
+#include "apps/viewer/reading/RadianceReader.h"
 #include "apps/viewer/reading/TiffReader.h"
+#include "apps/viewer/reading/WebPReader.h"
 #include "apps/viewer/reading/WxImageReader.h"
 
 #include <algorithm>
@@ -16,11 +21,17 @@ namespace {
 // The order counts: the first reader that knows a file reads it.
 const auto& readers()
 {
-    static const PortableFloatMapReader PORTABLE_FLOAT_MAP;
+    static const OpenExrReader OPEN_EXR;
     static const PngReader PNG;
     static const TiffReader TIFF;
+    static const RadianceReader RADIANCE;
+    static const PortableFloatMapReader PORTABLE_FLOAT_MAP;
+    static const PortableAnyMapReader PORTABLE_ANY_MAP;
+    static const PsdReader PSD;
+    static const WebPReader WEBP;
     static const WxImageReader ALL_OTHERS;
-    static const std::array<const PictureReader*, 4> READERS{&PORTABLE_FLOAT_MAP, &PNG, &TIFF, &ALL_OTHERS};
+    static const std::array<const PictureReader*, 9> READERS{
+        &OPEN_EXR, &PNG, &TIFF, &RADIANCE, &PORTABLE_FLOAT_MAP, &PORTABLE_ANY_MAP, &PSD, &WEBP, &ALL_OTHERS};
     return READERS;
 }
 
