@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/wire/PictureSender.h"
 
-#include "NolvexLib/SimpleTextDeserializer.h"
-
 #include <algorithm>
 #include <bit>
 #include <cstring>
@@ -27,6 +25,8 @@ constexpr std::int64_t BAND_BYTES = std::int64_t{1} << 20;
 // So many messages are sent before the answer to the first of them is waited for.
 constexpr int MAX_MISSING_ANSWERS = 4;
 
+const wchar_t* const CANCELLED = L"The sending was cancelled.";
+
 WireCommand commandOf(WireAction action, const String& name)
 {
     WireCommand command;
@@ -38,6 +38,15 @@ WireCommand commandOf(WireAction action, const String& name)
 Bucket boundsOf(const ImageDescriptor& descriptor)
 {
     return {{0, 0}, {descriptor.width, descriptor.height}};
+}
+
+WireCommand beginning(WireAction action, const String& name, const ImageDescriptor& descriptor)
+{
+    WireCommand command = commandOf(action, name);
+    command.area = boundsOf(descriptor);
+    command.format = descriptor.format;
+    command.gamma = descriptor.gamma;
+    return command;
 }
 
 } // namespace
@@ -73,16 +82,12 @@ Optional<String> PictureSender::fail(const wchar_t* sentence)
 {
     if (m_client)
         m_client->beginClose();
-    return String(m_isCancelled ? L"The sending was cancelled." : sentence);
+    return String(m_isCancelled ? CANCELLED : sentence);
 }
 
 Optional<String> PictureSender::create(const String& name, const ImageDescriptor& descriptor)
 {
-    WireCommand command = commandOf(WireAction::CREATE, name);
-    command.area = boundsOf(descriptor);
-    command.format = descriptor.format;
-    command.gamma = descriptor.gamma;
-    return ask(command);
+    return ask(beginning(WireAction::CREATE, name, descriptor));
 }
 
 Optional<String> PictureSender::tellProgress(const String& name, float share)
@@ -99,10 +104,28 @@ Optional<String> PictureSender::close(const String& name)
 
 Optional<String> PictureSender::send(const String& name, const Image& image, const Progress& progress)
 {
+    const Bucket bounds = boundsOf(image.descriptor());
+    const Progress told = progress ? progress : [](float) { return true; };
+    if (pixelBytes(bounds, image.descriptor().format) <= BAND_BYTES)
+        return sendAtOnce(name, image, told);
     if (Optional<String> failure = create(name, image.descriptor()))
         return failure;
-    return sendBands(
-        name, image, boundsOf(image.descriptor()), progress ? progress : [](float) { return true; });
+    return sendBands(name, image, bounds, told);
+}
+
+// The viewer never shows a part of the picture.
+Optional<String> PictureSender::sendAtOnce(const String& name, const Image& image, const Progress& progress)
+{
+    if (!progress(0.0f))
+        return String(CANCELLED);
+    const WireCommand command = beginning(WireAction::OPEN, name, image.descriptor());
+    copyRows(image, command.area);
+    Optional<String> failure = write(command, m_pixels);
+    if (!failure)
+        failure = readAnswers(0);
+    if (!failure)
+        progress(1.0f);
+    return failure;
 }
 
 Optional<String> PictureSender::sendRectangle(const String& name, const Image& image, const Bucket& area)
@@ -128,7 +151,7 @@ Optional<String> PictureSender::sendBands(const String& name, const Image& image
                 static_cast<float>(command.area.max.y - area.min.y) / static_cast<float>(area.height());
             if (!progress(static_cast<float>(y - area.min.y) / static_cast<float>(area.height()))) {
                 static_cast<void>(readAnswers(0));
-                return String(L"The sending was cancelled.");
+                return String(CANCELLED);
             }
         }
         copyRows(image, command.area);

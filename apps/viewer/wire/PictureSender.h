@@ -61,6 +61,7 @@ private:
     Optional<String> readAnswer();
     Optional<String> readAnswers(int mayBeMissing);
     Optional<String> ask(const WireCommand& command);
+    Optional<String> sendAtOnce(const String& name, const Image& image, const Progress& progress);
     Optional<String> sendBands(const String& name, const Image& image, const Bucket& area,
                                const Progress& progress);
     Optional<String> fail(const wchar_t* sentence);

@@ -42,7 +42,8 @@ public:
         /// The pixels of a picture have changed. The picture is another one than before if its size or
         /// format differ.
         Function<void(const ArrivedPicture& arrived)> received = nullptr;
-        /// The sender has told how much is done, from 0 to 1, and no pixels have changed.
+        /// The sender has told how much is done, from 0 to 1, and no pixels have changed. With 1 the picture
+        /// is complete.
         Function<void(const String& name, float progress)> progressed = nullptr;
         /// The sender has closed the picture.
         Function<void(const String& name)> closed = nullptr;

@@ -15,6 +15,9 @@ namespace Nolvex::Viewer {
 
 // The headers of docs/picture-protocol.md, apart from any connection.
 
+/// The port on which a viewer listens, and to which a sender connects, unless the user tells another.
+inline constexpr unsigned short DEFAULT_WIRE_PORT = 41'230;
+
 enum class WireAction
 {
     OPEN,     // a whole picture, with its pixels
