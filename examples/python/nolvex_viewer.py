@@ -28,7 +28,7 @@ ENCODED = 1.0
 
 _CHANNELS = {1: "GREY", 3: "RGB", 4: "RGBA"}
 _NUMBERS = {"uint8": "UINT8", "uint16": "UINT16", "float16": "FLOAT16", "float32": "FLOAT32"}
-_BAND_BYTES = 1 << 20
+_BAND_BYTES = 1 << 19
 _MAX_MISSING_ANSWERS = 4
 _MAX_ANSWER_BYTES = 65536
 

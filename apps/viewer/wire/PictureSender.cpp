@@ -20,7 +20,7 @@ using Wx::Legacy::TcpClient;
 constexpr unsigned CONNECT_SECONDS = 10;
 
 // Bands of this size stay in the caches of the processors that send and receive them.
-constexpr std::int64_t BAND_BYTES = std::int64_t{1} << 20;
+constexpr std::int64_t BAND_BYTES = std::int64_t{1} << 19;
 
 // So many messages are sent before the answer to the first of them is waited for.
 constexpr int MAX_MISSING_ANSWERS = 4;

@@ -7,6 +7,7 @@
 #include <wx/thread.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <system_error>
@@ -26,10 +27,15 @@ constexpr unsigned CHECK_PERIOD_SECONDS = 1;
 // So long the thread rests when no connection can be accepted although one waits.
 constexpr std::chrono::milliseconds RETRY_PERIOD(20);
 
-// The states of a changing picture have at least this distance. Copying large pictures takes at most a fifth
-// of the time of one processor.
-constexpr std::chrono::milliseconds MIN_STATE_PERIOD(50);
+// The states that are told have at least this distance, and a longer one if only pictures have changed that
+// are not complete and must be copied.
+constexpr std::chrono::milliseconds MIN_PERIOD(10);
+constexpr std::chrono::milliseconds MIN_COPY_PERIOD(50);
+
+// Copying takes at most a fifth of the time of one processor. The time is that of the last copy, but not less
+// than it takes at this speed: the first copy of a picture is blank and takes no time.
 constexpr int REST_PER_COPY = 4;
+constexpr std::int64_t MAX_COPIED_BYTES_PER_SECOND = std::int64_t{2} << 30;
 
 constexpr std::chrono::milliseconds REFUSAL_TIME(1000);
 
@@ -41,6 +47,11 @@ void destroyOnMainThread(const Picture* picture)
         delete picture;
     else
         wxTheApp->CallAfter([owner = std::shared_ptr<const Picture>(picture)] {});
+}
+
+std::int64_t byteCountOf(const Image& image)
+{
+    return static_cast<std::int64_t>(image.rowBytes()) * image.descriptor().height;
 }
 
 std::shared_ptr<const Image> makePicture(PictureNews& news)
@@ -162,26 +173,47 @@ void PictureServerRun::fail(const String& reason)
 
 void PictureServerRun::publish()
 {
+    Clock::time_point nextCopy = Clock::now();
     std::unique_lock lock(m_mutex);
     for (;;) {
-        m_wake.wait(lock, [this] {
-            return m_isStopping || (m_isDelivered && (m_pictures.hasNews() || !m_failure.isEmpty()));
+        m_wake.wait(lock, [this] { return m_isStopping || (m_isDelivered && hasNews()); });
+        m_wake.wait_until(lock, nextCopy, [this] {
+            return m_isStopping || !m_failure.isEmpty() || m_pictures.hasNewsWithoutCopy();
         });
         if (m_isStopping)
             return;
         const Clock::time_point begin = Clock::now();
-        Delivery delivery = takeDelivery();
-        const auto copying = Clock::now() - begin;
+        const bool mayCopy = begin >= nextCopy;
+        Delivery delivery = takeDelivery(mayCopy);
+        if (mayCopy)
+            nextCopy = Clock::now() + restAfter(delivery, Clock::now() - begin);
         m_isDelivered = false;
         post(std::move(delivery));
-        m_wake.wait_for(lock, std::max<Clock::duration>(MIN_STATE_PERIOD, copying * REST_PER_COPY),
-                        [this] { return m_isStopping; });
+        m_wake.wait_for(lock, MIN_PERIOD, [this] { return m_isStopping; });
     }
 }
 
-PictureServerRun::Delivery PictureServerRun::takeDelivery()
+bool PictureServerRun::hasNews() const
 {
-    Delivery delivery{m_pictures.takeNews(makePicture), std::exchange(m_failure, {})};
+    return m_pictures.hasNews() || !m_failure.isEmpty();
+}
+
+PictureServerRun::Clock::duration PictureServerRun::restAfter(const Delivery& delivery,
+                                                              Clock::duration copying)
+{
+    std::int64_t bytes = 0;
+    for (const PictureNews& news : delivery.news) {
+        if (news.picture && !news.isComplete)
+            bytes += byteCountOf(news.picture->image());
+    }
+    const std::chrono::microseconds estimate(bytes * 1'000'000 / MAX_COPIED_BYTES_PER_SECOND);
+    return std::max<Clock::duration>(MIN_COPY_PERIOD,
+                                     REST_PER_COPY * std::max<Clock::duration>(copying, estimate));
+}
+
+PictureServerRun::Delivery PictureServerRun::takeDelivery(bool mayCopy)
+{
+    Delivery delivery{m_pictures.takeNews(makePicture, mayCopy), std::exchange(m_failure, {})};
     for (PictureNews& news : delivery.news) {
         if (news.image)
             makePicture(news);

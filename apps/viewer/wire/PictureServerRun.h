@@ -55,7 +55,9 @@ private:
     PictureConnection::Hooks hooks();
     void endOverdue();
     void publish();
-    Delivery takeDelivery();
+    bool hasNews() const;
+    static Clock::duration restAfter(const Delivery& delivery, Clock::duration copying);
+    Delivery takeDelivery(bool mayCopy);
     void post(Delivery delivery);
     void deliver(Delivery delivery);
     void fail(const String& reason);

@@ -14,6 +14,11 @@ namespace {
 // more pictures until then.
 constexpr std::size_t MAX_WAITING_ENDS = 4096;
 
+bool needsNoCopy(const ReceivedPicture& picture)
+{
+    return picture.hasNewPixels() ? picture.isComplete() : picture.hasNewProgress();
+}
+
 // Throws std::bad_alloc.
 void takeNewsOf(const String& name, ReceivedPicture& picture, const ReceivedPictures::Keep& keep,
                 Array<PictureNews>& all)
@@ -195,12 +200,21 @@ bool ReceivedPictures::hasNews() const
     });
 }
 
-Array<PictureNews> ReceivedPictures::takeNews(const Keep& keep)
+bool ReceivedPictures::hasNewsWithoutCopy() const
+{
+    return !m_ends.empty() || std::any_of(m_pictures.begin(), m_pictures.end(), [](const auto& named) {
+        return needsNoCopy(named.second.picture);
+    });
+}
+
+Array<PictureNews> ReceivedPictures::takeNews(const Keep& keep, bool mayCopy)
 {
     // A name that has ended may be in use again, so the ends come first.
     Array<PictureNews> all = std::exchange(m_ends, {});
     for (auto next = m_pictures.begin(); next != m_pictures.end();) {
         const auto current = next++;
+        if (!mayCopy && !needsNoCopy(current->second.picture))
+            continue;
         try {
             takeNewsOf(current->first, current->second.picture, keep, all);
         } catch (const std::bad_alloc&) {

@@ -74,9 +74,13 @@ public:
 
     bool hasNews() const;
 
+    /// Returns whether there are news of complete pictures, of ends or of progress alone.
+    bool hasNewsWithoutCopy() const;
+
     /// Returns all news in their order, and calls `keep` for each image of a picture that is complete but may
-    /// still be changed. A picture for whose copy there is not enough memory has its news later.
-    Array<PictureNews> takeNews(const Keep& keep);
+    /// still be changed. Incomplete pictures with new pixels must be copied: without `mayCopy` they, and
+    /// those for whose copy there is not enough memory, have their news later.
+    Array<PictureNews> takeNews(const Keep& keep, bool mayCopy = true);
 
     /// The pixels of all pictures, and of those that have ended and have not been taken yet.
     std::int64_t totalBytes() const;
