@@ -28,8 +28,8 @@ PicturesPanel::PicturesPanel(wxWindow* parent, Workspace& workspace, const Funct
       m_workspace(workspace),
       m_show(show),
       m_close(close),
-      m_filter(new Wx::TextControl(this, wxID_ANY, String())),
-      m_list(new wxListBox(this, wxID_ANY, wxDefaultPosition, Wx::scaleByDpi(LIST_SIZE), 0, nullptr,
+      m_filter(new Wx::TextControl(bordered(), wxID_ANY, String(), wxBORDER_NONE)),
+      m_list(new wxListBox(bordered(), wxID_ANY, wxDefaultPosition, Wx::scaleByDpi(LIST_SIZE), 0, nullptr,
                            wxLB_SINGLE | wxLB_NEEDED_SB | wxBORDER_NONE))
 {
     m_filter->SetHint(L"Filter");

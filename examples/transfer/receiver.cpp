@@ -38,7 +38,7 @@ class Receiver : public TransferProgram
 protected:
     void describeArguments(wxCmdLineParser& parser) override
     {
-        parser.SetLogo("Receives what nolvex-send sends: prints texts, stores files.\n");
+        parser.SetLogo("Receives what transfer-send sends: prints texts, stores files.\n");
         parser.AddOption("a", "address", "address of this computer to listen on (127.0.0.1)");
         parser.AddOption("p", "port", "port to listen on (one that is free)");
         parser.AddOption("f", "folder", "where files are stored (.)");

@@ -83,7 +83,7 @@ class Sender : public TransferProgram
 protected:
     void describeArguments(wxCmdLineParser& parser) override
     {
-        parser.SetLogo("Sends texts and files to nolvex-receive.\n");
+        parser.SetLogo("Sends texts and files to transfer-receive.\n");
         parser.AddOption("t", "text", "send this text, before the files");
         parser.AddSwitch("c", "compress", "send the files compressed, if they are no longer than 1 GiB");
         parser.AddOption("w", "wait", "seconds to wait for the connection and for each answer (10)");

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""awkward_receiver.py shorten FILE | silent: a receiver that puts nolvex-send to the test.
+"""awkward_receiver.py shorten FILE | silent: a receiver that puts transfer-send to the test.
 
 It makes trouble on the first connection, until the sender hangs up: it shortens the FILE that the sender is sending, or
 it gives no answer. Then it serves a second connection as it should. What happened is printed, a line each.

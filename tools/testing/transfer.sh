@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# transfer.sh FOLDER [WRAPPER]: uses nolvex-send and nolvex-receive from FOLDER as two users would. Texts and files
+# transfer.sh FOLDER [WRAPPER]: uses transfer-send and transfer-receive from FOLDER as two users would. Texts and files
 # arrive whole or the status reports an error, files stay in the receiver's folder, strangers do not delay other
 # senders, and mistakes give a clear line and a status. WRAPPER runs Windows programs.
 set -euo pipefail
@@ -9,9 +9,9 @@ cd "$(dirname "$0")/../.."
 programs=$1
 export LC_ALL=C.UTF-8 # In another locale, Wine does not find names beyond ASCII.
 suffix=
-[ -e "$programs/nolvex-send" ] || suffix=.exe
-send=(timeout 60 ${2:+"$2"} "$programs/nolvex-send$suffix")
-receive=(timeout 200 ${2:+"$2"} "$programs/nolvex-receive$suffix")
+[ -e "$programs/transfer-send" ] || suffix=.exe
+send=(timeout 60 ${2:+"$2"} "$programs/transfer-send$suffix")
+receive=(timeout 200 ${2:+"$2"} "$programs/transfer-receive$suffix")
 folder=$(mktemp -d)
 stored=$folder/stored
 receiver=
@@ -406,7 +406,7 @@ second_signals_end_at_once() {
   local pipe process status=0
   mkfifo "$folder/full"
   exec {pipe}<>"$folder/full"
-  "$programs/nolvex-receive" --folder "$stored" >&"$pipe" 2>"$folder/errors" {pipe}>&- &
+  "$programs/transfer-receive" --folder "$stored" >&"$pipe" 2>"$folder/errors" {pipe}>&- &
   process=$!
   receiver=$process
   IFS= read -r -t 20 -u "$pipe" || complain "the receiver does not listen"
