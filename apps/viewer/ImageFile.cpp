@@ -5,6 +5,7 @@
 #include "NolvexLib/Exception.h"
 #include "NolvexLib/Io/FileInputStream.h"
 #include "NolvexLib/Io/FileSize.h"
+#include "NolvexLibWx/StringConversions.h"
 #include "apps/viewer/LayeredFile.h"
 #include "apps/viewer/reading/PictureReader.h"
 
@@ -58,6 +59,28 @@ Expected<Array<std::byte>, String> readWholeFile(const Io::Path& path)
     }
 }
 
+bool hasReadableExtension(const Io::Path& file)
+{
+    const wxString extension = Wx::toWxString(file.extension());
+    return std::ranges::any_of(readableExtensions(), [&extension](const String& readable) {
+        return extension.IsSameAs(Wx::toWxString(readable), false);
+    });
+}
+
+Array<Io::Path> picturesIn(const Io::Path& folder)
+{
+    Array<std::filesystem::path> found;
+    std::error_code ended;
+    for (std::filesystem::directory_iterator entry(folder.native(), ended), end; !ended && entry != end;
+         entry.increment(ended)) {
+        std::error_code ignored;
+        if (hasReadableExtension(entry->path()) && entry->is_regular_file(ignored))
+            found.push_back(entry->path());
+    }
+    std::ranges::sort(found);
+    return {found.begin(), found.end()};
+}
+
 // What a picture is called, and what it is called when it cannot be shown.
 struct Names
 {
@@ -89,6 +112,21 @@ Array<Io::FileFilter> readableFilters()
     for (const String& extension : readableExtensions())
         pictures.patterns.push_back(L"*." + extension);
     return {pictures, {L"All files", {L"*"}}};
+}
+
+Array<Io::Path> withFoldersOpened(const Array<Io::Path>& filesAndFolders)
+{
+    Array<Io::Path> files;
+    for (const Io::Path& path : filesAndFolders) {
+        std::error_code ignored;
+        if (std::filesystem::is_directory(path.native(), ignored)) {
+            const Array<Io::Path> inside = picturesIn(path);
+            files.insert(files.end(), inside.begin(), inside.end());
+        } else {
+            files.push_back(path);
+        }
+    }
+    return files;
 }
 
 Expected<SharedPicture, String> readPictureFile(const Io::Path& path, const ReadingProgress& progress)

@@ -16,6 +16,10 @@ namespace Nolvex::Viewer {
 /// The filters of the dialogs that open pictures: all pictures, and all files.
 Array<Io::FileFilter> readableFilters();
 
+/// Returns the files, with the pictures inside it in place of each folder: its files with one of the usual
+/// extensions, in the order of their names.
+Array<Io::Path> withFoldersOpened(const Array<Io::Path>& filesAndFolders);
+
 /// Reads the main layer of a file, by the reader for its content, and names the picture after the file. The
 /// error is a sentence for the user that names the file. The library must be started; then any thread may
 /// call the function.

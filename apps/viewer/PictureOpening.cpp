@@ -76,7 +76,7 @@ void PictureOpening::reload(PictureId id)
 void PictureOpening::showUnsaved(const SharedPicture& picture)
 {
     cancel();
-    present(m_workspace.add({}, picture));
+    present(m_workspace.add({}, picture, PictureOrigin::DESKTOP));
 }
 
 void PictureOpening::cancel()

@@ -6,6 +6,7 @@
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"
+#include "NolvexLibWx/widgets/OskaBorder.h"
 #include "NolvexLibWx/widgets/TextControl.h"
 
 #include <wx/listbox.h>
@@ -18,20 +19,23 @@ namespace Nolvex::Viewer {
 namespace {
 
 constexpr int GAP = 6;
+const wxSize FILTER_SIZE(160, 18);
 const wxSize LIST_SIZE(160, 80);
 
 } // namespace
 
 PicturesPanel::PicturesPanel(wxWindow* parent, Workspace& workspace, const Function<void(PictureId)>& show,
                              const Function<void(PictureId)>& close)
-    : wxPanel(parent),
-      m_workspace(workspace),
-      m_show(show),
-      m_close(close),
-      m_filter(new Wx::TextControl(bordered(), wxID_ANY, String(), wxBORDER_NONE)),
-      m_list(new wxListBox(bordered(), wxID_ANY, wxDefaultPosition, Wx::scaleByDpi(LIST_SIZE), 0, nullptr,
-                           wxLB_SINGLE | wxLB_NEEDED_SB | wxBORDER_NONE))
+    : wxPanel(parent), m_workspace(workspace), m_show(show), m_close(close)
 {
+    // The borders of the systems do not fit a dark skin.
+    auto* filterBorder = new OskaBorder(this, {});
+    m_filter = new Wx::TextControl(filterBorder, wxID_ANY, String(), wxBORDER_NONE, {}, FILTER_SIZE);
+    filterBorder->addChild(m_filter);
+    auto* listBorder = new OskaBorder(this, {});
+    m_list = new wxListBox(listBorder, wxID_ANY, wxDefaultPosition, Wx::scaleByDpi(LIST_SIZE), 0, nullptr,
+                           wxLB_SINGLE | wxLB_NEEDED_SB | wxBORDER_NONE);
+    listBorder->addChild(m_list);
     m_filter->SetHint(L"Filter");
     Wx::setAccessibleName(*m_filter, L"Filter");
     Wx::setAccessibleName(*m_list, L"Open pictures");
@@ -39,8 +43,8 @@ PicturesPanel::PicturesPanel(wxWindow* parent, Workspace& workspace, const Funct
     m_list->SetBackgroundColour(Wx::toWxColour(skin.darkBackground));
     m_list->SetForegroundColour(Wx::toWxColour(skin.text));
     auto* column = new wxBoxSizer(wxVERTICAL);
-    column->Add(m_filter, 0, wxEXPAND | wxBOTTOM, Wx::scaleByDpi(GAP));
-    column->Add(m_list, 1, wxEXPAND);
+    column->Add(filterBorder, 0, wxEXPAND | wxBOTTOM, Wx::scaleByDpi(GAP));
+    column->Add(listBorder, 1, wxEXPAND);
     SetSizer(column);
     m_filter->Bind(wxEVT_TEXT, &PicturesPanel::onFilter, this);
     m_list->Bind(wxEVT_LISTBOX, &PicturesPanel::onSelected, this);

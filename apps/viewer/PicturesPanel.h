@@ -39,8 +39,8 @@ private:
     Workspace& m_workspace;
     Function<void(PictureId)> m_show;
     Function<void(PictureId)> m_close;
-    Wx::TextControl* m_filter;
-    wxListBox* m_list;
+    Wx::TextControl* m_filter = nullptr;
+    wxListBox* m_list = nullptr;
     Array<PictureId> m_listed; // in the order of the rows
 };
 

@@ -14,6 +14,7 @@
 #include "apps/viewer/AboutMessage.h"
 #include "apps/viewer/Command.h"
 #include "apps/viewer/CommandStates.h"
+#include "apps/viewer/FileDropTarget.h"
 #include "apps/viewer/FileFollowing.h"
 #include "apps/viewer/ImageFile.h"
 #include "apps/viewer/KeysMessage.h"
@@ -21,8 +22,11 @@
 #include "apps/viewer/LoadingBar.h"
 #include "apps/viewer/LogPanel.h"
 #include "apps/viewer/PictureCommands.h"
+#include "apps/viewer/PictureListening.h"
 #include "apps/viewer/PicturesPanel.h"
 #include "apps/viewer/ProbeTool.h"
+#include "apps/viewer/RecentMenu.h"
+#include "apps/viewer/Settings.h"
 #include "apps/viewer/ToolBar.h"
 #include "apps/viewer/ViewOptions.h"
 #include "apps/viewer/WindowSize.h"
@@ -32,6 +36,7 @@
 #include "apps/viewer/view/ImageView.h"
 
 #include <wx/collpane.h>
+#include <wx/config.h>
 #include <wx/menu.h>
 #include <wx/panel.h>
 #include <wx/sizer.h>
@@ -50,8 +55,9 @@ const wxSize MIN_VIEW(80, 60); // scroll bars need some room
 
 } // namespace
 
-ViewerFrame::ViewerFrame(const SharedPicture& picture, const Io::Path& file, AskForScreen ask)
-    : wxFrame(nullptr, wxID_ANY, wxString())
+ViewerFrame::ViewerFrame(const SharedPicture& picture, const Io::Path& file, AskForScreen ask,
+                         std::shared_ptr<wxConfigBase> settings)
+    : wxFrame(nullptr, wxID_ANY, wxString()), m_settings(std::make_unique<Settings>(std::move(settings)))
 {
     Wx::setZephraIcon(this);
     // The log inherits the font, which makes its text as large as those of the other controls.
@@ -79,12 +85,14 @@ ViewerFrame::ViewerFrame(const SharedPicture& picture, const Io::Path& file, Ask
     setLightSurround(false);
     setFollowing(true);
     if (picture) {
-        m_workspace.setCurrent(m_workspace.add(file, picture));
+        const auto origin = file.isEmpty() ? PictureOrigin::DESKTOP : PictureOrigin::FILE;
+        m_workspace.setCurrent(m_workspace.add(file, picture, origin));
         report(openedMessage(*picture));
     }
     SetClientSize(clientSizeFor(m_view->shownSize(), above->GetMinSize().y));
     Centre();
     makeRoom();
+    m_settings->restore(*this);
     describePicture();
     m_view->SetFocus();
 }
@@ -150,6 +158,11 @@ void ViewerFrame::makeCommands(AskForScreen ask)
                                                     [this] { describePicture(); });
     m_following = std::make_unique<FileFollowing>(m_workspace,
                                                   [this](PictureId id) { m_commands->opening().reload(id); });
+    m_listening = std::make_unique<PictureListening>(*this, m_workspace, messages);
+    m_recent = std::make_unique<RecentMenu>(*this, m_workspace, *m_settings,
+                                            [this](const Io::Path& recent) { beginToOpen({recent}); });
+    m_view->SetDropTarget(
+        new FileDropTarget([this](const Array<Io::Path>& dropped) { beginToOpen(dropped); }));
     m_workspace.observe([this](Flags<Workspace::Change> changes) { onWorkspaceChanged(changes); });
     m_view->onSelection = [this](const Optional<wxRect>&) { inform(); };
     bindCommands();
@@ -198,7 +211,12 @@ bool ViewerFrame::openPictures(const Array<Io::Path>& files)
 
 void ViewerFrame::beginToOpen(const Array<Io::Path>& files)
 {
-    m_commands->opening().open(files);
+    m_commands->opening().open(withFoldersOpened(files));
+}
+
+Expected<unsigned short, String> ViewerFrame::listen(const Wx::Legacy::SocketAddress& address)
+{
+    return m_listening->start(address);
 }
 
 bool ViewerFrame::isReading() const
@@ -236,7 +254,11 @@ void ViewerFrame::showPanel(Command command, wxWindow& panel, bool show)
     m_states->check(command, show);
     if (show == panel.IsShown())
         return;
+    // A panel beside the picture takes no room from it.
+    const bool isBeside = panel.GetContainingSizer() == m_list->GetContainingSizer();
+    const int more = isBeside ? panel.GetBestSize().x + Wx::scaleByDpi(MARGIN) : 0;
     panel.Show(show);
+    widen(*this, show ? more : -more);
     makeRoom();
     if (!show)
         m_view->SetFocus();
@@ -352,6 +374,8 @@ void ViewerFrame::onClose(wxCloseEvent& event)
         event.Veto();
     } else if (self) {
         m_commands->stop();
+        m_listening->stop();
+        m_settings->remember(*this);
         Destroy();
     }
 }

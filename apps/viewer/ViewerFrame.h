@@ -2,9 +2,11 @@
 #pragma once
 
 #include "NolvexLib/Array.h"
+#include "NolvexLib/Expected.h"
 #include "NolvexLib/ImageFormat.h"
 #include "NolvexLib/Io/Path.h"
 #include "NolvexLib/String.h"
+#include "NolvexLibWx/net/SocketAddress.h"
 #include "NolvexLibWx/widgets/ImageSaveSettings.h"
 #include "apps/viewer/Command.h"
 #include "apps/viewer/Picture.h"
@@ -14,6 +16,8 @@
 #include <wx/frame.h>
 
 #include <memory>
+
+class WXDLLIMPEXP_FWD_BASE wxConfigBase;
 
 namespace Nolvex::Viewer {
 
@@ -25,8 +29,11 @@ class InformationPanel;
 class LayerBar;
 class LogPanel;
 class PictureCommands;
+class PictureListening;
 class PicturesPanel;
 class ProbeTool;
+class RecentMenu;
+class Settings;
 class ToolBar;
 class ViewOptions;
 
@@ -41,9 +48,11 @@ class ViewerFrame : public wxFrame
 {
 public:
     /// `file` is the file of the picture. Without a file the picture counts as unsaved. `ask` asks for
-    /// pictures of the screen.
+    /// pictures of the screen. The window remembers in `settings`, which may be null, what the user would
+    /// have to do again.
     explicit ViewerFrame(const SharedPicture& picture, const Io::Path& file = {},
-                         AskForScreen ask = Wx::requestScreenRegion);
+                         AskForScreen ask = Wx::requestScreenRegion,
+                         std::shared_ptr<wxConfigBase> settings = nullptr);
     ~ViewerFrame() override;
 
     /// True once the picture has been painted on the screen.
@@ -61,6 +70,10 @@ public:
 
     /// Does the same and waits for nothing: the window can be used meanwhile.
     void beginToOpen(const Array<Io::Path>& files);
+
+    /// Begins to show the pictures that other programs send to the address. Returns the port, or a sentence
+    /// that says why there are none.
+    Expected<unsigned short, String> listen(const Wx::Legacy::SocketAddress& address);
 
     /// True while a picture is being read.
     bool isReading() const;
@@ -96,6 +109,9 @@ public:
     /// Saves the shown picture. Returns at once; the outcome is written to the log when the file is written.
     void savePicture(const Io::Path& file, ImageFormat format, const Wx::ImageSaveSettings& settings);
 
+    /// Writes to the log why something was not done, and shows the log.
+    void complain(const String& message);
+
     /// Tells the name and version of this program in a message.
     void tellAbout();
 
@@ -114,7 +130,6 @@ private:
     void describePicture();
     void inform();
     void report(const String& message);
-    void complain(const String& message);
 
     void makeRoom();
     void onCopy();
@@ -136,6 +151,9 @@ private:
     std::unique_ptr<ProbeTool> m_probe;
     std::unique_ptr<ComparisonTool> m_comparison;
     std::unique_ptr<FileFollowing> m_following;
+    std::unique_ptr<PictureListening> m_listening;
+    std::unique_ptr<Settings> m_settings;
+    std::unique_ptr<RecentMenu> m_recent;
     String m_description;
     int m_openMenus = 0;
     bool m_hadSeveral = false;

@@ -45,10 +45,10 @@ SharedPicture Workspace::currentPicture() const
     return shown == nullptr ? nullptr : shown->picture;
 }
 
-PictureId Workspace::add(const Io::Path& file, const SharedPicture& picture)
+PictureId Workspace::add(const Io::Path& file, const SharedPicture& picture, PictureOrigin origin)
 {
     const auto id = static_cast<PictureId>(++m_lastId);
-    m_pictures.push_back({id, file, picture ? picture->name() : file.fileName(), picture});
+    m_pictures.push_back({id, file, picture ? picture->name() : file.fileName(), picture, origin});
     tell(Change::LIST);
     return id;
 }
@@ -61,7 +61,7 @@ Array<PictureId> Workspace::addFiles(const Array<Io::Path>& files)
         const OpenPicture* const known = findFile(file);
         const PictureId id = known != nullptr ? known->id : static_cast<PictureId>(++m_lastId);
         if (known == nullptr)
-            m_pictures.push_back({id, file, file.fileName(), nullptr});
+            m_pictures.push_back({id, file, file.fileName(), nullptr, PictureOrigin::FILE});
         ids.push_back(id);
     }
     if (m_pictures.size() != count)
@@ -178,7 +178,7 @@ void Workspace::limitMemory(std::uint64_t bytes)
         if (!picture.picture)
             continue;
         taken += byteCount(*picture.picture);
-        if (!picture.isUnsaved() && m_current != picture.id && m_reference != picture.id)
+        if (!picture.file.isEmpty() && m_current != picture.id && m_reference != picture.id)
             droppable.push_back(&picture);
     }
     std::ranges::sort(droppable, {}, &OpenPicture::lastShown);

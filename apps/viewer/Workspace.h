@@ -20,6 +20,14 @@ enum class PictureId : int
 {
 };
 
+/// Where an open picture is from.
+enum class PictureOrigin
+{
+    FILE,
+    DESKTOP, ///< the screen or the clipboard; lost if it is not saved
+    SENDER,  ///< a program that can send the picture again
+};
+
 /// A picture that the user has opened.
 struct OpenPicture
 {
@@ -29,10 +37,12 @@ struct OpenPicture
     String name;
     /// Null until the picture is read, and again after the memory was needed for others.
     SharedPicture picture;
+    PictureOrigin origin = PictureOrigin::FILE;
     /// Counts the looks at the picture, so that those looked at last are kept in memory.
     std::uint64_t lastShown = 0;
 
-    bool isUnsaved() const { return picture != nullptr && file.isEmpty(); }
+    /// True if closing the picture loses it.
+    bool isUnsaved() const { return picture && file.isEmpty() && origin == PictureOrigin::DESKTOP; }
 };
 
 /// The pictures that are open, which one of them is shown, and with which one it is compared. Lists, tools
@@ -73,7 +83,8 @@ public:
 
     /// Adds a picture at the end of the list. `picture` may be null if there is a file from which it can be
     /// read. The first picture does not become the current one by itself.
-    PictureId add(const Io::Path& file, const SharedPicture& picture);
+    PictureId add(const Io::Path& file, const SharedPicture& picture,
+                  PictureOrigin origin = PictureOrigin::FILE);
 
     /// Returns the pictures of the files, in their order. Adds those files that are not open yet.
     Array<PictureId> addFiles(const Array<Io::Path>& files);

@@ -70,8 +70,8 @@ String statisticsText(const Picture& picture, const PictureStatistics& statistic
     for (std::size_t i = 0; i < statistics.channels.size(); ++i) {
         const ChannelStatistics& channel = statistics.channels[i];
         const String name = i < picture.channels().size() ? picture.channels()[i] : String(L"?");
-        text += name + L": min " + numberText(channel.min) + L", mean " + numberText(channel.mean) +
-                L", max " + numberText(channel.max) + L"\n";
+        text += name + L": " + numberText(channel.min) + L" to " + numberText(channel.max) + L"\n    mean " +
+                numberText(channel.mean) + L"\n";
         if (channel.infiniteCount > 0)
             text += L"   infinite: " + countText(channel.infiniteCount) + L"\n";
     }

@@ -77,9 +77,17 @@ TEST_F(WorkspaceTest, pictureThatIsNotRead_cannotBeShown)
     EXPECT_EQ(workspace.currentPicture()->size(), (Pixel{4, 3}));
 }
 
+TEST_F(WorkspaceTest, receivedPicture_canBeSentAgain)
+{
+    const PictureId id = workspace.add({}, Tests::coordinates(4, 3), Viewer::PictureOrigin::SENDER);
+    EXPECT_FALSE(workspace.find(id)->isUnsaved());
+    workspace.limitMemory(0);
+    EXPECT_NE(workspace.find(id)->picture, nullptr) << "but not by the viewer";
+}
+
 TEST_F(WorkspaceTest, unsaved_isWhatHasNoFile)
 {
-    const PictureId id = workspace.add({}, Tests::coordinates(4, 3));
+    const PictureId id = workspace.add({}, Tests::coordinates(4, 3), Viewer::PictureOrigin::DESKTOP);
     EXPECT_TRUE(workspace.find(id)->isUnsaved());
     workspace.setCurrent(id);
     changes.clear();
@@ -178,7 +186,7 @@ TEST_F(WorkspaceTest, memory_isTakenFromWhatWasNotLookedAtForLongest)
     const PictureId a = addRead(L"a");
     const PictureId b = addRead(L"b");
     const PictureId c = addRead(L"c");
-    const PictureId unsaved = workspace.add({}, Tests::coordinates(4, 3));
+    const PictureId unsaved = workspace.add({}, Tests::coordinates(4, 3), Viewer::PictureOrigin::DESKTOP);
     for (const PictureId id : {b, a, c})
         workspace.setCurrent(id);
     constexpr std::uint64_t BYTES = std::uint64_t(4) * 3 * 3;
