@@ -6,7 +6,7 @@
 #include "NolvexLib/Io/FileInputStream.h"
 #include "NolvexLib/Io/FileSize.h"
 #include "apps/viewer/LayeredFile.h"
-#include "apps/viewer/reading/PictureReader.h"
+#include "apps/viewer/reading/PictureReaders.h"
 
 #include <cstdint>
 #include <filesystem>
