@@ -7,7 +7,7 @@
 #include "NolvexLib/Io/FileSize.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "apps/viewer/LayeredFile.h"
-#include "apps/viewer/reading/PictureReader.h"
+#include "apps/viewer/reading/PictureReaders.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/LayeredFile.h"
 
+#include "apps/viewer/reading/PictureReaders.h"
+
 #include <utility>
 
 namespace Nolvex::Viewer {

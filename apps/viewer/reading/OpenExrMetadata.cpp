@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/reading/OpenExrMetadata.h"
 
+#include "apps/viewer/reading/NumberText.h"
+
 #include <ImfBoxAttribute.h>
 #include <ImfChannelListAttribute.h>
 #include <ImfChromaticitiesAttribute.h>
@@ -22,7 +24,6 @@
 #include <ImfVecAttribute.h>
 
 #include <array>
-#include <charconv>
 #include <cstddef>
 #include <initializer_list>
 #include <string>
@@ -31,15 +32,6 @@
 namespace Nolvex::Viewer {
 
 namespace {
-
-// The shortest text that stands for the number, with a point in every language.
-template<class Number>
-std::string numberText(Number number)
-{
-    std::array<char, 32> digits{};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
-    return {digits.data(), end};
-}
 
 std::string joined(std::initializer_list<std::string_view> pieces)
 {

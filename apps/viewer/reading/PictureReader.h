@@ -44,11 +44,4 @@ public:
                                              const ReadingProgress& progress) const = 0;
 };
 
-/// Returns the reader for a file with this content. The last reader takes every file that no other reader
-/// knows, so that there always is one.
-const PictureReader& readerFor(ArrayView<const std::byte> file);
-
-/// Returns the usual extensions of the files that can be read, without the dot.
-Array<String> readableExtensions();
-
 } // namespace Nolvex::Viewer

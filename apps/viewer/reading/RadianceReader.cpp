@@ -82,8 +82,8 @@ private:
         m_stopped = !m_progress(1.0f - static_cast<float>(m_rest.size()) / static_cast<float>(m_size));
     }
 
-    // The largest number of a run and, as text, neither a digit nor the end of a line.
-    static constexpr int PADDING = 0xff;
+    // An empty line, which ends the header, and in a row the number of bytes that follow.
+    static constexpr int PADDING = '\n';
 
     ArrayView<const std::byte> m_rest;
     std::size_t m_size;
@@ -129,10 +129,10 @@ Array<MetadataEntry> metadataOf(ArrayView<const std::byte> file)
     return entries;
 }
 
-Unexpected<String> stbFailure()
+// The reasons that stb_image gives are those of the format that it tried last.
+Unexpected<String> refusal()
 {
-    return Unexpected{L"it is damaged or of a kind that is not read (" +
-                      String::fromUtf8(stbi_failure_reason()) + L")"};
+    return Unexpected{String(L"it is damaged or of a kind that is not read")};
 }
 
 Expected<Image, String> toImage(const float* pixels, const Size& size)
@@ -157,7 +157,7 @@ Expected<Image, String> decode(ArrayView<const std::byte> file, const ReadingPro
     if (source.isExhausted())
         return readFailure(ReadOutcome::DAMAGED);
     if (!pixels)
-        return stbFailure();
+        return refusal();
     return toImage(pixels.get(), size);
 }
 
@@ -181,7 +181,7 @@ Expected<ReadImage, String> RadianceReader::read(ArrayView<const std::byte> file
     Source header(file, noProgress);
     Size size;
     if (stbi_info_from_callbacks(&Source::callbacks(), &header, &size.width, &size.height, nullptr) == 0)
-        return stbFailure();
+        return refusal();
     if (size.width < 1 || size.height < 1)
         return Unexpected{String(L"it has no pixels")};
     if (std::uint64_t(size.width) * std::uint64_t(size.height) / MAX_PIXELS_PER_BYTE > file.size())

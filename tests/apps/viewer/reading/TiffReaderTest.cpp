@@ -183,11 +183,15 @@ void writePixels(TIFF* file, const Kind& kind)
     }
 }
 
-Array<std::byte> fileOf(const Kind& kind, int pages = 1)
+Array<std::byte> fileOf(const Kind& kind, int pages = 1, const std::string& description = {})
 {
     MemoryTiff file(kind.isBigEndian ? "wb" : "wl");
     for (int page = 0; page < pages; ++page) {
         describe(file.handle, kind);
+        if (!description.empty()) {
+            TIFFSetField(file.handle, TIFFTAG_IMAGEDESCRIPTION, description.c_str());
+            TIFFSetField(file.handle, TIFFTAG_XRESOLUTION, 72.5);
+        }
         if (kind.isTiled) {
             TIFFSetField(file.handle, TIFFTAG_TILEWIDTH, 16);
             TIFFSetField(file.handle, TIFFTAG_TILELENGTH, 16);
@@ -329,6 +333,14 @@ TEST(TiffReaderTest, furtherPagesAndChannels_areTold)
     EXPECT_EQ(channels->image.descriptor().format, PixelFormat::UINT16_RGB);
     ASSERT_EQ(channels->omissions.size(), 1u);
     EXPECT_EQ(channels->omissions.front(), String(L"It has one more channel, which is not shown."));
+}
+
+TEST(TiffReaderTest, textsAndResolution_areMetadata)
+{
+    const auto read = TiffReader().read(fileOf({}, 1, "a J\xc3\xb6rg"), 0, {});
+    ASSERT_TRUE(read.hasValue());
+    EXPECT_EQ(read->metadata, (Array<Viewer::MetadataEntry>{{L"description", L"a J\u00F6rg"},
+                                                            {L"horizontal resolution", L"72.5"}}));
 }
 
 TEST(TiffReaderTest, notANumber_staysSo)
