@@ -20,7 +20,7 @@ namespace {
 using Platform::PixelCanvas;
 
 constexpr int COLOUR_BYTES = 3;
-constexpr int OPAQUE = 255;
+constexpr int OPAQUE_ALPHA = 255;
 
 using PixelRow = std::vector<Rgb>;
 using Bytes = std::vector<std::uint8_t>;
@@ -183,10 +183,10 @@ private:
                              m_pixels.size());
         // Many pictures have an alpha channel, but few have transparent pixels. The loop ends at no pixel
         // before the last, so that the compiler can use the vector instructions.
-        std::uint8_t common = OPAQUE;
+        std::uint8_t common = OPAQUE_ALPHA;
         for (const std::uint8_t alpha : m_alpha)
             common = static_cast<std::uint8_t>(common & alpha);
-        m_opaque = common == OPAQUE;
+        m_opaque = common == OPAQUE_ALPHA;
     }
 
     // Shows each pixel of a row of the source as often as the scale demands.
@@ -281,8 +281,8 @@ private:
             const RgbBytes behind = m_job.backdrop.colorAt(m_plan.across.first() + x, y, isChecked);
             const int alpha = m_alpha[source];
             const auto mixed = [alpha](int front, int back) {
-                return static_cast<std::uint32_t>((front * alpha + back * (OPAQUE - alpha) + OPAQUE / 2) /
-                                                  OPAQUE);
+                return static_cast<std::uint32_t>(
+                    (front * alpha + back * (OPAQUE_ALPHA - alpha) + OPAQUE_ALPHA / 2) / OPAQUE_ALPHA);
             };
             to[x] =
                 packed(mixed(colour[0], behind.r), mixed(colour[1], behind.g), mixed(colour[2], behind.b));
@@ -300,7 +300,7 @@ private:
     Bytes m_colours;
     Bytes m_alpha;                       // empty if the image is opaque
     std::vector<std::uint32_t> m_packed; // the row m_sourceY of an enlarged image
-    bool m_opaque = true; // all of m_alpha
+    bool m_opaque = true;                // all of m_alpha
     int m_sourceY = -1;
     const std::uint32_t* m_drawnRow = nullptr; // a row of the view that shows m_sourceY
 };
