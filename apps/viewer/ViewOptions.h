@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "NolvexLib/Array.h"
 #include "NolvexLib/Function.h"
 #include "NolvexLib/RgbBytes.h"
+#include "NolvexLib/String.h"
 #include "apps/viewer/Command.h"
 #include "apps/viewer/DisplaySettings.h"
 
@@ -11,15 +13,15 @@
 namespace Nolvex::Wx {
 
 class ColorPickerButton;
-class ComboBox;
-class Spinner;
 
 } // namespace Nolvex::Wx
 
 namespace Nolvex::Viewer {
 
+class DisplayOptions;
+
 /// The ways to show the picture: check boxes, which call `run` with their command when the user changes them,
-/// the colour of the surround, and below them the exposure in stops and the channel, which call `display`.
+/// the colour of the surround, and below them the controls for DisplaySettings, which call `display`.
 class ViewOptions : public wxPanel
 {
 public:
@@ -37,16 +39,15 @@ public:
     /// Sets the check box of the command, if there is one, and does not call `run`.
     void check(Command command, bool checked);
 
+    /// Offers the channels of a picture by their names (Picture::channels).
+    void setChannels(const Array<String>& names);
+
 private:
     void addSurround(wxSizer& row, const Function<void(const RgbBytes&)>& trySurround,
                      const Function<void(bool)>& endTrying);
-    wxSizer* makeDisplayRow();
 
-    Function<void(const DisplaySettings&)> m_display;
-    DisplaySettings m_settings;
     Wx::ColorPickerButton* m_surround = nullptr;
-    Wx::Spinner* m_exposure = nullptr;
-    Wx::ComboBox* m_channel = nullptr;
+    DisplayOptions* m_display = nullptr;
 };
 
 } // namespace Nolvex::Viewer

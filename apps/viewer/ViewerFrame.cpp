@@ -334,6 +334,8 @@ void ViewerFrame::describePicture()
     for (const Command command : {NEXT_PICTURE, PREVIOUS_PICTURE})
         m_states->enable(command, m_workspace.neighbour(1).has_value());
     m_layers->setPicture(m_workspace.currentPicture());
+    if (m_view->picture())
+        m_options->setChannels(m_view->picture()->channels());
     inform();
     Wx::setAccessibleName(*m_view, m_view->picture() ? m_view->picture()->name() : String(L"No picture"));
     setTooltips(m_tooltips);

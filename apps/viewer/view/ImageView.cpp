@@ -311,11 +311,8 @@ void ImageView::onPaint(wxPaintEvent& /*event*/)
     if (m_pixelsPerUnit != pixelsPerUnit())
         CallAfter([this] { measure(); });
     wxAutoBufferedPaintDC dc(this);
-    wxBitmap shown = m_renderer.bitmap(scene());
-    if (shown.IsOk()) {
-        if (shown.GetScaleFactor() != pixelsPerUnit())
-            shown.SetScaleFactor(pixelsPerUnit());
-        dc.DrawBitmap(shown, 0, 0);
+    if (const Platform::PixelCanvas* const shown = m_renderer.render(scene())) {
+        shown->draw(dc, pixelsPerUnit());
     } else {
         dc.SetBackground(GetBackgroundColour());
         dc.Clear();

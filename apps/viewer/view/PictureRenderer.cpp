@@ -2,24 +2,25 @@
 #include "apps/viewer/view/PictureRenderer.h"
 
 #include "NolvexLibImage/pixels/Conversions.h"
+#include "apps/viewer/platform/PixelCanvas.h"
 #include "apps/viewer/view/AxisSampling.h"
 #include "apps/viewer/view/Development.h"
-#include "apps/viewer/view/PixelCanvas.h"
 #include "apps/viewer/view/Pyramid.h"
 #include "apps/viewer/RowBands.h"
 #include "apps/viewer/view/ScreenEncoder.h"
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <vector>
 
 namespace Nolvex::Viewer {
 
 namespace {
 
-constexpr int COLOUR_BYTES = PixelCanvas::COLOUR_BYTES;
-constexpr int OPAQUE = 255;
+using Platform::PixelCanvas;
+
+constexpr int COLOUR_BYTES = 3;
+constexpr int OPAQUE_ALPHA = 255;
 
 using PixelRow = std::vector<Rgb>;
 using Bytes = std::vector<std::uint8_t>;
@@ -27,6 +28,17 @@ using Bytes = std::vector<std::uint8_t>;
 std::size_t sizeOf(int count)
 {
     return static_cast<std::size_t>(count);
+}
+
+std::uint32_t packed(std::uint32_t red, std::uint32_t green, std::uint32_t blue)
+{
+    return red << 16 | green << 8 | blue;
+}
+
+void pack(const std::uint8_t* colours, std::uint32_t* to, std::size_t count)
+{
+    for (std::size_t i = 0; i < count; ++i, colours += COLOUR_BYTES)
+        to[i] = packed(colours[0], colours[1], colours[2]);
 }
 
 // The sampling of both directions, and the copy of the image that the samples count in.
@@ -76,6 +88,15 @@ public:
           m_kept(m_level == nullptr ? sizeOf(plan.down.maxCount()) + 1 : 0)
     {}
 
+    // Copies a row, which will not be needed again.
+    void read(int y, Rgb* pixels) const
+    {
+        if (m_level != nullptr)
+            std::copy_n(m_level->row(y) + m_first, m_count, pixels);
+        else
+            readPixels(m_image, {m_first, y}, pixels, sizeOf(m_count));
+    }
+
     const Rgb* row(int y)
     {
         if (m_level != nullptr)
@@ -124,64 +145,77 @@ class RowDrawer
 public:
     explicit RowDrawer(const Job& job)
         : m_job(job),
+          m_plan(job.plan),
           m_rows(job.shown.image, job.plan),
-          m_pixels(sizeOf(job.plan.isEnlarged() ? m_rows.count() : job.plan.across.count())),
-          m_sums(job.plan.isAveraged ? sizeOf(m_rows.count()) : 0),
-          m_sourceColours(job.plan.isEnlarged() ? sizeOf(m_rows.count()) * COLOUR_BYTES : 0),
-          m_sourceAlpha(job.plan.isEnlarged() && isTransparent() ? sizeOf(m_rows.count()) : 0),
-          m_alpha(isTransparent() ? sizeOf(job.plan.across.count()) : 0)
+          m_enlarged(job.plan.isEnlarged()),
+          m_pixels(sizeOf(m_enlarged ? m_rows.count() : job.plan.across.count())),
+          m_sums(m_plan.isAveraged ? sizeOf(m_rows.count()) : 0),
+          m_colours(m_pixels.size() * COLOUR_BYTES),
+          m_alpha(job.development.isTransparent() ? m_pixels.size() : 0),
+          m_packed(m_enlarged ? m_pixels.size() : 0)
     {}
 
     void draw(int index)
     {
-        const Plan& plan = m_job.plan;
-        const int y = plan.down.first() + index;
-        std::uint8_t* const colours = m_job.canvas.row(y) + sizeOf(plan.across.first()) * COLOUR_BYTES;
-        const Sample& sample = plan.down.sample(index);
-        if (plan.isEnlarged()) {
-            repeat(sample.first, colours);
-        } else {
-            if (plan.isAveraged)
-                average(sample);
-            else
-                pick(sample.first);
-            m_job.development.apply(m_pixels.data(), m_pixels.size());
-            m_job.encoder.encode(m_pixels.data(), colours, orNull(m_alpha), m_pixels.size());
+        const int y = m_plan.down.first() + index;
+        const Sample& sample = m_plan.down.sample(index);
+        std::uint32_t* const to = m_job.canvas.row(y) + m_plan.across.first();
+        if (m_enlarged) {
+            repeat(sample.first, y, to);
+            return;
         }
-        if (isTransparent())
-            blend(y, colours);
-        PixelCanvas::swapToNativeOrder(colours, plan.across.count());
+        if (m_plan.isAveraged)
+            average(sample);
+        else
+            pick(sample.first);
+        develop();
+        if (m_opaque)
+            pack(m_colours.data(), to, m_pixels.size());
+        else
+            blend(y, to);
     }
 
 private:
-    static std::uint8_t* orNull(Bytes& bytes) { return bytes.empty() ? nullptr : bytes.data(); }
+    void develop()
+    {
+        m_job.development.apply(m_pixels.data(), m_pixels.size());
+        m_job.encoder.encode(m_pixels.data(), m_colours.data(), m_alpha.empty() ? nullptr : m_alpha.data(),
+                             m_pixels.size());
+        // Many pictures have an alpha channel, but few have transparent pixels. The loop ends at no pixel
+        // before the last, so that the compiler can use the vector instructions.
+        std::uint8_t common = OPAQUE_ALPHA;
+        for (const std::uint8_t alpha : m_alpha)
+            common = static_cast<std::uint8_t>(common & alpha);
+        m_opaque = common == OPAQUE_ALPHA;
+    }
 
-    bool isTransparent() const { return m_job.development.isTransparent(); }
-
-    void repeat(int sourceY, std::uint8_t* colours)
+    // Shows each pixel of a row of the source as often as the scale demands.
+    void repeat(int sourceY, int y, std::uint32_t* to)
     {
         if (m_sourceY != sourceY) {
-            std::copy_n(m_rows.row(sourceY), m_pixels.size(), m_pixels.data());
-            m_job.development.apply(m_pixels.data(), m_pixels.size());
-            m_job.encoder.encode(m_pixels.data(), m_sourceColours.data(), orNull(m_sourceAlpha),
-                                 m_pixels.size());
             m_sourceY = sourceY;
+            m_drawnRow = nullptr;
+            m_rows.read(sourceY, m_pixels.data());
+            develop();
+            pack(m_colours.data(), m_packed.data(), m_packed.size());
         }
-        const AxisSampling& across = m_job.plan.across;
-        for (int x = 0; x < across.count(); ++x) {
-            const std::size_t source = sizeOf(across.sample(x).first - m_rows.first());
-            std::copy_n(&m_sourceColours[source * COLOUR_BYTES], COLOUR_BYTES, colours + x * COLOUR_BYTES);
-            if (isTransparent())
-                m_alpha[sizeOf(x)] = m_sourceAlpha[source];
+        if (!m_opaque) {
+            blend(y, to);
+        } else if (m_drawnRow != nullptr) {
+            std::copy_n(m_drawnRow, m_plan.across.count(), to);
+        } else {
+            for (int x = 0; x < m_plan.across.count(); ++x)
+                to[x] = m_packed[sourceIndex(x)];
+            m_drawnRow = to;
         }
     }
 
-    // Reads single pixels: of a reduced image only some are shown.
+    // Takes single pixels: of a reduced image only some are shown.
     void pick(int sourceY)
     {
-        const AxisSampling& across = m_job.plan.across;
+        const AxisSampling& across = m_plan.across;
         if (m_rows.count() == across.count()) {
-            std::copy_n(m_rows.row(sourceY), m_pixels.size(), m_pixels.data());
+            m_rows.read(sourceY, m_pixels.data());
             return;
         }
         for (int x = 0; x < across.count(); ++x)
@@ -191,58 +225,84 @@ private:
     void average(const Sample& sample)
     {
         const Rgb* const sums = sample.count == 1 ? m_rows.row(sample.first) : addRows(sample);
-        const AxisSampling& across = m_job.plan.across;
+        const AxisSampling& across = m_plan.across;
         for (int x = 0; x < across.count(); ++x) {
             const Sample& part = across.sample(x);
-            const Rgb* const source = sums + (part.first - m_rows.first());
-            Rgb sum = part.count == 1 ? source[0] : source[0] * part.firstWeight;
-            for (int i = 1; i < part.count; ++i)
-                sum = sum + source[i] * part.weightOf(i);
-            m_pixels[sizeOf(x)] = sum;
+            m_pixels[sizeOf(x)] = averageOf(part, sums + (part.first - m_rows.first()));
         }
+    }
+
+    static Rgb averageOf(const Sample& sample, const Rgb* source)
+    {
+        switch (sample.count) {
+        case 1:
+            return source[0];
+        case 2:
+            return source[0] * sample.firstWeight + source[1] * sample.lastWeight;
+        case 3:
+            return source[0] * sample.firstWeight + source[1] * sample.weight + source[2] * sample.lastWeight;
+        default:
+            break;
+        }
+        Rgb sum = source[0] * sample.firstWeight;
+        for (int i = 1; i < sample.count; ++i)
+            sum = sum + source[i] * sample.weightOf(i);
+        return sum;
     }
 
     const Rgb* addRows(const Sample& sample)
     {
         const std::size_t count = m_sums.size();
-        const Rgb* row = m_rows.row(sample.first);
+        Rgb* const sums = m_sums.data();
+        const Rgb* const first = m_rows.row(sample.first);
+        const Rgb* const second = m_rows.row(sample.first + 1);
+        const float weight = sample.weightOf(1);
         for (std::size_t x = 0; x < count; ++x)
-            m_sums[x] = row[x] * sample.firstWeight;
-        for (int i = 1; i < sample.count; ++i) {
-            row = m_rows.row(sample.first + i);
-            const float weight = sample.weightOf(i);
-            for (std::size_t x = 0; x < count; ++x)
-                m_sums[x] = m_sums[x] + row[x] * weight;
-        }
-        return m_sums.data();
+            sums[x] = first[x] * sample.firstWeight + second[x] * weight;
+        for (int i = 2; i < sample.count; ++i)
+            addRow(m_rows.row(sample.first + i), sample.weightOf(i));
+        return sums;
     }
 
-    void blend(int y, std::uint8_t* colours) const
+    void addRow(const Rgb* row, float weight)
+    {
+        Rgb* const sums = m_sums.data();
+        for (std::size_t x = 0; x < m_sums.size(); ++x)
+            sums[x] = sums[x] + row[x] * weight;
+    }
+
+    // Mixes the colours with what lies behind them.
+    void blend(int y, std::uint32_t* to) const
     {
         const bool isChecked = m_job.shown.settings.checkerboard;
-        for (int x = 0; x < m_job.plan.across.count(); ++x, colours += COLOUR_BYTES) {
-            const int alpha = m_alpha[sizeOf(x)];
-            if (alpha == OPAQUE)
-                continue;
-            const RgbBytes behind = m_job.backdrop.colorAt(m_job.plan.across.first() + x, y, isChecked);
-            const auto mixed = [alpha](int colour, int other) {
-                return static_cast<std::uint8_t>((colour * alpha + other * (OPAQUE - alpha) + OPAQUE / 2) /
-                                                 OPAQUE);
+        for (int x = 0; x < m_plan.across.count(); ++x) {
+            const std::size_t source = m_enlarged ? sourceIndex(x) : sizeOf(x);
+            const std::uint8_t* const colour = &m_colours[source * COLOUR_BYTES];
+            const RgbBytes behind = m_job.backdrop.colorAt(m_plan.across.first() + x, y, isChecked);
+            const int alpha = m_alpha[source];
+            const auto mixed = [alpha](int front, int back) {
+                return static_cast<std::uint32_t>(
+                    (front * alpha + back * (OPAQUE_ALPHA - alpha) + OPAQUE_ALPHA / 2) / OPAQUE_ALPHA);
             };
-            colours[0] = mixed(colours[0], behind.r);
-            colours[1] = mixed(colours[1], behind.g);
-            colours[2] = mixed(colours[2], behind.b);
+            to[x] =
+                packed(mixed(colour[0], behind.r), mixed(colour[1], behind.g), mixed(colour[2], behind.b));
         }
     }
 
+    std::size_t sourceIndex(int x) const { return sizeOf(m_plan.across.sample(x).first - m_rows.first()); }
+
     const Job& m_job;
+    const Plan& m_plan;
     SourceRows m_rows;
-    PixelRow m_pixels;
+    bool m_enlarged;
+    PixelRow m_pixels; // of the view, or of the source if the image is enlarged
     PixelRow m_sums;
-    Bytes m_sourceColours; // of the row m_sourceY of an enlarged image
-    Bytes m_sourceAlpha;
-    Bytes m_alpha;
+    Bytes m_colours;
+    Bytes m_alpha;                       // empty if the image is opaque
+    std::vector<std::uint32_t> m_packed; // the row m_sourceY of an enlarged image
+    bool m_opaque = true;                // all of m_alpha
     int m_sourceY = -1;
+    const std::uint32_t* m_drawnRow = nullptr; // a row of the view that shows m_sourceY
 };
 
 } // namespace
@@ -269,20 +329,18 @@ void drawImage(const ShownImage& shown, const Backdrop& backdrop, const wxRect& 
     });
 }
 
+wxRect drawnArea(const ShownImage& shown, const wxRect& clip)
+{
+    return makePlan(shown, clip).area();
+}
+
 void fillWith(const RgbBytes& color, const wxRect& rect, PixelCanvas& canvas)
 {
     const wxRect area = rect.Intersect(wxRect(canvas.size()));
     if (area.IsEmpty())
         return;
-    Bytes row(sizeOf(area.width) * COLOUR_BYTES);
-    for (std::size_t i = 0; i < row.size(); i += COLOUR_BYTES) {
-        row[i] = color.r;
-        row[i + 1] = color.g;
-        row[i + 2] = color.b;
-    }
-    PixelCanvas::swapToNativeOrder(row.data(), area.width);
     for (int y = area.y; y < area.y + area.height; ++y)
-        std::memcpy(canvas.row(y) + sizeOf(area.x) * COLOUR_BYTES, row.data(), row.size());
+        std::fill_n(canvas.row(y) + area.x, area.width, packed(color.r, color.g, color.b));
 }
 
 } // namespace Nolvex::Viewer

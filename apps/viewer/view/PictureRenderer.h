@@ -9,8 +9,13 @@
 
 namespace Nolvex::Viewer {
 
-class PixelCanvas;
 class Pyramid;
+
+namespace Platform {
+
+class PixelCanvas;
+
+} // namespace Platform
 
 /// What lies behind a picture.
 struct Backdrop
@@ -43,9 +48,13 @@ struct ShownImage
 /// Draws the part of the image that lies inside a rectangle of the view, and leaves the rest of the canvas.
 /// Enlarged pixels are squares with sharp edges, reduced ones are averages. Only what the rectangle shows is
 /// converted, on as many threads as there are cores. Throws std::bad_alloc if memory has run out.
-void drawImage(const ShownImage& shown, const Backdrop& backdrop, const wxRect& clip, PixelCanvas& canvas);
+void drawImage(const ShownImage& shown, const Backdrop& backdrop, const wxRect& clip,
+               Platform::PixelCanvas& canvas);
+
+/// Returns the pixels of the view that drawImage() would change.
+wxRect drawnArea(const ShownImage& shown, const wxRect& clip);
 
 /// Fills a rectangle of the canvas.
-void fillWith(const RgbBytes& color, const wxRect& rect, PixelCanvas& canvas);
+void fillWith(const RgbBytes& color, const wxRect& rect, Platform::PixelCanvas& canvas);
 
 } // namespace Nolvex::Viewer

@@ -4,15 +4,15 @@
 #include "NolvexLib/RgbBytes.h"
 #include "apps/viewer/DisplaySettings.h"
 #include "apps/viewer/Picture.h"
+#include "apps/viewer/platform/PixelCanvas.h"
 #include "apps/viewer/view/PictureRenderer.h"
 #include "apps/viewer/view/PyramidCache.h"
 
-#include <wx/bitmap.h>
 #include <wx/gdicmn.h>
 
-namespace Nolvex::Viewer {
+#include <memory>
 
-class PixelCanvas;
+namespace Nolvex::Viewer {
 
 /// What a view shows. Lengths are counted in pixels of the device.
 struct Scene
@@ -30,25 +30,26 @@ struct Scene
     friend bool operator==(const Scene&, const Scene&) = default;
 };
 
-/// Makes bitmaps of scenes. The last one is kept, so that the same scene costs nothing.
+/// Makes the pixels of scenes. Those of the last one are kept, so that the same scene costs nothing.
 class SceneRenderer
 {
 public:
-    /// The bitmap is invalid if the scene is empty or memory has run out.
-    const wxBitmap& bitmap(const Scene& scene);
+    /// Returns null if the scene is empty or memory has run out.
+    const Platform::PixelCanvas* render(const Scene& scene);
 
-    /// True if a bitmap of the last scene will look better when the reduced copies of its pictures are there.
+    /// True if pixels of the last scene will look better when the reduced copies of its pictures are there.
     bool isProvisional() const { return m_provisional && !m_pyramids.isBusy(); }
 
     bool isWaiting() const { return m_provisional; }
 
 private:
-    void draw(const Scene& scene, const SharedPicture& picture, const wxRect& clip, PixelCanvas& canvas);
-    wxBitmap drawScene(const Scene& scene);
+    bool draw(const Scene& scene);
+    void draw(const Scene& scene, const SharedPicture& picture, const wxRect& clip);
 
     PyramidCache m_pyramids;
     Scene m_scene;
-    wxBitmap m_bitmap;
+    std::unique_ptr<Platform::PixelCanvas> m_canvas;
+    bool m_drawn = false;
     bool m_provisional = false; // drawn without the reduced copies, which are being made
 };
 

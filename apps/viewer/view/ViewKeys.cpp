@@ -14,7 +14,7 @@ namespace {
 
 constexpr int SCROLL_STEP = 16; // design units
 constexpr float DIVIDER_STEP = 0.02f;
-constexpr int FAR = 1 << 24; // farther than any picture reaches
+constexpr int BEYOND_THE_EDGE = 1 << 24; // farther than any picture reaches
 
 // The direction in which an arrow points, or (0, 0) for other keys
 Pixel directionOf(int key)
@@ -51,10 +51,10 @@ Pixel scrollDistance(int key, const wxSize& view)
         return {0, page};
     case WXK_HOME:
     case WXK_NUMPAD_HOME:
-        return {-FAR, -FAR};
+        return {-BEYOND_THE_EDGE, -BEYOND_THE_EDGE};
     case WXK_END:
     case WXK_NUMPAD_END:
-        return {FAR, FAR};
+        return {BEYOND_THE_EDGE, BEYOND_THE_EDGE};
     default:
         return directionOf(key) * step;
     }

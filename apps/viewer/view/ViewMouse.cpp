@@ -6,6 +6,7 @@
 #include "apps/viewer/view/PixelSelection.h"
 
 #include <wx/cursor.h>
+#include <wx/weakref.h>
 
 #include <cstdlib>
 #include <utility>
@@ -51,20 +52,25 @@ void ViewMouse::onPressed(wxMouseEvent& event)
 
 void ViewMouse::onMoved(wxMouseEvent& event)
 {
-    event.Skip();
+    const wxWeakRef<wxWindow> view(&m_view);
     const wxPoint position = event.GetPosition();
-    if (m_drag == Drag::NONE) {
+    if (m_drag == Drag::NONE)
         showCursor(isAtDivider(position) ? wxCURSOR_SIZEWE : wxCURSOR_NONE);
-        return;
-    }
+    else if (isMovement(position))
+        drag(position);
+    event.Skip(view != nullptr);
+}
+
+// A hand moves the mouse a little when it clicks.
+bool ViewMouse::isMovement(const wxPoint& position)
+{
     const wxPoint moved = position - m_pressed;
     const int clickMovement = Wx::scaleByDpi(CLICK_MOVEMENT);
     m_moved = m_moved || std::abs(moved.x) > clickMovement || std::abs(moved.y) > clickMovement;
-    if (m_moved)
-        drag(position);
+    return m_moved;
 }
 
-// The view may be destroyed when this returns.
+// A callback may have destroyed the view, and this object with it, when the function returns.
 void ViewMouse::drag(const wxPoint& position)
 {
     const wxPoint distance = position - std::exchange(m_last, position);
@@ -90,9 +96,11 @@ void ViewMouse::drag(const wxPoint& position)
 
 void ViewMouse::onReleased(wxMouseEvent& event)
 {
-    event.Skip();
-    if (m_drag == Drag::NONE || event.GetButton() != m_button)
+    if (m_drag == Drag::NONE || event.GetButton() != m_button) {
+        event.Skip();
         return;
+    }
+    const wxWeakRef<wxWindow> view(&m_view);
     const Drag ended = m_drag;
     const bool wasClick = !m_moved && m_button == wxMOUSE_BTN_LEFT && ended != Drag::DIVIDER;
     const Optional<wxRect> selected = wasClick ? Optional<wxRect>() : m_view.selection();
@@ -101,13 +109,15 @@ void ViewMouse::onReleased(wxMouseEvent& event)
         m_view.setSelection(m_selectionBefore); // the change is then told
         m_view.select(selected);
     }
+    event.Skip(view != nullptr);
 }
 
 void ViewMouse::onDoubleClicked(wxMouseEvent& event)
 {
-    event.Skip();
+    const wxWeakRef<wxWindow> view(&m_view);
     if (!isAtDivider(event.GetPosition()))
         m_view.toggleFit(event.GetPosition());
+    event.Skip(view != nullptr);
 }
 
 // A drag whose end has not been seen stays undone as far as the selection goes, which is told at its end.

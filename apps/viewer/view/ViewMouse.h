@@ -32,6 +32,7 @@ private:
     void onMoved(wxMouseEvent& event);
     void onDoubleClicked(wxMouseEvent& event);
     void onCaptureLost(wxMouseCaptureLostEvent& event);
+    bool isMovement(const wxPoint& position);
     bool isAtDivider(const wxPoint& position) const;
     void drag(const wxPoint& position);
     void end();
@@ -41,7 +42,7 @@ private:
     Wx::MouseCapture m_capture;
     Drag m_drag = Drag::NONE;
     int m_button = 0;
-    bool m_moved = false; // farther than a hand moves in a click
+    bool m_moved = false;
     wxPoint m_pressed;
     wxPoint m_last;
     wxStockCursor m_cursor = wxCURSOR_NONE;

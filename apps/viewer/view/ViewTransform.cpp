@@ -55,6 +55,8 @@ void ViewTransform::setPictureSize(const Pixel& size)
 
 void ViewTransform::replacePictureSize(const Pixel& size)
 {
+    if (size == m_picture)
+        return;
     const wxRealPoint old = shownSize();
     m_picture = {std::max(size.x, 0), std::max(size.y, 0)};
     const wxRealPoint now = shownSize();

@@ -61,7 +61,7 @@ Contest steppingTheExposure()
                 wxMemoryDC dc(*screen);
                 const Viewer::Scene scene{
                     .size = {WIDTH, HEIGHT}, .picture = stage->picture, .display = stage->settings};
-                dc.DrawBitmap(stage->renderer.bitmap(scene), 0, 0);
+                stage->renderer.render(scene)->draw(dc, 1);
             }};
 }
 

@@ -56,7 +56,7 @@ struct Stage
         wxMemoryDC dc(screen);
         const Viewer::Scene scene{
             .size = VIEW, .scale = transform.scale(), .origin = transform.origin(), .picture = picture};
-        dc.DrawBitmap(renderer.bitmap(scene), 0, 0);
+        renderer.render(scene)->draw(dc, 1);
     }
 
     Viewer::SharedPicture picture = gradient();

@@ -218,3 +218,73 @@ TEST(DevelopmentTest, pixel_keepsTheSignAndTheSizeOfItsValues)
     EXPECT_EQ(bad.shown.g, -inf);
     EXPECT_TRUE(std::isnan(bad.shown.b));
 }
+
+TEST(DevelopmentTest, gamma_raisesTheEncodedValues)
+{
+    const Image source = pixel({0.25f, 0.5f, 1.0f, 1.0f}, 1.0f);
+    EXPECT_EQ(shown(source, {.gamma = 2.0f}), (RgbBytes{128, 180, 255}));
+    EXPECT_EQ(shown(source, {.gamma = 0.5f}), (RgbBytes{16, 64, 255}));
+    const Image light = pixel({0.25f, 0.5f, 1.0f, 1.0f}, 2.2f);
+    EXPECT_EQ(shown(light, {.gamma = 2.0f}).r, encoded(0.25f, 4.4f));
+    EXPECT_EQ(shown(light, {.channel = Channel::ALPHA, .gamma = 2.0f}).r, 255);
+}
+
+TEST(DevelopmentTest, srgb_encodesLightAndLeavesEncodedValues)
+{
+    const DisplaySettings settings{.encoding = Viewer::Encoding::SRGB};
+    EXPECT_EQ(shown(pixel({0.18f, 0.002f, 1.0f, 1.0f}, 2.2f), settings), (RgbBytes{118, 7, 255}));
+    EXPECT_EQ(shown(pixel({0.2f, 0.4f, 0.6f, 1.0f}, 1.0f), settings), (RgbBytes{51, 102, 153}));
+}
+
+TEST(DevelopmentTest, linear_showsTheLight)
+{
+    const DisplaySettings settings{.encoding = Viewer::Encoding::LINEAR};
+    EXPECT_EQ(shown(pixel({0.2f, 0.4f, 0.6f, 1.0f}, 2.2f), settings), (RgbBytes{51, 102, 153}));
+    EXPECT_EQ(shown(pixel({0.5f, 1.0f, 0.0f, 1.0f}, 1.0f), settings).r,
+              static_cast<int>(std::lround(255.0f * std::pow(0.5f, 2.2f))));
+}
+
+TEST(DevelopmentTest, falseColor_standsForTheLight)
+{
+    const DisplaySettings settings{.falseColor = Viewer::FalseColor::VALUES};
+    const auto expectColor = [&](const Rgb& color, const RgbBytes& bytes) {
+        EXPECT_EQ(Wx::toRgbBytes(Wx::toWxColour(color)), bytes);
+    };
+    expectColor(Viewer::ColorMap::colorAt(0.5f), shown(pixel({0.5f, 0.5f, 0.5f, 0.1f}, 2.2f), settings));
+    const float half = std::pow(0.5f, 1.0f / 2.2f);
+    expectColor(Viewer::ColorMap::colorAt(0.5f), shown(pixel({half, half, half, 1.0f}, 1.0f), settings));
+    DisplaySettings brighter = settings;
+    brighter.exposure = 1.0f;
+    expectColor(Viewer::ColorMap::colorAt(0.5f), shown(pixel({0.25f, 0.25f, 0.25f, 1.0f}, 2.2f), brighter));
+    DisplaySettings red = settings;
+    red.channel = Channel::RED;
+    expectColor(Viewer::ColorMap::colorAt(1.0f), shown(pixel({1.0f, 0.0f, 0.0f, 1.0f}, 2.2f), red));
+    expectColor(Viewer::ColorMap::nanColor(),
+                shown(pixel({std::nanf(""), 0.0f, 0.0f, 1.0f}, 2.2f), settings));
+}
+
+TEST(DevelopmentTest, falseColor_isOpaque)
+{
+    const Image source = pixel({0.5f, 0.5f, 0.5f, 0.5f}, 2.2f);
+    EXPECT_FALSE(developed(source, {.falseColor = Viewer::FalseColor::STOPS}).HasAlpha());
+}
+
+TEST(DevelopmentTest, pixel_hasTheValuesWhoseBytesAreShownInEveryEncoding)
+{
+    for (const Viewer::Encoding encoding :
+         {Viewer::Encoding::GAMMA, Viewer::Encoding::SRGB, Viewer::Encoding::LINEAR}) {
+        for (const auto falseColor : {Viewer::FalseColor::OFF, Viewer::FalseColor::STOPS}) {
+            Image source = image(PixelFormat::FLOAT16_RGBA, 32, 32, 2.2f);
+            fill(source);
+            const DisplaySettings settings{.gamma = 1.3f, .encoding = encoding, .falseColor = falseColor};
+            const wxImage expected = developed(source, settings);
+            for (int y = 0; y < 32; ++y) {
+                for (int x = 0; x < 32; ++x) {
+                    const Rgb value = Viewer::developPixel(source, settings, {x, y}).shown;
+                    ASSERT_EQ(Wx::toRgbBytes(Wx::toWxColour(value)), Tests::pixelAt(expected, x, y))
+                        << x << ", " << y;
+                }
+            }
+        }
+    }
+}
