@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # Runs every test under the address, leak and undefined-behaviour sanitizers, the tests of the core, the network, the
-# task bar and the portal under the thread sanitizer, and the fuzzers for a short time.
+# task bar, the portal and the pictures over the wire under the thread sanitizer, and the fuzzers for a short time.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 . tools/testing/common.sh
@@ -27,7 +27,7 @@ check "task bar" tools/testing/taskbar.sh build/sanitizers/bin/NolvexTaskbarStep
 # but not in tests with sockets.
 export TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1:suppressions=$PWD/tests/support/threads.supp
 configure_and_build thread-sanitizer
-for program in NolvexLibTests NolvexLibWxNetTests NolvexLibWxTaskbarTests NolvexLibWxPortalTests; do
+for program in NolvexLibTests NolvexLibWxNetTests NolvexLibWxTaskbarTests NolvexLibWxPortalTests NolvexViewerWireTests; do
   run_test_program "$program-threads" "build/thread-sanitizer/bin/$program"
 done
 # Without the option, the end of the program would take a second, as if it waited for the bus.

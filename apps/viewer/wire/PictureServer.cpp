@@ -20,8 +20,8 @@ Expected<unsigned short, String> PictureServer::start(const Wx::Legacy::SocketAd
 {
     stop();
     auto run = std::make_shared<PictureServerRun>(
-        m_limits, [this](PictureServerRun::Delivery delivery) { return deliver(std::move(delivery)); });
-    Expected<unsigned short, String> port = run->start(address);
+        address, m_limits, [this](const PictureServerRun::Delivery& delivery) { return deliver(delivery); });
+    Expected<unsigned short, String> port = run->start();
     if (port)
         m_run = std::move(run);
     return port;
@@ -40,7 +40,7 @@ void PictureServer::forget(const String& name)
 }
 
 // Each callback may stop or destroy the server. Returns false if that has happened.
-bool PictureServer::deliver(PictureServerRun::Delivery delivery)
+bool PictureServer::deliver(const PictureServerRun::Delivery& delivery)
 {
     const std::weak_ptr<PictureServerRun> run = m_run;
     const Callbacks callbacks = m_callbacks;

@@ -75,7 +75,7 @@ public:
     void forget(const String& name);
 
 private:
-    bool deliver(PictureServerRun::Delivery delivery);
+    bool deliver(const PictureServerRun::Delivery& delivery);
     static void tellState(const Callbacks& callbacks, const PictureNews& news);
     static void tellEnd(const Callbacks& callbacks, const PictureNews& news);
 

@@ -18,7 +18,6 @@ namespace Nolvex::Viewer {
 namespace {
 
 using Wx::Legacy::SocketAddress;
-using Wx::Legacy::TcpListener;
 using Wx::Legacy::TcpSocket;
 
 // How often the time limits of the messages are checked.
@@ -63,11 +62,13 @@ std::shared_ptr<const Image> makePicture(PictureNews& news)
 
 } // namespace
 
-PictureServerRun::PictureServerRun(const WireLimits& limits, Function<bool(Delivery)> deliver)
-    : m_limits(limits),
+PictureServerRun::PictureServerRun(const SocketAddress& address, const WireLimits& limits,
+                                   Function<bool(const Delivery&)> deliver)
+    : m_port(address.getPort()),
+      m_limits(limits),
       m_deliver(std::move(deliver)),
       m_pictures(limits),
-      m_listener(SocketAddress(), CHECK_PERIOD_SECONDS)
+      m_listener(address, CHECK_PERIOD_SECONDS)
 {}
 
 PictureServerRun::~PictureServerRun()
@@ -84,13 +85,11 @@ PictureServerRun::~PictureServerRun()
     }
 }
 
-Expected<unsigned short, String> PictureServerRun::start(const SocketAddress& address)
+Expected<unsigned short, String> PictureServerRun::start()
 try {
-    m_listener = TcpListener(address, CHECK_PERIOD_SECONDS);
     const Optional<SocketAddress> local = m_listener.getLocalAddress();
     if (!local)
-        return Unexpected{L"It is not possible to listen on port " +
-                          String(std::to_wstring(address.getPort())) +
+        return Unexpected{L"It is not possible to listen on port " + String(std::to_wstring(m_port)) +
                           L". Another program may be using the port."};
     m_publisher = std::thread([this] { publish(); });
     m_listening = std::thread([this] { listen(); });
@@ -104,11 +103,12 @@ void PictureServerRun::listen()
 {
     for (;;) {
         TcpSocket socket = m_listener.acceptConnection(true);
+        const bool hasCome = socket.isOpen();
         endOverdue();
-        if (socket.isOpen())
+        if (hasCome)
             serve(std::move(socket));
         std::unique_lock lock(m_mutex);
-        if (!socket.isOpen())
+        if (!hasCome)
             m_wake.wait_for(lock, RETRY_PERIOD, [this] { return m_isStopping; });
         if (m_isStopping)
             break;
@@ -224,14 +224,14 @@ PictureServerRun::Delivery PictureServerRun::takeDelivery(bool mayCopy)
 void PictureServerRun::post(Delivery delivery)
 {
     // A function that is posted must be one that can be copied.
-    const auto shared = std::make_shared<Delivery>(std::move(delivery));
-    m_mainThread.CallAfter([this, shared] { deliver(std::move(*shared)); });
+    const auto shared = std::make_shared<const Delivery>(std::move(delivery));
+    m_mainThread.CallAfter([this, shared] { deliver(*shared); });
 }
 
-void PictureServerRun::deliver(Delivery delivery)
+void PictureServerRun::deliver(const Delivery& delivery)
 {
-    const Function<bool(Delivery)> function = m_deliver;
-    if (!function(std::move(delivery)))
+    const Function<bool(const Delivery&)> function = m_deliver;
+    if (!function(delivery))
         return;
     const std::lock_guard lock(m_mutex);
     m_isDelivered = true;

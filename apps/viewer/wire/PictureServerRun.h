@@ -37,13 +37,14 @@ public:
     };
 
     /// The function is called on the main thread, and may destroy this object. It returns false if it has.
-    PictureServerRun(const WireLimits& limits, Function<bool(Delivery)> deliver);
+    PictureServerRun(const Wx::Legacy::SocketAddress& address, const WireLimits& limits,
+                     Function<bool(const Delivery&)> deliver);
 
     /// Breaks off all connections and waits for the threads. To be called on the main thread.
     ~PictureServerRun();
 
     /// As PictureServer::start. To be called once.
-    Expected<unsigned short, String> start(const Wx::Legacy::SocketAddress& address);
+    Expected<unsigned short, String> start();
 
     void forget(const String& name);
 
@@ -59,11 +60,12 @@ private:
     static Clock::duration restAfter(const Delivery& delivery, Clock::duration copying);
     Delivery takeDelivery(bool mayCopy);
     void post(Delivery delivery);
-    void deliver(Delivery delivery);
+    void deliver(const Delivery& delivery);
     void fail(const String& reason);
 
+    const unsigned short m_port; // 0 if the system chooses
     const WireLimits m_limits;
-    const Function<bool(Delivery)> m_deliver;
+    const Function<bool(const Delivery&)> m_deliver;
 
     std::mutex m_mutex; // guards the next five members
     std::condition_variable m_wake;

@@ -19,13 +19,6 @@ Bucket united(const Bucket& a, const Bucket& b)
             {std::max(a.max.x, b.max.x), std::max(a.max.y, b.max.y)}};
 }
 
-void reverseChannels(ArrayView<std::byte> bytes, std::size_t channelBytes)
-{
-    for (std::size_t i = 0; i + channelBytes <= bytes.size(); i += channelBytes)
-        std::reverse(bytes.begin() + static_cast<std::ptrdiff_t>(i),
-                     bytes.begin() + static_cast<std::ptrdiff_t>(i + channelBytes));
-}
-
 } // namespace
 
 Expected<ReceivedPicture, String> ReceivedPicture::create(Pixel size, PixelFormat format, float gamma)
@@ -55,6 +48,9 @@ Image& ReceivedPicture::writable()
     return m_image;
 }
 
+// All systems that the library runs on have the byte order of the wire.
+static_assert(std::endian::native == std::endian::little);
+
 void ReceivedPicture::write(const Bucket& area, ArrayView<const std::byte> pixels)
 {
     Image& image = writable();
@@ -65,9 +61,6 @@ void ReceivedPicture::write(const Bucket& area, ArrayView<const std::byte> pixel
         const ArrayView<std::byte> row =
             image.row(m_descriptor.height - 1 - (area.min.y + y)).subspan(offset, rowSize);
         std::memcpy(row.data(), pixels.data() + static_cast<std::size_t>(y) * rowSize, rowSize);
-        if constexpr (std::endian::native != std::endian::little)
-            reverseChannels(row, pixelSize / static_cast<std::size_t>(
-                                                 Image::getPixelFormatChannelCount(m_descriptor.format)));
     }
     m_isBlank = false;
     m_changed = united(m_changed, area);
