@@ -52,7 +52,11 @@ void widen(wxTopLevelWindow& window, int pixels)
     place.width = std::clamp(place.width + pixels, window.GetMinSize().x, widest);
     if (place.GetRight() > screen.GetRight())
         place.x = std::max(screen.x, screen.GetRight() + 1 - place.width);
-    window.SetSize(place);
+    // A window that has never been shown has no place yet.
+    if (window.IsShown())
+        window.SetSize(place);
+    else
+        window.SetClientSize(window.GetClientSize() + wxSize(place.width - window.GetSize().x, 0));
 }
 
 } // namespace Nolvex::Viewer
