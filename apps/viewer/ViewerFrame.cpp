@@ -189,8 +189,6 @@ void ViewerFrame::bindCommands()
     Bind(wxEVT_COLLAPSIBLEPANE_CHANGED, [this](wxCollapsiblePaneEvent&) { makeRoom(); });
     Bind(wxEVT_CLOSE_WINDOW, &ViewerFrame::onClose, this);
     Bind(wxEVT_CHAR_HOOK, &ViewerFrame::onKey, this);
-    Bind(wxEVT_MENU_OPEN, &ViewerFrame::onMenuOpened, this);
-    Bind(wxEVT_MENU_CLOSE, &ViewerFrame::onMenuClosed, this);
 }
 
 ViewerFrame::~ViewerFrame() = default;
@@ -386,25 +384,13 @@ void ViewerFrame::onClose(wxCloseEvent& event)
 // focus. The keys are left to a menu while it is open.
 void ViewerFrame::onKey(wxKeyEvent& event)
 {
-    int command = m_openMenus > 0 ? static_cast<int>(wxID_NONE) : commandOf(event);
+    int command = m_openMenus.isAnyOpen() ? static_cast<int>(wxID_NONE) : commandOf(event);
     if (command == CLOSE && event.GetKeyCode() == WXK_ESCAPE && hasPixelProbe())
         command = PIXEL_PROBE;
     if (command == wxID_NONE)
         event.Skip();
     else
         runCommand(*this, command);
-}
-
-void ViewerFrame::onMenuOpened(wxMenuEvent& event)
-{
-    ++m_openMenus;
-    event.Skip();
-}
-
-void ViewerFrame::onMenuClosed(wxMenuEvent& event)
-{
-    m_openMenus = std::max(0, m_openMenus - 1);
-    event.Skip();
 }
 
 } // namespace Nolvex::Viewer

@@ -9,6 +9,7 @@
 #include "NolvexLibWx/net/SocketAddress.h"
 #include "NolvexLibWx/widgets/ImageSaveSettings.h"
 #include "apps/viewer/Command.h"
+#include "apps/viewer/OpenMenus.h"
 #include "apps/viewer/Picture.h"
 #include "apps/viewer/ScreenCaptureCommand.h"
 #include "apps/viewer/Workspace.h"
@@ -135,8 +136,6 @@ private:
     void onCopy();
     void onClose(wxCloseEvent& event);
     void onKey(wxKeyEvent& event);
-    void onMenuOpened(wxMenuEvent& event);
-    void onMenuClosed(wxMenuEvent& event);
 
     Workspace m_workspace;
     ToolBar* m_toolBar = nullptr;
@@ -155,7 +154,7 @@ private:
     std::unique_ptr<Settings> m_settings;
     std::unique_ptr<RecentMenu> m_recent;
     String m_description;
-    int m_openMenus = 0;
+    OpenMenus m_openMenus{*this};
     bool m_hadSeveral = false;
     bool m_tooltips = true;
     bool m_lightSurround = false;
