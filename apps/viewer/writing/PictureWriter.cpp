@@ -3,6 +3,7 @@
 
 #include "NolvexLib/ImageFormatDescriptor.h"
 #include "apps/program/ReplacementFile.h"
+#include "apps/viewer/writing/OpenExrWriter.h"
 #include "apps/viewer/writing/PngWriter.h"
 #include "apps/viewer/writing/TiffWriter.h"
 #include "apps/viewer/writing/WxImageWriter.h"
@@ -24,6 +25,8 @@ Optional<String> encode(std::iostream& stream, const Image& image, ImageFormat f
         return writePng(stream, image, settings, progress);
     case ImageFormat::TIFF:
         return writeTiff(stream, image, settings, progress);
+    case ImageFormat::EXR:
+        return writeOpenExr(stream, image, settings, progress);
     case ImageFormat::JPEG:
         return writeByWxImage(stream, image, wxBITMAP_TYPE_JPEG, alpha);
     case ImageFormat::BMP:
@@ -43,9 +46,9 @@ Optional<String> encode(std::iostream& stream, const Image& image, ImageFormat f
 
 const Array<ImageFormat>& writableFormats()
 {
-    static const Array<ImageFormat> FORMATS = {ImageFormat::PNG, ImageFormat::TIFF,  ImageFormat::JPEG,
-                                               ImageFormat::BMP, ImageFormat::TARGA, ImageFormat::GIF,
-                                               ImageFormat::ICO};
+    static const Array<ImageFormat> FORMATS = {ImageFormat::PNG,  ImageFormat::TIFF, ImageFormat::EXR,
+                                               ImageFormat::JPEG, ImageFormat::BMP,  ImageFormat::TARGA,
+                                               ImageFormat::GIF,  ImageFormat::ICO};
     return FORMATS;
 }
 

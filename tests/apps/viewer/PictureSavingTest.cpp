@@ -137,7 +137,7 @@ TEST_F(PictureSavingTest, saveAs_ofAKindThatCannotBeWritten_saysWhichCan)
     wxString message;
     {
         DialogRobot robot(
-            {FileDialogFixture::enter(folder.file(L"saved.exr")),
+            {FileDialogFixture::enter(folder.file(L"saved.dds")),
              {"the message is shown", [] { return Tests::activeModal<MessageDialog>() != nullptr; },
               [&] {
                   message = Tests::findIn<Wx::StaticText>(Tests::activeModal<MessageDialog>())->GetLabel();
@@ -145,7 +145,7 @@ TEST_F(PictureSavingTest, saveAs_ofAKindThatCannotBeWritten_saysWhichCan)
               }}});
         command(Viewer::SAVE_AS);
     }
-    EXPECT_TRUE(message.Contains(L"\"exr\"")) << message;
+    EXPECT_TRUE(message.Contains(L"\"dds\"")) << message;
     EXPECT_TRUE(message.Contains(L"PNG")) << message;
     EXPECT_EQ(fileCount(), 0);
 }
