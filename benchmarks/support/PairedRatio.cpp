@@ -2,9 +2,9 @@
 #include "support/PairedRatio.h"
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <cmath>
+#include <cstddef>
 #include <cstdio>
 #include <iostream>
 #include <map>
@@ -12,13 +12,17 @@
 #include <stdexcept>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace Nolvex::Benchmarks {
 
 namespace {
 
-/// The number is odd, so that the median is one of the ratios.
-constexpr std::size_t PAIRS = 25;
+constexpr std::size_t MAX_PAIRS = 25;
+
+/// Work that takes seconds is timed less often: after MAX_SECONDS, MIN_PAIRS are enough.
+constexpr std::size_t MIN_PAIRS = 5;
+constexpr double MAX_SECONDS = 15.0;
 
 /// In seconds. In shorter turns, the clock and the change from one work to the other would distort the
 /// figure, so that shorter work is repeated.
@@ -113,13 +117,17 @@ double Figure::measure() const
     const Contest contest = m_prepare();
     const int peerRepetitions = repetitionsFor(contest.peer);
     const int ourRepetitions = repetitionsFor(contest.ours);
-    std::array<double, PAIRS> ratios{};
-    for (double& ratio : ratios) {
+    std::vector<double> ratios;
+    double seconds = 0.0;
+    while (ratios.size() < MIN_PAIRS || (ratios.size() < MAX_PAIRS && seconds < MAX_SECONDS)) {
         const double peer = secondsOf(contest.peer, peerRepetitions);
-        ratio = peer / secondsOf(contest.ours, ourRepetitions);
+        const double ours = secondsOf(contest.ours, ourRepetitions);
+        ratios.push_back(peer / ours);
+        seconds += peer * peerRepetitions + ours * ourRepetitions;
     }
-    std::ranges::nth_element(ratios, ratios.begin() + PAIRS / 2);
-    return ratios[PAIRS / 2];
+    const auto middle = ratios.begin() + static_cast<std::ptrdiff_t>(ratios.size() / 2);
+    std::ranges::nth_element(ratios, middle);
+    return *middle;
 }
 
 int measureFigures(int argc, const char* const* argv)

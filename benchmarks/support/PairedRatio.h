@@ -35,7 +35,7 @@ public:
 
     double goal() const { return m_goal; }
 
-    /// Measuring takes some seconds at most, unless a single call of the work takes longer.
+    /// Measuring takes some seconds. Work that takes seconds itself is timed five times.
     double measure() const;
 
 private:

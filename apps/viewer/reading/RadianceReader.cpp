@@ -115,7 +115,7 @@ std::string_view asText(ArrayView<const std::byte> bytes)
 // The header consists of lines such as SOFTWARE=..., and ends with an empty line.
 Array<MetadataEntry> metadataOf(ArrayView<const std::byte> file)
 {
-    constexpr std::size_t MAX_HEADER_BYTES = 64 * 1024;
+    constexpr std::size_t MAX_HEADER_BYTES = std::size_t(64) * 1024;
     Array<MetadataEntry> entries;
     std::string_view rest = asText(file).substr(0, MAX_HEADER_BYTES);
     for (std::size_t end = rest.find('\n'); end != std::string_view::npos && end > 0; end = rest.find('\n')) {

@@ -28,7 +28,7 @@ namespace {
 constexpr int WIDTH = 7680;
 constexpr int HEIGHT = 4320;
 
-constexpr std::array<const char*, 4> CHANNELS{"R", "G", "B", "A"};
+constexpr std::array<const char*, 3> CHANNELS{"R", "G", "B"};
 using FloatPixel = std::array<float, CHANNELS.size()>;
 
 Imf::FrameBuffer frameBufferFor(FloatPixel* pixels)
@@ -54,7 +54,7 @@ public:
                 const float light = static_cast<float>(x) / WIDTH + static_cast<float>(y) / HEIGHT;
                 const float noise = static_cast<float>(random() % 1024) / 16384.0f;
                 pixels[static_cast<long>(y) * WIDTH + x] = {light + noise, 0.5f * light + noise,
-                                                            0.1f * light + noise, 1.0f};
+                                                            0.1f * light + noise};
             }
         }
         Imf::Header header(WIDTH, HEIGHT);

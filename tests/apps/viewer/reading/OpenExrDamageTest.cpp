@@ -165,7 +165,7 @@ TEST(OpenExrDamageTest, sizeThatTheFileCannotFill_isRefusedBeforeMemoryIsTaken)
         patchNumber(file, std::string_view("dataWindow", 11), 6 + 4 + 8, 1'000'000'000);
         const auto read = readLayer(file);
         ASSERT_FALSE(read.hasValue());
-        EXPECT_EQ(read.error().find(L"it is damaged or cut off"), 0u) << read.error().toUtf8();
+        EXPECT_EQ(read.error(), String(L"it is damaged or cut off")) << read.error().toUtf8();
     }
 }
 

@@ -414,7 +414,7 @@ TEST(OpenExrReaderTest, progress_growsAndCanStopTheReading)
                                   return true;
                               })
                         .hasValue());
-        EXPECT_GT(shares.size(), 5u);
+        ASSERT_GT(shares.size(), 5u);
         EXPECT_TRUE(std::is_sorted(shares.begin(), shares.end()));
         EXPECT_EQ(shares.front(), 0.0f);
         EXPECT_LT(shares.back(), 1.0f);

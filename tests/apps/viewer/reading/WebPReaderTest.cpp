@@ -50,7 +50,7 @@ std::string fileOf(int channels, bool isLossless)
     return text;
 }
 
-std::string number(std::uint32_t value, int bytes)
+std::string number(std::uint64_t value, int bytes)
 {
     std::string text;
     for (int i = 0; i < bytes; ++i)

@@ -58,7 +58,7 @@ TEST_F(PictureWriterTest, formatOfAName_isThatOfItsExtension)
 {
     EXPECT_EQ(Viewer::writableFormatOf(Io::Path(L"a.PNG")), ImageFormat::PNG);
     EXPECT_EQ(Viewer::writableFormatOf(Io::Path(L"a.b.jpeg")), ImageFormat::JPEG);
-    for (const wchar_t* name : {L"a", L"a.", L".png", L"a.exr", L"a.txt", L""})
+    for (const wchar_t* name : {L"a", L"a.", L".png", L"a.dds", L"a.txt", L""})
         EXPECT_FALSE(Viewer::writableFormatOf(Io::Path(name)).has_value()) << name;
 }
 
@@ -67,13 +67,13 @@ TEST_F(PictureWriterTest, filters_nameEveryExtension)
     const Array<Io::FileFilter> filters = Viewer::writableFilters();
     ASSERT_EQ(filters.size(), Viewer::writableFormats().size());
     EXPECT_EQ(filters[0], (Io::FileFilter{L"PNG", {L"*.png"}})) << "the usual format comes first";
-    EXPECT_EQ(filters[2], (Io::FileFilter{L"JPEG", {L"*.jpg", L"*.jpeg", L"*.jpe"}}));
+    EXPECT_EQ(filters[3], (Io::FileFilter{L"JPEG", {L"*.jpg", L"*.jpeg", L"*.jpe"}}));
 }
 
 TEST_F(PictureWriterTest, formatThatCannotBeWritten_isRefusedAndTheOldFileStays)
 {
-    const Io::Path file = folder.file(L"a.exr", "old");
-    EXPECT_EQ(writePictureFile(file, image, ImageFormat::EXR, {}, goOn),
+    const Io::Path file = folder.file(L"a.dds", "old");
+    EXPECT_EQ(writePictureFile(file, image, ImageFormat::DDS, {}, goOn),
               L"The picture was not saved as \"" + file.nativeStr() +
                   L"\": the viewer cannot write this format.");
     EXPECT_EQ(Tests::contentOf(file).size(), 3u);
@@ -90,14 +90,14 @@ TEST_F(PictureWriterTest, folderThatIsNotThere_isAnErrorThatNamesTheFile)
 
 TEST_F(PictureWriterTest, stoppedByTheProgress_leavesTheOldFile)
 {
-    for (const wchar_t* name : {L"a.png", L"a.tiff", L"a.bmp"}) {
+    for (const wchar_t* name : {L"a.png", L"a.tiff", L"a.exr", L"a.bmp"}) {
         const Io::Path file = folder.file(name, "old");
         EXPECT_EQ(
             writePictureFile(file, image, *Viewer::writableFormatOf(file), {}, [](float) { return false; }),
             String());
         EXPECT_EQ(Tests::contentOf(file).size(), 3u) << name;
     }
-    EXPECT_EQ(fileCount(), 3);
+    EXPECT_EQ(fileCount(), 4);
 }
 
 TEST_F(PictureWriterTest, progress_endsAtOne)
