@@ -11,8 +11,8 @@ namespace Nolvex::Viewer {
 /// The space between the controls of the window, in design units.
 inline constexpr int MARGIN = 8;
 
-/// Returns the client size that shows the whole picture at 1 : 1, if the screen is large enough. `heightAbove`
-/// is the height of what stands above the picture.
+/// Returns the client size that shows the whole picture at 1 : 1, if the screen is large enough.
+/// `heightAbove` is the height of what stands above the picture.
 wxSize clientSizeFor(const wxSize& picture, int heightAbove);
 
 /// Enlarges the window where the controls of the panel that fills the window need more room than they have,
