@@ -4,7 +4,6 @@
 #include "NolvexLibWx/DpiScaling.h"
 
 #include <wx/display.h>
-#include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/toplevel.h>
 
@@ -22,7 +21,7 @@ const wxSize MIN_SIZE(360, 300);
 wxSize clientSizeFor(const wxSize& picture, int heightAbove)
 {
     const int around = 2 * (Wx::scaleByDpi(MARGIN) + BORDER);
-    const wxSize frame(around + wxSystemSettings::GetMetric(wxSYS_VSCROLL_X), around + heightAbove);
+    const wxSize frame(around, around + heightAbove);
     wxSize size = picture + frame;
     size.IncTo(Wx::scaleByDpi(MIN_SIZE));
     size.DecTo(wxDisplay(0u).GetClientArea().GetSize() * 4 / 5);

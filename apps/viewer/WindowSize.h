@@ -11,10 +11,8 @@ namespace Nolvex::Viewer {
 /// The space between the controls of the window, in design units.
 inline constexpr int MARGIN = 8;
 
-/// Returns the client size that shows the whole picture, if the screen is large enough, and beside the
-/// picture a vertical scroll bar. The scroll bar appears when the options or the log take some of the height,
-/// and would force a horizontal scroll bar if the width were missing. `heightAbove` is the height of what
-/// stands above the picture.
+/// Returns the client size that shows the whole picture at 1 : 1, if the screen is large enough.
+/// `heightAbove` is the height of what stands above the picture.
 wxSize clientSizeFor(const wxSize& picture, int heightAbove);
 
 /// Enlarges the window where the controls of the panel that fills the window need more room than they have,

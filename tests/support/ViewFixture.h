@@ -76,12 +76,30 @@ struct ViewFixture : FrameFixture
         releaseMouse();
     }
 
+    /// Sends the view the events of a drag with Shift. Wine forgets a simulated Shift as soon as the mouse
+    /// moves.
     void shiftDrag(const wxPoint& from, const wxPoint& to) const
     {
-        wxUIActionSimulator().KeyDown(WXK_SHIFT);
-        drag(from, to);
-        wxUIActionSimulator().KeyUp(WXK_SHIFT);
-        pumpEvents();
+        shiftDragTo(from, to);
+        sendMouse(wxEVT_LEFT_UP, to);
+    }
+
+    void shiftDragTo(const wxPoint& from, const wxPoint& to) const
+    {
+        sendMouse(wxEVT_LEFT_DOWN, from);
+        sendMouse(wxEVT_MOTION, (from + to) / 2);
+        sendMouse(wxEVT_MOTION, to);
+    }
+
+    void sendMouse(wxEventType type, const wxPoint& position) const
+    {
+        if (!view)
+            return;
+        wxMouseEvent event(type);
+        event.SetEventObject(view);
+        event.SetPosition(position);
+        event.SetShiftDown(true);
+        view->ProcessWindowEvent(event);
     }
 
     RgbBytes shownAt(int x, int y) const
