@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/Picture.h"
 
-#include "NolvexLibWx/BitmapConverter.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "apps/viewer/LayeredFile.h"
 
@@ -50,13 +49,6 @@ std::shared_ptr<const Picture> Picture::named(String name) const
 String Picture::sizeText() const
 {
     return Wx::toString(wxString::Format(L"%d \u00D7 %d", size().x, size().y));
-}
-
-const wxBitmap& Picture::bitmap() const
-{
-    if (!m_bitmap.IsOk())
-        m_bitmap = BitmapConverter::zephraImageToWxBitmap(image());
-    return m_bitmap;
 }
 
 } // namespace Nolvex::Viewer

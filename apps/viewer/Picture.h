@@ -7,8 +7,6 @@
 #include "NolvexLibImage/Image.h"
 #include "apps/viewer/reading/ReadImage.h"
 
-#include <wx/bitmap.h>
-
 #include <cstddef>
 #include <memory>
 
@@ -64,17 +62,12 @@ public:
     /// Returns the size as text, such as "640 x 480", with a multiplication sign.
     String sizeText() const;
 
-    /// Returns the bitmap that shows the picture, which is made by the first call. The bitmap is invalid if
-    /// the picture is too large for a bitmap or memory has run out.
-    const wxBitmap& bitmap() const;
-
 private:
     String m_name;
     std::shared_ptr<const ReadImage> m_content;
     Array<PictureLayer> m_layers;
     std::size_t m_layer = 0;
     std::shared_ptr<const LayeredFile> m_file;
-    mutable wxBitmap m_bitmap;
 };
 
 /// Null stands for no picture.

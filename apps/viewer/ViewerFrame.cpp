@@ -51,7 +51,7 @@ namespace Nolvex::Viewer {
 namespace {
 
 constexpr RgbBytes LIGHT_SURROUND_COLOUR{200, 200, 200};
-const wxSize MIN_VIEW(80, 60); // scroll bars need some room
+const wxSize MIN_VIEW(80, 60);
 
 } // namespace
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/ClipboardPicture.h"
 
+#include "NolvexLibWx/BitmapConverter.h"
 #include "NolvexLibWx/DeviceIndependentBitmap.h"
 #include "apps/viewer/Picture.h"
 #include "support/Screen.h"
@@ -68,7 +69,7 @@ TEST(ClipboardPictureTest, linearLight_becomesTheBytesThatAreShown)
         setPixel(image, x, 0, {value, value * 0.5f, value * 0.1f, 1.0f});
     }
     const Viewer::Picture shown(L"linear", image);
-    const wxImage bytes = shown.bitmap().ConvertToImage();
+    const wxImage bytes = BitmapConverter::zephraImageToWxImage(shown.image());
     const DeviceIndependentBitmap copied(clipboardPicture(image, {}, BLACK));
     const std::uint8_t* bgr = copied.row(0);
     for (int x = 0; x < 64; ++x, bgr += 3)

@@ -148,7 +148,7 @@ TEST(ViewerImageFileTest, everyKindOfPicture_isShownOrRefusedWithItsReason)
         const bool isSupported = path.fileName() != L"palette-alpha.tiff";
         ASSERT_EQ(picture.hasValue(), isSupported) << path.nativeStr().toUtf8();
         if (isSupported)
-            EXPECT_TRUE((*picture)->bitmap().IsOk());
+            EXPECT_GT((*picture)->size().x, 0);
         else
             EXPECT_NE(picture.error().find(L"it has a palette and alpha"), String::NPOS);
     }

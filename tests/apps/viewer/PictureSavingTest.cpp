@@ -2,6 +2,7 @@
 // Saves pictures as a user does: through the dialogs, by the keyboard.
 #include "apps/viewer/PictureSaving.h"
 
+#include "NolvexLibWx/BitmapConverter.h"
 #include "NolvexLibWx/MessageDialog.h"
 #include "NolvexLibWx/widgets/ImageSaveSettingsDialog.h"
 #include "NolvexLibWx/widgets/StaticText.h"
@@ -95,7 +96,8 @@ TEST_F(PictureSavingTest, saveAs_writesTheFileAndTakesItsName)
     EXPECT_EQ(frame->GetTitle(), L"saved.png (60 \u00D7 40)");
     const Expected<Viewer::SharedPicture, String> read = Viewer::readPictureFile(file);
     ASSERT_TRUE(read.hasValue());
-    EXPECT_EQ(Tests::pixelAt((*read)->bitmap().ConvertToImage(), 59, 20), Tests::coordinate(59, 20));
+    EXPECT_EQ(Tests::pixelAt(BitmapConverter::zephraImageToWxImage((*read)->image()), 59, 20),
+              Tests::coordinate(59, 20));
     EXPECT_FALSE(frame->isLogShown());
 }
 

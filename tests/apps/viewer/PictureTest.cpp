@@ -20,19 +20,3 @@ TEST(PictureTest, imageAndName_areKeptAsTheyCame)
     EXPECT_EQ(picture.image().descriptor().gamma, 2.2f);
     EXPECT_EQ(picture.image().row(1)[5], std::byte(77));
 }
-
-TEST(PictureTest, bitmap_isMadeOnce)
-{
-    const Viewer::SharedPicture picture = Tests::coordinates(7, 5);
-    const wxBitmap first = picture->bitmap();
-    ASSERT_TRUE(first.IsOk());
-    EXPECT_EQ(first.GetSize(), wxSize(7, 5));
-    EXPECT_TRUE(picture->bitmap().IsSameAs(first));
-}
-
-TEST(PictureTest, bitmap_hasTheTopRowFirst)
-{
-    const wxImage shown = Tests::coordinates(7, 5)->bitmap().ConvertToImage();
-    EXPECT_EQ(Tests::pixelAt(shown, 2, 0), Tests::coordinate(2, 0));
-    EXPECT_EQ(Tests::pixelAt(shown, 6, 4), Tests::coordinate(6, 4));
-}

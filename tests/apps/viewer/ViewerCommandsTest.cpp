@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Tests the commands of the viewer's window and the lines of its log.
+#include "NolvexLibWx/BitmapConverter.h"
 #include "NolvexLibWx/Clipboard.h"
 #include "NolvexLibWx/GeometryConversions.h"
 #include "NolvexLibWx/ScreenCapture.h"
@@ -216,7 +217,7 @@ TEST_F(ViewerCommandsTest, capture_showsWhatAllDisplaysShowed)
               wxString::Format(L"Unsaved picture of the screen (%d \u00D7 %d)", whole.width, whole.height));
     EXPECT_EQ(lastMessage(),
               wxString::Format(L"Captured the screen, %d \u00D7 %d pixels.", whole.width, whole.height));
-    const wxImage shown = view->picture()->bitmap().ConvertToImage();
+    const wxImage shown = BitmapConverter::zephraImageToWxImage(view->picture()->image());
     ASSERT_EQ(shown.GetSize(), whole.GetSize());
     for (int y = 0; y < 40; ++y) {
         for (int x = 0; x < 60; ++x)
