@@ -88,7 +88,7 @@ String metadataText(const Picture& picture)
         text += L"Frame: " + sizeText(picture.frameSize().x, picture.frameSize().y) + L", picture at " +
                 placeText(picture.origin()) + L"\n";
     if (picture.layers().size() > 1)
-        text += L"Layer: " + picture.layers()[picture.layer()].name + L"\n";
+        text += L"Layer: " + picture.layers()[picture.layer()].label() + L"\n";
     for (const MetadataEntry& entry : picture.metadata())
         text += entry.name + L": " + entry.value + L"\n";
     for (const String& omission : picture.omissions())

@@ -17,6 +17,9 @@ struct PictureLayer
     /// One name for each channel of the image, in the order of its pixel format.
     Array<String> channels{};
 
+    /// Returns the name for the user. The channels tell what a layer without a name is.
+    String label() const;
+
     friend bool operator==(const PictureLayer&, const PictureLayer&) = default;
 };
 
