@@ -54,8 +54,10 @@ void PictureCommands::bind()
 void PictureCommands::followWorkspace()
 {
     const OpenPicture* const shown = m_workspace.current();
-    m_saving.setPicture(shown != nullptr ? shown->picture : nullptr,
-                        shown != nullptr ? shown->file : Io::Path());
+    if (shown != nullptr)
+        m_saving.setPicture(shown->picture, shown->file, shown->isUnsaved());
+    else
+        m_saving.setPicture(nullptr, {}, false);
 }
 
 void PictureCommands::save(const Io::Path& file, ImageFormat format, const Wx::ImageSaveSettings& settings)

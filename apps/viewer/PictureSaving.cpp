@@ -34,10 +34,11 @@ PictureSaving::PictureSaving(wxWindow& window, SaveJob::Done done)
       m_job([this](const SaveTask& task, const Optional<String>& failure) { onWritten(task, failure); })
 {}
 
-void PictureSaving::setPicture(const SharedPicture& picture, const Io::Path& file)
+void PictureSaving::setPicture(const SharedPicture& picture, const Io::Path& file, bool isUnsaved)
 {
     m_picture = picture;
     m_file = file;
+    m_unsaved = isUnsaved;
 }
 
 bool PictureSaving::saveAs()
@@ -90,8 +91,10 @@ bool PictureSaving::waitForFile()
 void PictureSaving::onWritten(const SaveTask& task, const Optional<String>& failure)
 {
     m_wasWritten = !failure;
-    if (m_wasWritten && m_picture && &task.picture->image() == &m_picture->image())
+    if (m_wasWritten && m_picture && &task.picture->image() == &m_picture->image()) {
         m_file = task.file;
+        m_unsaved = false;
+    }
     m_done(task, failure);
 }
 

@@ -23,11 +23,10 @@ public:
     /// `done` is called when a file has been written, or could not be.
     PictureSaving(wxWindow& window, SaveJob::Done done);
 
-    /// Tells which picture is shown and, unless the path is empty, its file. A picture without a file is lost
-    /// when it is closed.
-    void setPicture(const SharedPicture& picture, const Io::Path& file);
+    /// Tells which picture is shown, its file, which may be empty, and whether it is lost when it is closed.
+    void setPicture(const SharedPicture& picture, const Io::Path& file, bool isUnsaved);
 
-    bool isUnsaved() const { return m_picture && m_file.isEmpty(); }
+    bool isUnsaved() const { return m_unsaved; }
 
     /// Asks for a file and begins to write it. Returns whether it began.
     bool saveAs();
@@ -47,6 +46,7 @@ private:
     SaveJob::Done m_done;
     SharedPicture m_picture;
     Io::Path m_file;
+    bool m_unsaved = false;
     bool m_wasWritten = false; // of the last file
     SaveDefaults m_defaults;
     SaveJob m_job;
