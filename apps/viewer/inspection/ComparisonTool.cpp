@@ -20,11 +20,11 @@ Optional<DifferenceMeasure> measureOf(Command mode)
     case COMPARE_DIFFERENCE:
         return DifferenceMeasure::SIGNED;
     case COMPARE_ABSOLUTE:
-        return DifferenceMeasure::ABSOLUTE;
+        return DifferenceMeasure::MAGNITUDE;
     case COMPARE_SQUARED:
         return DifferenceMeasure::SQUARED;
     case COMPARE_RELATIVE:
-        return DifferenceMeasure::RELATIVE;
+        return DifferenceMeasure::PROPORTION;
     default:
         return {};
     }

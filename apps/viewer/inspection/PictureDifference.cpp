@@ -32,7 +32,7 @@ float measured(float value, float reference)
     const float difference = value - reference;
     if constexpr (MEASURE == DifferenceMeasure::SIGNED)
         return difference;
-    else if constexpr (MEASURE == DifferenceMeasure::ABSOLUTE)
+    else if constexpr (MEASURE == DifferenceMeasure::MAGNITUDE)
         return std::abs(difference);
     else if constexpr (MEASURE == DifferenceMeasure::SQUARED)
         return difference * difference;
@@ -117,14 +117,14 @@ MeasureRow measureOf(DifferenceMeasure measure)
     switch (measure) {
     case DifferenceMeasure::SIGNED:
         return measureRow<DifferenceMeasure::SIGNED>;
-    case DifferenceMeasure::ABSOLUTE:
-        return measureRow<DifferenceMeasure::ABSOLUTE>;
+    case DifferenceMeasure::MAGNITUDE:
+        return measureRow<DifferenceMeasure::MAGNITUDE>;
     case DifferenceMeasure::SQUARED:
         return measureRow<DifferenceMeasure::SQUARED>;
-    case DifferenceMeasure::RELATIVE:
+    case DifferenceMeasure::PROPORTION:
         break;
     }
-    return measureRow<DifferenceMeasure::RELATIVE>;
+    return measureRow<DifferenceMeasure::PROPORTION>;
 }
 
 double psnrOf(const Sums& sums)

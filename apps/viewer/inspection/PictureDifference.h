@@ -13,10 +13,11 @@ namespace Nolvex::Viewer {
 /// How the difference of a value from the value of the reference is measured.
 enum class DifferenceMeasure
 {
-    SIGNED,   ///< value - reference
-    ABSOLUTE, ///< |value - reference|
-    SQUARED,  ///< (value - reference)^2
-    RELATIVE, ///< |value - reference| / (|reference| + 0.01), which stays finite where the reference is black
+    SIGNED,     ///< value - reference
+    MAGNITUDE,  ///< |value - reference|
+    SQUARED,    ///< (value - reference)^2
+    PROPORTION, ///< |value - reference| / (|reference| + 0.01), which stays finite where the reference is
+                ///< black
 };
 
 /// What is different between two pictures.

@@ -53,16 +53,16 @@ TEST(PictureDifferenceTest, measures_areWhatTheySay)
     const SharedPicture b = floats({2, 1}, {0.25f, 0.75f});
     EXPECT_EQ(valueAt(between(a, b), 0, 0), 0.5f);
     EXPECT_EQ(valueAt(between(a, b), 1, 0), -0.5f);
-    EXPECT_EQ(valueAt(between(a, b, DifferenceMeasure::ABSOLUTE), 1, 0), 0.5f);
+    EXPECT_EQ(valueAt(between(a, b, DifferenceMeasure::MAGNITUDE), 1, 0), 0.5f);
     EXPECT_EQ(valueAt(between(a, b, DifferenceMeasure::SQUARED), 1, 0), 0.25f);
-    EXPECT_FLOAT_EQ(valueAt(between(a, b, DifferenceMeasure::RELATIVE), 0, 0), 0.5f / 0.26f);
-    EXPECT_FLOAT_EQ(valueAt(between(a, b, DifferenceMeasure::RELATIVE), 1, 0), 0.5f / 0.76f);
+    EXPECT_FLOAT_EQ(valueAt(between(a, b, DifferenceMeasure::PROPORTION), 0, 0), 0.5f / 0.26f);
+    EXPECT_FLOAT_EQ(valueAt(between(a, b, DifferenceMeasure::PROPORTION), 1, 0), 0.5f / 0.76f);
 }
 
 TEST(PictureDifferenceTest, numbers_areThoseOfAllPixels)
 {
     const Viewer::PictureDifference difference =
-        between(floats({2, 2}, {0.5f, 0, 0, 0}), floats({2, 2}, {0, 0, 0, 0}), DifferenceMeasure::ABSOLUTE);
+        between(floats({2, 2}, {0.5f, 0, 0, 0}), floats({2, 2}, {0, 0, 0, 0}), DifferenceMeasure::MAGNITUDE);
     EXPECT_DOUBLE_EQ(difference.mean, 0.125);
     EXPECT_DOUBLE_EQ(difference.psnr, 10.0 * std::log10(16.0));
     EXPECT_EQ(difference.notFiniteCount, 0);
@@ -71,7 +71,7 @@ TEST(PictureDifferenceTest, numbers_areThoseOfAllPixels)
 TEST(PictureDifferenceTest, samePicture_hasNoDifference)
 {
     const SharedPicture a = floats({2, 1}, {0.75f, 1e30f});
-    const Viewer::PictureDifference difference = between(a, a, DifferenceMeasure::RELATIVE);
+    const Viewer::PictureDifference difference = between(a, a, DifferenceMeasure::PROPORTION);
     EXPECT_EQ(difference.mean, 0.0);
     EXPECT_EQ(difference.psnr, std::numeric_limits<double>::infinity());
 }
