@@ -10,9 +10,9 @@
 #include <wx/event.h>
 
 #include <atomic>
+#include <exception>
 #include <functional>
 #include <memory>
-#include <new>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -28,8 +28,8 @@ public:
     /// Does the work, on the thread. What it uses must not belong to the main thread.
     using Work = std::function<Result(const Progress&)>;
 
-    /// Called on the main thread when the work is done, with nullopt if there was not enough memory. May
-    /// start the next work, or destroy this object.
+    /// Called on the main thread when the work is done, with nullopt if it threw an exception, usually
+    /// because memory had run out. May start the next work, or destroy this object.
     using Done = Function<void(const Optional<Result>&)>;
 
     BackgroundTask() = default;
@@ -123,12 +123,13 @@ void BackgroundTask<Result>::doWork(Run& run)
             run.share = share;
             return !run.isCancelled;
         });
-    } catch (const std::bad_alloc&) {
+    } catch (const std::exception&) {
         run.result.reset();
     }
     // By the time of the call the main thread may have finished or cancelled this run.
-    m_mainThread.CallAfter([this, number = run.number] { onEnded(number); });
+    const int number = run.number;
     run.hasEnded = true;
+    m_mainThread.CallAfter([this, number] { onEnded(number); });
 }
 
 template<class Result>

@@ -3,6 +3,7 @@
 
 #include <wx/event.h>
 #include <wx/menu.h>
+#include <wx/textctrl.h>
 #include <wx/window.h>
 
 #include <algorithm>
@@ -173,6 +174,16 @@ int commandOf(const wxKeyEvent& event)
             return info.command;
     }
     return wxID_NONE;
+}
+
+bool isKeyOfText(const wxKeyEvent& event, const wxWindow* focus)
+{
+    const auto* const text = dynamic_cast<const wxTextEntry*>(focus);
+    if (text == nullptr || !text->IsEditable())
+        return false;
+    const int key = event.GetKeyCode();
+    const bool isClipboard = key == 'A' || key == 'C' || key == 'V' || key == 'X' || key == 'Z';
+    return key == WXK_ESCAPE || (event.GetModifiers() == wxMOD_CONTROL && isClipboard);
 }
 
 const wchar_t* tooltipOf(Command command)

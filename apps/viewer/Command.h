@@ -99,6 +99,10 @@ void runCommand(wxWindow& window, int command);
 /// Returns the command whose key was pressed, or wxID_NONE. Escape and Ctrl+Q close the window, too.
 int commandOf(const wxKeyEvent& event);
 
+/// Returns whether the key is for the text in the window that has the focus, which may be null: the keys of
+/// the clipboard and Escape, in a field that can be edited.
+bool isKeyOfText(const wxKeyEvent& event, const wxWindow* focus);
+
 /// Returns the command's tooltip, which ends with the key of the command.
 const wchar_t* tooltipOf(Command command);
 

@@ -22,8 +22,18 @@ FileFollowing::FileFollowing(Workspace& workspace, const Function<void(PictureId
     // A picture is followed from the time on when it is first shown.
     m_workspace.observe([this](Flags<Workspace::Change>) {
         if (isActive())
-            look();
+            beginToFollow();
     });
+}
+
+void FileFollowing::beginToFollow()
+{
+    for (const OpenPicture* const picture : {m_workspace.current(), m_workspace.reference()}) {
+        if (picture != nullptr && !picture->file.isEmpty() && !m_followed.contains(picture->id)) {
+            const Optional<FileState> now = stateOf(picture->file);
+            m_followed.emplace(picture->id, Followed{picture->file, now, now});
+        }
+    }
 }
 
 void FileFollowing::setActive(bool active)

@@ -53,6 +53,7 @@ private:
         Optional<FileState> seen;
     };
 
+    void beginToFollow();
     void look(const OpenPicture& picture);
 
     Workspace& m_workspace;

@@ -101,7 +101,7 @@ Expected<SharedPicture, String> readLayer(const Names& names, const std::shared_
 std::size_t placeOf(const String& layer, const Array<PictureLayer>& layers)
 {
     const auto found = std::ranges::find(layers, layer, &PictureLayer::name);
-    return found == layers.end() ? 0 : static_cast<std::size_t>(found - layers.begin());
+    return layer.isEmpty() || found == layers.end() ? 0 : static_cast<std::size_t>(found - layers.begin());
 }
 
 } // namespace

@@ -111,7 +111,7 @@ void PictureCommands::onPaste()
     else if (pasted->picture)
         m_opening.showUnsaved(pasted->picture);
     else
-        m_opening.open(pasted->files);
+        m_opening.open(withFoldersOpened(pasted->files));
 }
 
 void PictureCommands::onOpen()
@@ -152,18 +152,21 @@ void PictureCommands::close(PictureId id)
     if (closed != nullptr && closed->isUnsaved())
         m_workspace.setCurrent(id);
     const bool isShown = m_workspace.current() != nullptr && m_workspace.current()->id == id;
-    if (!isShown || (m_saving.letGo() && alive))
-        m_workspace.close(id);
+    if (isShown && !(m_saving.letGo() && alive))
+        return;
+    m_workspace.close(id);
+    if (m_workspace.current() == nullptr && !m_workspace.pictures().empty())
+        m_opening.show(m_workspace.pictures().front().id);
 }
 
 bool PictureCommands::letGoOfAll()
 {
     const wxWeakRef<wxFrame> alive(&m_window);
-    if (!m_saving.letGo())
-        return false;
     Array<PictureId> asked;
     if (const OpenPicture* const shown = m_workspace.current())
         asked.push_back(shown->id);
+    if (!m_saving.letGo())
+        return false;
     // Another picture may arrive while a question is open, and is asked about, too.
     while (alive) {
         const OpenPicture* const unsaved = firstUnsaved(asked);

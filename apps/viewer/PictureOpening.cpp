@@ -3,6 +3,7 @@
 
 #include "apps/viewer/ImageFile.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace Nolvex::Viewer {
@@ -19,7 +20,7 @@ PictureOpening::PictureOpening(Workspace& workspace, Messages messages)
 
 void PictureOpening::open(const Array<Io::Path>& files)
 {
-    cancel();
+    interrupt();
     const Array<PictureId> ids = m_workspace.addFiles(files);
     m_candidates.assign(ids.begin(), ids.end());
     m_readsAgain = true;
@@ -28,7 +29,7 @@ void PictureOpening::open(const Array<Io::Path>& files)
 
 void PictureOpening::show(PictureId id)
 {
-    cancel();
+    interrupt();
     m_candidates.assign(1, id);
     m_readsAgain = false;
     tryNext();
@@ -36,11 +37,14 @@ void PictureOpening::show(PictureId id)
 
 void PictureOpening::step(int steps)
 {
-    cancel();
+    // Steps that come faster than pictures are read lead on from what is being read.
+    const Optional<PictureId> from = m_wanted;
+    interrupt();
     m_readsAgain = false;
     // Those behind take the place of pictures that cannot be read.
     for (int passed = 0; passed < static_cast<int>(m_workspace.pictures().size()); ++passed) {
-        if (const Optional<PictureId> id = m_workspace.neighbour(steps + (steps < 0 ? -passed : passed)))
+        if (const Optional<PictureId> id =
+                m_workspace.neighbour(steps + (steps < 0 ? -passed : passed), from))
             m_candidates.push_back(*id);
     }
     tryNext();
@@ -51,7 +55,7 @@ void PictureOpening::showLayer(std::size_t layer)
     const SharedPicture picture = m_workspace.currentPicture();
     if (!picture || layer >= picture->layers().size())
         return;
-    cancel();
+    interrupt();
     if (layer == picture->layer())
         return;
     m_name = picture->layers()[layer].name;
@@ -62,25 +66,50 @@ void PictureOpening::showLayer(std::size_t layer)
 
 void PictureOpening::reload(PictureId id)
 {
-    const OpenPicture* const known = m_workspace.find(id);
-    if (known == nullptr || known->file.isEmpty())
-        return;
-    cancel();
-    m_name = known->name;
-    const String layer = known->picture ? known->picture->layers()[known->picture->layer()].name : String();
-    begin(id, Presentation::KEEP, [file = known->file, layer](const ReadingProgress& progress) {
-        return readPictureFile(file, layer, progress);
-    });
+    if (std::ranges::find(m_reloads, id) == m_reloads.end())
+        m_reloads.push_back(id);
+    if (!isRunning())
+        reloadNext();
+}
+
+void PictureOpening::reloadNext()
+{
+    while (!m_reloads.empty() && !isRunning()) {
+        const PictureId id = m_reloads.front();
+        m_reloads.pop_front();
+        const OpenPicture* const known = m_workspace.find(id);
+        if (known == nullptr || known->file.isEmpty())
+            continue;
+        m_name = known->name;
+        m_reloading = id;
+        const String layer =
+            known->picture ? known->picture->layers()[known->picture->layer()].name : String();
+        begin(id, Presentation::KEEP, [file = known->file, layer](const ReadingProgress& progress) {
+            return readPictureFile(file, layer, progress);
+        });
+    }
 }
 
 void PictureOpening::showUnsaved(const SharedPicture& picture)
 {
-    cancel();
+    interrupt();
     present(m_workspace.add({}, picture, PictureOrigin::DESKTOP));
 }
 
 void PictureOpening::cancel()
 {
+    m_reloads.clear();
+    m_reloading.reset();
+    interrupt();
+}
+
+// Stops reading for something else. What was being read again will be read again after that.
+void PictureOpening::interrupt()
+{
+    if (isRunning() && m_reloading)
+        m_reloads.push_front(*m_reloading);
+    m_reloading.reset();
+    m_wanted.reset();
     m_candidates.clear();
     m_reading.cancel();
 }
@@ -99,14 +128,18 @@ void PictureOpening::tryNext()
         wanted = m_workspace.find(m_candidates.front());
         m_candidates.pop_front();
     }
-    if (wanted == nullptr)
+    if (wanted == nullptr) {
+        reloadNext();
         return;
+    }
     if (wanted->picture && (!m_readsAgain || wanted->file.isEmpty())) {
         m_candidates.clear();
         present(wanted->id);
+        reloadNext();
         return;
     }
     m_name = wanted->name;
+    m_wanted = wanted->id;
     begin(wanted->id, Presentation::SHOW,
           [file = wanted->file](const ReadingProgress& progress) { return readPictureFile(file, progress); });
 }
@@ -120,6 +153,8 @@ void PictureOpening::begin(PictureId id, Presentation presentation, Reading::Wor
 
 void PictureOpening::onRead(PictureId id, Presentation presentation, const Result& result)
 {
+    m_wanted.reset();
+    m_reloading.reset();
     const OpenPicture* const known = m_workspace.find(id);
     if (known == nullptr) // closed meanwhile
         return tryNext();
@@ -129,6 +164,7 @@ void PictureOpening::onRead(PictureId id, Presentation presentation, const Resul
         if (presentation == Presentation::SHOW)
             present(id);
         m_messages.report(openedMessage(**result));
+        reloadNext();
         return;
     }
     if (!known->picture)

@@ -40,7 +40,8 @@ public:
     /// Shows another layer of the current picture.
     void showLayer(std::size_t layer);
 
-    /// Reads a picture's file again and keeps the layer that is shown. If that fails, the old state stays.
+    /// Reads a picture's file again, after what is being read, and keeps the layer that is shown. If that
+    /// fails, the old state stays.
     void reload(PictureId id);
 
     /// Adds a picture that has no file, and shows it.
@@ -71,6 +72,8 @@ private:
         SHOW,
     };
 
+    void interrupt();
+    void reloadNext();
     void tryNext();
     void begin(PictureId id, Presentation presentation, Reading::Work read);
     void onRead(PictureId id, Presentation presentation, const Result& result);
@@ -80,6 +83,9 @@ private:
     Messages m_messages;
     Reading m_reading;
     std::deque<PictureId> m_candidates; // to be tried until one of them can be shown
+    std::deque<PictureId> m_reloads;    // to be read again when nothing else is read
+    Optional<PictureId> m_reloading;    // what is being read again
+    Optional<PictureId> m_wanted;       // what is being read to be shown
     bool m_readsAgain = false;          // what was asked for is to be read even if it has been read
     String m_name;
 };

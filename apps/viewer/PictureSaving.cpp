@@ -41,15 +41,15 @@ void PictureSaving::setPicture(const SharedPicture& picture, const Io::Path& fil
     m_unsaved = isUnsaved;
 }
 
-bool PictureSaving::saveAs()
+bool PictureSaving::saveAs(const SharedPicture& picture, const Io::Path& file)
 {
     const wxWeakRef<wxWindow> alive(&m_window);
     // Another picture may take the place of this one while the dialogs are open.
-    const SharedPicture picture = m_picture;
-    if (!picture)
+    const SharedPicture saved = picture;
+    if (!saved)
         return false;
-    const Io::Path proposal = m_file.isEmpty() ? Io::Path(picture->name()) : m_file;
-    const Optional<SaveTask> task = askHowToSave(m_window, picture, proposal, m_defaults);
+    const Io::Path proposal = file.isEmpty() ? Io::Path(saved->name()) : file;
+    const Optional<SaveTask> task = askHowToSave(m_window, saved, proposal, m_defaults);
     if (!task || !alive)
         return false;
     save(*task);
@@ -69,14 +69,18 @@ bool PictureSaving::letGo()
         return false;
     if (!isUnsaved())
         return true;
+    // Another picture may be shown by the time of the answer.
+    const SharedPicture asked = m_picture;
+    const Io::Path file = m_file;
     const LossAnswer answer = askAboutLoss(m_window);
     if (!alive || answer == LossAnswer::CANCEL)
         return false;
     if (answer == LossAnswer::DISCARD)
         return true;
-    if (!saveAs())
+    if (!saveAs(asked, file))
         return false;
-    return waitForFile() && !isUnsaved();
+    waitForFile();
+    return m_wasWritten;
 }
 
 bool PictureSaving::waitForFile()

@@ -28,8 +28,8 @@ public:
 
     bool isUnsaved() const { return m_unsaved; }
 
-    /// Asks for a file and begins to write it. Returns whether it began.
-    bool saveAs();
+    /// Asks for a file and begins to write the picture. Returns whether it began.
+    bool saveAs() { return saveAs(m_picture, m_file); }
 
     void save(SaveTask task);
 
@@ -38,6 +38,8 @@ public:
     bool letGo();
 
 private:
+    bool saveAs(const SharedPicture& picture, const Io::Path& file);
+
     /// Returns whether the file that was being written, if any, is complete.
     bool waitForFile();
     void onWritten(const SaveTask& task, const Optional<String>& failure);

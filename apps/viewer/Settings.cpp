@@ -65,12 +65,12 @@ bool Settings::restore(wxTopLevelWindow& window) const
                        static_cast<int>(m_config->ReadLong(L"/window/y", 0)),
                        static_cast<int>(m_config->ReadLong(L"/window/width", 0)),
                        static_cast<int>(m_config->ReadLong(L"/window/height", 0)));
-    if (place.width <= 0 || place.height <= 0 || !canBeSeen(place))
-        return false;
-    window.SetSize(place);
+    const bool isKnown = place.width > 0 && place.height > 0 && canBeSeen(place);
+    if (isKnown)
+        window.SetSize(place);
     if (m_config->ReadBool(L"/window/maximised", false))
         window.Maximize();
-    return true;
+    return isKnown;
 }
 
 void Settings::remember(const wxTopLevelWindow& window)

@@ -375,6 +375,9 @@ void ViewerFrame::onClose(wxCloseEvent& event)
     } else if (self) {
         m_commands->stop();
         m_listening->stop();
+        // The next window begins without these panels.
+        showPanel(SHOW_PICTURES, *m_list, false);
+        showPanel(SHOW_INFORMATION, *m_information, false);
         m_settings->remember(*this);
         Destroy();
     }
@@ -384,7 +387,8 @@ void ViewerFrame::onClose(wxCloseEvent& event)
 // focus. The keys are left to a menu while it is open.
 void ViewerFrame::onKey(wxKeyEvent& event)
 {
-    int command = m_openMenus.isAnyOpen() ? static_cast<int>(wxID_NONE) : commandOf(event);
+    const bool isForOthers = m_openMenus.isAnyOpen() || isKeyOfText(event, FindFocus());
+    int command = isForOthers ? static_cast<int>(wxID_NONE) : commandOf(event);
     if (command == CLOSE && event.GetKeyCode() == WXK_ESCAPE && hasPixelProbe())
         command = PIXEL_PROBE;
     if (command == wxID_NONE)

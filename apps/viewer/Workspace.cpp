@@ -150,24 +150,25 @@ bool Workspace::isListed(const OpenPicture& picture) const
     return m_filter.isEmpty() || inLowerCase(picture.name).find(m_filter) != String::NPOS;
 }
 
-Optional<PictureId> Workspace::neighbour(int steps) const
+Optional<PictureId> Workspace::neighbour(int steps, Optional<PictureId> from) const
 {
-    const OpenPicture* const from = current();
+    const Optional<PictureId> start = from ? from : m_current;
     Array<PictureId> listed;
-    Optional<std::ptrdiff_t> place;
+    std::ptrdiff_t place = steps > 0 ? -1 : 0; // without a start, the first step leads to an end of the list
     for (const OpenPicture& picture : m_pictures) {
-        // The current picture is a place to start from even if the filter hides it.
-        if (&picture == from)
+        const bool isStart = start == picture.id;
+        if (isStart)
             place = static_cast<std::ptrdiff_t>(listed.size());
-        if (&picture == from || isListed(picture))
+        // The start is a place to go from even if the filter hides it.
+        if (isStart || isListed(picture))
             listed.push_back(picture.id);
     }
-    if (listed.size() < (place ? 2U : 1U))
+    if (listed.empty())
         return {};
     const auto count = static_cast<std::ptrdiff_t>(listed.size());
-    const std::ptrdiff_t target = ((place.value_or(0) + steps) % count + count) % count;
+    const std::ptrdiff_t target = ((place + steps) % count + count) % count;
     const PictureId id = listed[static_cast<std::size_t>(target)];
-    return m_current == id ? Optional<PictureId>() : id;
+    return start == id ? Optional<PictureId>() : id;
 }
 
 void Workspace::limitMemory(std::uint64_t bytes)

@@ -112,9 +112,10 @@ public:
     /// Returns whether the filter lets the picture through.
     bool isListed(const OpenPicture& picture) const;
 
-    /// Returns the listed picture that stands `steps` places behind the current one, or before it if the
-    /// number is negative. After the last one comes the first one. Nullopt if no other picture is listed.
-    Optional<PictureId> neighbour(int steps) const;
+    /// Returns the listed picture that stands `steps` places behind `from`, or before it if the number is
+    /// negative. After the last one comes the first one. Nullopt if that is `from` itself. Without `from` the
+    /// places count from the current picture.
+    Optional<PictureId> neighbour(int steps, Optional<PictureId> from = {}) const;
 
     /// Forgets the images of pictures that were not looked at for longest and can be read again from their
     /// files, until those that remain take no more than that many bytes. The current picture and the

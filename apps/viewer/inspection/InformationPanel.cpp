@@ -42,6 +42,7 @@ void InformationPanel::setPicture(const SharedPicture& picture, const Optional<w
 {
     if (picture == m_picture && selection == m_selection)
         return;
+    m_task.cancel();
     m_picture = picture;
     m_selection = selection;
     m_statistics.reset();

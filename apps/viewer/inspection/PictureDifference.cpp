@@ -129,6 +129,8 @@ MeasureRow measureOf(DifferenceMeasure measure)
 
 double psnrOf(const Sums& sums)
 {
+    if (sums.finite == 0)
+        return std::numeric_limits<double>::quiet_NaN();
     if (sums.squared <= 0.0)
         return std::numeric_limits<double>::infinity();
     return 10.0 * std::log10(double(sums.finite) * CHANNELS / sums.squared);
@@ -187,7 +189,7 @@ Expected<PictureDifference, String> differenceOf(const Picture& picture, const P
     difference.picture = std::make_shared<const Picture>(picture.name() + L" \u2212 " + reference.name(),
                                                          std::move(content), nullptr, 0);
     const double count = double(sums->finite) * CHANNELS;
-    difference.mean = count > 0.0 ? sums->measured / count : 0.0;
+    difference.mean = count > 0.0 ? sums->measured / count : std::numeric_limits<double>::quiet_NaN();
     difference.psnr = psnrOf(*sums);
     difference.notFiniteCount = sums->notFinite;
     return difference;

@@ -29,7 +29,7 @@ struct PictureDifference
     /// The mean of the measure over all pixels and colour channels with finite values.
     double mean = 0.0;
     /// The peak signal-to-noise ratio in decibels: 10 log10(1 / mean squared difference), 1 being the peak.
-    /// Infinite if there is no difference.
+    /// Infinite if there is no difference. This and the mean are NaN if no pixel is finite.
     double psnr = 0.0;
     /// The number of pixels left out of the means because they are infinite or NaN in one of the pictures.
     std::int64_t notFiniteCount = 0;

@@ -27,7 +27,10 @@ struct WorkspaceTest : testing::Test
         return workspace.add(Io::Path(name), Tests::coordinates(4, 3)->named(name));
     }
 
-    String currentName() const { return workspace.current() == nullptr ? L"" : workspace.current()->name; }
+    String currentName() const
+    {
+        return workspace.current() == nullptr ? String() : workspace.current()->name;
+    }
 };
 
 } // namespace
@@ -102,7 +105,9 @@ TEST_F(WorkspaceTest, steps_goRoundTheList)
     const PictureId a = addRead(L"a");
     const PictureId b = addRead(L"b");
     const PictureId c = addRead(L"c");
-    EXPECT_EQ(workspace.neighbour(1), b) << "nothing is shown yet";
+    EXPECT_EQ(workspace.neighbour(1), a) << "nothing is shown yet";
+    EXPECT_EQ(workspace.neighbour(-1), c);
+    EXPECT_EQ(workspace.neighbour(1, b), c);
     workspace.setCurrent(a);
     EXPECT_EQ(workspace.neighbour(1), b);
     EXPECT_EQ(workspace.neighbour(-1), c);
