@@ -333,7 +333,7 @@ TEST(PictureServerTest, stop_isPromptInTheMiddleOfMessages)
     EXPECT_LT(Clock::now() - begin, std::chrono::milliseconds(1500));
     EXPECT_FALSE(watched.server.isRunning());
     const std::size_t told = watched.log.size();
-    wxTheApp->ProcessPendingEvents();
+    wxAppConsole::GetInstance()->ProcessPendingEvents();
     EXPECT_EQ(watched.log.size(), told);
 }
 
@@ -389,7 +389,7 @@ TEST(PictureServerTest, destroyedServer_tellsNothingMore)
     sender.ask(command("open", "b", grey(1, 1)), "x");
     sender.ask(command("open", "c", grey(1, 1)), "x");
     ASSERT_TRUE(serveUntil([&] { return server == nullptr; }));
-    wxTheApp->ProcessPendingEvents();
+    wxAppConsole::GetInstance()->ProcessPendingEvents();
     EXPECT_EQ(names, Array<String>({L"a", L"b"}));
 }
 
