@@ -36,6 +36,17 @@ if(NOLVEX_BUILD_APPS OR NOLVEX_BUILD_FUZZERS)
   # The viewer reads and writes PNG and TIFF files with more than 8 bits, which wxWidgets does not.
   find_package(PNG REQUIRED)
   find_package(TIFF REQUIRED)
+  find_package(OpenEXR CONFIG REQUIRED)
+  # The packages of these two have no common way to be found.
+  find_path(NOLVEX_STB_INCLUDE_DIR stb_image.h PATH_SUFFIXES stb REQUIRED)
+  add_library(NolvexStb INTERFACE)
+  target_include_directories(NolvexStb SYSTEM INTERFACE "${NOLVEX_STB_INCLUDE_DIR}")
+  find_path(NOLVEX_WEBP_INCLUDE_DIR webp/demux.h REQUIRED)
+  find_library(NOLVEX_WEBP_DEMUX_LIBRARY webpdemux REQUIRED)
+  find_library(NOLVEX_WEBP_LIBRARY webp REQUIRED)
+  add_library(NolvexWebP INTERFACE)
+  target_include_directories(NolvexWebP SYSTEM INTERFACE "${NOLVEX_WEBP_INCLUDE_DIR}")
+  target_link_libraries(NolvexWebP INTERFACE "${NOLVEX_WEBP_DEMUX_LIBRARY}" "${NOLVEX_WEBP_LIBRARY}" Threads::Threads)
   if(WIN32)
     # The static library of the cross-build does not name the libraries that it needs.
     find_package(JPEG REQUIRED)

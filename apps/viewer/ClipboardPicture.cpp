@@ -3,7 +3,7 @@
 
 #include "NolvexLibWx/Clipboard.h"
 #include "NolvexLibWx/ColourConversions.h"
-#include "apps/viewer/Development.h"
+#include "apps/viewer/view/Development.h"
 
 #include <algorithm>
 #include <cmath>
@@ -17,15 +17,6 @@ namespace {
 float clamped(float value)
 {
     return value > 0.0f ? std::min(1.0f, value) : 0.0f;
-}
-
-// Encodes the pixel as the view does: every channel, alpha included, is raised to the exponent.
-Rgb encoded(const Rgb& pixel, float exponent)
-{
-    if (exponent == 1.0f)
-        return pixel;
-    return {std::pow(pixel.r, exponent), std::pow(pixel.g, exponent), std::pow(pixel.b, exponent),
-            std::pow(pixel.a, exponent)};
 }
 
 float mixed(float channel, float behind, float opacity)
@@ -53,9 +44,8 @@ BitmapImpl<Rgb> clipboardPicture(const Image& image, const DisplaySettings& sett
         Rgb* const row = picture.row(y);
         image.readRow(y, row);
         development.apply(row, static_cast<std::size_t>(descriptor.width));
-        std::transform(row, row + descriptor.width, row, [&](const Rgb& pixel) {
-            return over(encoded(pixel, development.exponent()), behind);
-        });
+        std::transform(row, row + descriptor.width, row,
+                       [&](const Rgb& pixel) { return over(development.curve().at(pixel), behind); });
     }
     return picture;
 }

@@ -37,12 +37,16 @@ private:
 void describe(wxCmdLineParser& parser)
 {
     parser.SetSwitchChars("-");
-    parser.SetLogo("Shows a picture (PNG, JPEG, BMP, GIF, TIFF, TGA, ICO, PFM), or a bundled sample.\n");
+    parser.SetLogo(
+        "Shows pictures (EXR, HDR, PFM, PNG, TIFF, JPEG, WebP and others), or a bundled sample.\n");
     parser.AddLongOption("screenshot", "write what the window shows to this PNG file, then end");
     parser.AddLongSwitch("capture", "begin with a picture of the screen");
+    parser.AddLongOption("listen",
+                         "show the pictures that are sent to this PORT of the computer, or HOST:PORT");
     parser.AddLongSwitch("version", "print the version");
     parser.AddSwitch("h", "help", "print this text");
-    parser.AddParam("PICTURE", wxCMD_LINE_VAL_STRING, wxCMD_LINE_PARAM_OPTIONAL);
+    parser.AddParam("PICTURE or FOLDER", wxCMD_LINE_VAL_STRING,
+                    wxCMD_LINE_PARAM_OPTIONAL | wxCMD_LINE_PARAM_MULTIPLE);
 }
 
 // The parser turns arguments into text, which cannot represent every file name on Linux. The path is
@@ -84,9 +88,11 @@ Expected<CommandLine, String> parseCommandLine(const Array<Io::Path>& arguments)
     wxString text;
     if (parser.Found("screenshot", &text))
         line.screenshot = pathOf(text, arguments);
-    if (parser.GetParamCount() > 0)
-        line.picture = pathOf(parser.GetParam(0), arguments);
-    if (line.capture && !(line.picture.isEmpty() && line.screenshot.isEmpty()))
+    if (parser.Found("listen", &text))
+        line.listen = Wx::toString(text);
+    for (std::size_t i = 0; i < parser.GetParamCount(); ++i)
+        line.pictures.push_back(pathOf(parser.GetParam(i), arguments));
+    if (line.capture && !(line.pictures.empty() && line.screenshot.isEmpty()))
         return Unexpected{String(L"--capture stands alone. Try --help.")};
     return line;
 }

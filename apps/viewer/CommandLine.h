@@ -13,13 +13,15 @@ namespace Nolvex::Viewer {
 /// What the user asked for on the command line.
 struct CommandLine
 {
-    /// The picture to show. Empty stands for the bundled sample.
-    Io::Path picture;
+    /// The pictures to open, and folders with pictures. None stands for the bundled sample.
+    Array<Io::Path> pictures;
     /// The file to which a picture of the window is written before the program ends. If the path is empty,
     /// the window stays open.
     Io::Path screenshot;
     /// Begin with a picture of the screen.
     bool capture = false;
+    /// Where to listen for pictures, as parseListeningAddress() takes it. Empty for nowhere.
+    String listen;
     bool help = false;
     bool version = false;
 };

@@ -5,11 +5,15 @@
 #include "NolvexLib/Exception.h"
 #include "NolvexLib/Io/FileInputStream.h"
 #include "NolvexLib/Io/FileSize.h"
-#include "apps/viewer/reading/PictureReader.h"
+#include "NolvexLibWx/StringConversions.h"
+#include "apps/viewer/LayeredFile.h"
+#include "apps/viewer/reading/PictureReaders.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <filesystem>
 #include <limits>
+#include <memory>
 #include <new>
 #include <system_error>
 #include <utility>
@@ -21,9 +25,11 @@ namespace {
 // The decoders of wxWidgets count bytes in int.
 constexpr std::uint64_t MAX_FILE_SIZE = std::numeric_limits<std::int32_t>::max();
 
-Unexpected<String> refuse(const Io::Path& path, const String& reason)
+const wchar_t* const NO_MEMORY = L"there is not enough memory for it";
+
+Unexpected<String> refuse(const String& name, const String& reason)
 {
-    String message = L"The picture \"" + path.nativeStr() + L"\" cannot be shown: " + reason;
+    String message = L"The picture \"" + name + L"\" cannot be shown: " + reason;
     if (!reason.isEmpty() && reason[reason.length() - 1] != L'.')
         message += L".";
     return {message};
@@ -37,20 +43,65 @@ Expected<Array<std::byte>, String> readWholeFile(const Io::Path& path)
         std::error_code ignored;
         const std::filesystem::file_status status = std::filesystem::status(path.native(), ignored);
         if (exists(status) && !is_regular_file(status))
-            return refuse(path, L"it is not a regular file");
+            return refuse(path.nativeStr(), L"it is not a regular file");
         Io::FileInputStream stream(path);
         const std::uint64_t size = Io::fileSize(path).value_or(0);
         if (size > MAX_FILE_SIZE)
-            return refuse(path, L"it is larger than 2 GiB");
+            return refuse(path.nativeStr(), L"it is larger than 2 GiB");
         Array<std::byte> content(static_cast<std::size_t>(size));
         if (!stream.readExactly(content.data(), static_cast<std::int64_t>(content.size())))
-            return refuse(path, L"it became shorter while it was read");
+            return refuse(path.nativeStr(), L"it became shorter while it was read");
         return content;
     } catch (const Exception& failure) {
         return Unexpected{String::fromUtf8(failure.what())};
     } catch (const std::bad_alloc&) {
-        return refuse(path, L"there is not enough memory for it");
+        return refuse(path.nativeStr(), NO_MEMORY);
     }
+}
+
+bool hasReadableExtension(const Io::Path& file)
+{
+    const wxString extension = Wx::toWxString(file.extension());
+    return std::ranges::any_of(readableExtensions(), [&extension](const String& readable) {
+        return extension.IsSameAs(Wx::toWxString(readable), false);
+    });
+}
+
+Array<Io::Path> picturesIn(const Io::Path& folder)
+{
+    Array<std::filesystem::path> found;
+    std::error_code ended;
+    for (std::filesystem::directory_iterator entry(folder.native(), ended), end; !ended && entry != end;
+         entry.increment(ended)) {
+        std::error_code ignored;
+        if (hasReadableExtension(entry->path()) && entry->is_regular_file(ignored))
+            found.push_back(entry->path());
+    }
+    std::ranges::sort(found);
+    return {found.begin(), found.end()};
+}
+
+// What a picture is called, and what it is called when it cannot be shown.
+struct Names
+{
+    String name;
+    String inErrors;
+};
+
+Expected<SharedPicture, String> readLayer(const Names& names, const std::shared_ptr<const LayeredFile>& file,
+                                          std::size_t layer, const ReadingProgress& progress)
+{
+    Expected<ReadImage, String> read = file->read(layer, progress);
+    if (!read)
+        return refuse(names.inErrors, read.error());
+    return SharedPicture(std::make_shared<const Picture>(names.name, std::move(*read), file, layer));
+}
+
+// The main layer has the place 0.
+std::size_t placeOf(const String& layer, const Array<PictureLayer>& layers)
+{
+    const auto found = std::ranges::find(layers, layer, &PictureLayer::name);
+    return found == layers.end() ? 0 : static_cast<std::size_t>(found - layers.begin());
 }
 
 } // namespace
@@ -63,19 +114,53 @@ Array<Io::FileFilter> readableFilters()
     return {pictures, {L"All files", {L"*"}}};
 }
 
-Expected<SharedPicture, String> readPictureFile(const Io::Path& path)
+Array<Io::Path> withFoldersOpened(const Array<Io::Path>& filesAndFolders)
 {
-    const Expected<Array<std::byte>, String> content = readWholeFile(path);
+    Array<Io::Path> files;
+    for (const Io::Path& path : filesAndFolders) {
+        std::error_code ignored;
+        if (std::filesystem::is_directory(path.native(), ignored)) {
+            const Array<Io::Path> inside = picturesIn(path);
+            files.insert(files.end(), inside.begin(), inside.end());
+        } else {
+            files.push_back(path);
+        }
+    }
+    return files;
+}
+
+Expected<SharedPicture, String> readPictureFile(const Io::Path& path, const ReadingProgress& progress)
+{
+    return readPictureFile(path, String(), progress);
+}
+
+Expected<SharedPicture, String> readPictureFile(const Io::Path& path, const String& layer,
+                                                const ReadingProgress& progress)
+{
+    Expected<Array<std::byte>, String> content = readWholeFile(path);
     if (!content)
         return Unexpected{content.error()};
-    Expected<ReadImage, String> read = readerFor(*content).read(*content, {});
-    if (!read)
-        return refuse(path, read.error());
-    auto picture =
-        std::make_shared<const Picture>(path.fileName(), std::move(read->image), std::move(read->omissions));
-    if (!picture->bitmap().IsOk())
-        return refuse(path, L"it is too large");
-    return SharedPicture(std::move(picture));
+    try {
+        const auto file = LayeredFile::open(std::move(*content));
+        if (!file)
+            return refuse(path.nativeStr(), file.error());
+        return readLayer({path.fileName(), path.nativeStr()}, *file, placeOf(layer, (*file)->layers()),
+                         progress);
+    } catch (const std::bad_alloc&) {
+        return refuse(path.nativeStr(), NO_MEMORY);
+    }
+}
+
+Expected<SharedPicture, String> readOtherLayer(const Picture& picture, std::size_t layer,
+                                               const ReadingProgress& progress)
+{
+    if (picture.file() == nullptr)
+        return refuse(picture.name(), L"it has no other layers");
+    try {
+        return readLayer({picture.name(), picture.name()}, picture.file(), layer, progress);
+    } catch (const std::bad_alloc&) {
+        return refuse(picture.name(), NO_MEMORY);
+    }
 }
 
 String openedMessage(const Picture& picture)

@@ -3,16 +3,42 @@
 
 #include "NolvexLibWx/BitmapConverter.h"
 #include "NolvexLibWx/StringConversions.h"
+#include "apps/viewer/LayeredFile.h"
 
 #include <utility>
 
 namespace Nolvex::Viewer {
 
-Picture::Picture(String name, Image image, Array<String> omissions)
+namespace {
+
+Array<String> usualChannels(PixelFormat format)
+{
+    switch (Image::getPixelFormatChannelCount(format)) {
+    case 1:
+        return {L"Y"};
+    case 3:
+        return {L"R", L"G", L"B"};
+    default:
+        return {L"R", L"G", L"B", L"A"};
+    }
+}
+
+} // namespace
+
+Picture::Picture(String name, Image image) : Picture(std::move(name), {std::move(image)}, nullptr, 0) {}
+
+Picture::Picture(String name, ReadImage read, const std::shared_ptr<const LayeredFile>& file,
+                 std::size_t layer)
     : m_name(std::move(name)),
-      m_image(std::make_shared<const Image>(std::move(image))),
-      m_omissions(std::move(omissions))
-{}
+      m_content(std::make_shared<const ReadImage>(std::move(read))),
+      m_layers(file ? file->layers() : Array<PictureLayer>(1)),
+      m_layer(layer)
+{
+    if (m_layers.size() > 1)
+        m_file = file;
+    if (m_layers[m_layer].channels.empty())
+        m_layers[m_layer].channels = usualChannels(image().descriptor().format);
+}
 
 std::shared_ptr<const Picture> Picture::named(String name) const
 {
@@ -29,7 +55,7 @@ String Picture::sizeText() const
 const wxBitmap& Picture::bitmap() const
 {
     if (!m_bitmap.IsOk())
-        m_bitmap = BitmapConverter::zephraImageToWxBitmap(*m_image);
+        m_bitmap = BitmapConverter::zephraImageToWxBitmap(image());
     return m_bitmap;
 }
 

@@ -5,28 +5,58 @@
 #include "NolvexLib/Pixel.h"
 #include "NolvexLib/String.h"
 #include "NolvexLibImage/Image.h"
+#include "apps/viewer/reading/ReadImage.h"
 
 #include <wx/bitmap.h>
 
+#include <cstddef>
 #include <memory>
 
 namespace Nolvex::Viewer {
 
-/// The viewer's document: the image in the format and gamma of its source, and its name. The window, the
-/// clipboard and every tool share the same object, which never changes after its construction.
+class LayeredFile;
+
+/// The viewer's document: the image in the format and gamma of its source, its name, and what its file tells
+/// about it. A picture shows one layer of its file; the same file's other layers are pictures of their own.
+/// The window, the clipboard and every tool share the same object, which never changes after its
+/// construction.
 class Picture
 {
 public:
-    /// The omissions are sentences about what the file holds besides the image.
-    Picture(String name, Image image, Array<String> omissions = {});
+    /// A picture that is not from a file.
+    Picture(String name, Image image);
+
+    /// A layer of a file. Only a file with several layers is kept, since there is nothing more to read from
+    /// the others.
+    Picture(String name, ReadImage read, const std::shared_ptr<const LayeredFile>& file, std::size_t layer);
 
     const String& name() const { return m_name; }
 
-    const Image& image() const { return *m_image; }
+    const Image& image() const { return m_content->image; }
 
     Pixel size() const { return {image().descriptor().width, image().descriptor().height}; }
 
-    const Array<String>& omissions() const { return m_omissions; }
+    /// The place of the image's top left pixel in the frame, which is (0, 0) unless a renderer has written
+    /// more or less than the frame.
+    Pixel origin() const { return m_content->origin; }
+
+    Pixel frameSize() const { return m_content->frameSize.value_or(size()); }
+
+    /// One name for each channel of the image.
+    const Array<String>& channels() const { return m_layers[m_layer].channels; }
+
+    /// The layers of the file. At least one, the name of which is empty if there is only one.
+    const Array<PictureLayer>& layers() const { return m_layers; }
+
+    /// The shown one of the layers.
+    std::size_t layer() const { return m_layer; }
+
+    /// The file with the other layers, or null if there are none.
+    const std::shared_ptr<const LayeredFile>& file() const { return m_file; }
+
+    const Array<String>& omissions() const { return m_content->omissions; }
+
+    const Array<MetadataEntry>& metadata() const { return m_content->metadata; }
 
     /// Returns the same picture with another name. Both share the image.
     std::shared_ptr<const Picture> named(String name) const;
@@ -40,8 +70,10 @@ public:
 
 private:
     String m_name;
-    std::shared_ptr<const Image> m_image;
-    Array<String> m_omissions;
+    std::shared_ptr<const ReadImage> m_content;
+    Array<PictureLayer> m_layers;
+    std::size_t m_layer = 0;
+    std::shared_ptr<const LayeredFile> m_file;
     mutable wxBitmap m_bitmap;
 };
 

@@ -68,13 +68,11 @@ bool PictureSaving::letGo()
         return false;
     if (!isUnsaved())
         return true;
-    const SharedPicture asked = m_picture;
     const LossAnswer answer = askAboutLoss(m_window);
     if (!alive || answer == LossAnswer::CANCEL)
         return false;
-    // The answer does not count for a picture of the screen that has arrived while the question was open.
     if (answer == LossAnswer::DISCARD)
-        return m_picture == asked || letGo();
+        return true;
     if (!saveAs())
         return false;
     return waitForFile() && !isUnsaved();

@@ -14,8 +14,8 @@ namespace Nolvex::Viewer {
 /// Returns what the log says when the file has been written.
 String savedMessage(const SaveTask& task);
 
-/// What the viewer's window does to keep pictures: it saves them, and knows whether the picture that it shows
-/// would be lost. Functions that ask the user run events, so that the window may have been destroyed when
+/// What the viewer's window does to keep pictures: it saves them, and asks before the picture that it shows
+/// is lost. Functions that ask the user run events, so that the window may have been destroyed when
 /// they return; they return false then.
 class PictureSaving
 {
@@ -24,7 +24,7 @@ public:
     PictureSaving(wxWindow& window, SaveJob::Done done);
 
     /// Tells which picture is shown and, unless the path is empty, its file. A picture without a file is lost
-    /// when another one takes its place.
+    /// when it is closed.
     void setPicture(const SharedPicture& picture, const Io::Path& file);
 
     bool isUnsaved() const { return m_picture && m_file.isEmpty(); }
@@ -34,8 +34,8 @@ public:
 
     void save(SaveTask task);
 
-    /// Waits for a file that is being written, and asks what to do with an unsaved picture. Returns whether
-    /// another picture may take the place of this one; not if the file could not be written.
+    /// Waits for a file that is being written, and asks what to do with the picture if it is unsaved. Returns
+    /// whether the picture may be closed; not if the file could not be written.
     bool letGo();
 
 private:

@@ -2,8 +2,8 @@
 #include "apps/viewer/ProbeTool.h"
 
 #include "NolvexLibWx/GeometryConversions.h"
-#include "apps/viewer/Development.h"
-#include "apps/viewer/ImageView.h"
+#include "apps/viewer/view/Development.h"
+#include "apps/viewer/view/ImageView.h"
 
 #include <utility>
 
@@ -93,10 +93,11 @@ void ProbeTool::follow()
 
 Wx::PixelProbe::ProbedPixel ProbeTool::probe(const Pixel& screenPosition) const
 {
-    const Optional<Pixel> position = m_view.pixelAt(m_view.ScreenToClient(Wx::toWxPoint(screenPosition)));
+    const wxPoint place = m_view.ScreenToClient(Wx::toWxPoint(screenPosition));
+    const Optional<Pixel> position = m_view.pixelAt(place);
     if (!position)
         return {};
-    const PixelValues values = developPixel(m_view.picture()->image(), m_view.display(), *position);
+    const PixelValues values = developPixel(m_view.pictureAt(place)->image(), m_view.display(), *position);
     return {values.light, values.shown, values.shown.a, *position, L"sRGB"};
 }
 

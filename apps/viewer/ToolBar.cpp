@@ -21,32 +21,42 @@ constexpr int BUTTON_WIDTH = 76;
 ToolBar::ToolBar(wxWindow* parent, const Function<void(Command)>& run)
     : wxPanel(parent), m_run(run), m_row(new wxBoxSizer(wxHORIZONTAL))
 {
-    addButton(L"Open...", Command::OPEN);
-    addButton(L"Save as...", Command::SAVE_AS);
-    addButton(L"Copy", Command::COPY);
-    addButton(L"Capture", Command::CAPTURE_SCREEN);
-    m_log = addButton(L"Log", Command::SHOW_LOG);
+    for (const CommandInfo& info : commandTable()) {
+        if (info.button != nullptr)
+            addButton(info);
+    }
     m_row->AddStretchSpacer();
     m_row->Add(new Wx::TextButton(this, Command::ABOUT, L"About", [this] { m_run(Command::ABOUT); }), 0,
                wxALIGN_CENTRE_VERTICAL);
     SetSizer(m_row);
 }
 
-// The log's button does not toggle by itself: it shows whether the log is visible, and other commands show
-// and hide the log, too.
-Wx::Button* ToolBar::addButton(const wxString& label, Command command)
+// The buttons do not toggle by themselves: they show states that other controls change, too.
+void ToolBar::addButton(const CommandInfo& info)
 {
+    const Command command = info.command;
     auto* button = new Wx::Button(
-        this, Wx::GuiSkin::DEFAULT(), command, label, wxBitmap(), wxBitmap(),
+        this, Wx::GuiSkin::DEFAULT(), command, info.button, wxBitmap(), wxBitmap(),
         [this, command] { m_run(command); }, Wx::Button::Behavior::PUSH, true, OskaBorderState::ENABLED);
     button->SetMinSize(wxSize(Wx::scaleByDpi(BUTTON_WIDTH), button->GetMinSize().y));
     m_row->Add(button, 0, wxRIGHT, Wx::scaleByDpi(GAP));
-    return button;
 }
 
-void ToolBar::setLogShown(bool shown)
+Wx::Button* ToolBar::buttonOf(Command command) const
 {
-    m_log->setToggled(shown);
+    return dynamic_cast<Wx::Button*>(FindWindow(command));
+}
+
+void ToolBar::check(Command command, bool checked)
+{
+    if (Wx::Button* const button = buttonOf(command))
+        button->setToggled(checked);
+}
+
+void ToolBar::enable(Command command, bool enabled)
+{
+    if (Wx::Button* const button = buttonOf(command))
+        button->Enable(enabled);
 }
 
 void ToolBar::setTooltips(bool wanted)

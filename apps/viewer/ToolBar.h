@@ -16,24 +16,26 @@ class Button;
 
 namespace Nolvex::Viewer {
 
-/// The viewer's row of buttons, with a link at its end. A click on a button or on the link calls `run` with
-/// its command.
+/// The viewer's row of buttons, those of the table of commands, with a link at its end. A click on a button
+/// or on the link calls `run` with its command.
 class ToolBar : public wxPanel
 {
 public:
     ToolBar(wxWindow* parent, const Function<void(Command)>& run);
 
-    /// Sets the state of the log's button, and does not call `run`.
-    void setLogShown(bool shown);
+    /// Sets the button of the command, if there is one, and does not call `run`.
+    void check(Command command, bool checked);
+
+    void enable(Command command, bool enabled);
 
     void setTooltips(bool wanted);
 
 private:
-    Wx::Button* addButton(const wxString& label, Command command);
+    void addButton(const CommandInfo& info);
+    Wx::Button* buttonOf(Command command) const;
 
     Function<void(Command)> m_run;
     wxBoxSizer* m_row;
-    Wx::Button* m_log = nullptr;
 };
 
 } // namespace Nolvex::Viewer

@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/ViewOptions.h"
 
-#include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/ColourConversions.h"
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/widgets/CheckBox.h"
 #include "NolvexLibWx/widgets/ColorPickerButton.h"
-#include "NolvexLibWx/widgets/ComboBox.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"
-#include "NolvexLibWx/widgets/Spinner.h"
 #include "NolvexLibWx/widgets/StaticText.h"
 #include "apps/picker/WatchedPickerFactory.h"
+#include "apps/viewer/view/DisplayOptions.h"
 
 #include <wx/sizer.h>
 #include <wx/weakref.h>
@@ -26,24 +24,12 @@ constexpr int SMALL_GAP = 6;
 
 const wxSize SWATCH_SIZE(36, 16);
 
-constexpr float MAX_EXPOSURE = 20.0f;
-constexpr int EXPOSURE_DIGITS = 2;
-constexpr float EXPOSURE_STEP = 0.05f;
-constexpr int EXPOSURE_WIDTH = 50;
-constexpr int CHANNEL_WIDTH = 100;
-
-Wx::ComboBox::Item channelItem(const wchar_t* text, Channel channel)
-{
-    return {text, static_cast<int>(channel), {}};
-}
-
-Wx::CheckBox* addCheckBox(wxWindow* parent, wxSizer* row, const String& label, Command command,
-                          const Function<void(Command)>& run)
+void addCheckBox(wxWindow* parent, wxSizer* row, const String& label, Command command,
+                 const Function<void(Command)>& run)
 {
     auto* box = new Wx::CheckBox(parent, command, label);
     box->setChangeCallback([run, command](bool) { run(command); });
     row->Add(box, 0, wxRIGHT, Wx::scaleByDpi(GAP));
-    return box;
 }
 
 } // namespace
@@ -52,17 +38,18 @@ ViewOptions::ViewOptions(wxWindow* parent, const Function<void(Command)>& run,
                          const Function<void(const DisplaySettings&)>& display,
                          const Function<void(const RgbBytes&)>& trySurround,
                          const Function<void(bool)>& endTrying)
-    : wxPanel(parent), m_display(display)
+    : wxPanel(parent)
 {
     auto* row = new wxBoxSizer(wxHORIZONTAL);
-    m_log = addCheckBox(this, row, L"Log", Command::SHOW_LOG, run);
-    m_tooltips = addCheckBox(this, row, L"Tooltips", Command::SHOW_TOOLTIPS, run);
-    m_lightSurround = addCheckBox(this, row, L"Light surround", Command::LIGHT_SURROUND, run);
-    m_pixelProbe = addCheckBox(this, row, L"Pixel probe", Command::PIXEL_PROBE, run);
+    addCheckBox(this, row, L"Log", Command::SHOW_LOG, run);
+    addCheckBox(this, row, L"Tooltips", Command::SHOW_TOOLTIPS, run);
+    addCheckBox(this, row, L"Light surround", Command::LIGHT_SURROUND, run);
+    addCheckBox(this, row, L"Pixel probe", Command::PIXEL_PROBE, run);
     addSurround(*row, trySurround, endTrying);
     auto* rows = new wxBoxSizer(wxVERTICAL);
     rows->Add(row);
-    rows->Add(makeDisplayRow(), 0, wxTOP, Wx::scaleByDpi(SMALL_GAP));
+    m_display = new DisplayOptions(this, display);
+    rows->Add(m_display, 0, wxTOP, Wx::scaleByDpi(SMALL_GAP));
     SetSizerAndFit(rows);
 }
 
@@ -93,58 +80,15 @@ RgbBytes ViewOptions::surround() const
     return Wx::toRgbBytes(Wx::toWxColour(m_surround->getColor()));
 }
 
-wxSizer* ViewOptions::makeDisplayRow()
+void ViewOptions::setChannels(const Array<String>& names)
 {
-    auto* row = new wxBoxSizer(wxHORIZONTAL);
-    const int gap = Wx::scaleByDpi(SMALL_GAP);
-    row->Add(new Wx::StaticText(this, wxID_ANY, L"Exposure"), 0, wxALIGN_CENTRE_VERTICAL | wxRIGHT, gap);
-    m_exposure = new Wx::Spinner(this, wxID_ANY, EXPOSURE_WIDTH, -MAX_EXPOSURE, MAX_EXPOSURE, 0.0f,
-                                 EXPOSURE_DIGITS, EXPOSURE_STEP);
-    m_exposure->SetLabel(L"Exposure");
-    m_exposure->callOnValueChange([this](float exposure) {
-        m_settings.exposure = exposure;
-        m_display(m_settings);
-    });
-    row->Add(m_exposure, 0, wxALIGN_CENTRE_VERTICAL | wxRIGHT, Wx::scaleByDpi(GAP));
-
-    row->Add(new Wx::StaticText(this, wxID_ANY, L"Channel"), 0, wxALIGN_CENTRE_VERTICAL | wxRIGHT, gap);
-    m_channel = new Wx::ComboBox(
-        this, wxID_ANY, CHANNEL_WIDTH,
-        [this](int channel) {
-            m_settings.channel = static_cast<Channel>(channel);
-            m_display(m_settings);
-        },
-        {}, true);
-    const Wx::ComboBox::Item channels[] = {
-        channelItem(L"RGB", Channel::RGB),     channelItem(L"Red", Channel::RED),
-        channelItem(L"Green", Channel::GREEN), channelItem(L"Blue", Channel::BLUE),
-        channelItem(L"Alpha", Channel::ALPHA), channelItem(L"Luminance", Channel::LUMINANCE),
-    };
-    m_channel->setData(channels);
-    m_channel->selectIndex(0, false);
-    Wx::setAccessibleName(*m_channel, L"Channel");
-    row->Add(m_channel, 0, wxALIGN_CENTRE_VERTICAL);
-    return row;
+    m_display->setChannels(names);
 }
 
-void ViewOptions::setLogShown(bool shown)
+void ViewOptions::check(Command command, bool checked)
 {
-    m_log->setValue(shown, false);
-}
-
-void ViewOptions::setTooltips(bool wanted)
-{
-    m_tooltips->setValue(wanted, false);
-}
-
-void ViewOptions::setLightSurround(bool light)
-{
-    m_lightSurround->setValue(light, false);
-}
-
-void ViewOptions::setPixelProbe(bool active)
-{
-    m_pixelProbe->setValue(active, false);
+    if (auto* box = dynamic_cast<Wx::CheckBox*>(FindWindow(command)))
+        box->setValue(checked, false);
 }
 
 } // namespace Nolvex::Viewer

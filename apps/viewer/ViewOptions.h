@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "NolvexLib/Array.h"
 #include "NolvexLib/Function.h"
 #include "NolvexLib/RgbBytes.h"
+#include "NolvexLib/String.h"
 #include "apps/viewer/Command.h"
 #include "apps/viewer/DisplaySettings.h"
 
@@ -10,17 +12,16 @@
 
 namespace Nolvex::Wx {
 
-class CheckBox;
 class ColorPickerButton;
-class ComboBox;
-class Spinner;
 
 } // namespace Nolvex::Wx
 
 namespace Nolvex::Viewer {
 
+class DisplayOptions;
+
 /// The ways to show the picture: check boxes, which call `run` with their command when the user changes them,
-/// the colour of the surround, and below them the exposure in stops and the channel, which call `display`.
+/// the colour of the surround, and below them the controls for DisplaySettings, which call `display`.
 class ViewOptions : public wxPanel
 {
 public:
@@ -35,27 +36,18 @@ public:
     /// the skin.
     RgbBytes surround() const;
 
-    // These functions set the controls and call neither `run` nor `display`.
+    /// Sets the check box of the command, if there is one, and does not call `run`.
+    void check(Command command, bool checked);
 
-    void setLogShown(bool shown);
-    void setTooltips(bool wanted);
-    void setLightSurround(bool light);
-    void setPixelProbe(bool active);
+    /// Offers the channels of a picture by their names (Picture::channels).
+    void setChannels(const Array<String>& names);
 
 private:
     void addSurround(wxSizer& row, const Function<void(const RgbBytes&)>& trySurround,
                      const Function<void(bool)>& endTrying);
-    wxSizer* makeDisplayRow();
 
-    Function<void(const DisplaySettings&)> m_display;
-    DisplaySettings m_settings;
-    Wx::CheckBox* m_log;
-    Wx::CheckBox* m_tooltips;
-    Wx::CheckBox* m_lightSurround;
-    Wx::CheckBox* m_pixelProbe;
     Wx::ColorPickerButton* m_surround = nullptr;
-    Wx::Spinner* m_exposure = nullptr;
-    Wx::ComboBox* m_channel = nullptr;
+    DisplayOptions* m_display = nullptr;
 };
 
 } // namespace Nolvex::Viewer

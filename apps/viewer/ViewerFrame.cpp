@@ -4,9 +4,7 @@
 #include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/ColourConversions.h"
 #include "NolvexLibWx/DpiScaling.h"
-#include "NolvexLibWx/FileDialogs.h"
 #include "NolvexLibWx/FontSetup.h"
-#include "NolvexLibWx/NativeWindows.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "NolvexLibWx/WindowIcon.h"
 #include "NolvexLibWx/widgets/ApplySkinRecursive.h"
@@ -14,24 +12,37 @@
 #include "NolvexLibWx/widgets/GuiSkin.h"
 #include "NolvexLibWx/widgets/OskaBorder.h"
 #include "apps/viewer/AboutMessage.h"
-#include "apps/viewer/ClipboardPicture.h"
 #include "apps/viewer/Command.h"
+#include "apps/viewer/CommandStates.h"
+#include "apps/viewer/FileDropTarget.h"
+#include "apps/viewer/FileFollowing.h"
 #include "apps/viewer/ImageFile.h"
-#include "apps/viewer/ImageView.h"
+#include "apps/viewer/KeysMessage.h"
+#include "apps/viewer/LayerBar.h"
+#include "apps/viewer/LoadingBar.h"
 #include "apps/viewer/LogPanel.h"
+#include "apps/viewer/PictureCommands.h"
+#include "apps/viewer/PictureListening.h"
+#include "apps/viewer/PicturesPanel.h"
 #include "apps/viewer/ProbeTool.h"
+#include "apps/viewer/RecentMenu.h"
+#include "apps/viewer/Settings.h"
 #include "apps/viewer/ToolBar.h"
 #include "apps/viewer/ViewOptions.h"
 #include "apps/viewer/WindowSize.h"
+#include "apps/viewer/inspection/ComparisonTool.h"
+#include "apps/viewer/inspection/InformationPanel.h"
+#include "apps/viewer/inspection/InformationText.h"
+#include "apps/viewer/view/ImageView.h"
 
 #include <wx/collpane.h>
+#include <wx/config.h>
 #include <wx/menu.h>
 #include <wx/panel.h>
 #include <wx/sizer.h>
 #include <wx/weakref.h>
 
 #include <algorithm>
-#include <functional>
 #include <memory>
 #include <utility>
 
@@ -44,12 +55,9 @@ const wxSize MIN_VIEW(80, 60); // scroll bars need some room
 
 } // namespace
 
-ViewerFrame::ViewerFrame(const SharedPicture& picture, Array<Io::Path> files, AskForScreen ask)
-    : wxFrame(nullptr, wxID_ANY, wxString()),
-      m_saving(*this,
-               [this](const SaveTask& task, const Optional<String>& failure) { onSaved(task, failure); }),
-      m_pictures(std::move(files)),
-      m_capture(std::move(ask), [this](const auto& captured) { onCaptured(captured); })
+ViewerFrame::ViewerFrame(const SharedPicture& picture, const Io::Path& file, AskForScreen ask,
+                         std::shared_ptr<wxConfigBase> settings)
+    : wxFrame(nullptr, wxID_ANY, wxString()), m_settings(std::make_unique<Settings>(std::move(settings)))
 {
     Wx::setZephraIcon(this);
     // The log inherits the font, which makes its text as large as those of the other controls.
@@ -61,71 +69,123 @@ ViewerFrame::ViewerFrame(const SharedPicture& picture, Array<Io::Path> files, As
     above->Add(makeToolBar(panel), 0, wxEXPAND | wxTOP, margin);
     above->Add(makeOptions(panel), 0, wxEXPAND | wxTOP, margin);
     sizer->Add(above, 0, wxEXPAND | wxLEFT | wxRIGHT, margin);
-    sizer->Add(makeView(panel, picture), 1, wxEXPAND | wxALL, margin);
+    wxWindow* const view = makeView(panel);
     m_log = new LogPanel(panel);
     m_log->Hide();
+    SetMenuBar(makeMenuBar());
+    makeCommands(std::move(ask));
+    above->Add(makeLayers(panel), 0, wxEXPAND | wxTOP, margin);
+    sizer->Add(makeMiddle(panel, view), 1, wxEXPAND | wxALL, margin);
+    auto* loading = new LoadingBar(panel, m_commands->opening(), [this] { makeRoom(); });
+    sizer->Add(loading, 0, wxEXPAND | wxLEFT | wxRIGHT | wxBOTTOM, margin);
     sizer->Add(m_log, 0, wxEXPAND | wxLEFT | wxRIGHT | wxBOTTOM, margin);
     panel->SetSizer(sizer);
-    SetMenuBar(makeMenuBar());
 
     Wx::applySkinRecursive(this, Wx::GuiSkin::DEFAULT());
     setLightSurround(false);
-
+    setFollowing(true);
+    if (picture) {
+        const auto origin = file.isEmpty() ? PictureOrigin::DESKTOP : PictureOrigin::FILE;
+        m_workspace.setCurrent(m_workspace.add(file, picture, origin));
+        report(openedMessage(*picture));
+    }
     SetClientSize(clientSizeFor(m_view->shownSize(), above->GetMinSize().y));
     Centre();
-    bindCommands();
     makeRoom();
-    m_saving.setPicture(picture, m_pictures.current().value_or(Io::Path()));
+    m_settings->restore(*this);
     describePicture();
-    if (picture)
-        report(openedMessage(*picture));
     m_view->SetFocus();
 }
 
 wxWindow* ViewerFrame::makeToolBar(wxWindow* parent)
 {
-    m_toolBar = new ToolBar(parent, [this](Command command) { run(command); });
+    m_toolBar = new ToolBar(parent, [this](Command command) { runCommand(*this, command); });
     return m_toolBar;
 }
 
 wxWindow* ViewerFrame::makeOptions(wxWindow* parent)
 {
     m_options = new ViewOptions(
-        parent, [this](Command command) { run(command); },
+        parent, [this](Command command) { runCommand(*this, command); },
         [this](const DisplaySettings& settings) { m_view->setDisplay(settings); },
         [this](const RgbBytes& tried) { m_view->setSurround(tried); },
         [this](bool isChosen) { setLightSurround(!isChosen && m_lightSurround); });
     return new Wx::CollapsiblePanel(parent, Wx::GuiSkin::DEFAULT(), L"View options", m_options);
 }
 
-wxWindow* ViewerFrame::makeView(wxWindow* parent, const SharedPicture& picture)
+wxWindow* ViewerFrame::makeView(wxWindow* parent)
 {
     auto* border = new OskaBorder(parent);
-    m_view = new ImageView(border, picture);
+    m_view = new ImageView(border, nullptr);
     m_view->SetMinSize(Wx::scaleByDpi(MIN_VIEW));
     border->addChild(m_view);
     m_probe = std::make_unique<ProbeTool>(*m_view);
     return border;
 }
 
+wxWindow* ViewerFrame::makeLayers(wxWindow* parent)
+{
+    m_layers = new LayerBar(
+        parent, [this](std::size_t layer) { m_commands->opening().showLayer(layer); },
+        [this] { makeRoom(); });
+    return m_layers;
+}
+
+// The list of the pictures at the left, the picture, and what is told about it at the right.
+wxSizer* ViewerFrame::makeMiddle(wxWindow* parent, wxWindow* view)
+{
+    m_list = new PicturesPanel(
+        parent, m_workspace, [this](PictureId id) { m_commands->opening().show(id); },
+        [this](PictureId id) { m_commands->close(id); });
+    m_list->Hide();
+    m_information = new InformationPanel(parent);
+    m_information->Hide();
+    const int margin = Wx::scaleByDpi(MARGIN);
+    auto* row = new wxBoxSizer(wxHORIZONTAL);
+    row->Add(m_list, 0, wxEXPAND | wxRIGHT, margin);
+    row->Add(view, 1, wxEXPAND);
+    row->Add(m_information, 0, wxEXPAND | wxLEFT, margin);
+    return row;
+}
+
+void ViewerFrame::makeCommands(AskForScreen ask)
+{
+    m_states = std::make_unique<CommandStates>(*GetMenuBar(), *m_toolBar, *m_options);
+    const Messages messages{[this](const String& message) { report(message); },
+                            [this](const String& message) { complain(message); }};
+    m_commands = std::make_unique<PictureCommands>(*this, m_workspace, *m_view, messages, std::move(ask));
+    m_comparison = std::make_unique<ComparisonTool>(*this, m_workspace, *m_view, *m_states, messages,
+                                                    [this] { describePicture(); });
+    m_following = std::make_unique<FileFollowing>(m_workspace,
+                                                  [this](PictureId id) { m_commands->opening().reload(id); });
+    m_listening = std::make_unique<PictureListening>(*this, m_workspace, messages);
+    m_recent = std::make_unique<RecentMenu>(*this, m_workspace, *m_settings,
+                                            [this](const Io::Path& recent) { beginToOpen({recent}); });
+    m_view->SetDropTarget(
+        new FileDropTarget([this](const Array<Io::Path>& dropped) { beginToOpen(dropped); }));
+    m_workspace.observe([this](Flags<Workspace::Change> changes) { onWorkspaceChanged(changes); });
+    m_view->onSelection = [this](const Optional<wxRect>&) { inform(); };
+    bindCommands();
+}
+
 void ViewerFrame::bindCommands()
 {
-    const auto bind = [this](Command command, const std::function<void()>& handler) {
-        Bind(
-            wxEVT_MENU, [handler](wxCommandEvent&) { handler(); }, command);
-    };
-    bind(Command::OPEN, [this] { onOpen(); });
-    bind(Command::SAVE_AS, [this] { m_saving.saveAs(); });
-    bind(Command::NEXT_PICTURE, [this] { onStep(1); });
-    bind(Command::PREVIOUS_PICTURE, [this] { onStep(-1); });
-    bind(Command::COPY, [this] { onCopy(); });
-    bind(Command::CAPTURE_SCREEN, [this] { onCapture(); });
-    bind(Command::CLOSE, [this] { Close(); });
-    bind(Command::SHOW_LOG, [this] { showLog(!isLogShown()); });
-    bind(Command::SHOW_TOOLTIPS, [this] { setTooltips(!hasTooltips()); });
-    bind(Command::LIGHT_SURROUND, [this] { setLightSurround(!hasLightSurround()); });
-    bind(Command::PIXEL_PROBE, [this] { setPixelProbe(!hasPixelProbe()); });
-    bind(Command::ABOUT, [this] { tellAbout(); });
+    bindCommand(*this, COPY, [this] { onCopy(); });
+    bindCommand(*this, CLOSE, [this] { Close(); });
+    bindCommand(*this, SHOW_LOG, [this] { showLog(!isLogShown()); });
+    bindCommand(*this, SHOW_TOOLTIPS, [this] { setTooltips(!hasTooltips()); });
+    bindCommand(*this, LIGHT_SURROUND, [this] { setLightSurround(!hasLightSurround()); });
+    bindCommand(*this, PIXEL_PROBE, [this] { setPixelProbe(!hasPixelProbe()); });
+    bindCommand(*this, ZOOM_IN, [this] { m_view->zoomIn(); });
+    bindCommand(*this, ZOOM_OUT, [this] { m_view->zoomOut(); });
+    bindCommand(*this, FIT, [this] { m_view->fit(); });
+    bindCommand(*this, ACTUAL_SIZE, [this] { m_view->showActualSize(); });
+    bindCommand(*this, SHOW_PICTURES, [this] { showPanel(SHOW_PICTURES, *m_list, !m_list->IsShown()); });
+    bindCommand(*this, SHOW_INFORMATION,
+                [this] { showPanel(SHOW_INFORMATION, *m_information, !m_information->IsShown()); });
+    bindCommand(*this, FOLLOW_FILES, [this] { setFollowing(!m_following->isActive()); });
+    bindCommand(*this, KEYS, [this] { showKeysMessage(this); });
+    bindCommand(*this, ABOUT, [this] { tellAbout(); });
     Bind(wxEVT_COLLAPSIBLEPANE_CHANGED, [this](wxCollapsiblePaneEvent&) { makeRoom(); });
     Bind(wxEVT_CLOSE_WINDOW, &ViewerFrame::onClose, this);
     Bind(wxEVT_CHAR_HOOK, &ViewerFrame::onKey, this);
@@ -142,86 +202,77 @@ bool ViewerFrame::wasPainted() const
 
 bool ViewerFrame::openPictures(const Array<Io::Path>& files)
 {
-    PictureList pictures(files);
-    for (std::size_t tried = 0; tried < files.size(); ++tried, pictures.move(1)) {
-        if (readAndShow(*pictures.current())) {
-            m_pictures = pictures;
-            describePicture();
-            return true;
-        }
-    }
-    return false;
+    PictureOpening& opening = m_commands->opening();
+    opening.open(files);
+    opening.finish();
+    const OpenPicture* const shown = m_workspace.current();
+    return shown != nullptr && std::ranges::find(files, shown->file) != files.end();
 }
 
-bool ViewerFrame::readAndShow(const Io::Path& file)
+void ViewerFrame::beginToOpen(const Array<Io::Path>& files)
 {
-    const Expected<SharedPicture, String> picture = readPictureFile(file);
-    if (!picture)
-        return complain(picture.error());
-    showPicture(*picture, file);
-    report(openedMessage(**picture));
-    return true;
+    m_commands->opening().open(withFoldersOpened(files));
 }
 
-void ViewerFrame::savePicture(const Io::Path& file, ImageFormat format, const Wx::ImageSaveSettings& settings)
+Expected<unsigned short, String> ViewerFrame::listen(const Wx::Legacy::SocketAddress& address)
 {
-    m_saving.save({m_view->picture(), file, format, settings});
+    return m_listening->start(address);
 }
 
-void ViewerFrame::onSaved(const SaveTask& task, const Optional<String>& failure)
+bool ViewerFrame::isReading() const
 {
-    if (failure) {
-        complain(*failure);
-        return;
-    }
-    report(savedMessage(task));
-    const SharedPicture& shown = m_view->picture();
-    if (!shown || &task.picture->image() != &shown->image())
-        return;
-    m_pictures.replaceCurrent(task.file);
-    showPicture(shown->named(task.file.fileName()), task.file);
+    return m_commands->opening().isRunning();
 }
 
 bool ViewerFrame::copyPicture()
 {
-    const SharedPicture picture = m_view->picture();
-    if (!picture)
-        return complain(L"There is no picture to copy.");
-    const wxWeakRef<ViewerFrame> self(this);
-    const Optional<String> failure =
-        copyToClipboard(picture->image(), m_view->display(), Wx::toRgbBytes(m_view->GetBackgroundColour()));
-    // Events run while a clipboard manager fetches the picture, and one of them may have closed this window.
-    if (!self)
-        return !failure;
-    if (failure)
-        return complain(*failure);
-    report(L"Copied the picture, " + picture->sizeText() + L" pixels.");
-    return true;
+    return m_commands->copy();
 }
 
-void ViewerFrame::onCaptured(const ScreenCaptureCommand::Result& captured)
+void ViewerFrame::captureScreen()
 {
-    if (captured) {
-        m_pictures = {};
-        showPicture(*captured, {});
-        report(L"Captured the screen, " + (*captured)->sizeText() + L" pixels.");
-    } else {
-        complain(captured.error());
-    }
-    Show();
+    m_commands->capture();
+}
+
+void ViewerFrame::savePicture(const Io::Path& file, ImageFormat format, const Wx::ImageSaveSettings& settings)
+{
+    m_commands->save(file, format, settings);
+}
+
+void ViewerFrame::onWorkspaceChanged(Flags<Workspace::Change> changes)
+{
+    // The list comes up by itself once, when there is something to choose from.
+    const bool isSeveral = m_workspace.pictures().size() > 1;
+    if (isSeveral && !std::exchange(m_hadSeveral, true))
+        showPanel(SHOW_PICTURES, *m_list, true);
+    if (changes == Workspace::Change::LIST)
+        describePicture();
+}
+
+void ViewerFrame::showPanel(Command command, wxWindow& panel, bool show)
+{
+    m_states->check(command, show);
+    if (show == panel.IsShown())
+        return;
+    // A panel beside the picture takes no room from it.
+    const bool isBeside = panel.GetContainingSizer() == m_list->GetContainingSizer();
+    const int more = isBeside ? panel.GetBestSize().x + Wx::scaleByDpi(MARGIN) : 0;
+    panel.Show(show);
+    widen(*this, show ? more : -more);
+    makeRoom();
+    if (!show)
+        m_view->SetFocus();
+}
+
+void ViewerFrame::setFollowing(bool active)
+{
+    m_following->setActive(active);
+    m_states->check(FOLLOW_FILES, active);
 }
 
 void ViewerFrame::showLog(bool show)
 {
-    GetMenuBar()->Check(Command::SHOW_LOG, show);
-    m_toolBar->setLogShown(show);
-    m_options->setLogShown(show);
-    if (show == isLogShown())
-        return;
-    m_log->Show(show);
-    makeRoom();
-    if (!show)
-        m_view->SetFocus();
+    showPanel(SHOW_LOG, *m_log, show);
 }
 
 // The view stays visible when the options unfold or the log appears.
@@ -238,8 +289,7 @@ bool ViewerFrame::isLogShown() const
 void ViewerFrame::setTooltips(bool wanted)
 {
     m_tooltips = wanted;
-    GetMenuBar()->Check(Command::SHOW_TOOLTIPS, wanted);
-    m_options->setTooltips(wanted);
+    m_states->check(SHOW_TOOLTIPS, wanted);
     m_toolBar->setTooltips(wanted);
     // The tooltip would cover what the probe shows.
     m_view->setTooltip(wanted && !hasPixelProbe() ? m_description : String());
@@ -249,16 +299,14 @@ void ViewerFrame::setTooltips(bool wanted)
 void ViewerFrame::setLightSurround(bool light)
 {
     m_lightSurround = light;
-    GetMenuBar()->Check(Command::LIGHT_SURROUND, light);
-    m_options->setLightSurround(light);
+    m_states->check(LIGHT_SURROUND, light);
     m_view->setSurround(light ? LIGHT_SURROUND_COLOUR : m_options->surround());
 }
 
 void ViewerFrame::setPixelProbe(bool active)
 {
     m_probe->setActive(active);
-    GetMenuBar()->Check(Command::PIXEL_PROBE, active);
-    m_options->setPixelProbe(active);
+    m_states->check(PIXEL_PROBE, active);
     setTooltips(m_tooltips);
 }
 
@@ -272,13 +320,6 @@ void ViewerFrame::tellAbout()
     showAboutMessage(this);
 }
 
-void ViewerFrame::showPicture(const SharedPicture& picture, const Io::Path& file)
-{
-    m_view->setPicture(picture);
-    m_saving.setPicture(picture, file);
-    describePicture();
-}
-
 void ViewerFrame::describePicture()
 {
     if (const SharedPicture& picture = m_view->picture()) {
@@ -288,11 +329,23 @@ void ViewerFrame::describePicture()
         SetTitle(L"Viewer");
         m_description = L"There is no picture yet.";
     }
-    GetMenuBar()->Enable(Command::SAVE_AS, m_view->picture() != nullptr);
-    for (const Command command : {Command::NEXT_PICTURE, Command::PREVIOUS_PICTURE})
-        GetMenuBar()->Enable(command, m_pictures.count() > 1);
+    for (const Command command : {SAVE_AS, RELOAD, CLOSE_PICTURE, SET_REFERENCE})
+        m_states->enable(command, m_view->picture() != nullptr);
+    for (const Command command : {NEXT_PICTURE, PREVIOUS_PICTURE})
+        m_states->enable(command, m_workspace.neighbour(1).has_value());
+    m_layers->setPicture(m_workspace.currentPicture());
+    if (m_view->picture())
+        m_options->setChannels(m_view->picture()->channels());
+    inform();
     Wx::setAccessibleName(*m_view, m_view->picture() ? m_view->picture()->name() : String(L"No picture"));
     setTooltips(m_tooltips);
+}
+
+void ViewerFrame::inform()
+{
+    const Optional<PictureDifference>& difference = m_comparison->difference();
+    m_information->setComparison(difference ? differenceText(*difference) : String());
+    m_information->setPicture(m_view->picture(), m_view->selection());
 }
 
 void ViewerFrame::report(const String& message)
@@ -300,42 +353,10 @@ void ViewerFrame::report(const String& message)
     m_log->add(message);
 }
 
-bool ViewerFrame::complain(const String& message)
+void ViewerFrame::complain(const String& message)
 {
     report(message);
     showLog(true);
-    return false;
-}
-
-void ViewerFrame::run(int command)
-{
-    wxCommandEvent event(wxEVT_MENU, command);
-    ProcessWindowEvent(event);
-}
-
-void ViewerFrame::onOpen()
-{
-    const wxWeakRef<ViewerFrame> self(this);
-    if (!m_saving.letGo() || !self)
-        return;
-    const SharedPicture letGo = m_view->picture();
-    const Io::Path folder = m_pictures.current().value_or(Io::Path()).parentDirectory();
-    const Stack<Io::Path> files = Wx::multiFilenameOpenDlg(Wx::getWindowNativeHandle(this), L"Open pictures",
-                                                           readableFilters(), folder);
-    if (!self || files.empty())
-        return;
-    // A picture of the screen may have arrived while the dialog was open.
-    if (m_view->picture() == letGo || (m_saving.letGo() && self))
-        openPictures(Array<Io::Path>(files.begin(), files.end()));
-}
-
-void ViewerFrame::onStep(int steps)
-{
-    const wxWeakRef<ViewerFrame> self(this);
-    if (m_pictures.count() < 2 || !m_saving.letGo() || !self)
-        return;
-    m_pictures.move(steps);
-    readAndShow(*m_pictures.current());
 }
 
 void ViewerFrame::onCopy()
@@ -344,26 +365,19 @@ void ViewerFrame::onCopy()
     if (m_log->hasTextToCopy())
         m_log->copyText();
     else
-        copyPicture();
-}
-
-void ViewerFrame::onCapture()
-{
-    const wxWeakRef<ViewerFrame> self(this);
-    if (m_capture.isRunning())
-        complain(L"The desktop is still being asked for a picture of the screen.");
-    else if (m_saving.letGo() && self)
-        m_capture.startSoon();
+        m_commands->copy();
 }
 
 void ViewerFrame::onClose(wxCloseEvent& event)
 {
     const wxWeakRef<ViewerFrame> self(this);
-    const bool mayClose = !event.CanVeto() || m_saving.letGo();
+    const bool mayClose = !event.CanVeto() || m_commands->letGoOfAll();
     if (!mayClose) {
         event.Veto();
     } else if (self) {
-        m_capture.cancel();
+        m_commands->stop();
+        m_listening->stop();
+        m_settings->remember(*this);
         Destroy();
     }
 }
@@ -378,7 +392,7 @@ void ViewerFrame::onKey(wxKeyEvent& event)
     if (command == wxID_NONE)
         event.Skip();
     else
-        run(command);
+        runCommand(*this, command);
 }
 
 void ViewerFrame::onMenuOpened(wxMenuEvent& event)

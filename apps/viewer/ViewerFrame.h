@@ -2,24 +2,38 @@
 #pragma once
 
 #include "NolvexLib/Array.h"
+#include "NolvexLib/Expected.h"
 #include "NolvexLib/ImageFormat.h"
 #include "NolvexLib/Io/Path.h"
 #include "NolvexLib/String.h"
+#include "NolvexLibWx/net/SocketAddress.h"
 #include "NolvexLibWx/widgets/ImageSaveSettings.h"
+#include "apps/viewer/Command.h"
 #include "apps/viewer/Picture.h"
-#include "apps/viewer/PictureList.h"
-#include "apps/viewer/PictureSaving.h"
 #include "apps/viewer/ScreenCaptureCommand.h"
+#include "apps/viewer/Workspace.h"
 
 #include <wx/frame.h>
 
 #include <memory>
 
+class WXDLLIMPEXP_FWD_BASE wxConfigBase;
+
 namespace Nolvex::Viewer {
 
+class CommandStates;
+class ComparisonTool;
+class FileFollowing;
 class ImageView;
+class InformationPanel;
+class LayerBar;
 class LogPanel;
+class PictureCommands;
+class PictureListening;
+class PicturesPanel;
 class ProbeTool;
+class RecentMenu;
+class Settings;
 class ToolBar;
 class ViewOptions;
 
@@ -28,34 +42,49 @@ class ViewOptions;
 /// writes the reason to the log, shows it, and leaves the picture as it is. Ctrl+W, Ctrl+Q and Escape close
 /// the window; Escape in an open menu closes the menu only.
 ///
-/// A picture without a file, such as a picture of the screen, is not given up before the user has been asked
-/// whether to save it.
+/// Pictures without a file, such as pictures of the screen, are not closed before the user has been asked
+/// whether to save them.
 class ViewerFrame : public wxFrame
 {
 public:
-    /// `files` are the files that were opened together, the first of which holds the picture. Without files
-    /// the picture counts as unsaved. `ask` asks for pictures of the screen.
-    explicit ViewerFrame(const SharedPicture& picture, Array<Io::Path> files = {},
-                         AskForScreen ask = Wx::requestScreenRegion);
+    /// `file` is the file of the picture. Without a file the picture counts as unsaved. `ask` asks for
+    /// pictures of the screen. The window remembers in `settings`, which may be null, what the user would
+    /// have to do again.
+    explicit ViewerFrame(const SharedPicture& picture, const Io::Path& file = {},
+                         AskForScreen ask = Wx::requestScreenRegion,
+                         std::shared_ptr<wxConfigBase> settings = nullptr);
     ~ViewerFrame() override;
 
     /// True once the picture has been painted on the screen.
     bool wasPainted() const;
 
+    Workspace& workspace() { return m_workspace; }
+
     // Each of these commands returns whether it succeeded, and writes the outcome to the log.
 
     bool openPicture(const Io::Path& file) { return openPictures({file}); }
 
-    /// Shows the first of the files that can be read, and lets the user go through all of them.
+    /// Adds the files to the open pictures, shows the first of those that can be read, and waits until it has
+    /// been read.
     bool openPictures(const Array<Io::Path>& files);
+
+    /// Does the same and waits for nothing: the window can be used meanwhile.
+    void beginToOpen(const Array<Io::Path>& files);
+
+    /// Begins to show the pictures that other programs send to the address. Returns the port, or a sentence
+    /// that says why there are none.
+    Expected<unsigned short, String> listen(const Wx::Legacy::SocketAddress& address);
+
+    /// True while a picture is being read.
+    bool isReading() const;
 
     /// Puts the picture on the clipboard, as it is shown. On GTK events are processed meanwhile, so that the
     /// window may have been closed and destroyed when this returns.
     bool copyPicture();
 
-    /// Begins to replace the picture by a picture of all displays, this window included. The desktop may ask
-    /// the user first. When the answer is there, the window is shown if it was hidden.
-    void captureScreen() { m_capture.start(); }
+    /// Begins to take a picture of all displays, this window included. The desktop may ask the user first.
+    /// When the answer is there, the window is shown if it was hidden.
+    void captureScreen();
 
     void showLog(bool show);
 
@@ -80,44 +109,54 @@ public:
     /// Saves the shown picture. Returns at once; the outcome is written to the log when the file is written.
     void savePicture(const Io::Path& file, ImageFormat format, const Wx::ImageSaveSettings& settings);
 
+    /// Writes to the log why something was not done, and shows the log.
+    void complain(const String& message);
+
     /// Tells the name and version of this program in a message.
     void tellAbout();
 
 private:
     wxWindow* makeToolBar(wxWindow* parent);
     wxWindow* makeOptions(wxWindow* parent);
-    wxWindow* makeView(wxWindow* parent, const SharedPicture& picture);
+    wxWindow* makeView(wxWindow* parent);
+    wxWindow* makeLayers(wxWindow* parent);
+    wxSizer* makeMiddle(wxWindow* parent, wxWindow* view);
+    void makeCommands(AskForScreen ask);
     void bindCommands();
+    void onWorkspaceChanged(Flags<Workspace::Change> changes);
 
-    bool readAndShow(const Io::Path& file);
-    void showPicture(const SharedPicture& picture, const Io::Path& file);
-    void onSaved(const SaveTask& task, const Optional<String>& failure);
+    void showPanel(Command command, wxWindow& panel, bool show);
+    void setFollowing(bool active);
     void describePicture();
+    void inform();
     void report(const String& message);
-    bool complain(const String& message);
 
     void makeRoom();
-    void run(int command);
-    void onOpen();
-    void onStep(int steps);
     void onCopy();
     void onClose(wxCloseEvent& event);
-    void onCapture();
-    void onCaptured(const ScreenCaptureCommand::Result& captured);
     void onKey(wxKeyEvent& event);
     void onMenuOpened(wxMenuEvent& event);
     void onMenuClosed(wxMenuEvent& event);
 
+    Workspace m_workspace;
     ToolBar* m_toolBar = nullptr;
     ViewOptions* m_options = nullptr;
     ImageView* m_view = nullptr;
     LogPanel* m_log = nullptr;
+    LayerBar* m_layers = nullptr;
+    PicturesPanel* m_list = nullptr;
+    InformationPanel* m_information = nullptr;
+    std::unique_ptr<CommandStates> m_states;
+    std::unique_ptr<PictureCommands> m_commands;
     std::unique_ptr<ProbeTool> m_probe;
-    PictureSaving m_saving;
-    PictureList m_pictures;
+    std::unique_ptr<ComparisonTool> m_comparison;
+    std::unique_ptr<FileFollowing> m_following;
+    std::unique_ptr<PictureListening> m_listening;
+    std::unique_ptr<Settings> m_settings;
+    std::unique_ptr<RecentMenu> m_recent;
     String m_description;
-    ScreenCaptureCommand m_capture;
     int m_openMenus = 0;
+    bool m_hadSeveral = false;
     bool m_tooltips = true;
     bool m_lightSurround = false;
 };

@@ -8,6 +8,8 @@
 #include <wx/sizer.h>
 #include <wx/toplevel.h>
 
+#include <algorithm>
+
 namespace Nolvex::Viewer {
 
 namespace {
@@ -36,6 +38,25 @@ void makeRoomFor(wxWindow& panel, wxTopLevelWindow& window)
     if (size != window.GetClientSize())
         window.SetClientSize(size);
     panel.Layout();
+}
+
+void widen(wxTopLevelWindow& window, int pixels)
+{
+    if (pixels == 0 || window.IsMaximized() || window.IsFullScreen())
+        return;
+    const int display = wxDisplay::GetFromWindow(&window);
+    const wxRect screen =
+        wxDisplay(display == wxNOT_FOUND ? 0u : static_cast<unsigned>(display)).GetClientArea();
+    wxRect place = window.GetRect();
+    const int widest = std::max(place.width, screen.width);
+    place.width = std::clamp(place.width + pixels, window.GetMinSize().x, widest);
+    if (place.GetRight() > screen.GetRight())
+        place.x = std::max(screen.x, screen.GetRight() + 1 - place.width);
+    // A window that has never been shown has no place yet.
+    if (window.IsShown())
+        window.SetSize(place);
+    else
+        window.SetClientSize(window.GetClientSize() + wxSize(place.width - window.GetSize().x, 0));
 }
 
 } // namespace Nolvex::Viewer

@@ -21,4 +21,8 @@ wxSize clientSizeFor(const wxSize& picture, int heightAbove);
 /// and lays the panel out.
 void makeRoomFor(wxWindow& panel, wxTopLevelWindow& window);
 
+/// Makes the window wider, or narrower by a negative number, as far as the screen allows. A maximised window
+/// stays as it is.
+void widen(wxTopLevelWindow& window, int pixels);
+
 } // namespace Nolvex::Viewer

@@ -13,13 +13,18 @@
 #include "apps/program/platform/UserLanguage.h"
 #include "apps/viewer/CommandLine.h"
 #include "apps/viewer/ImageFile.h"
+#include "apps/viewer/PictureListening.h"
+#include "apps/viewer/Settings.h"
 #include "apps/viewer/ViewerFrame.h"
 
 #include <wx/app.h>
+#include <wx/config.h>
 
+#include <cstddef>
 #include <cstdio>
 #include <new>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -73,21 +78,73 @@ int capture()
     return LibWx::runEventLoop();
 }
 
+// The pictures that the program begins with.
+struct Beginning
+{
+    Array<Io::Path> files;
+    /// The first of the files that could be read, or null.
+    Viewer::SharedPicture picture;
+    Io::Path file;
+    /// Why the files before it could not be read.
+    Array<String> failures;
+};
+
+Beginning readFirstPicture(Array<Io::Path> files)
+{
+    Beginning beginning{std::move(files), nullptr, {}, {}};
+    for (const Io::Path& file : beginning.files) {
+        const Expected<Viewer::SharedPicture, String> picture = Viewer::readPictureFile(file);
+        if (picture) {
+            beginning.picture = *picture;
+            beginning.file = file;
+            break;
+        }
+        beginning.failures.push_back(picture.error());
+    }
+    return beginning;
+}
+
+Viewer::ViewerFrame* makeFrame(const Viewer::CommandLine& line, const Beginning& beginning)
+{
+    // A window that only writes a picture of itself has nothing to remember.
+    auto settings = line.screenshot.isEmpty() ? Viewer::Settings::ofUser() : nullptr;
+    auto* frame = new Viewer::ViewerFrame(beginning.picture, beginning.file, Wx::requestScreenRegion,
+                                          std::move(settings));
+    Program::useIconInDialogs(*frame);
+    for (const String& failure : beginning.failures)
+        frame->complain(failure);
+    // The others are read when they are to be shown.
+    const auto others = beginning.files.begin() + static_cast<std::ptrdiff_t>(beginning.failures.size());
+    frame->workspace().addFiles(Array<Io::Path>(others, beginning.files.end()));
+    return frame;
+}
+
 int show(const Viewer::CommandLine& line)
 {
     if (line.capture)
         return capture();
-    const Io::Path file = line.picture.isEmpty() ? samplePicture() : line.picture;
-    const Expected<Viewer::SharedPicture, String> picture = Viewer::readPictureFile(file);
-    if (!picture)
-        return fail(picture.error());
-
-    auto* frame = new Viewer::ViewerFrame(*picture, {file});
-    Program::useIconInDialogs(*frame);
+    const bool isListening = !line.listen.isEmpty();
+    Array<Io::Path> files = Viewer::withFoldersOpened(line.pictures);
+    if (line.pictures.empty() && !isListening)
+        files.push_back(samplePicture());
+    const Beginning beginning = readFirstPicture(std::move(files));
+    if (!beginning.picture && !isListening)
+        return fail(beginning.failures.empty() ? String(L"There are no pictures in the folder.")
+                                               : beginning.failures.front());
+    Viewer::ViewerFrame* const frame = makeFrame(line, beginning);
+    if (isListening) {
+        const auto address = Viewer::parseListeningAddress(line.listen);
+        const auto port = address ? frame->listen(*address) : Unexpected{address.error()};
+        if (!port) {
+            frame->Destroy();
+            return fail(port.error());
+        }
+        // Programs that start the viewer with port 0 read the port here.
+        std::printf("listening at port %d\n", *port);
+        std::fflush(stdout);
+    }
     frame->Show();
-    if (line.screenshot.isEmpty())
-        return LibWx::runEventLoop();
-    return takeScreenshot(*frame, line.screenshot);
+    return line.screenshot.isEmpty() ? LibWx::runEventLoop() : takeScreenshot(*frame, line.screenshot);
 }
 
 } // namespace

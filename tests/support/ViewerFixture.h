@@ -3,7 +3,7 @@
 
 #include "NolvexLib/Io/Path.h"
 #include "NolvexLibWx/widgets/TextCtrl.h"
-#include "apps/viewer/ImageView.h"
+#include "apps/viewer/view/ImageView.h"
 #include "apps/viewer/Picture.h"
 #include "apps/viewer/ViewerFrame.h"
 #include "support/Events.h"
@@ -63,7 +63,7 @@ struct ViewerFixture : testing::Test
     void make(const Viewer::SharedPicture& picture)
     {
         // With a file the picture counts as saved, so that closing the window asks nothing.
-        frame = new Viewer::ViewerFrame(picture, {Io::Path(L"test")});
+        frame = new Viewer::ViewerFrame(picture, picture ? Io::Path(L"test") : Io::Path());
         view = findIn<Viewer::ImageView>(frame);
         log = findIn<Wx::TextCtrl>(frame);
     }
@@ -75,6 +75,7 @@ struct ViewerFixture : testing::Test
         wxCommandEvent event(wxEVT_MENU, id);
         frame->GetEventHandler()->ProcessEvent(event);
         pumpEvents(100);
+        pumpUntil([this] { return !frame->isReading(); });
     }
 
     void focus(wxWindow* window) const
@@ -90,8 +91,8 @@ struct ViewerFixture : testing::Test
     RgbBytes shownAtTheCorner() const
     {
         pumpEvents(100);
-        const wxSize room = view->GetClientSize() - view->bitmap().GetSize();
-        return pixelAt(captureClientArea(view), room.x / 2, room.y / 2);
+        const wxPoint corner = view->pictureArea().GetTopLeft();
+        return pixelAt(captureClientArea(view), corner.x, corner.y);
     }
 
     /// Moves the mouse away, shows the window and waits until it is painted and, if a window manager

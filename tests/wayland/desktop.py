@@ -7,6 +7,7 @@ import dataclasses
 import json
 import os
 import subprocess
+import tempfile
 import time
 
 import gi
@@ -235,8 +236,11 @@ class Program:
         self.name = name
         self.shell = {"x11": "xwayland", "wayland": "xdg_shell"}[backend]
         self.log = open(f"{name}-{backend}.log", "w+b")
+        # A program that remembers its window would open it where the program before left it.
+        self.settings = tempfile.TemporaryDirectory()
         self.process = subprocess.Popen([f"bin/{name}", *arguments], stdout=self.log, stderr=subprocess.STDOUT,
-                                        env={**os.environ, "GDK_BACKEND": backend})
+                                        env={**os.environ, "GDK_BACKEND": backend,
+                                             "XDG_CONFIG_HOME": self.settings.name})
 
     def windows(self):
         return [window for window in self.desktop.windows() if window.process == self.process.pid]

@@ -15,7 +15,8 @@ export CCACHE_COMPILERCHECK=content
 export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
 
 BUILD_PACKAGES=(build-essential cmake ninja-build ccache pkg-config git
-  libwxgtk3.2-dev libgtk-3-dev libutfcpp-dev zlib1g-dev libpng-dev libtiff-dev)
+  libwxgtk3.2-dev libgtk-3-dev libutfcpp-dev zlib1g-dev libpng-dev libtiff-dev
+  libopenexr-dev libimath-dev libwebp-dev libstb-dev)
 TEST_PACKAGES=(libgtest-dev libgmock-dev libbenchmark-dev libpugixml-dev libxtst-dev libwayland-dev
   libxkbcommon-dev locales)
 DISPLAY_PACKAGES=(xvfb xauth openbox xclip x11-xserver-utils fonts-dejavu-core)

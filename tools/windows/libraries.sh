@@ -52,6 +52,11 @@ build_small_libraries() {
     build tiff "$WORK/source/tiff" -DBUILD_SHARED_LIBS=OFF \
         -Dtiff-tools=OFF -Dtiff-tests=OFF -Dtiff-docs=OFF -Dtiff-contrib=OFF \
         -Djbig=OFF -Dlzma=OFF -Dzstd=OFF -Dwebp=OFF -Dlerc=OFF -Dlibdeflate=OFF
+    build libwebp "$WORK/source/libwebp" -DBUILD_SHARED_LIBS=OFF \
+        -DWEBP_BUILD_{ANIM_UTILS,CWEBP,DWEBP,GIF2WEBP,IMG2WEBP,VWEBP,WEBPINFO,LIBWEBPMUX,WEBPMUX,EXTRAS}=OFF
+    build imath "$WORK/source/imath" -DBUILD_SHARED_LIBS=OFF -DBUILD_TESTING=OFF
+    build openexr "$WORK/source/openexr" -DBUILD_SHARED_LIBS=OFF -DBUILD_TESTING=OFF \
+        -DOPENEXR_{BUILD_TOOLS,INSTALL_TOOLS,INSTALL_EXAMPLES}=OFF
     build pugixml "$WORK/source/pugixml" -DBUILD_SHARED_LIBS=OFF
     build googletest /usr/src/googletest -DBUILD_SHARED_LIBS=OFF
     build benchmark "$WORK/source/benchmark" -DBUILD_SHARED_LIBS=OFF -DBENCHMARK_ENABLE_WERROR=OFF \
@@ -116,6 +121,12 @@ endif()
 CMAKE
 }
 
+# The header of stb that decodes images, where Debian's package has it, too.
+install_stb() {
+    mkdir -p -- "$STAGE/include/stb"
+    cp -- /usr/include/stb/stb_image.h "$STAGE/include/stb/"
+}
+
 # The DLLs of the compiler and zlib's, so that one place has all that a program needs.
 install_runtime() {
     local name path
@@ -143,10 +154,11 @@ forget_stage() {
 check_libraries() {
     local file setting
     for file in \
-        lib/lib{png16,jpeg,tiff,pugixml,gtest,gtest_main,gmock,gmock_main,benchmark,benchmark_main}.a \
+        lib/lib{png16,jpeg,tiff,webp,webpdemux,pugixml,gtest,gtest_main,gmock,gmock_main,benchmark,benchmark_main}.a \
         lib/cmake/{wxWidgets/wxWidgets,GTest/GTest,benchmark/benchmark,utf8cpp/utf8cpp}Config.cmake \
+        lib/cmake/{Imath/Imath,OpenEXR/OpenEXR}Config.cmake include/webp/{decode,demux}.h \
         lib/cmake/pugixml/pugixml-config.cmake \
-        include/{wx/wx.h,pugixml.hpp,gtest/gtest.h,gmock/gmock.h,benchmark/benchmark.h,utf8cpp/utf8.h}; do
+        include/{wx/wx.h,pugixml.hpp,gtest/gtest.h,gmock/gmock.h,benchmark/benchmark.h,utf8cpp/utf8.h,stb/stb_image.h}; do
         [[ -s $STAGE/$file ]] || die "the build left no $file"
     done
     print_runtime_dlls "$STAGE" >/dev/null
@@ -163,6 +175,7 @@ build_libraries() {
     # Programs and manuals that come with the libraries are of no use here.
     rm -rf -- "${STAGE:?}"/{bin,share}
     install_utfcpp
+    install_stb
     install_runtime
     forget_stage
     complete_wxwidgets_package

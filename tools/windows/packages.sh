@@ -5,15 +5,16 @@
 # shellcheck source=/dev/null
 source "$HERE/../package-lock.sh"
 
-# Those whose contents end up in the prefix, so that their versions are part of its name. zlib,
-# GoogleTest and utfcpp need no source package: zlib is there for MinGW, GoogleTest is packaged as
-# source and utfcpp is nothing but headers.
+# The contents of these packages end up in the prefix, so that their versions are part of its name.
+# zlib, GoogleTest, utfcpp and stb need no source package: zlib is there for MinGW, GoogleTest is
+# packaged as source, and utfcpp and stb consist of headers.
 readonly BUILD_PACKAGES=(
     g++-mingw-w64-x86-64-posix
     mingw-w64-x86-64-dev
     libz-mingw-w64-dev
     googletest
     libutfcpp-dev
+    libstb-dev
 )
 readonly TOOL_PACKAGES=(
     mingw-w64-tools

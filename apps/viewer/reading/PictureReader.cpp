@@ -1,48 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/reading/PictureReader.h"
 
-#include "apps/viewer/reading/PngReader.h"
-#include "apps/viewer/reading/PortableFloatMapReader.h"
-#include "apps/viewer/reading/TiffReader.h"
-#include "apps/viewer/reading/WxImageReader.h"
-
-#include <algorithm>
-#include <array>
-
 namespace Nolvex::Viewer {
 
-namespace {
-
-// The order counts: the first reader that knows a file reads it.
-const auto& readers()
+Expected<Array<PictureLayer>, String> PictureReader::layers(ArrayView<const std::byte> /*file*/) const
 {
-    static const PortableFloatMapReader PORTABLE_FLOAT_MAP;
-    static const PngReader PNG;
-    static const TiffReader TIFF;
-    static const WxImageReader ALL_OTHERS;
-    static const std::array<const PictureReader*, 4> READERS{&PORTABLE_FLOAT_MAP, &PNG, &TIFF, &ALL_OTHERS};
-    return READERS;
-}
-
-} // namespace
-
-const PictureReader& readerFor(ArrayView<const std::byte> file)
-{
-    const auto found = std::find_if(readers().begin(), readers().end(),
-                                    [file](const PictureReader* reader) { return reader->knows(file); });
-    return found == readers().end() ? *readers().back() : **found;
-}
-
-Array<String> readableExtensions()
-{
-    Array<String> all;
-    for (const PictureReader* reader : readers()) {
-        for (const String& extension : reader->extensions()) {
-            if (std::find(all.begin(), all.end(), extension) == all.end())
-                all.push_back(extension);
-        }
-    }
-    return all;
+    return Array<PictureLayer>(1);
 }
 
 } // namespace Nolvex::Viewer

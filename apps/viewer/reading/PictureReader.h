@@ -4,9 +4,9 @@
 #include "NolvexLib/Array.h"
 #include "NolvexLib/ArrayView.h"
 #include "NolvexLib/Expected.h"
-#include "NolvexLib/Function.h"
 #include "NolvexLib/String.h"
-#include "NolvexLibImage/Image.h"
+#include "apps/viewer/Progress.h"
+#include "apps/viewer/reading/ReadImage.h"
 
 #include <cstddef>
 
@@ -16,17 +16,8 @@ namespace Nolvex::Viewer {
 inline constexpr float LINEAR_GAMMA = 2.2f;
 inline constexpr float DISPLAY_GAMMA = 1.0f;
 
-/// Called from time to time while a picture is read, with the share that is done, from 0 to 1. Returns false
-/// to stop the reading.
-using ReadingProgress = Function<bool(float)>;
-
-/// An image as a file holds it.
-struct ReadImage
-{
-    Image image;
-    /// What the file holds besides and the viewer does not show, each as a sentence.
-    Array<String> omissions;
-};
+/// Told while a picture is read.
+using ReadingProgress = Progress;
 
 /// Reads the pictures of one family of file formats. A reader has no state, and its functions may be called
 /// on any thread.
@@ -44,15 +35,13 @@ public:
     /// Returns whether a file with this content is for this reader. Looks at the header alone.
     virtual bool knows(ArrayView<const std::byte> file) const = 0;
 
-    virtual Expected<ReadImage, String> read(ArrayView<const std::byte> file,
+    /// Returns what the file holds, the main layer first. A reader of files that hold one image only need not
+    /// implement this function, which then returns one layer without names.
+    virtual Expected<Array<PictureLayer>, String> layers(ArrayView<const std::byte> file) const;
+
+    /// Reads a layer by its place in layers().
+    virtual Expected<ReadImage, String> read(ArrayView<const std::byte> file, std::size_t layer,
                                              const ReadingProgress& progress) const = 0;
 };
-
-/// Returns the reader for a file with this content. The last reader takes every file that no other reader
-/// knows, so that there always is one.
-const PictureReader& readerFor(ArrayView<const std::byte> file);
-
-/// Returns the usual extensions of the files that can be read, without the dot.
-Array<String> readableExtensions();
 
 } // namespace Nolvex::Viewer

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/reading/PngReader.h"
 
+#include "apps/viewer/reading/NumberText.h"
 #include "apps/viewer/reading/ReadOutcome.h"
 
 #include <png.h>
@@ -10,6 +11,7 @@
 #include <csetjmp>
 #include <cstdint>
 #include <cstring>
+#include <string>
 #include <utility>
 
 namespace Nolvex::Viewer {
@@ -114,6 +116,20 @@ public:
         return isSound && std::abs(gamma - 1.0) > GAMMA_TOLERANCE ? static_cast<float>(gamma) : DISPLAY_GAMMA;
     }
 
+    /// Returns the texts of the file. Those after the pixels are there once the rows have been read.
+    Array<MetadataEntry> metadata() const
+    {
+        Array<MetadataEntry> entries;
+        png_textp texts = nullptr;
+        const int count = png_get_text(m_png, m_info, &texts, nullptr);
+        for (int i = 0; i < count; ++i)
+            entries.push_back({latin1(texts[i].key), valueOf(texts[i])});
+        double encoding = 0.0;
+        if (png_get_gAMA(m_png, m_info, &encoding) != 0)
+            entries.push_back({L"gamma", String::fromUtf8(numberText(encoding))});
+        return entries;
+    }
+
     ReadOutcome readRows(Image& image, const ReadingProgress& progress)
     {
         if (setjmp(png_jmpbuf(m_png)) != 0) // NOLINT(cert-err52-cpp): libpng's way
@@ -126,11 +142,27 @@ public:
                 png_read_row(m_png, reinterpret_cast<png_bytep>(image.row(rows - 1 - y).data()), nullptr);
             }
         }
-        png_read_end(m_png, nullptr);
+        png_read_end(m_png, m_info);
         return ReadOutcome::DONE;
     }
 
 private:
+    static String latin1(const char* text)
+    {
+        std::wstring wide;
+        for (; *text != '\0'; ++text)
+            wide += static_cast<wchar_t>(static_cast<unsigned char>(*text));
+        return wide;
+    }
+
+    static String valueOf(const png_text& entry)
+    {
+        if (entry.text == nullptr)
+            return {};
+        const bool isUtf8 = entry.compression >= PNG_ITXT_COMPRESSION_NONE;
+        return isUtf8 ? String::fromUtf8(entry.text) : latin1(entry.text);
+    }
+
     // Asks libpng for 8 or 16 bits for each of 1, 3 or 4 channels.
     void chooseFormat()
     {
@@ -171,7 +203,7 @@ bool PngReader::knows(ArrayView<const std::byte> file) const
            png_sig_cmp(reinterpret_cast<png_const_bytep>(file.data()), 0, SIGNATURE_BYTES) == 0;
 }
 
-Expected<ReadImage, String> PngReader::read(ArrayView<const std::byte> file,
+Expected<ReadImage, String> PngReader::read(ArrayView<const std::byte> file, std::size_t /*layer*/,
                                             const ReadingProgress& progress) const
 {
     PngFile png(file);
@@ -183,7 +215,7 @@ Expected<ReadImage, String> PngReader::read(ArrayView<const std::byte> file,
     const ReadOutcome outcome = png.readRows(*image, progress);
     if (outcome != ReadOutcome::DONE)
         return readFailure(outcome);
-    return ReadImage{std::move(*image), {}};
+    return ReadImage{.image = std::move(*image), .metadata = png.metadata()};
 }
 
 } // namespace Nolvex::Viewer

@@ -12,7 +12,7 @@ class PngReader : public PictureReader
 public:
     Array<String> extensions() const override;
     bool knows(ArrayView<const std::byte> file) const override;
-    Expected<ReadImage, String> read(ArrayView<const std::byte> file,
+    Expected<ReadImage, String> read(ArrayView<const std::byte> file, std::size_t layer,
                                      const ReadingProgress& progress) const override;
 };
 

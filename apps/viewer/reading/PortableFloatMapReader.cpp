@@ -79,6 +79,7 @@ bool PortableFloatMapReader::knows(ArrayView<const std::byte> file) const
 }
 
 Expected<ReadImage, String> PortableFloatMapReader::read(ArrayView<const std::byte> file,
+                                                         std::size_t /*layer*/,
                                                          const ReadingProgress& /*progress*/) const
 {
     const Optional<Header> header = knows(file) ? readHeader(file) : Optional<Header>();

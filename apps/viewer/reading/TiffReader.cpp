@@ -2,11 +2,13 @@
 #include "apps/viewer/reading/TiffReader.h"
 
 #include "NolvexLib/Optional.h"
+#include "apps/viewer/reading/NumberText.h"
 #include "apps/viewer/reading/ReadOutcome.h"
 #include "apps/viewer/reading/TiffFile.h"
 #include "apps/viewer/reading/TiffSamples.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <cstring>
 #include <string>
@@ -169,6 +171,36 @@ Array<String> omissionsOf(const TiffFile& file, const TiffLayout& layout)
     return omissions;
 }
 
+// Some files name one resolution and have 0 for the other, and a denominator of 0 makes no number.
+void addResolution(const TiffFile& file, std::uint32_t tag, const wchar_t* name,
+                   Array<MetadataEntry>& entries)
+{
+    float value = 0.0f;
+    if (TIFFGetField(file.handle(), tag, &value) != 0 && std::isfinite(value) && value > 0.0f)
+        entries.push_back({name, String::fromUtf8(numberText(value))});
+}
+
+Array<MetadataEntry> metadataOf(const TiffFile& file)
+{
+    static constexpr std::pair<std::uint32_t, const wchar_t*> TEXTS[] = {
+        {TIFFTAG_IMAGEDESCRIPTION, L"description"},
+        {TIFFTAG_DOCUMENTNAME, L"document"},
+        {TIFFTAG_SOFTWARE, L"software"},
+        {TIFFTAG_ARTIST, L"artist"},
+        {TIFFTAG_COPYRIGHT, L"copyright"},
+        {TIFFTAG_DATETIME, L"date"},
+        {TIFFTAG_HOSTCOMPUTER, L"computer"}};
+    Array<MetadataEntry> entries;
+    for (const auto& [tag, name] : TEXTS) {
+        const char* text = nullptr;
+        if (TIFFGetField(file.handle(), tag, &text) != 0 && text != nullptr)
+            entries.push_back({name, String::fromUtf8(text)});
+    }
+    addResolution(file, TIFFTAG_XRESOLUTION, L"horizontal resolution", entries);
+    addResolution(file, TIFFTAG_YRESOLUTION, L"vertical resolution", entries);
+    return entries;
+}
+
 } // namespace
 
 Array<String> TiffReader::extensions() const
@@ -184,7 +216,7 @@ bool TiffReader::knows(ArrayView<const std::byte> file) const
     return tiff.handle() != nullptr && isReadable(tiff, layoutOf(tiff));
 }
 
-Expected<ReadImage, String> TiffReader::read(ArrayView<const std::byte> file,
+Expected<ReadImage, String> TiffReader::read(ArrayView<const std::byte> file, std::size_t /*layer*/,
                                              const ReadingProgress& progress) const
 {
     const TiffFile tiff(file);
@@ -203,7 +235,8 @@ Expected<ReadImage, String> TiffReader::read(ArrayView<const std::byte> file,
     const ReadOutcome outcome = readBlocks(blocks, layout, *image, progress);
     if (outcome != ReadOutcome::DONE)
         return readFailure(outcome);
-    return ReadImage{std::move(*image), omissionsOf(tiff, layout)};
+    return ReadImage{
+        .image = std::move(*image), .omissions = omissionsOf(tiff, layout), .metadata = metadataOf(tiff)};
 }
 
 } // namespace Nolvex::Viewer

@@ -16,7 +16,7 @@ namespace Nolvex::Viewer {
 namespace {
 
 Optional<String> encode(std::iostream& stream, const Image& image, ImageFormat format,
-                        const Wx::ImageSaveSettings& settings, const WritingProgress& progress)
+                        const Wx::ImageSaveSettings& settings, const Progress& progress)
 {
     const bool alpha = settings.includeAlpha && writesAlpha(format);
     switch (format) {
@@ -77,10 +77,10 @@ bool writesAlpha(ImageFormat format)
 }
 
 Optional<String> writePictureFile(const Io::Path& file, const Image& image, ImageFormat format,
-                                  const Wx::ImageSaveSettings& settings, const WritingProgress& progress)
+                                  const Wx::ImageSaveSettings& settings, const Progress& progress)
 {
     bool isStopped = false;
-    const WritingProgress watched = [&](float share) { return !(isStopped = !progress(share)); };
+    const Progress watched = [&](float share) { return !(isStopped = !progress(share)); };
     Optional<String> failure;
     try {
         Program::ReplacementFile replacement(file);

@@ -9,7 +9,7 @@
 #include "NolvexLib/String.h"
 #include "NolvexLibImage/Image.h"
 #include "NolvexLibWx/widgets/ImageSaveSettings.h"
-#include "apps/viewer/writing/WritingProgress.h"
+#include "apps/viewer/Progress.h"
 
 namespace Nolvex::Viewer {
 
@@ -33,6 +33,6 @@ bool writesAlpha(ImageFormat format);
 /// too, and the result is an empty text.
 [[nodiscard]] Optional<String> writePictureFile(const Io::Path& file, const Image& image, ImageFormat format,
                                                 const Wx::ImageSaveSettings& settings,
-                                                const WritingProgress& progress);
+                                                const Progress& progress);
 
 } // namespace Nolvex::Viewer

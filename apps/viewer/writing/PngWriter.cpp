@@ -50,7 +50,7 @@ public:
 
     // libpng reports a failure by a jump back to setjmp, past the destructors of what was made since. Nothing
     // with a destructor is made here.
-    bool write(const Image& image, RowEncoder& rows, Array<std::byte>& row, const WritingProgress& progress)
+    bool write(const Image& image, RowEncoder& rows, Array<std::byte>& row, const Progress& progress)
     {
         if (m_info == nullptr || setjmp(png_jmpbuf(m_png)) != 0) // NOLINT(cert-err52-cpp): libpng's way
             return false;
@@ -87,7 +87,7 @@ private:
 } // namespace
 
 Optional<String> writePng(std::ostream& stream, const Image& image, const Wx::ImageSaveSettings& settings,
-                          const WritingProgress& progress)
+                          const Progress& progress)
 {
     RowEncoder rows(image, settings.colorFormat, settings.includeAlpha);
     Array<std::byte> row(rows.rowBytes());

@@ -118,7 +118,7 @@ void describe(TIFF* file, const ImageDescriptor& image, const RowEncoder& rows, 
 }
 
 // Returns whether libtiff took every row.
-bool writeRows(TIFF* file, const Image& image, RowEncoder& rows, const WritingProgress& progress)
+bool writeRows(TIFF* file, const Image& image, RowEncoder& rows, const Progress& progress)
 {
     Array<std::byte> row(rows.rowBytes());
     const std::int32_t height = image.descriptor().height;
@@ -140,7 +140,7 @@ bool isFloatFormat(ColorFormat format)
 } // namespace
 
 Optional<String> writeTiff(std::iostream& stream, const Image& image, const Wx::ImageSaveSettings& settings,
-                           const WritingProgress& progress)
+                           const Progress& progress)
 {
     RowEncoder rows(image, settings.colorFormat, settings.includeAlpha);
     const std::uint64_t bytes = rows.rowBytes() * static_cast<std::uint64_t>(image.descriptor().height);

@@ -5,7 +5,7 @@
 #include "NolvexLib/String.h"
 #include "NolvexLibImage/Image.h"
 #include "NolvexLibWx/widgets/ImageSaveSettings.h"
-#include "apps/viewer/writing/WritingProgress.h"
+#include "apps/viewer/Progress.h"
 
 #include <iosfwd>
 
@@ -15,6 +15,6 @@ namespace Nolvex::Viewer {
 /// since libtiff returns to what has been written. Returns the reason for a failure, as the rest of a
 /// sentence. If the progress stops the writing, the stream holds a part of the file.
 Optional<String> writeTiff(std::iostream& stream, const Image& image, const Wx::ImageSaveSettings& settings,
-                           const WritingProgress& progress);
+                           const Progress& progress);
 
 } // namespace Nolvex::Viewer

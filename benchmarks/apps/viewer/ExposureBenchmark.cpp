@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/NolvexLibWx.h"
-#include "apps/viewer/Development.h"
 #include "apps/viewer/Picture.h"
+#include "apps/viewer/view/SceneRenderer.h"
 #include "support/PairedRatio.h"
 
 #include <wx/dcmemory.h>
@@ -48,6 +48,7 @@ Contest steppingTheExposure()
         Stage& operator=(const Stage&) = delete;
 
         Viewer::SharedPicture picture = gradient();
+        Viewer::SceneRenderer renderer;
         Viewer::DisplaySettings settings;
     };
 
@@ -58,8 +59,9 @@ Contest steppingTheExposure()
                 stage->settings.exposure =
                     stage->settings.exposure > 4.0f ? -4.0f : stage->settings.exposure + 0.05f;
                 wxMemoryDC dc(*screen);
-                const wxRect all(0, 0, WIDTH, HEIGHT);
-                dc.DrawBitmap(Viewer::developBitmap(stage->picture->image(), stage->settings, all), 0, 0);
+                const Viewer::Scene scene{
+                    .size = {WIDTH, HEIGHT}, .picture = stage->picture, .display = stage->settings};
+                stage->renderer.render(scene)->draw(dc, 1);
             }};
 }
 

@@ -26,7 +26,7 @@ TEST(ViewerCommandLineTest, nothing_asksForTheSample)
 {
     const auto line = parseCommandLine({});
     ASSERT_TRUE(line.hasValue());
-    EXPECT_TRUE(line->picture.isEmpty());
+    EXPECT_TRUE(line->pictures.empty());
     EXPECT_TRUE(line->screenshot.isEmpty());
     EXPECT_FALSE(line->help || line->version);
 }
@@ -37,7 +37,7 @@ TEST(ViewerCommandLineTest, pictureAndScreenshot_areTakenInAnyOrder)
                               arguments({L"in.png", L"--screenshot", L"out.png"})}) {
         const auto line = parseCommandLine(given);
         ASSERT_TRUE(line.hasValue());
-        EXPECT_EQ(line->picture, Io::Path(L"in.png"));
+        EXPECT_EQ(line->pictures, (Array<Io::Path>{Io::Path(L"in.png")}));
         EXPECT_EQ(line->screenshot, Io::Path(L"out.png"));
     }
 }
@@ -60,8 +60,23 @@ TEST(ViewerCommandLineTest, doubleDash_endsTheOptions)
 {
     const auto line = parseCommandLine(arguments({L"--", L"--help"}));
     ASSERT_TRUE(line.hasValue());
-    EXPECT_EQ(line->picture, Io::Path(L"--help"));
+    EXPECT_EQ(line->pictures, (Array<Io::Path>{Io::Path(L"--help")}));
     EXPECT_FALSE(line->help);
+}
+
+TEST(ViewerCommandLineTest, severalPictures_areKeptInTheirOrder)
+{
+    const auto line = parseCommandLine(arguments({L"b.exr", L"a.exr", L"folder"}));
+    ASSERT_TRUE(line.hasValue());
+    EXPECT_EQ(line->pictures, arguments({L"b.exr", L"a.exr", L"folder"}));
+}
+
+TEST(ViewerCommandLineTest, listen_takesAnAddress)
+{
+    const auto line = parseCommandLine(arguments({L"--listen", L"192.168.0.1:14158"}));
+    ASSERT_TRUE(line.hasValue());
+    EXPECT_EQ(line->listen, L"192.168.0.1:14158");
+    EXPECT_TRUE(line->pictures.empty());
 }
 
 TEST(ViewerCommandLineTest, mistakes_areNamed)
@@ -69,7 +84,7 @@ TEST(ViewerCommandLineTest, mistakes_areNamed)
     const std::pair<Array<Io::Path>, const wchar_t*> mistakes[] = {
         {arguments({L"--screenshot"}), L"screenshot"},
         {arguments({L"--no-such-option"}), L"no-such-option"},
-        {arguments({L"a.png", L"b.png"}), L"b.png"},
+        {arguments({L"--listen"}), L"listen"},
     };
     for (const auto& [given, named] : mistakes) {
         const auto line = parseCommandLine(given);
@@ -110,7 +125,7 @@ TEST(ViewerCommandLineTest, namesWithSpacesQuotesAndUmlauts_areKept)
     const wchar_t* const name = L"a \"b\" \u00FC\u4E2D.png";
     const auto line = parseCommandLine(arguments({name}));
     ASSERT_TRUE(line.hasValue());
-    EXPECT_EQ(line->picture, Io::Path(StringView(name)));
+    EXPECT_EQ(line->pictures, (Array<Io::Path>{Io::Path(StringView(name))}));
 }
 
 TEST(ViewerCommandLineTest, nameThatIsNoText_opensTheFileItNames)
@@ -118,5 +133,5 @@ TEST(ViewerCommandLineTest, nameThatIsNoText_opensTheFileItNames)
     const Io::Path name(std::filesystem::path("broken-\xFF\xFE.png"));
     const auto line = parseCommandLine({name});
     ASSERT_TRUE(line.hasValue());
-    EXPECT_EQ(line->picture, name);
+    EXPECT_EQ(line->pictures, (Array<Io::Path>{name}));
 }

@@ -226,14 +226,16 @@ TEST_F(PictureSavingTest, pictureOfTheScreenUnderTheQuestion_isAskedAboutToo)
     EXPECT_FALSE(isGoneAfterClosing());
 }
 
-TEST_F(PictureSavingTest, pictureOfTheScreenUnderTheFileDialog_isNotGivenUpForAnother)
+TEST_F(PictureSavingTest, pictureOfTheScreenUnderTheFileDialog_staysOpen)
 {
     show(coordinates(60, 40));
     const Io::Path other = folder.file(L"other.png");
     std::filesystem::copy_file(Tests::testPicture(L"pattern.png").native(), other.native());
     DialogRobot robot({FileDialogFixture::inDialog([this] { frame->captureScreen(); }),
-                       afterTheNextMessage(FileDialogFixture::enter(other)), answer(WXK_ESCAPE)});
+                       afterTheNextMessage(FileDialogFixture::enter(other))});
     command(Viewer::OPEN);
+    EXPECT_TRUE(frame->GetTitle().StartsWith(L"other.png")) << frame->GetTitle();
+    command(Viewer::PREVIOUS_PICTURE);
     EXPECT_TRUE(frame->GetTitle().StartsWith(L"Unsaved")) << frame->GetTitle();
 }
 
@@ -268,16 +270,32 @@ TEST_F(PictureSavingTest, unsavedPicture_staysIfSavingIsCancelled)
     EXPECT_FALSE(isGoneAfterClosing());
 }
 
-TEST_F(PictureSavingTest, unsavedPicture_isNotGivenUpForAnother)
+TEST_F(PictureSavingTest, unsavedPicture_staysOpenBesideOthers)
 {
     showUnsaved();
-    const wxString title = frame->GetTitle();
-    for (const Viewer::Command id : {Viewer::OPEN, Viewer::CAPTURE_SCREEN}) {
+    ASSERT_TRUE(frame->openPicture(Tests::testPicture(L"pattern.png")));
+    EXPECT_TRUE(frame->GetTitle().StartsWith(L"pattern.png"));
+    command(Viewer::PREVIOUS_PICTURE);
+    EXPECT_TRUE(frame->GetTitle().StartsWith(L"Unsaved")) << frame->GetTitle();
+    command(Viewer::NEXT_PICTURE);
+    DialogRobot robot({answer(WXK_ESCAPE)});
+    EXPECT_FALSE(isGoneAfterClosing());
+    EXPECT_TRUE(frame->GetTitle().StartsWith(L"Unsaved")) << "the question is about what is shown";
+}
+
+TEST_F(PictureSavingTest, unsavedPicture_isNotClosedWithoutAQuestion)
+{
+    showUnsaved();
+    {
         DialogRobot robot({answer(WXK_ESCAPE)});
-        command(id);
+        command(Viewer::CLOSE_PICTURE);
     }
-    Tests::pumpEvents(400);
-    EXPECT_EQ(frame->GetTitle(), title);
+    EXPECT_TRUE(frame->GetTitle().StartsWith(L"Unsaved")) << frame->GetTitle();
+    {
+        DialogRobot robot({answer('D')});
+        command(Viewer::CLOSE_PICTURE);
+    }
+    EXPECT_TRUE(frame->GetTitle().StartsWith(L"test")) << frame->GetTitle();
 }
 
 TEST_F(PictureSavingTest, windowThatCannotStay_isClosedWithoutAQuestion)

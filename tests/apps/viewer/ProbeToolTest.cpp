@@ -49,11 +49,7 @@ struct ProbeToolTest : Tests::ViewerFixture
     wxString bytes() const { return shownText(L"Tonemapped\nsRGB 8-bit"); }
 
     /// The place of a pixel of the picture in the view.
-    wxPoint placeOf(int x, int y) const
-    {
-        const wxSize room = view->GetClientSize() - view->bitmap().GetSize();
-        return wxPoint(std::max(room.x, 0) / 2, std::max(room.y, 0) / 2) + wxPoint(x, y);
-    }
+    wxPoint placeOf(int x, int y) const { return view->pictureArea().GetTopLeft() + wxPoint(x, y); }
 
     void pointAt(int x, int y) const
     {
@@ -199,7 +195,9 @@ TEST_F(ProbeToolTest, anotherPictureOrSetting_isToldWithoutAMovementOfTheMouse)
     })) << bytes();
     view->setDisplay({});
     view->setPicture(coordinates(4000, 3000));
-    view->Scroll(0, 5);
+    view->showActualSize();
+    view->scroll({4000, 3000}); // to the top left corner
+    view->scroll({0, -80});
     const wxString expected = wxString::Format("Position:\n%d\n%d", mouse.x, mouse.y + 80);
     EXPECT_TRUE(pumpUntil([&] { return shownText(L"Position") == expected; })) << shownText(L"Position");
     EXPECT_TRUE(isProbeShown());
@@ -225,11 +223,35 @@ TEST_F(ProbeToolTest, closingTheWindow_takesTheProbeAlong)
 TEST_F(ProbeToolTest, pixelAt_isThePixelUnderThatPoint)
 {
     show(coordinates(4000, 3000));
+    view->showActualSize();
+    view->scroll({4000, 3000});
     EXPECT_EQ(view->pixelAt({7, 9}), (Pixel{7, 9}));
-    view->Scroll(2, 1);
+    view->scroll({-32, -16});
     EXPECT_EQ(view->pixelAt({7, 9}), (Pixel{39, 25}));
     EXPECT_FALSE(view->pixelAt({-1, 9}));
     EXPECT_FALSE(view->pixelAt({7, view->GetClientSize().y}));
     view->setPicture(nullptr);
     EXPECT_FALSE(view->pixelAt({7, 9}));
+}
+
+TEST_F(ProbeToolTest, atAnyScale_tellsThePixelThatTheScreenShows)
+{
+    show(coordinates(200, 150));
+    command(Viewer::PIXEL_PROBE);
+    for (const double scale : {0.37, 1.0, 3.0, 17.5}) {
+        view->setScale(scale);
+        const wxPoint place = wxPoint() + view->GetClientSize() / 2 + wxPoint(5, -7);
+        Tests::moveMouse(view, place + wxPoint(1, 1));
+        Tests::moveMouse(view, place);
+        const Pixel pixel = view->pixelAt(place).value_or(Pixel{-1, -1});
+        EXPECT_TRUE(pumpUntil([&] {
+            return shownText(L"Position") == wxString::Format("Position:\n%d\n%d", pixel.x, pixel.y);
+        })) << scale
+            << ", " << shownText(L"Position");
+        if (scale >= 1.0) {
+            EXPECT_EQ(Tests::pixelAt(Tests::captureClientArea(view), place.x, place.y),
+                      Tests::coordinate(pixel.x, pixel.y))
+                << scale;
+        }
+    }
 }

@@ -60,7 +60,7 @@ struct ViewerCaptureTest : Tests::ViewerFixture
     // Shows the window with a picture that has a file.
     void showViewer()
     {
-        frame = new Viewer::ViewerFrame(coordinates(60, 40), {Io::Path(L"test")},
+        frame = new Viewer::ViewerFrame(coordinates(60, 40), Io::Path(L"test"),
                                         [this](const Bucket&, std::chrono::milliseconds limit, auto done) {
                                             return screen.request({{0, 0}, {40, 30}}, limit, std::move(done));
                                         });

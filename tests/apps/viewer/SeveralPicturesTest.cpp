@@ -10,7 +10,9 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
 #include <initializer_list>
+#include <string>
 
 using namespace Nolvex;
 using Tests::coordinates;
@@ -44,7 +46,7 @@ TEST_F(SeveralPicturesTest, open_showsTheChosenFile)
         command(Viewer::OPEN);
     }
     EXPECT_EQ(shownName(), L"pattern.png");
-    EXPECT_FALSE(isEnabled(Viewer::NEXT_PICTURE));
+    EXPECT_EQ(frame->workspace().pictures().size(), 3U) << "the others stay open";
 }
 
 TEST_F(SeveralPicturesTest, open_showsTheFirstOfSeveralFilesAndLeadsThroughThem)
@@ -64,10 +66,14 @@ TEST_F(SeveralPicturesTest, open_showsTheFirstOfSeveralFilesAndLeadsThroughThem)
     EXPECT_EQ(shownName(), L"pattern.bmp");
     EXPECT_TRUE(isEnabled(Viewer::NEXT_PICTURE));
     command(Viewer::NEXT_PICTURE);
+    EXPECT_EQ(shownName(), L"pattern.png") << "pattern.gif was open before";
+    command(Viewer::NEXT_PICTURE);
+    EXPECT_EQ(shownName(), L"test") << "the first one comes behind the last one";
+    command(Viewer::NEXT_PICTURE);
     EXPECT_EQ(shownName(), L"pattern.gif");
     command(Viewer::PREVIOUS_PICTURE);
     command(Viewer::PREVIOUS_PICTURE);
-    EXPECT_EQ(shownName(), L"pattern.png") << "the last one comes before the first one";
+    EXPECT_EQ(shownName(), L"pattern.png");
 }
 
 TEST_F(SeveralPicturesTest, cancelled_keepsThePicture)
@@ -87,8 +93,7 @@ TEST_F(SeveralPicturesTest, filesThatAreNoPictures_arePassedOverAndToldInTheLog)
     EXPECT_EQ(shownName(), L"pattern.png");
     EXPECT_TRUE(frame->isLogShown());
     EXPECT_TRUE(log->GetValue().Contains(L"noimage.txt"));
-    command(Viewer::NEXT_PICTURE);
-    EXPECT_EQ(shownName(), L"pattern.png") << "the other one still is no picture";
+    EXPECT_EQ(frame->workspace().pictures().size(), 2U) << "what is no picture is not listed";
 }
 
 TEST_F(SeveralPicturesTest, noneThatIsAPicture_keepsThePicture)
@@ -97,6 +102,49 @@ TEST_F(SeveralPicturesTest, noneThatIsAPicture_keepsThePicture)
     EXPECT_FALSE(frame->openPictures({testPicture(L"noimage.txt"), testPicture(L"missing.png")}));
     EXPECT_FALSE(frame->openPictures({}));
     EXPECT_EQ(shownName(), L"test");
+}
+
+TEST_F(SeveralPicturesTest, fileThatHasBeenDamagedSinceItWasListed_isPassedOver)
+{
+    const Tests::TemporaryFolder folder;
+    copyTo(folder, {L"pattern.bmp", L"pattern.gif", L"pattern.png"});
+    show(coordinates(60, 40));
+    ASSERT_TRUE(frame->openPictures(
+        {folder.file(L"pattern.bmp"), folder.file(L"pattern.gif"), folder.file(L"pattern.png")}));
+    std::filesystem::resize_file(folder.file(L"pattern.gif").native(), 30);
+    command(Viewer::NEXT_PICTURE);
+    EXPECT_EQ(shownName(), L"pattern.png");
+    EXPECT_TRUE(log->GetValue().Contains(L"pattern.gif"));
+    EXPECT_EQ(frame->workspace().pictures().size(), 3U);
+}
+
+TEST_F(SeveralPicturesTest, closedPicture_leavesTheListAndTheNextOneIsShown)
+{
+    show(coordinates(60, 40));
+    ASSERT_TRUE(frame->openPictures({testPicture(L"pattern.png")}));
+    command(Viewer::CLOSE_PICTURE);
+    EXPECT_EQ(shownName(), L"test");
+    EXPECT_FALSE(isEnabled(Viewer::NEXT_PICTURE));
+    command(Viewer::CLOSE_PICTURE);
+    EXPECT_EQ(view->picture(), nullptr);
+    EXPECT_FALSE(isEnabled(Viewer::CLOSE_PICTURE));
+}
+
+TEST_F(SeveralPicturesTest, fileReadAgain_showsItsNewContent)
+{
+    const Tests::TemporaryFolder folder;
+    copyTo(folder, {L"pattern.png"});
+    show(coordinates(60, 40));
+    ASSERT_TRUE(frame->openPictures({folder.file(L"pattern.png")}));
+    std::ofstream(folder.file(L"pattern.png").native(), std::ios::binary) << "Pf\n2 1\n-1.0\n"
+                                                                          << std::string(8, '\0');
+    command(Viewer::RELOAD);
+    EXPECT_EQ(view->picture()->size(), (Pixel{2, 1}));
+    std::filesystem::resize_file(folder.file(L"pattern.png").native(), 12);
+    command(Viewer::RELOAD);
+    ASSERT_NE(view->picture(), nullptr) << "the old state stays";
+    EXPECT_EQ(view->picture()->size(), (Pixel{2, 1}));
+    EXPECT_TRUE(frame->isLogShown());
 }
 
 TEST_F(SeveralPicturesTest, withOnePicture_nextAndPreviousDoNothing)

@@ -10,9 +10,9 @@
 #include "NolvexLibWx/widgets/TextButton.h"
 #include "NolvexLibWx/widgets/TextCtrl.h"
 #include "apps/viewer/Command.h"
-#include "apps/viewer/ImageView.h"
 #include "apps/viewer/ViewOptions.h"
 #include "apps/viewer/ViewerFrame.h"
+#include "apps/viewer/view/ImageView.h"
 #include "support/FrameFixture.h"
 #include "support/Gestures.h"
 #include "support/ModalDialogs.h"
@@ -158,5 +158,5 @@ TEST_F(ToolBarTest, eachButton_tellsItsCommand)
     }
     EXPECT_EQ(commands, expected);
     EXPECT_EQ(commands, Array<int>({Command::OPEN, Command::SAVE_AS, Command::COPY, Command::CAPTURE_SCREEN,
-                                    Command::SHOW_LOG}));
+                                    Command::SHOW_PICTURES, Command::SHOW_INFORMATION, Command::SHOW_LOG}));
 }

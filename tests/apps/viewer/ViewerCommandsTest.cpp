@@ -27,7 +27,7 @@ TEST_F(ViewerCommandsTest, opening_isWrittenToTheLog)
     make(coordinates(60, 40));
     EXPECT_EQ(lastMessage(), L"Opened \"test\", 60 \u00D7 40 pixels.");
     EXPECT_TRUE(frame->openPicture(testPicture(L"pattern.png")));
-    const wxSize size = view->bitmap().GetSize();
+    const Pixel size = view->picture()->size();
     EXPECT_EQ(lastMessage(),
               wxString::Format(L"Opened \"pattern.png\", %d \u00D7 %d pixels.", size.x, size.y));
     EXPECT_EQ(frame->GetTitle(), wxString::Format(L"pattern.png (%d \u00D7 %d)", size.x, size.y));
@@ -37,11 +37,13 @@ TEST_F(ViewerCommandsTest, opening_isWrittenToTheLog)
 TEST_F(ViewerCommandsTest, opening_showsTheNewPicture)
 {
     show(coordinates(4000, 3000));
-    view->Scroll(10, 10);
+    view->setScale(2.0);
+    view->scroll({-160, -160});
     ASSERT_TRUE(frame->openPicture(testPicture(L"pattern.bmp")));
     const wxImage expected(wxString(testPicture(L"pattern.bmp").nativeStr().c_str()));
     EXPECT_EQ(shownAtTheCorner(), Tests::pixelAt(expected, 0, 0));
-    EXPECT_EQ(view->GetVirtualSize(), view->GetClientSize()) << "nothing left to scroll";
+    EXPECT_EQ(view->scale(), 1.0);
+    EXPECT_TRUE(wxRect(view->GetClientSize()).Contains(view->pictureArea())) << "nothing left to scroll";
 }
 
 TEST_F(ViewerCommandsTest, openingWhatIsNoPicture_keepsThePictureAndTellsInTheLog)
@@ -183,7 +185,7 @@ TEST_F(ViewerCommandsTest, withoutAPicture_theWindowShowsItsBackgroundUntilOneIs
     EXPECT_EQ(Tests::pixelAt(Tests::captureClientArea(view), 20, 20), Wx::GuiSkin::DEFAULT().darkBackground);
     EXPECT_TRUE(log->IsEmpty());
     ASSERT_TRUE(frame->openPicture(testPicture(L"pattern.png")));
-    EXPECT_TRUE(view->bitmap().IsOk());
+    EXPECT_NE(view->picture(), nullptr);
 }
 
 TEST_F(ViewerCommandsTest, copyKey_copiesThePicture_orTheSelectedTextOfTheLog)
@@ -214,7 +216,7 @@ TEST_F(ViewerCommandsTest, capture_showsWhatAllDisplaysShowed)
               wxString::Format(L"Unsaved picture of the screen (%d \u00D7 %d)", whole.width, whole.height));
     EXPECT_EQ(lastMessage(),
               wxString::Format(L"Captured the screen, %d \u00D7 %d pixels.", whole.width, whole.height));
-    const wxImage shown = view->bitmap().ConvertToImage();
+    const wxImage shown = view->picture()->bitmap().ConvertToImage();
     ASSERT_EQ(shown.GetSize(), whole.GetSize());
     for (int y = 0; y < 40; ++y) {
         for (int x = 0; x < 60; ++x)

@@ -15,16 +15,16 @@ struct ViewerLayoutTest : Tests::ViewerFixture
 
 } // namespace
 
-TEST_F(ViewerLayoutTest, wholePicture_isShownWithoutScrollBars)
+TEST_F(ViewerLayoutTest, wholePicture_isShownInItsOwnSize)
 {
-    EXPECT_FALSE(view->HasScrollbar(wxHORIZONTAL));
-    EXPECT_FALSE(view->HasScrollbar(wxVERTICAL));
+    EXPECT_EQ(view->scale(), 1.0);
+    EXPECT_TRUE(wxRect(view->GetClientSize()).Contains(view->pictureArea()));
 }
 
-TEST_F(ViewerLayoutTest, optionsThatTakeHeight_forceNoHorizontalScrollBar)
+TEST_F(ViewerLayoutTest, optionsThatTakeHeight_leaveTheWholePictureInView)
 {
     Tests::findIn<Wx::CollapsiblePanel>(frame)->setCollapsed(false);
-    EXPECT_TRUE(Tests::pumpUntil([&] { return view->HasScrollbar(wxVERTICAL); }));
+    EXPECT_TRUE(Tests::pumpUntil([&] { return view->scale() < 1.0; }));
     Tests::pumpEvents(100);
-    EXPECT_FALSE(view->HasScrollbar(wxHORIZONTAL));
+    EXPECT_TRUE(wxRect(view->GetClientSize()).Contains(view->pictureArea()));
 }

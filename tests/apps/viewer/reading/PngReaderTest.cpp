@@ -22,7 +22,7 @@ namespace {
 
 Expected<Image, String> imageOf(ArrayView<const std::byte> file)
 {
-    Expected<Viewer::ReadImage, String> read = PngReader().read(file, {});
+    Expected<Viewer::ReadImage, String> read = PngReader().read(file, 0, {});
     return read ? Expected<Image, String>(std::move(read->image)) : Unexpected{read.error()};
 }
 
@@ -126,6 +126,42 @@ TEST(PngReaderTest, gammaOfTheFile_isKeptUnlessItIsThatOfDisplays)
     EXPECT_EQ(gammaOf(0.001), 1.0f) << "nonsense";
 }
 
+TEST(PngReaderTest, textsAndGamma_areMetadata)
+{
+    Array<std::byte> file;
+    png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
+    png_infop info = png_create_info_struct(png);
+    png_set_write_fn(png, &file, append, nullptr);
+    png_set_IHDR(png, info, 1, 1, 8, PNG_COLOR_TYPE_GRAY, PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT,
+                 PNG_FILTER_TYPE_DEFAULT);
+    png_set_gAMA(png, info, 0.5);
+    char software[] = "Software";
+    char title[] = "Title";
+    char latin[] = "J\xf6rg";
+    char utf8[] = "J\xc3\xb6rg";
+    png_text before{};
+    before.compression = PNG_TEXT_COMPRESSION_NONE;
+    before.key = software;
+    before.text = latin;
+    png_set_text(png, info, &before, 1);
+    png_write_info(png, info);
+    const png_byte row[1] = {77};
+    png_write_row(png, row);
+    png_text after{};
+    after.compression = PNG_ITXT_COMPRESSION_zTXt;
+    after.key = title;
+    after.text = utf8;
+    png_set_text(png, info, &after, 1);
+    png_write_end(png, info);
+    png_destroy_write_struct(&png, &info);
+
+    const auto read = PngReader().read(file, 0, {});
+    ASSERT_TRUE(read.hasValue());
+    EXPECT_EQ(read->metadata,
+              (Array<Viewer::MetadataEntry>{
+                  {L"Software", L"J\u00F6rg"}, {L"Title", L"J\u00F6rg"}, {L"gamma", L"0.5"}}));
+}
+
 TEST(PngReaderTest, everyCut_isAnError)
 {
     const Array<std::byte> whole = contentOf(pictureFile("pattern-alpha.png"));
@@ -160,7 +196,7 @@ TEST(PngReaderTest, progress_growsAndCanStopTheReading)
     const Array<std::byte> file = contentOf(pictureFile("formats/interlaced.png"));
     float last = -1.0f;
     EXPECT_TRUE(PngReader()
-                    .read(file,
+                    .read(file, 0,
                           [&last](float share) {
                               EXPECT_GE(share, last);
                               last = share;
@@ -169,5 +205,5 @@ TEST(PngReaderTest, progress_growsAndCanStopTheReading)
                     .hasValue());
     EXPECT_GT(last, 0.9f);
     EXPECT_LT(last, 1.0f);
-    EXPECT_FALSE(PngReader().read(file, [](float share) { return share < 0.5f; }).hasValue());
+    EXPECT_FALSE(PngReader().read(file, 0, [](float share) { return share < 0.5f; }).hasValue());
 }

@@ -41,7 +41,7 @@ std::string map(const std::string& header, std::initializer_list<float> values,
 
 Expected<Image, String> readMap(const std::string& content)
 {
-    Expected<Viewer::ReadImage, String> read = Viewer::PortableFloatMapReader().read(bytesOf(content), {});
+    Expected<Viewer::ReadImage, String> read = Viewer::PortableFloatMapReader().read(bytesOf(content), 0, {});
     return read ? Expected<Image, String>(std::move(read->image)) : Unexpected{read.error()};
 }
 

@@ -183,11 +183,15 @@ void writePixels(TIFF* file, const Kind& kind)
     }
 }
 
-Array<std::byte> fileOf(const Kind& kind, int pages = 1)
+Array<std::byte> fileOf(const Kind& kind, int pages = 1, const std::string& description = {})
 {
     MemoryTiff file(kind.isBigEndian ? "wb" : "wl");
     for (int page = 0; page < pages; ++page) {
         describe(file.handle, kind);
+        if (!description.empty()) {
+            TIFFSetField(file.handle, TIFFTAG_IMAGEDESCRIPTION, description.c_str());
+            TIFFSetField(file.handle, TIFFTAG_XRESOLUTION, 72.5);
+        }
         if (kind.isTiled) {
             TIFFSetField(file.handle, TIFFTAG_TILEWIDTH, 16);
             TIFFSetField(file.handle, TIFFTAG_TILELENGTH, 16);
@@ -256,7 +260,7 @@ void expectRead(const Kind& kind)
 {
     const Array<std::byte> file = fileOf(kind);
     ASSERT_TRUE(TiffReader().knows(file)) << kind;
-    const auto read = TiffReader().read(file, {});
+    const auto read = TiffReader().read(file, 0, {});
     ASSERT_TRUE(read.hasValue()) << kind << ": " << read.error().toUtf8();
     EXPECT_EQ(read->image.descriptor().gamma, kind.isFloat ? 2.2f : 1.0f) << kind;
     // A half float has eleven bits.
@@ -320,15 +324,23 @@ TEST(TiffReaderTest, bytes_areForTheDecodersOfWxWidgets)
 
 TEST(TiffReaderTest, furtherPagesAndChannels_areTold)
 {
-    const auto pages = TiffReader().read(fileOf({}, 3), {});
+    const auto pages = TiffReader().read(fileOf({}, 3), 0, {});
     ASSERT_TRUE(pages.hasValue());
     ASSERT_EQ(pages->omissions.size(), 1u);
     EXPECT_EQ(pages->omissions.front(), String(L"It has more pages, of which the first is shown."));
-    const auto channels = TiffReader().read(fileOf({.alpha = EXTRASAMPLE_UNSPECIFIED}), {});
+    const auto channels = TiffReader().read(fileOf({.alpha = EXTRASAMPLE_UNSPECIFIED}), 0, {});
     ASSERT_TRUE(channels.hasValue());
     EXPECT_EQ(channels->image.descriptor().format, PixelFormat::UINT16_RGB);
     ASSERT_EQ(channels->omissions.size(), 1u);
     EXPECT_EQ(channels->omissions.front(), String(L"It has one more channel, which is not shown."));
+}
+
+TEST(TiffReaderTest, textsAndResolution_areMetadata)
+{
+    const auto read = TiffReader().read(fileOf({}, 1, "a J\xc3\xb6rg"), 0, {});
+    ASSERT_TRUE(read.hasValue());
+    EXPECT_EQ(read->metadata, (Array<Viewer::MetadataEntry>{{L"description", L"a J\u00F6rg"},
+                                                            {L"horizontal resolution", L"72.5"}}));
 }
 
 TEST(TiffReaderTest, notANumber_staysSo)
@@ -339,7 +351,7 @@ TEST(TiffReaderTest, notANumber_staysSo)
     // The first strip is the first thing in the file after its header of eight bytes.
     ASSERT_EQ(std::memcmp(file.data() + 12, &wanted, sizeof wanted), 0);
     std::memcpy(file.data() + 12, &nan, sizeof nan);
-    const auto read = TiffReader().read(file, {});
+    const auto read = TiffReader().read(file, 0, {});
     ASSERT_TRUE(read.hasValue());
     EXPECT_TRUE(std::isnan(read->image.getRgba(0, HEIGHT - 1).g));
 }
@@ -349,7 +361,7 @@ TEST(TiffReaderTest, cutFiles_areRefused)
     const Array<std::byte> whole = fileOf({.isTiled = true, .compression = COMPRESSION_ADOBE_DEFLATE});
     for (std::size_t length = 0; length < whole.size(); length += 3) {
         const auto part = ArrayView<const std::byte>(whole).first(length);
-        EXPECT_FALSE(TiffReader().read(part, {}).hasValue()) << length;
+        EXPECT_FALSE(TiffReader().read(part, 0, {}).hasValue()) << length;
     }
 }
 
@@ -369,7 +381,7 @@ TEST(TiffReaderTest, mutatedFiles_areReadOrRefused)
                 file[file.size() - 1 - random() % tail] = static_cast<std::byte>(random());
             }
             if (TiffReader().knows(file)) {
-                const auto read = TiffReader().read(file, {});
+                const auto read = TiffReader().read(file, 0, {});
                 EXPECT_TRUE(read.hasValue() || !read.error().isEmpty());
             }
         }
@@ -378,5 +390,5 @@ TEST(TiffReaderTest, mutatedFiles_areReadOrRefused)
 
 TEST(TiffReaderTest, progress_canStopTheReading)
 {
-    EXPECT_FALSE(TiffReader().read(fileOf({}), [](float share) { return share < 0.3f; }).hasValue());
+    EXPECT_FALSE(TiffReader().read(fileOf({}), 0, [](float share) { return share < 0.3f; }).hasValue());
 }

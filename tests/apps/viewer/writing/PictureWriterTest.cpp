@@ -103,7 +103,7 @@ TEST_F(PictureWriterTest, stoppedByTheProgress_leavesTheOldFile)
 TEST_F(PictureWriterTest, progress_endsAtOne)
 {
     float last = -1.0f;
-    const Viewer::WritingProgress remember = [&](float share) {
+    const Viewer::Progress remember = [&](float share) {
         EXPECT_GE(share, last);
         last = share;
         return true;

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "apps/viewer/Command.h"
+
+namespace Nolvex::Viewer {
+
+class ToolBar;
+class ViewOptions;
+
+/// Shows the states of commands everywhere at once: in the menus, on the buttons and on the check boxes.
+class CommandStates
+{
+public:
+    /// The menu bar and the windows must outlive this object.
+    CommandStates(wxMenuBar& menus, ToolBar& toolBar, ViewOptions& options)
+        : m_menus(menus), m_toolBar(toolBar), m_options(options)
+    {}
+
+    void check(Command command, bool checked);
+
+    void enable(Command command, bool enabled);
+
+private:
+    wxMenuBar& m_menus;
+    ToolBar& m_toolBar;
+    ViewOptions& m_options;
+};
+
+} // namespace Nolvex::Viewer

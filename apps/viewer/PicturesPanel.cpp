@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+#include "apps/viewer/PicturesPanel.h"
+
+#include "NolvexLibWx/Accessibility.h"
+#include "NolvexLibWx/ColourConversions.h"
+#include "NolvexLibWx/DpiScaling.h"
+#include "NolvexLibWx/StringConversions.h"
+#include "NolvexLibWx/widgets/GuiSkin.h"
+#include "NolvexLibWx/widgets/OskaBorder.h"
+#include "NolvexLibWx/widgets/TextControl.h"
+
+#include <wx/listbox.h>
+#include <wx/sizer.h>
+
+#include <algorithm>
+
+namespace Nolvex::Viewer {
+
+namespace {
+
+constexpr int GAP = 6;
+const wxSize FILTER_SIZE(160, 18);
+const wxSize LIST_SIZE(160, 80);
+
+} // namespace
+
+PicturesPanel::PicturesPanel(wxWindow* parent, Workspace& workspace, const Function<void(PictureId)>& show,
+                             const Function<void(PictureId)>& close)
+    : wxPanel(parent), m_workspace(workspace), m_show(show), m_close(close)
+{
+    // The borders of the systems do not fit a dark skin.
+    auto* filterBorder = new OskaBorder(this, {});
+    m_filter = new Wx::TextControl(filterBorder, wxID_ANY, String(), wxBORDER_NONE, {}, FILTER_SIZE);
+    filterBorder->addChild(m_filter);
+    auto* listBorder = new OskaBorder(this, {});
+    m_list = new wxListBox(listBorder, wxID_ANY, wxDefaultPosition, Wx::scaleByDpi(LIST_SIZE), 0, nullptr,
+                           wxLB_SINGLE | wxLB_NEEDED_SB | wxBORDER_NONE);
+    listBorder->addChild(m_list);
+    m_filter->SetHint(L"Filter");
+    Wx::setAccessibleName(*m_filter, L"Filter");
+    Wx::setAccessibleName(*m_list, L"Open pictures");
+    const Wx::GuiSkin& skin = Wx::GuiSkin::DEFAULT();
+    m_list->SetBackgroundColour(Wx::toWxColour(skin.darkBackground));
+    m_list->SetForegroundColour(Wx::toWxColour(skin.text));
+    auto* column = new wxBoxSizer(wxVERTICAL);
+    column->Add(filterBorder, 0, wxEXPAND | wxBOTTOM, Wx::scaleByDpi(GAP));
+    column->Add(listBorder, 1, wxEXPAND);
+    SetSizer(column);
+    m_filter->Bind(wxEVT_TEXT, &PicturesPanel::onFilter, this);
+    m_list->Bind(wxEVT_LISTBOX, &PicturesPanel::onSelected, this);
+    m_list->Bind(wxEVT_KEY_DOWN, &PicturesPanel::onKey, this);
+    m_workspace.observe([this](Flags<Workspace::Change> changes) { follow(changes); });
+    fill();
+}
+
+void PicturesPanel::follow(Flags<Workspace::Change> changes)
+{
+    using Change = Workspace::Change;
+    if (changes.has(Change::LIST) || changes.has(Change::REFERENCE))
+        fill();
+    else
+        select();
+}
+
+void PicturesPanel::fill()
+{
+    wxArrayString labels;
+    m_listed.clear();
+    for (const OpenPicture& picture : m_workspace.pictures()) {
+        if (!m_workspace.isListed(picture))
+            continue;
+        m_listed.push_back(picture.id);
+        labels.push_back(Wx::toWxString(labelOf(picture)));
+    }
+    m_list->Set(labels);
+    select();
+}
+
+void PicturesPanel::select()
+{
+    const OpenPicture* const shown = m_workspace.current();
+    const auto row = shown == nullptr ? m_listed.end() : std::ranges::find(m_listed, shown->id);
+    m_list->SetSelection(row == m_listed.end() ? wxNOT_FOUND : static_cast<int>(row - m_listed.begin()));
+}
+
+String PicturesPanel::labelOf(const OpenPicture& picture) const
+{
+    const bool isReference = m_workspace.reference() == &picture;
+    return picture.name + (isReference ? L" (reference)" : L"");
+}
+
+void PicturesPanel::onFilter(wxCommandEvent& /*event*/)
+{
+    m_workspace.setFilter(Wx::toString(m_filter->GetValue()));
+}
+
+void PicturesPanel::onSelected(wxCommandEvent& event)
+{
+    const int row = event.GetSelection();
+    if (row >= 0 && row < static_cast<int>(m_listed.size()))
+        m_show(m_listed[static_cast<std::size_t>(row)]);
+}
+
+void PicturesPanel::onKey(wxKeyEvent& event)
+{
+    const int row = m_list->GetSelection();
+    if (event.GetKeyCode() != WXK_DELETE || row == wxNOT_FOUND)
+        event.Skip();
+    else
+        m_close(m_listed[static_cast<std::size_t>(row)]);
+}
+
+} // namespace Nolvex::Viewer

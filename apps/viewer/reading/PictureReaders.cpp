@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#include "apps/viewer/reading/PictureReaders.h"
+
+#include "apps/viewer/reading/OpenExrReader.h"
+#include "apps/viewer/reading/PngReader.h"
+#include "apps/viewer/reading/PortableAnyMapReader.h"
+#include "apps/viewer/reading/PortableFloatMapReader.h"
+#include "apps/viewer/reading/PsdReader.h"
+#include "apps/viewer/reading/RadianceReader.h"
+#include "apps/viewer/reading/TiffReader.h"
+#include "apps/viewer/reading/WebPReader.h"
+#include "apps/viewer/reading/WxImageReader.h"
+
+#include <algorithm>
+#include <array>
+
+namespace Nolvex::Viewer {
+
+namespace {
+
+// The order counts: the first reader that knows a file reads it.
+const auto& readers()
+{
+    static const OpenExrReader OPEN_EXR;
+    static const PngReader PNG;
+    static const TiffReader TIFF;
+    static const RadianceReader RADIANCE;
+    static const PortableFloatMapReader PORTABLE_FLOAT_MAP;
+    static const PortableAnyMapReader PORTABLE_ANY_MAP;
+    static const PsdReader PSD;
+    static const WebPReader WEBP;
+    static const WxImageReader ALL_OTHERS;
+    static const std::array<const PictureReader*, 9> READERS{
+        &OPEN_EXR, &PNG, &TIFF, &RADIANCE, &PORTABLE_FLOAT_MAP, &PORTABLE_ANY_MAP, &PSD, &WEBP, &ALL_OTHERS};
+    return READERS;
+}
+
+} // namespace
+
+const PictureReader& readerFor(ArrayView<const std::byte> file)
+{
+    const auto found = std::find_if(readers().begin(), readers().end(),
+                                    [file](const PictureReader* reader) { return reader->knows(file); });
+    return found == readers().end() ? *readers().back() : **found;
+}
+
+Array<String> readableExtensions()
+{
+    Array<String> all;
+    for (const PictureReader* reader : readers()) {
+        for (const String& extension : reader->extensions()) {
+            if (std::find(all.begin(), all.end(), extension) == all.end())
+                all.push_back(extension);
+        }
+    }
+    return all;
+}
+
+} // namespace Nolvex::Viewer

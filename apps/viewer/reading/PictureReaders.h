@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "NolvexLib/Array.h"
+#include "NolvexLib/ArrayView.h"
+#include "NolvexLib/String.h"
+#include "apps/viewer/reading/PictureReader.h"
+
+#include <cstddef>
+
+namespace Nolvex::Viewer {
+
+/// Returns the reader for a file with this content. The last reader takes every file that no other reader
+/// knows, so that there always is one.
+const PictureReader& readerFor(ArrayView<const std::byte> file);
+
+/// Returns the usual extensions of the files that can be read, without the dot.
+Array<String> readableExtensions();
+
+} // namespace Nolvex::Viewer

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "NolvexLib/RgbBytes.h"
+#include "NolvexLibImage/Image.h"
+#include "apps/viewer/DisplaySettings.h"
+
+#include <wx/gdicmn.h>
+
+namespace Nolvex::Viewer {
+
+class Pyramid;
+
+namespace Platform {
+
+class PixelCanvas;
+
+} // namespace Platform
+
+/// What lies behind a picture.
+struct Backdrop
+{
+    RgbBytes surround{};
+    /// The side of the squares of the pattern that the settings ask for.
+    int checkLength = 8;
+
+    static constexpr RgbBytes LIGHT_CHECK{204, 204, 204};
+    static constexpr RgbBytes DARK_CHECK{128, 128, 128};
+
+    /// Returns the colour behind a transparent pixel of the view.
+    RgbBytes colorAt(int x, int y, bool isChecked) const;
+
+    friend bool operator==(const Backdrop&, const Backdrop&) = default;
+};
+
+/// How an image is shown in a view. Lengths in the view are counted in pixels of the device.
+struct ShownImage
+{
+    const Image& image;
+    /// The reduced copies of the image. Without them a reduced image is shown by single pixels.
+    const Pyramid* pyramid = nullptr;
+    DisplaySettings settings{};
+    double scale = 1.0;
+    /// The place of the image's top left corner in the view.
+    wxRealPoint origin{};
+};
+
+/// Draws the part of the image that lies inside a rectangle of the view, and leaves the rest of the canvas.
+/// Enlarged pixels are squares with sharp edges, reduced ones are averages. Only what the rectangle shows is
+/// converted, on as many threads as there are cores. Throws std::bad_alloc if memory has run out.
+void drawImage(const ShownImage& shown, const Backdrop& backdrop, const wxRect& clip,
+               Platform::PixelCanvas& canvas);
+
+/// Returns the pixels of the view that drawImage() would change.
+wxRect drawnArea(const ShownImage& shown, const wxRect& clip);
+
+/// Fills a rectangle of the canvas.
+void fillWith(const RgbBytes& color, const wxRect& rect, Platform::PixelCanvas& canvas);
+
+} // namespace Nolvex::Viewer

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "NolvexLib/Noncopyable.h"
+#include "NolvexLib/Pixel.h"
+
+#include <wx/event.h>
+
+namespace Nolvex::Viewer {
+
+class ImageView;
+
+/// The keys of a view: arrows, Page Up and Down, Home and End scroll, + and - zoom. With Shift, the arrows
+/// change the size of the selection, and with Ctrl and Shift its place; Escape clears it. Alt+Left and
+/// Alt+Right move the divider. Tab leaves the view. A member of the view.
+class ViewKeys : private Noncopyable
+{
+public:
+    explicit ViewKeys(ImageView& view);
+
+private:
+    void onKey(wxKeyEvent& event);
+    void onKeyHook(wxKeyEvent& event);
+    void onCharacter(wxKeyEvent& event);
+    bool scrollBy(int key);
+    bool changeSelection(const wxKeyEvent& event);
+    bool moveDivider(int key);
+    wxRect firstSelection() const;
+
+    ImageView& m_view;
+};
+
+} // namespace Nolvex::Viewer

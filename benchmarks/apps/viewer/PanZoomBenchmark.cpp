@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include "NolvexLibWx/NolvexLibWx.h"
+#include "apps/viewer/Picture.h"
+#include "apps/viewer/view/SceneRenderer.h"
+#include "apps/viewer/view/ViewTransform.h"
+#include "support/PairedRatio.h"
+
+#include <wx/dcmemory.h>
+
+#include <chrono>
+#include <cmath>
+#include <memory>
+#include <thread>
+#include <utility>
+
+namespace Nolvex::Benchmarks {
+
+namespace {
+
+constexpr Pixel PICTURE{7680, 4320};
+const wxSize VIEW(1920, 1080);
+
+// A frame of a screen with 60 pictures in a second.
+constexpr std::chrono::milliseconds FRAME_TIME(16);
+
+Viewer::SharedPicture gradient()
+{
+    Image image = *Image::create(PICTURE.x, PICTURE.y, PixelFormat::FLOAT32_RGBA, 2.2f);
+    for (int y = 0; y < PICTURE.y; ++y) {
+        auto* const row = reinterpret_cast<Rgb*>(image.row(y).data());
+        for (int x = 0; x < PICTURE.x; ++x) {
+            const float value = static_cast<float>(x) * static_cast<float>(y) / (PICTURE.x * PICTURE.y);
+            row[x] = {value, 2.0f * value, std::sqrt(value), 1.0f};
+        }
+    }
+    return std::make_shared<const Viewer::Picture>(L"gradient", std::move(image));
+}
+
+struct Stage
+{
+    Stage()
+    {
+        LibWx::startup(LibWx::ApplicationType::APPLICATION);
+        transform.setViewSize(VIEW);
+        transform.setPictureSize(PICTURE);
+    }
+
+    ~Stage() { LibWx::shutdown(); }
+
+    Stage(const Stage&) = delete;
+    Stage& operator=(const Stage&) = delete;
+
+    // Draws the picture as the view does.
+    void draw(wxBitmap& screen)
+    {
+        wxMemoryDC dc(screen);
+        const Viewer::Scene scene{
+            .size = VIEW, .scale = transform.scale(), .origin = transform.origin(), .picture = picture};
+        renderer.render(scene)->draw(dc, 1);
+    }
+
+    Viewer::SharedPicture picture = gradient();
+    Viewer::SceneRenderer renderer;
+    Viewer::ViewTransform transform;
+};
+
+// Shows the picture at a scale, and moves it a little each time. The reduced copies of the picture, which the
+// view makes once in the background, are there before the measurement.
+Contest panning(double scale)
+{
+    const auto stage = std::make_shared<Stage>();
+    const auto screen = std::make_shared<wxBitmap>(VIEW);
+    stage->transform.setScale(scale, stage->transform.middle());
+    do {
+        stage->draw(*screen);
+    } while (stage->renderer.isWaiting());
+    return {[] { std::this_thread::sleep_for(FRAME_TIME); },
+            [stage, screen, step = 7]() mutable {
+                step = -step;
+                stage->transform.pan(wxRealPoint(step, step));
+                stage->draw(*screen);
+            }};
+}
+
+// Zooms in by a little, and out again.
+Contest zooming()
+{
+    const auto stage = std::make_shared<Stage>();
+    const auto screen = std::make_shared<wxBitmap>(VIEW);
+    do {
+        stage->draw(*screen);
+    } while (stage->renderer.isWaiting());
+    return {[] { std::this_thread::sleep_for(FRAME_TIME); },
+            [stage, screen, step = 0]() mutable {
+                constexpr int STEPS = 24; // from the size of the view to 4 : 1
+                const double factor =
+                    step++ % (2 * STEPS) < STEPS ? std::exp2(1.0 / 6.0) : std::exp2(-1.0 / 6.0);
+                stage->transform.zoomAt(wxRealPoint(700.0, 300.0), factor);
+                stage->draw(*screen);
+            }};
+}
+
+// The figures are the time of one frame divided by the time from a movement to its pixels.
+const Figure PAN_FIT("viewer_pan_zoom_8k_fit", 1.0, [] { return panning(0.25); });
+const Figure PAN_037("viewer_pan_zoom_8k_scale_0.37", 1.0, [] { return panning(0.37); });
+const Figure PAN_1("viewer_pan_zoom_8k_scale_1", 1.0, [] { return panning(1.0); });
+const Figure PAN_3("viewer_pan_zoom_8k_scale_3", 1.0, [] { return panning(3.0); });
+const Figure ZOOM("viewer_pan_zoom_8k_zooming", 1.0, zooming);
+
+} // namespace
+
+} // namespace Nolvex::Benchmarks
