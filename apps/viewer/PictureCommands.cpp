@@ -53,9 +53,7 @@ void PictureCommands::bind()
 
 void PictureCommands::followWorkspace()
 {
-    const OpenPicture* const shown = m_workspace.current();
-    m_saving.setPicture(shown != nullptr ? shown->picture : nullptr,
-                        shown != nullptr ? shown->file : Io::Path());
+    m_saving.setPicture(m_workspace.current());
 }
 
 void PictureCommands::save(const Io::Path& file, ImageFormat format, const Wx::ImageSaveSettings& settings)

@@ -34,10 +34,11 @@ PictureSaving::PictureSaving(wxWindow& window, SaveJob::Done done)
       m_job([this](const SaveTask& task, const Optional<String>& failure) { onWritten(task, failure); })
 {}
 
-void PictureSaving::setPicture(const SharedPicture& picture, const Io::Path& file)
+void PictureSaving::setPicture(const OpenPicture* shown)
 {
-    m_picture = picture;
-    m_file = file;
+    m_picture = shown != nullptr ? shown->picture : nullptr;
+    m_file = shown != nullptr ? shown->file : Io::Path();
+    m_origin = shown != nullptr ? shown->origin : PictureOrigin::FILE;
 }
 
 bool PictureSaving::saveAs()

@@ -6,6 +6,7 @@
 #include "apps/viewer/Picture.h"
 #include "apps/viewer/SaveDefaults.h"
 #include "apps/viewer/SaveJob.h"
+#include "apps/viewer/Workspace.h"
 
 class WXDLLIMPEXP_FWD_CORE wxWindow;
 
@@ -23,11 +24,11 @@ public:
     /// `done` is called when a file has been written, or could not be.
     PictureSaving(wxWindow& window, SaveJob::Done done);
 
-    /// Tells which picture is shown and, unless the path is empty, its file. A picture without a file is lost
-    /// when it is closed.
-    void setPicture(const SharedPicture& picture, const Io::Path& file);
+    /// Tells which picture is shown, or null for none.
+    void setPicture(const OpenPicture* shown);
 
-    bool isUnsaved() const { return m_picture && m_file.isEmpty(); }
+    /// True if closing the shown picture loses it.
+    bool isUnsaved() const { return m_picture && m_file.isEmpty() && m_origin == PictureOrigin::DESKTOP; }
 
     /// Asks for a file and begins to write it. Returns whether it began.
     bool saveAs();
@@ -47,6 +48,7 @@ private:
     SaveJob::Done m_done;
     SharedPicture m_picture;
     Io::Path m_file;
+    PictureOrigin m_origin = PictureOrigin::FILE;
     bool m_wasWritten = false; // of the last file
     SaveDefaults m_defaults;
     SaveJob m_job;
