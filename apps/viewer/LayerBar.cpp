@@ -15,15 +15,6 @@ namespace {
 constexpr int GAP = 6;
 constexpr int WIDTH = 240;
 
-// The channels tell what a layer without a name is.
-String labelOf(const PictureLayer& layer)
-{
-    String channels;
-    for (const String& channel : layer.channels)
-        channels += (channels.isEmpty() ? L"" : L", ") + channel;
-    return layer.name.isEmpty() ? channels : layer.name + L" (" + channels + L")";
-}
-
 } // namespace
 
 LayerBar::LayerBar(wxWindow* parent, const Function<void(std::size_t)>& choose,
@@ -48,7 +39,7 @@ void LayerBar::setPicture(const SharedPicture& picture)
         m_layers = layers;
         Array<Wx::ComboBox::Item> items;
         for (std::size_t i = 0; i < layers.size(); ++i)
-            items.push_back({labelOf(layers[i]), static_cast<std::int32_t>(i), {}});
+            items.push_back({layerLabel(layers[i]), static_cast<std::int32_t>(i), {}});
         m_layer->setData(items);
     }
     m_layer->selectId(picture ? static_cast<int>(picture->layer()) : -1, false);

@@ -25,6 +25,17 @@ Array<String> usualChannels(PixelFormat format)
 
 } // namespace
 
+String layerLabel(const PictureLayer& layer)
+{
+    String channels;
+    for (const String& channel : layer.channels) {
+        // A channel that only fills the pixel has no name.
+        if (!channel.isEmpty())
+            channels += (channels.isEmpty() ? L"" : L", ") + channel;
+    }
+    return layer.name.isEmpty() ? channels : layer.name + L" (" + channels + L")";
+}
+
 Picture::Picture(String name, Image image) : Picture(std::move(name), {std::move(image)}, nullptr, 0) {}
 
 Picture::Picture(String name, ReadImage read, const std::shared_ptr<const LayeredFile>& file,

@@ -16,6 +16,10 @@ namespace Nolvex::Viewer {
 
 class LayeredFile;
 
+/// Returns the name of a layer for the user, with its channels, which alone tell what a layer without a name
+/// is.
+String layerLabel(const PictureLayer& layer);
+
 /// The viewer's document: the image in the format and gamma of its source, its name, and what its file tells
 /// about it. A picture shows one layer of its file; the same file's other layers are pictures of their own.
 /// The window, the clipboard and every tool share the same object, which never changes after its
