@@ -53,11 +53,7 @@ void PictureCommands::bind()
 
 void PictureCommands::followWorkspace()
 {
-    const OpenPicture* const shown = m_workspace.current();
-    if (shown != nullptr)
-        m_saving.setPicture(shown->picture, shown->file, shown->isUnsaved());
-    else
-        m_saving.setPicture(nullptr, {}, false);
+    m_saving.setPicture(m_workspace.current());
 }
 
 void PictureCommands::save(const Io::Path& file, ImageFormat format, const Wx::ImageSaveSettings& settings)

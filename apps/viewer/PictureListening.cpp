@@ -99,8 +99,10 @@ Expected<Wx::Legacy::SocketAddress, String> parseListeningAddress(const String& 
     using Wx::Legacy::SocketAddress;
     const wxString all = Wx::toWxString(text);
     const wxString host = all.Contains(L":") ? all.BeforeLast(L':') : wxString();
+    const wxString digits = all.AfterLast(L':');
     unsigned long port = 0;
-    if (!all.AfterLast(L':').ToCULong(&port) || port > 0xffff)
+    // The conversion alone takes blanks and signs, too.
+    if (digits.find_first_not_of(L"0123456789") != wxString::npos || !digits.ToCULong(&port) || port > 0xffff)
         return Unexpected{L"\"" + text + L"\" is no port. Ports are numbers up to 65535."};
     const auto number = static_cast<unsigned short>(port);
     if (!all.Contains(L":"))

@@ -34,11 +34,11 @@ PictureSaving::PictureSaving(wxWindow& window, SaveJob::Done done)
       m_job([this](const SaveTask& task, const Optional<String>& failure) { onWritten(task, failure); })
 {}
 
-void PictureSaving::setPicture(const SharedPicture& picture, const Io::Path& file, bool isUnsaved)
+void PictureSaving::setPicture(const OpenPicture* shown)
 {
-    m_picture = picture;
-    m_file = file;
-    m_unsaved = isUnsaved;
+    m_picture = shown != nullptr ? shown->picture : nullptr;
+    m_file = shown != nullptr ? shown->file : Io::Path();
+    m_origin = shown != nullptr ? shown->origin : PictureOrigin::FILE;
 }
 
 bool PictureSaving::saveAs(const SharedPicture& picture, const Io::Path& file)
@@ -95,10 +95,8 @@ bool PictureSaving::waitForFile()
 void PictureSaving::onWritten(const SaveTask& task, const Optional<String>& failure)
 {
     m_wasWritten = !failure;
-    if (m_wasWritten && m_picture && &task.picture->image() == &m_picture->image()) {
+    if (m_wasWritten && m_picture && &task.picture->image() == &m_picture->image())
         m_file = task.file;
-        m_unsaved = false;
-    }
     m_done(task, failure);
 }
 

@@ -6,6 +6,7 @@
 #include "apps/viewer/Picture.h"
 #include "apps/viewer/SaveDefaults.h"
 #include "apps/viewer/SaveJob.h"
+#include "apps/viewer/Workspace.h"
 
 class WXDLLIMPEXP_FWD_CORE wxWindow;
 
@@ -23,10 +24,11 @@ public:
     /// `done` is called when a file has been written, or could not be.
     PictureSaving(wxWindow& window, SaveJob::Done done);
 
-    /// Tells which picture is shown, its file, which may be empty, and whether it is lost when it is closed.
-    void setPicture(const SharedPicture& picture, const Io::Path& file, bool isUnsaved);
+    /// Tells which picture is shown, or null for none.
+    void setPicture(const OpenPicture* shown);
 
-    bool isUnsaved() const { return m_unsaved; }
+    /// True if closing the shown picture loses it.
+    bool isUnsaved() const { return m_picture && m_file.isEmpty() && m_origin == PictureOrigin::DESKTOP; }
 
     /// Asks for a file and begins to write the picture. Returns whether it began.
     bool saveAs() { return saveAs(m_picture, m_file); }
@@ -48,7 +50,7 @@ private:
     SaveJob::Done m_done;
     SharedPicture m_picture;
     Io::Path m_file;
-    bool m_unsaved = false;
+    PictureOrigin m_origin = PictureOrigin::FILE;
     bool m_wasWritten = false; // of the last file
     SaveDefaults m_defaults;
     SaveJob m_job;

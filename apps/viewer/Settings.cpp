@@ -41,7 +41,12 @@ bool canBeSeen(const wxRect& window)
 
 Settings::Settings() = default;
 
-Settings::Settings(std::shared_ptr<wxConfigBase> config) : m_config(std::move(config)) {}
+Settings::Settings(std::shared_ptr<wxConfigBase> config) : m_config(std::move(config))
+{
+    // wxConfigBase would put the values of environment variables into names such as "$HOME.png".
+    if (m_config)
+        m_config->SetExpandEnvVars(false);
+}
 
 Settings::~Settings() = default;
 

@@ -30,7 +30,7 @@ inline bool serveUntil(const std::function<bool()>& condition,
     while (!condition()) {
         if (std::chrono::steady_clock::now() > end)
             return false;
-        wxTheApp->ProcessPendingEvents();
+        wxAppConsole::GetInstance()->ProcessPendingEvents();
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
     return true;

@@ -69,7 +69,7 @@ int receive(const std::filesystem::path& folder)
         return 1;
     print("port " + std::to_string(*port));
     while (!hasEnded) {
-        wxTheApp->ProcessPendingEvents();
+        wxAppConsole::GetInstance()->ProcessPendingEvents();
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
     }
     return 0;

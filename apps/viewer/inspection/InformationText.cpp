@@ -7,6 +7,7 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
 
 namespace Nolvex::Viewer {
 
@@ -54,6 +55,8 @@ const wchar_t* formatText(PixelFormat format)
 
 String numberText(double number)
 {
+    if (std::isnan(number))
+        return L"nan"; // without the sign that some NaN have
     std::array<char, MAX_NUMBER> text{};
     const auto end =
         std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::general, DIGITS);
@@ -73,7 +76,7 @@ String statisticsText(const Picture& picture, const PictureStatistics& statistic
         text += name + L": " + numberText(channel.min) + L" to " + numberText(channel.max) + L"\n    mean " +
                 numberText(channel.mean) + L"\n";
         if (channel.infiniteCount > 0)
-            text += L"   infinite: " + countText(channel.infiniteCount) + L"\n";
+            text += L"    infinite: " + countText(channel.infiniteCount) + L"\n";
     }
     text += L"NaN pixels: " + countText(statistics.nanPixelCount) + L"\n";
     return text;

@@ -42,10 +42,10 @@ constexpr std::chrono::milliseconds REFUSAL_TIME(1000);
 // connection, whose sender changes pixels that the viewer has let go of.
 void destroyOnMainThread(const Picture* picture)
 {
-    if (wxIsMainThread() || wxTheApp == nullptr)
+    if (wxIsMainThread() || wxAppConsole::GetInstance() == nullptr)
         delete picture;
     else
-        wxTheApp->CallAfter([owner = std::shared_ptr<const Picture>(picture)] {});
+        wxAppConsole::GetInstance()->CallAfter([owner = std::shared_ptr<const Picture>(picture)] {});
 }
 
 std::int64_t byteCountOf(const Image& image)

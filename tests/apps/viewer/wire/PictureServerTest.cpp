@@ -333,7 +333,7 @@ TEST(PictureServerTest, stop_isPromptInTheMiddleOfMessages)
     EXPECT_LT(Clock::now() - begin, std::chrono::milliseconds(1500));
     EXPECT_FALSE(watched.server.isRunning());
     const std::size_t told = watched.log.size();
-    wxTheApp->ProcessPendingEvents();
+    wxAppConsole::GetInstance()->ProcessPendingEvents();
     EXPECT_EQ(watched.log.size(), told);
 }
 
@@ -370,6 +370,27 @@ TEST(PictureServerTest, callback_mayDestroyTheServer)
             sender.socket().close();
         EXPECT_TRUE(serveUntil([&] { return server == nullptr; })) << event;
     }
+}
+
+TEST(PictureServerTest, destroyedServer_tellsNothingMore)
+{
+    std::unique_ptr<PictureServer> server;
+    Array<String> names;
+    server = std::make_unique<PictureServer>(
+        PictureServer::Callbacks{.received = [&](const ArrivedPicture& arrived) {
+            names.push_back(arrived.name);
+            if (arrived.name == L"b")
+                server.reset();
+        }});
+    BareSender sender(*server->start());
+    sender.ask(command("open", "a", grey(1, 1)), "x");
+    // The state of the first picture waits for the main thread. The two others are then told together.
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    sender.ask(command("open", "b", grey(1, 1)), "x");
+    sender.ask(command("open", "c", grey(1, 1)), "x");
+    ASSERT_TRUE(serveUntil([&] { return server == nullptr; }));
+    wxAppConsole::GetInstance()->ProcessPendingEvents();
+    EXPECT_EQ(names, Array<String>({L"a", L"b"}));
 }
 
 TEST(PictureServerTest, picture_outlivesTheServer)
