@@ -129,7 +129,7 @@ TEST_F(WorkspaceTest, filter_hidesPicturesFromTheSteps)
     EXPECT_EQ(workspace.neighbour(1), b) << "also from a picture that is hidden";
     workspace.setFilter(L"none");
     EXPECT_EQ(workspace.neighbour(1), std::nullopt);
-    workspace.setFilter(L"");
+    workspace.setFilter({});
     EXPECT_TRUE(workspace.isListed(*workspace.find(c)));
 }
 
