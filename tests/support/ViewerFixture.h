@@ -3,9 +3,9 @@
 
 #include "NolvexLib/Io/Path.h"
 #include "NolvexLibWx/widgets/TextCtrl.h"
-#include "apps/viewer/view/ImageView.h"
 #include "apps/viewer/Picture.h"
 #include "apps/viewer/ViewerFrame.h"
+#include "apps/viewer/view/ImageView.h"
 #include "support/Events.h"
 #include "support/Screen.h"
 #include "support/TestData.h"

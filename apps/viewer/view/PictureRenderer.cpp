@@ -2,11 +2,11 @@
 #include "apps/viewer/view/PictureRenderer.h"
 
 #include "NolvexLibImage/pixels/Conversions.h"
+#include "apps/viewer/RowBands.h"
 #include "apps/viewer/platform/PixelCanvas.h"
 #include "apps/viewer/view/AxisSampling.h"
 #include "apps/viewer/view/Development.h"
 #include "apps/viewer/view/Pyramid.h"
-#include "apps/viewer/RowBands.h"
 #include "apps/viewer/view/ScreenEncoder.h"
 
 #include <algorithm>

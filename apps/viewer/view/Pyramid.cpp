@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/view/Pyramid.h"
 
-#include "apps/viewer/view/Development.h"
 #include "apps/viewer/RowBands.h"
+#include "apps/viewer/view/Development.h"
 
 #include <algorithm>
 #include <cmath>
