@@ -255,9 +255,10 @@ void ViewerFrame::showPanel(Command command, wxWindow& panel, bool show)
     // A panel beside the picture takes no room from it.
     const bool isBeside = panel.GetContainingSizer() == m_list->GetContainingSizer();
     const int more = isBeside ? panel.GetBestSize().x + Wx::scaleByDpi(MARGIN) : 0;
+    const int wanted = GetClientSize().x + (show ? more : -more);
     panel.Show(show);
-    widen(*this, show ? more : -more);
     makeRoom();
+    widen(*this, wanted - GetClientSize().x);
     if (!show)
         m_view->SetFocus();
 }

@@ -36,6 +36,8 @@ void makeRoomFor(wxWindow& panel, wxTopLevelWindow& window)
     size.IncTo(least);
     if (size != window.GetClientSize())
         window.SetClientSize(size);
+    // The window sends its new size later. The old size may be too small for the scroll bars of GTK.
+    panel.SetSize(size);
     panel.Layout();
 }
 

@@ -119,6 +119,11 @@ Viewer::ViewerFrame* makeFrame(const Viewer::CommandLine& line, const Beginning&
     return frame;
 }
 
+String noPicturesMessage(const Array<Io::Path>& folders)
+{
+    return L"There are no pictures in \"" + folders.front().nativeStr() + L"\".";
+}
+
 int show(const Viewer::CommandLine& line)
 {
     if (line.capture)
@@ -129,7 +134,7 @@ int show(const Viewer::CommandLine& line)
         files.push_back(samplePicture());
     const Beginning beginning = readFirstPicture(std::move(files));
     if (!beginning.picture && !isListening)
-        return fail(beginning.failures.empty() ? String(L"There are no pictures in the folder.")
+        return fail(beginning.failures.empty() ? noPicturesMessage(line.pictures)
                                                : beginning.failures.front());
     Viewer::ViewerFrame* const frame = makeFrame(line, beginning);
     if (isListening) {

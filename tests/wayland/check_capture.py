@@ -130,12 +130,15 @@ class CaptureSteps:
         self.portal.expect("asked")
         desktop.move(FAR_AWAY)
         viewer.window(self.title_of_capture())
+        # The upper left corner of the picture, pixel by pixel.
+        desktop.do("key ctrl+1", "key Home")
         view = viewer.rect(CAPTURED, "panel", CAPTURED)
         shown, taken = desktop.settled(view), SavedPicture()
-        # The scroll bars cover the right and the lower side of the view.
         part = Rect(0, 0, view.width - 30, view.height - 30)
         self.assertGreater(len({bytes(row) for row in taken.part(part)}), 20, "the window is not in the picture")
-        self.assertEqual(shown.part(Rect(view.x, view.y, part.width, part.height)), taken.part(part))
+        # The lists are too long for unittest to describe how they differ.
+        self.assertTrue(shown.part(Rect(view.x, view.y, part.width, part.height)) == taken.part(part),
+                        "the view shows something else")
         self.assertFalse(os.path.exists("shot.png"), "the file of the portal is left")
 
     def test_program_can_begin_with_a_picture(self):

@@ -237,10 +237,10 @@ class Program:
         self.shell = {"x11": "xwayland", "wayland": "xdg_shell"}[backend]
         self.log = open(f"{name}-{backend}.log", "w+b")
         # A program that remembers its window would open it where the program before left it.
-        self.settings = tempfile.TemporaryDirectory()
+        self.settings = tempfile.mkdtemp(dir=os.getcwd())
         self.process = subprocess.Popen([f"bin/{name}", *arguments], stdout=self.log, stderr=subprocess.STDOUT,
                                         env={**os.environ, "GDK_BACKEND": backend,
-                                             "XDG_CONFIG_HOME": self.settings.name})
+                                             "XDG_CONFIG_HOME": self.settings})
 
     def windows(self):
         return [window for window in self.desktop.windows() if window.process == self.process.pid]

@@ -13,7 +13,8 @@ complain() {
   failures=$((failures + 1))
 }
 
-for picture in tests/data/images/pattern*; do
+# A folder stands for the pictures in it.
+for picture in tests/data/images/pattern* tests/data/images; do
   rm -f "$folder/shot.png"
   if ! timeout 60 "$@" --screenshot "$folder/shot.png" "$picture" 2>"$folder/errors"; then
     complain "$picture was not shown: $(cat "$folder/errors")"
@@ -22,9 +23,10 @@ for picture in tests/data/images/pattern*; do
   fi
 done
 
+mkdir "$folder/empty folder"
 for picture in tests/data/images/{empty,truncated,huge-claim}.png tests/data/images/{truncated,random}.jpg \
   tests/data/images/{zero-size,huge-claim}.bmp tests/data/images/{truncated,negative,huge-claim}.pfm \
-  tests/data/images/noimage.txt tests/data/images tests/data/images/missing.png; do
+  tests/data/images/noimage.txt "$folder/empty folder" tests/data/images/missing.png; do
   status=0
   timeout 60 "$@" --screenshot "$folder/bad.png" "$picture" 2>"$folder/errors" || status=$?
   [ "$status" -eq 1 ] || complain "$picture ended with status $status"

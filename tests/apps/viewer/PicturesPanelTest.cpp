@@ -45,6 +45,7 @@ struct PicturesPanelTest : Tests::FrameFixture
     void focus(wxWindow* window) const
     {
         showFrame();
+        pictures->SetSize(panel->GetClientSize());
         ASSERT_TRUE(Tests::pumpUntil([window] {
             window->SetFocus();
             return window->HasFocus();
