@@ -3,6 +3,8 @@
 
 #include "NolvexLib/String.h"
 
+#include <wx/defs.h>
+
 class WXDLLIMPEXP_FWD_CORE wxWindow;
 
 namespace Nolvex::Viewer {

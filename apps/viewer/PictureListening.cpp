@@ -34,7 +34,7 @@ PictureServer::Callbacks PictureListening::callbacks()
 
 Expected<unsigned short, String> PictureListening::start(const Wx::Legacy::SocketAddress& address)
 {
-    const Expected<unsigned short, String> port = m_server.start(address);
+    Expected<unsigned short, String> port = m_server.start(address);
     if (port)
         m_messages.report(L"Listening for pictures at port " + Wx::toString(wxString() << *port) + L".");
     else

@@ -41,15 +41,21 @@ void PictureSaving::setPicture(const OpenPicture* shown)
     m_origin = shown != nullptr ? shown->origin : PictureOrigin::FILE;
 }
 
+bool PictureSaving::saveAs()
+{
+    // Another picture may take the place of this one while the dialogs are open.
+    const SharedPicture picture = m_picture;
+    const Io::Path file = m_file;
+    return saveAs(picture, file);
+}
+
 bool PictureSaving::saveAs(const SharedPicture& picture, const Io::Path& file)
 {
     const wxWeakRef<wxWindow> alive(&m_window);
-    // Another picture may take the place of this one while the dialogs are open.
-    const SharedPicture saved = picture;
-    if (!saved)
+    if (!picture)
         return false;
-    const Io::Path proposal = file.isEmpty() ? Io::Path(saved->name()) : file;
-    const Optional<SaveTask> task = askHowToSave(m_window, saved, proposal, m_defaults);
+    const Io::Path proposal = file.isEmpty() ? Io::Path(picture->name()) : file;
+    const Optional<SaveTask> task = askHowToSave(m_window, picture, proposal, m_defaults);
     if (!task || !alive)
         return false;
     save(*task);

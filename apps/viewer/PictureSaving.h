@@ -31,7 +31,7 @@ public:
     bool isUnsaved() const { return m_picture && m_file.isEmpty() && m_origin == PictureOrigin::DESKTOP; }
 
     /// Asks for a file and begins to write the picture. Returns whether it began.
-    bool saveAs() { return saveAs(m_picture, m_file); }
+    bool saveAs();
 
     void save(SaveTask task);
 

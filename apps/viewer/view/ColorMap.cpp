@@ -108,7 +108,7 @@ const Rgb& ColorMap::colorOf(float value) const
 const Rgb& ColorMap::colorAt(float part)
 {
     const float limited = part > 0.0f ? std::min(part, 1.0f) : 0.0f;
-    return colors()[static_cast<std::size_t>(limited * (COLORS - 1) + 0.5f)];
+    return colors()[static_cast<std::size_t>(std::lround(limited * (COLORS - 1)))];
 }
 
 const Rgb& ColorMap::nanColor()

@@ -17,7 +17,7 @@ std::shared_ptr<const Pyramid> PyramidCache::of(const SharedPicture& picture)
     } else {
         m_entries.push_back({picture, image, picture, std::make_shared<Pyramid>(*image)});
     }
-    const std::shared_ptr<const Pyramid> pyramid = m_entries.back().pyramid;
+    std::shared_ptr<const Pyramid> pyramid = m_entries.back().pyramid;
     letGo();
     return pyramid;
 }

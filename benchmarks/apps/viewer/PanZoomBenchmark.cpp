@@ -29,7 +29,8 @@ Viewer::SharedPicture gradient()
     for (int y = 0; y < PICTURE.y; ++y) {
         auto* const row = reinterpret_cast<Rgb*>(image.row(y).data());
         for (int x = 0; x < PICTURE.x; ++x) {
-            const float value = static_cast<float>(x) * static_cast<float>(y) / (PICTURE.x * PICTURE.y);
+            const float value =
+                static_cast<float>(x) * static_cast<float>(y) / static_cast<float>(PICTURE.x * PICTURE.y);
             row[x] = {value, 2.0f * value, std::sqrt(value), 1.0f};
         }
     }
