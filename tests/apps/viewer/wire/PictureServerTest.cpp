@@ -177,7 +177,7 @@ TEST(PictureServerTest, files_areRefused)
 {
     WatchedServer watched;
     BareSender sender(watched.port);
-    sender.socket().send(terminated("<root><DataType>1</DataType><Name>/tmp/evil</Name>"
+    sender.socket().send(terminated("<root><DataType>1</DataType><Name>/etc/evil</Name>"
                                     "<FileSize>0</FileSize><Compressed>0</Compressed></root>"));
     EXPECT_EQ(sender.answer(), refusal("The viewer takes no files."));
     EXPECT_EQ(sender.socket().receiveAll(), "");
