@@ -2,10 +2,10 @@
 #include "apps/send/SendArguments.h"
 
 #include "NolvexLibWx/StringConversions.h"
+#include "apps/program/CapturedMessages.h"
 #include "apps/viewer/wire/WireCommand.h"
 
 #include <wx/cmdline.h>
-#include <wx/msgout.h>
 
 #include <algorithm>
 #include <utility>
@@ -13,26 +13,6 @@
 namespace Nolvex::Viewer {
 
 namespace {
-
-// wxCmdLineParser writes its errors to the current message output.
-class CapturedMessages : public wxMessageOutput
-{
-public:
-    CapturedMessages() : m_previous(Set(this)) {}
-
-    ~CapturedMessages() override { Set(m_previous); }
-
-    CapturedMessages(const CapturedMessages&) = delete;
-    CapturedMessages& operator=(const CapturedMessages&) = delete;
-
-    void Output(const wxString& text) override { m_text += text; }
-
-    String text() const { return Wx::toString(wxString(m_text).Trim()); }
-
-private:
-    wxMessageOutput* m_previous;
-    wxString m_text;
-};
 
 // The parser keeps the texts that it is given as they are. This class keeps the parser together with them.
 class Parser
@@ -85,7 +65,7 @@ Unexpected<String> misuse(const String& sentence)
 
 Expected<SendArguments, String> parseSendArguments(const Array<Io::Path>& arguments)
 {
-    const CapturedMessages messages;
+    const Program::CapturedMessages messages;
     Parser parser(arguments);
     if (parser->Parse(false) != 0)
         return misuse(messages.text() + L".");

@@ -2,37 +2,13 @@
 #include "apps/viewer/CommandLine.h"
 
 #include "NolvexLibWx/StringConversions.h"
+#include "apps/program/CapturedMessages.h"
 
 #include <wx/cmdline.h>
-#include <wx/msgout.h>
 
 namespace Nolvex::Viewer {
 
 namespace {
-
-// wxCmdLineParser writes its errors to the current message output.
-class CapturedMessages : public wxMessageOutput
-{
-public:
-    CapturedMessages() : m_previous(Set(this)) {}
-
-    ~CapturedMessages() override { Set(m_previous); }
-
-    CapturedMessages(const CapturedMessages&) = delete;
-    CapturedMessages& operator=(const CapturedMessages&) = delete;
-
-    void Output(const wxString& text) override { m_text += text; }
-
-    wxString text() const
-    {
-        wxString text = m_text;
-        return text.Trim();
-    }
-
-private:
-    wxMessageOutput* m_previous;
-    wxString m_text;
-};
 
 void describe(wxCmdLineParser& parser)
 {
@@ -75,12 +51,12 @@ void setArguments(wxCmdLineParser& parser, const Array<Io::Path>& arguments)
 
 Expected<CommandLine, String> parseCommandLine(const Array<Io::Path>& arguments)
 {
-    const CapturedMessages messages;
+    const Program::CapturedMessages messages;
     wxCmdLineParser parser;
     describe(parser);
     setArguments(parser, arguments);
     if (parser.Parse(false) != 0)
-        return Unexpected{Wx::toString(messages.text() + ". Try --help.")};
+        return Unexpected{messages.text() + L". Try --help."};
     CommandLine line;
     line.capture = parser.Found("capture");
     line.help = parser.Found("help");

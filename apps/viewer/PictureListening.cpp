@@ -72,7 +72,7 @@ void PictureListening::onClosed(const String& name)
     m_workspace.close(id);
 }
 
-// What the user has closed is not to come back with the next rectangle.
+// A picture that the user has closed must not come back with its next rectangle.
 void PictureListening::forgetClosed()
 {
     std::erase_if(m_pictures, [this](const auto& entry) {

@@ -127,7 +127,7 @@ public:
     /// The selected pixels of the image, counted from the top left one.
     const Optional<wxRect>& selection() const { return m_selection; }
 
-    /// Selects the part of the rectangle that lies within the picture and tells nobody.
+    /// Selects the part of the rectangle that lies within the picture, and does not call onSelection.
     void setSelection(const Optional<wxRect>& selection);
 
     /// Selects as the user does.

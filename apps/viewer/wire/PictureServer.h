@@ -70,8 +70,8 @@ public:
 
     bool isRunning() const { return m_run != nullptr; }
 
-    /// Tells that the viewer no longer shows a picture. Whoever still sends the picture is told that there is
-    /// no such picture.
+    /// Tells that the viewer no longer shows a picture. A sender that goes on is told that there is no such
+    /// picture.
     void forget(const String& name);
 
 private:
