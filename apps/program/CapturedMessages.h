@@ -4,6 +4,7 @@
 #include "NolvexLib/String.h"
 
 #include <wx/msgout.h>
+#include <wx/string.h>
 
 namespace Nolvex::Program {
 
