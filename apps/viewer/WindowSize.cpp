@@ -36,8 +36,9 @@ void makeRoomFor(wxWindow& panel, wxTopLevelWindow& window)
     size.IncTo(least);
     if (size != window.GetClientSize())
         window.SetClientSize(size);
-    // The window sends its new size later. The old size may be too small for the scroll bars of GTK.
-    panel.SetSize(size);
+    // The window may get events of older, smaller sizes before it has this one, and the scroll bars of GTK
+    // cannot be made smaller than they are: the controls are never laid out in less than they need.
+    panel.SetVirtualSize(least);
     panel.Layout();
 }
 
