@@ -56,6 +56,9 @@ endif()
 
 if(NOLVEX_BUILD_TOOLKIT_LIBRARY)
   include(Toolkit)
+  if(NOLVEX_TOOLKIT_REFUSAL)
+    message(FATAL_ERROR "${NOLVEX_TOOLKIT_REFUSAL}")
+  endif()
   if(NOT WIN32)
     # platform/gtk calls these libraries directly, below wxWidgets.
     find_package(PkgConfig REQUIRED)

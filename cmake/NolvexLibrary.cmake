@@ -31,7 +31,7 @@ function(nolvex_add_library name)
   endif()
 
   string(TOUPPER ${name} upper)
-  set(generated "${CMAKE_BINARY_DIR}/include")
+  set(generated "${PROJECT_BINARY_DIR}/include")
   generate_export_header(${name} BASE_NAME ${upper} EXPORT_FILE_NAME "${generated}/${name}/Export.h")
   target_include_directories(${name} PUBLIC
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<BUILD_INTERFACE:${generated}>
@@ -45,10 +45,11 @@ function(nolvex_add_library name)
   endif()
 
   install(TARGETS ${name} EXPORT ${arg_EXPORT}
-    RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
-    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+    RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
   install(DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}/" DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${name}
-    FILES_MATCHING PATTERN "*.h" PATTERN detail EXCLUDE PATTERN paint EXCLUDE PATTERN decoding EXCLUDE
+    COMPONENT development FILES_MATCHING PATTERN "*.h" PATTERN detail EXCLUDE PATTERN paint EXCLUDE PATTERN decoding EXCLUDE
     PATTERN platform EXCLUDE PATTERN resources EXCLUDE PATTERN kernels EXCLUDE)
-  install(FILES "${generated}/${name}/Export.h" DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${name})
+  install(FILES "${generated}/${name}/Export.h" DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${name} COMPONENT development)
 endfunction()

@@ -1,16 +1,78 @@
 # SPDX-License-Identifier: MIT
-# Nolvex::Toolkit is the wxWidgets of the system. The installed package contains this file, so that its users get the
-# wxWidgets of their own machine.
-if(NOT TARGET Nolvex::Toolkit)
-  add_library(Nolvex::Toolkit INTERFACE IMPORTED GLOBAL)
+# Makes Nolvex::Toolkit, the wxWidgets of the machine, and sets
+#   NOLVEX_TOOLKIT_KIND      what was found, such as gtk3-unicode-3.2 or msw-shared-gcc-3.2
+#   NOLVEX_TOOLKIT_REFUSAL   why this wxWidgets cannot be used and what to do, or nothing
+# The installed package contains this file, so that its users get the wxWidgets of their own machine. The package sets
+# NOLVEX_TOOLKIT_WANTED to the kind that it was built with, because another kind has other binary interfaces.
+set(NOLVEX_TOOLKIT_KIND "")
+set(NOLVEX_TOOLKIT_REFUSAL "")
+
+macro(nolvex_find_toolkit_of_windows)
+  find_package(wxWidgets CONFIG QUIET COMPONENTS core base net)
+  if(wxWidgets_FOUND)
+    set(nolvex_linkage static)
+    foreach(nolvex_target IN ITEMS wx::wxmono wx::wxbase wx::base)
+      if(TARGET ${nolvex_target})
+        get_target_property(nolvex_type ${nolvex_target} TYPE)
+        if(nolvex_type STREQUAL "SHARED_LIBRARY")
+          set(nolvex_linkage shared)
+        endif()
+      endif()
+    endforeach()
+    if(MSVC)
+      set(nolvex_compiler vc)
+    else()
+      set(nolvex_compiler gcc)
+    endif()
+    string(REGEX MATCH "^[0-9]+\\.[0-9]+" nolvex_release "${wxWidgets_VERSION}")
+    set(NOLVEX_TOOLKIT_KIND "msw-${nolvex_linkage}-${nolvex_compiler}-${nolvex_release}")
+  endif()
+endmacro()
+
+macro(nolvex_find_toolkit_of_linux)
+  find_package(wxWidgets MODULE QUIET COMPONENTS core base net)
+  if(wxWidgets_FOUND)
+    execute_process(COMMAND "${wxWidgets_CONFIG_EXECUTABLE}" ${wxWidgets_CONFIG_OPTIONS} --selected-config
+      OUTPUT_VARIABLE NOLVEX_TOOLKIT_KIND OUTPUT_STRIP_TRAILING_WHITESPACE)
+  endif()
+endmacro()
+
+macro(nolvex_judge_toolkit)
   if(WIN32)
-    find_package(wxWidgets CONFIG REQUIRED COMPONENTS core base net)
-    target_link_libraries(Nolvex::Toolkit INTERFACE ${wxWidgets_LIBRARIES})
+    set(nolvex_advice "Set wxWidgets_DIR to the folder of wxWidgetsConfig.cmake of a shared build of wxWidgets 3.2.")
+    set(nolvex_accepted "^msw-shared-(gcc|vc)-3\\.2$")
   else()
-    find_package(wxWidgets 3.2 MODULE REQUIRED COMPONENTS core base net)
+    set(nolvex_advice "Install libwxgtk3.2-dev, or name the wx-config of a shared GTK 3 build of wxWidgets 3.2 with \
+-DwxWidgets_CONFIG_EXECUTABLE=<path>.")
+    set(nolvex_accepted "^gtk3-unicode-3\\.2$")
+  endif()
+  if(NOLVEX_TOOLKIT_WANTED)
+    string(REPLACE "." "\\." nolvex_accepted "^${NOLVEX_TOOLKIT_WANTED}$")
+    string(APPEND nolvex_advice " Or build NolvexLibWx from its sources with that wxWidgets.")
+  endif()
+  if(NOT NOLVEX_TOOLKIT_KIND)
+    set(NOLVEX_TOOLKIT_REFUSAL "NolvexLibWx needs wxWidgets 3.2, which was not found. ${nolvex_advice}")
+  elseif(NOT NOLVEX_TOOLKIT_KIND MATCHES "${nolvex_accepted}" AND NOLVEX_TOOLKIT_WANTED)
+    set(NOLVEX_TOOLKIT_REFUSAL "NolvexLibWx was built with wxWidgets ${NOLVEX_TOOLKIT_WANTED}, but this project finds \
+${NOLVEX_TOOLKIT_KIND}, which has another binary interface. ${nolvex_advice}")
+  elseif(NOT NOLVEX_TOOLKIT_KIND MATCHES "${nolvex_accepted}")
+    set(NOLVEX_TOOLKIT_REFUSAL "NolvexLibWx cannot be built with wxWidgets ${NOLVEX_TOOLKIT_KIND}. ${nolvex_advice}")
+  endif()
+endmacro()
+
+if(WIN32)
+  nolvex_find_toolkit_of_windows()
+else()
+  nolvex_find_toolkit_of_linux()
+endif()
+nolvex_judge_toolkit()
+
+if(NOT NOLVEX_TOOLKIT_REFUSAL AND NOT TARGET Nolvex::Toolkit)
+  add_library(Nolvex::Toolkit INTERFACE IMPORTED GLOBAL)
+  if(NOT WIN32)
     target_include_directories(Nolvex::Toolkit SYSTEM INTERFACE ${wxWidgets_INCLUDE_DIRS})
     target_compile_definitions(Nolvex::Toolkit INTERFACE ${wxWidgets_DEFINITIONS})
     target_compile_options(Nolvex::Toolkit INTERFACE ${wxWidgets_CXX_FLAGS})
-    target_link_libraries(Nolvex::Toolkit INTERFACE ${wxWidgets_LIBRARIES})
   endif()
+  target_link_libraries(Nolvex::Toolkit INTERFACE ${wxWidgets_LIBRARIES})
 endif()

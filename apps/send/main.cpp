@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Sends pictures to a viewer that listens.
+#include "NolvexLib/Version.h"
 #include "apps/program/platform/ProcessArguments.h"
 #include "apps/send/SendArguments.h"
 #include "apps/viewer/ImageFile.h"

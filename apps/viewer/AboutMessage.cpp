@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/AboutMessage.h"
 
+#include "NolvexLib/Version.h"
 #include "NolvexLibWx/MessageDialog.h"
 #include "NolvexLibWx/NativeWindows.h"
 #include "NolvexLibWx/StringConversions.h"

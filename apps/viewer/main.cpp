@@ -2,6 +2,7 @@
 // The image viewer: shows a picture through the library, from the file to the screen.
 #include "NolvexLib/Exception.h"
 #include "NolvexLib/Io/FileSize.h"
+#include "NolvexLib/Version.h"
 #include "NolvexLibWx/NolvexLibWx.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"
 #include "apps/program/DialogIcon.h"

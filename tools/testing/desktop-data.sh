@@ -33,7 +33,7 @@ grep -q "<launchable type=\"desktop-id\">$(basename "$entry")</launchable>" "$sh
 while read -r command options; do
   [ -x "$prefix/bin/$command" ] || complain "$command is not installed"
   for option in $options; do
-    [[ $option == %f ]] || "$prefix/bin/$command" --help | grep -q -e "$option" || complain "$command knows no $option"
+    [[ $option == %F ]] || "$prefix/bin/$command" --help | grep -q -e "$option" || complain "$command knows no $option"
   done
 done < <(sed -n 's/^Exec=//p' "$entry")
 

@@ -26,6 +26,7 @@ echo "$(git rev-parse HEAD) $((tests_run - portal_tests))" >build/linux-test-cou
 # The gallery takes pictures for minutes and waits most of the time.
 start_check "viewer" tools/testing/viewer.sh build/linux-release/bin/nolvex-viewer
 start_check "wayland" tools/testing/wayland.sh build/linux-release
+start_check "Debian packages" tools/testing/debian.sh
 start_check "looks" tools/testing/looks.sh build/linux-release/bin
 check "gallery" tools/testing/gallery.sh build/linux-release/bin/nolvex-gallery
 check "accessibility" tools/testing/accessibility.sh build/linux-release/bin

@@ -25,7 +25,7 @@ readonly LOCK="$CACHE/windows.lock"
 readonly WORK="$CACHE/windows-build.tmp"
 readonly STAGE="$WORK/prefix"
 
-for part in run packages sources libraries prefix wine; do
+for part in run packages sources licenses libraries prefix wine; do
     # shellcheck source=/dev/null
     source "$HERE/$part.sh"
 done
@@ -35,6 +35,7 @@ usage() {
 usage: prepare.sh                     prepare everything and print the path of the prefix
        prepare.sh --print-prefix      print the path of the prefix; fails if it is not complete
        prepare.sh --runtime-dlls      print the paths of the DLLs a program needs beside it
+       prepare.sh --licenses DIR      copy the licences of the libraries into DIR
        prepare.sh --wine-prefix DIR   make a fresh Wine prefix in DIR and print its path
        prepare.sh --help
 
@@ -104,6 +105,14 @@ case "$#:${1-}" in
     1:--runtime-dlls)
         prefix="$(complete_prefix)"
         print_runtime_dlls "$prefix" >&3
+        ;;
+    2:--licenses)
+        [[ -n $2 ]] || die "--licenses needs the name of a directory"
+        take_lock
+        log_to "$CACHE/windows-packages.log"
+        at_end rm -rf -- "$WORK"
+        mkdir -p -- "$WORK"
+        copy_licenses "$2"
         ;;
     2:--wine-prefix)
         [[ -n $2 ]] || die "--wine-prefix needs the name of a directory"
