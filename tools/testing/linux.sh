@@ -33,6 +33,7 @@ check "accessibility" tools/testing/accessibility.sh build/linux-release/bin
 check "drag" tools/testing/drag.sh build/linux-release/bin
 check "peer" tools/testing/peer.sh build/linux-release/bin/NolvexLibraryPeer
 check "transfer" tools/testing/transfer.sh build/linux-release/bin
+check "hosts" tools/testing/hosts.sh build/linux-release
 check "pictures" tools/testing/pictures.sh build/linux-release/bin
 check "task bar" tools/testing/taskbar.sh build/linux-release/bin/NolvexTaskbarSteps
 check "monitors" tools/testing/monitors.sh build/linux-release/bin

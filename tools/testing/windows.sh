@@ -31,6 +31,7 @@ check "accessibility" tools/testing/accessibility.sh "$WINDOWS_BUILD/bin" tools/
 check "drag" tools/testing/drag.sh "$WINDOWS_BUILD/bin" tools/testing/run-wine.sh
 check "peer" tools/testing/peer.sh tools/testing/run-wine.sh "$WINDOWS_BUILD/bin/NolvexLibraryPeer.exe"
 check "transfer" tools/testing/transfer.sh "$WINDOWS_BUILD/bin" tools/testing/run-wine.sh
+check "hosts" tools/testing/hosts.sh "$WINDOWS_BUILD" tools/testing/run-wine.sh
 check "pictures" tools/testing/pictures.sh "$WINDOWS_BUILD/bin" tools/testing/run-wine.sh
 stop_wine
 start_wine 96 fresh
