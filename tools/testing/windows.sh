@@ -32,6 +32,7 @@ check "drag" tools/testing/drag.sh "$WINDOWS_BUILD/bin" tools/testing/run-wine.s
 check "peer" tools/testing/peer.sh tools/testing/run-wine.sh "$WINDOWS_BUILD/bin/NolvexLibraryPeer.exe"
 check "transfer" tools/testing/transfer.sh "$WINDOWS_BUILD/bin" tools/testing/run-wine.sh
 check "pictures" tools/testing/pictures.sh "$WINDOWS_BUILD/bin" tools/testing/run-wine.sh
+check "saved files" tools/testing/saved-files.sh "$WINDOWS_BUILD/bin" tools/testing/run-wine.sh
 stop_wine
 start_wine 96 fresh
 check "zip" tools/testing/zip.sh
