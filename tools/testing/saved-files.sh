@@ -207,6 +207,27 @@ bytes_with_alpha_are_read() {
   done
 }
 
+# What OpenImageIO reads for the viewer is what oiiotool reads, where the viewer was built with OpenImageIO.
+other_formats_are_read() {
+  [ -e "$programs/nolvex-openimageio.so" ] || return 0
+  local kind
+  for kind in dpx-uint8 dpx-uint16 fits-float sgi-uint8 sgi-uint16 jp2-uint8 jp2-uint16; do
+    oiiotool opaque.exr -d "${kind#*-}" -o "other.${kind%-*}"
+    oiiotool "other.${kind%-*}" -d float --attrib oiio:ColorSpace '' -o expected.exr
+    save "other.${kind%-*}" other.tiff "$(colours_for "$kind")" opaque
+    oiiotool other.tiff -d float -o other.exr
+    same expected.exr other.exr 0.000001
+  done
+}
+
+# Light is saved in floats, and values that are encoded for display as they are.
+colours_for() {
+  case $1 in
+    dpx-* | fits-*) echo float ;;
+    *) echo "${1#*-}" ;;
+  esac
+}
+
 make_sources
 png_is_what_was_chosen
 tiff_is_what_was_chosen
@@ -215,5 +236,6 @@ eight_bits_are_what_was_chosen
 files_of_others_are_read
 orientations_are_turned
 bytes_with_alpha_are_read
+other_formats_are_read
 [ "$failures" -eq 0 ] || exit 1
 echo "saved-files: all files hold what was chosen"

@@ -52,8 +52,7 @@ Array<String> OtherFormatsReader::extensions() const
     static const bool HAS_MODULE = moduleFile().has_value();
     if (!HAS_MODULE)
         return {};
-    return {L"bw",  L"cin", L"dds", L"dpx", L"fits", L"iff", L"j2c",
-            L"j2k", L"jp2", L"pic", L"rgb", L"rgba", L"sgi"};
+    return {L"bw", L"dpx", L"fits", L"j2c", L"j2k", L"jp2", L"rgb", L"rgba", L"sgi"};
 }
 
 bool OtherFormatsReader::mayKnow(ArrayView<const std::byte> beginning) const

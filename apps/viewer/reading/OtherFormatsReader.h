@@ -5,10 +5,10 @@
 
 namespace Nolvex::Viewer {
 
-/// Reads what no other reader knows by OpenImageIO, if the viewer was built with it: Cineon, DDS, DPX, FITS,
-/// IFF, JPEG 2000, PIC and SGI files. OpenImageIO and the libraries that it needs take longer to load than
-/// the whole viewer. They therefore belong to a module of their own, which is loaded for the first such file.
-/// Without the module the reader knows no files.
+/// Reads what no other reader knows by OpenImageIO, if the viewer was built with it: DPX, FITS, JPEG 2000 and
+/// SGI files. OpenImageIO and the libraries that it needs take longer to load than the whole viewer. They
+/// therefore belong to a module of their own, which is loaded for the first such file. Without the module the
+/// reader knows no files.
 class OtherFormatsReader : public PictureReader
 {
 public:
