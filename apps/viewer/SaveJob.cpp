@@ -47,11 +47,11 @@ void SaveJob::finish()
 void SaveJob::write(Wx::TaskbarProgress& progress)
 {
     progress.setIndeterminate();
-    m_failure = writePictureFile(m_task.file, m_task.picture->image(), m_task.format, m_task.settings,
-                                 [&](float share) {
-                                     progress.setProgress(share);
-                                     return true;
-                                 });
+    m_failure =
+        writePictureFile(m_task.file, *m_task.picture, m_task.format, m_task.settings, [&](float share) {
+            progress.setProgress(share);
+            return true;
+        });
     progress.setIdle();
     // By then the main thread may have finished this file itself, and started another one.
     m_mainThread.CallAfter([this, number = m_number] {

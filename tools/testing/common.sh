@@ -18,7 +18,7 @@ BUILD_PACKAGES=(build-essential cmake ninja-build ccache pkg-config git
   libwxgtk3.2-dev libgtk-3-dev libutfcpp-dev zlib1g-dev libpng-dev libtiff-dev
   libopenexr-dev libimath-dev libwebp-dev libstb-dev)
 TEST_PACKAGES=(libgtest-dev libgmock-dev libbenchmark-dev libpugixml-dev libxtst-dev libwayland-dev
-  libxkbcommon-dev locales)
+  libxkbcommon-dev locales openimageio-tools libopenimageio-dev)
 DISPLAY_PACKAGES=(xvfb xauth openbox xclip x11-xserver-utils fonts-dejavu-core)
 WAYLAND_PACKAGES=(sway xwayland grim wl-clipboard dbus at-spi2-core gir1.2-atspi-2.0 python3-gi xkb-data fonts-dejavu-core)
 DESKTOP_DATA_PACKAGES=(desktop-file-utils appstream shared-mime-info libglib2.0-bin file)

@@ -35,6 +35,7 @@ check "peer" tools/testing/peer.sh build/linux-release/bin/NolvexLibraryPeer
 check "transfer" tools/testing/transfer.sh build/linux-release/bin
 check "hosts" tools/testing/hosts.sh build/linux-release
 check "pictures" tools/testing/pictures.sh build/linux-release/bin
+check "saved files" tools/testing/saved-files.sh build/linux-release/bin
 check "task bar" tools/testing/taskbar.sh build/linux-release/bin/NolvexTaskbarSteps
 check "monitors" tools/testing/monitors.sh build/linux-release/bin
 check "exports" tools/testing/exports.sh build/linux-release/lib/libNolvex*.so

@@ -33,6 +33,7 @@ check "peer" tools/testing/peer.sh tools/testing/run-wine.sh "$WINDOWS_BUILD/bin
 check "transfer" tools/testing/transfer.sh "$WINDOWS_BUILD/bin" tools/testing/run-wine.sh
 check "hosts" tools/testing/hosts.sh "$WINDOWS_BUILD" tools/testing/run-wine.sh
 check "pictures" tools/testing/pictures.sh "$WINDOWS_BUILD/bin" tools/testing/run-wine.sh
+check "saved files" tools/testing/saved-files.sh "$WINDOWS_BUILD/bin" tools/testing/run-wine.sh
 stop_wine
 start_wine 96 fresh
 check "zip" tools/testing/zip.sh

@@ -73,8 +73,12 @@ void SceneRenderer::draw(const Scene& scene, const SharedPicture& picture, const
         pyramid = m_pyramids.of(picture);
         m_provisional = m_provisional || !pyramid->isReady();
     }
-    const ShownImage shown{picture->image(), pyramid.get(), scene.display, scene.scale,
-                           imagePlace(*picture, scene.scale, scene.origin)};
+    const ShownImage shown{picture->image(),
+                           pyramid.get(),
+                           scene.display,
+                           scene.scale,
+                           imagePlace(*picture, scene.scale, scene.origin),
+                           picture->alpha()};
     for (const wxRect& rect : around(drawnArea(shown, clip), clip))
         fillWith(scene.backdrop.surround, rect, *m_canvas);
     drawImage(shown, scene.backdrop, clip, *m_canvas);

@@ -16,27 +16,27 @@ namespace Nolvex::Viewer {
 
 namespace {
 
-Optional<String> encode(std::iostream& stream, const Image& image, ImageFormat format,
+Optional<String> encode(std::iostream& stream, const Picture& picture, ImageFormat format,
                         const Wx::ImageSaveSettings& settings, const Progress& progress)
 {
     const bool alpha = settings.includeAlpha && writesAlpha(format);
     switch (format) {
     case ImageFormat::PNG:
-        return writePng(stream, image, settings, progress);
+        return writePng(stream, picture, settings, progress);
     case ImageFormat::TIFF:
-        return writeTiff(stream, image, settings, progress);
+        return writeTiff(stream, picture, settings, progress);
     case ImageFormat::EXR:
-        return writeOpenExr(stream, image, settings, progress);
+        return writeOpenExr(stream, picture, settings, progress);
     case ImageFormat::JPEG:
-        return writeByWxImage(stream, image, wxBITMAP_TYPE_JPEG, alpha);
+        return writeByWxImage(stream, picture, wxBITMAP_TYPE_JPEG, alpha);
     case ImageFormat::BMP:
-        return writeByWxImage(stream, image, wxBITMAP_TYPE_BMP, alpha);
+        return writeByWxImage(stream, picture, wxBITMAP_TYPE_BMP, alpha);
     case ImageFormat::TARGA:
-        return writeByWxImage(stream, image, wxBITMAP_TYPE_TGA, alpha);
+        return writeByWxImage(stream, picture, wxBITMAP_TYPE_TGA, alpha);
     case ImageFormat::GIF:
-        return writeByWxImage(stream, image, wxBITMAP_TYPE_GIF, alpha);
+        return writeByWxImage(stream, picture, wxBITMAP_TYPE_GIF, alpha);
     case ImageFormat::ICO:
-        return writeByWxImage(stream, image, wxBITMAP_TYPE_ICO, alpha);
+        return writeByWxImage(stream, picture, wxBITMAP_TYPE_ICO, alpha);
     default:
         return String(L"the viewer cannot write this format");
     }
@@ -79,7 +79,7 @@ bool writesAlpha(ImageFormat format)
            getImageFormatDescriptor(format).flags.has(ImageFormatFlag::SUPPORTS_ALPHA);
 }
 
-Optional<String> writePictureFile(const Io::Path& file, const Image& image, ImageFormat format,
+Optional<String> writePictureFile(const Io::Path& file, const Picture& picture, ImageFormat format,
                                   const Wx::ImageSaveSettings& settings, const Progress& progress)
 {
     bool isStopped = false;
@@ -87,7 +87,7 @@ Optional<String> writePictureFile(const Io::Path& file, const Image& image, Imag
     Optional<String> failure;
     try {
         Program::ReplacementFile replacement(file);
-        failure = replacement.isOpen() ? encode(replacement.stream(), image, format, settings, watched)
+        failure = replacement.isOpen() ? encode(replacement.stream(), picture, format, settings, watched)
                                        : String(L"no file of this name can be created there");
         if (!failure && !isStopped && watched(1.0f) && !replacement.commit())
             failure = String(L"the file cannot be written");

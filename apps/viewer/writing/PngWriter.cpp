@@ -86,13 +86,14 @@ private:
 
 } // namespace
 
-Optional<String> writePng(std::ostream& stream, const Image& image, const Wx::ImageSaveSettings& settings,
+Optional<String> writePng(std::ostream& stream, const Picture& picture, const Wx::ImageSaveSettings& settings,
                           const Progress& progress)
 {
-    RowEncoder rows(image, settings.colorFormat, settings.includeAlpha);
+    RowEncoder rows(picture, settings.colorFormat,
+                    settings.includeAlpha ? Optional(AlphaKind::STRAIGHT) : Optional<AlphaKind>());
     Array<std::byte> row(rows.rowBytes());
     PngFile file(stream);
-    if (file.write(image, rows, row, progress))
+    if (file.write(picture.image(), rows, row, progress))
         return {};
     return String(L"the file cannot be written");
 }

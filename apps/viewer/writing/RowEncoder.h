@@ -2,28 +2,34 @@
 #pragma once
 
 #include "NolvexLib/Array.h"
-#include "NolvexLib/ArrayView.h"
 #include "NolvexLib/ColorFormat.h"
+#include "NolvexLib/Optional.h"
 #include "NolvexLib/Rgb.h"
 #include "NolvexLibImage/Image.h"
 #include "NolvexLibImage/pixels/GammaEncoder.h"
+#include "apps/viewer/AlphaKind.h"
+#include "apps/viewer/Picture.h"
 
 #include <cstddef>
 #include <cstdint>
 
 namespace Nolvex::Viewer {
 
-/// Makes the rows of a file out of the rows of an image: three colours for each pixel, and alpha if wanted,
-/// as numbers of the colour format in the byte order of this machine.
+/// Makes the rows of a file out of the rows of a picture: three colours for each pixel, and alpha if wanted,
+/// as numbers of the colour format in the byte order of the processor.
 ///
 /// Colours are encoded for display in the formats of integers, and are linear light in the formats of floats.
 /// Integers are clamped and rounded to the nearest; floats keep negative values, infinities and NaN. Alpha is
 /// never encoded.
+///
+/// Colours are divided by alpha or multiplied by alpha if the file wants the other kind of alpha. Where an
+/// associated alpha is 0, straight colours are those of the picture.
 class RowEncoder
 {
 public:
-    /// The image must outlive the encoder. DEFAULT stands for UINT8_RGB.
-    RowEncoder(const Image& image, ColorFormat format, bool alpha);
+    /// The picture must outlive the encoder. DEFAULT stands for UINT8_RGB. `alpha` is the kind of alpha that
+    /// the file wants, or nullopt to leave alpha out. The formats of integers have straight alpha only.
+    RowEncoder(const Picture& picture, ColorFormat format, Optional<AlphaKind> alpha);
 
     int channelCount() const { return m_alpha ? 4 : 3; }
 
@@ -37,11 +43,14 @@ public:
 private:
     void encodeBytes(std::byte* destination);
     template<class Number, class Convert>
-    void encodeNumbers(std::byte* destination, float exponent, Convert convert) const;
+    void encodeNumbers(std::byte* destination, Convert convert) const;
 
     const Image& m_image;
     ColorFormat m_format;
     bool m_alpha;
+    float m_exponent;
+    bool m_divided;
+    bool m_multiplied;
     Pixels::GammaEncoder m_gamma;
     Array<Rgb> m_row;
     Array<std::uint8_t> m_colours;

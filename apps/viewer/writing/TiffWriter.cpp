@@ -111,10 +111,15 @@ void describe(TIFF* file, const ImageDescriptor& image, const RowEncoder& rows, 
     TIFFSetField(file, TIFFTAG_COMPRESSION, COMPRESSION_ADOBE_DEFLATE);
     TIFFSetField(file, TIFFTAG_PREDICTOR, isFloat ? PREDICTOR_FLOATINGPOINT : PREDICTOR_HORIZONTAL);
     TIFFSetField(file, TIFFTAG_ROWSPERSTRIP, TIFFDefaultStripSize(file, 0));
-    if (rows.channelCount() == 4) {
-        const std::uint16_t alpha = EXTRASAMPLE_UNASSALPHA;
-        TIFFSetField(file, TIFFTAG_EXTRASAMPLES, 1, &alpha);
-    }
+}
+
+void describeAlpha(TIFF* file, Optional<AlphaKind> alpha)
+{
+    if (!alpha)
+        return;
+    const std::uint16_t kind =
+        alpha == AlphaKind::ASSOCIATED ? EXTRASAMPLE_ASSOCALPHA : EXTRASAMPLE_UNASSALPHA;
+    TIFFSetField(file, TIFFTAG_EXTRASAMPLES, 1, &kind);
 }
 
 // Returns whether libtiff took every row.
@@ -137,16 +142,27 @@ bool isFloatFormat(ColorFormat format)
     return format == ColorFormat::FLT16_LINEAR_RGB || format == ColorFormat::FLT32_LINEAR_RGB;
 }
 
+// Floats keep the values of the picture. Integers cannot: multiplied colours would lose their last bits, and
+// programs disagree about whether light or encoded values are multiplied.
+AlphaKind alphaOf(const Picture& picture, ColorFormat format)
+{
+    return isFloatFormat(format) && picture.hasAlpha() ? picture.alpha() : AlphaKind::STRAIGHT;
+}
+
 } // namespace
 
-Optional<String> writeTiff(std::iostream& stream, const Image& image, const Wx::ImageSaveSettings& settings,
-                           const Progress& progress)
+Optional<String> writeTiff(std::iostream& stream, const Picture& picture,
+                           const Wx::ImageSaveSettings& settings, const Progress& progress)
 {
-    RowEncoder rows(image, settings.colorFormat, settings.includeAlpha);
+    const Image& image = picture.image();
+    const Optional<AlphaKind> alpha =
+        settings.includeAlpha ? alphaOf(picture, settings.colorFormat) : Optional<AlphaKind>();
+    RowEncoder rows(picture, settings.colorFormat, alpha);
     const std::uint64_t bytes = rows.rowBytes() * static_cast<std::uint64_t>(image.descriptor().height);
     const TiffFile file = openTiff(stream, bytes >= MAX_CLASSIC_BYTES);
     if (file) {
         describe(file.get(), image.descriptor(), rows, isFloatFormat(settings.colorFormat));
+        describeAlpha(file.get(), alpha);
         if (writeRows(file.get(), image, rows, progress))
             return {};
     }

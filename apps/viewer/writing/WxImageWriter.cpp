@@ -33,15 +33,16 @@ void splitAlpha(const std::byte* row, std::size_t count, unsigned char* colours,
     }
 }
 
-wxImage toWxImage(const Image& image, bool alpha)
+wxImage toWxImage(const Picture& picture, bool alpha)
 {
-    const ImageDescriptor& descriptor = image.descriptor();
+    const ImageDescriptor& descriptor = picture.image().descriptor();
     wxImage result(descriptor.width, descriptor.height, false);
     if (alpha && result.IsOk())
         result.SetAlpha();
     if (!result.IsOk() || (alpha && result.GetAlpha() == nullptr))
         return {};
-    RowEncoder rows(image, ColorFormat::UINT8_RGB, alpha);
+    RowEncoder rows(picture, ColorFormat::UINT8_RGB,
+                    alpha ? Optional(AlphaKind::STRAIGHT) : Optional<AlphaKind>());
     Array<std::byte> row(rows.rowBytes());
     const auto width = static_cast<std::size_t>(descriptor.width);
     for (std::int32_t y = 0; y < descriptor.height; ++y) {
@@ -69,11 +70,11 @@ bool reduceColours(wxImage& image)
 
 } // namespace
 
-Optional<String> writeByWxImage(std::ostream& stream, const Image& image, wxBitmapType type, bool alpha)
+Optional<String> writeByWxImage(std::ostream& stream, const Picture& source, wxBitmapType type, bool alpha)
 {
-    if (isTooLarge(image.descriptor()))
+    if (isTooLarge(source.image().descriptor()))
         return String(L"the picture is too large for this format");
-    wxImage picture = toWxImage(image, alpha);
+    wxImage picture = toWxImage(source, alpha);
     if (!picture.IsOk())
         return String(L"there is not enough memory");
     picture.SetOption(wxIMAGE_OPTION_QUALITY, JPEG_QUALITY);

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "NolvexLib/ArrayView.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <string_view>
+
+namespace Nolvex::Viewer {
+
+/// A format that OpenImageIO reads for the viewer.
+struct OtherFormat
+{
+    const char* name;       ///< of OpenImageIO's reader
+    std::string_view magic; ///< what the files begin with
+
+    bool knows(ArrayView<const std::byte> file) const
+    {
+        return file.size() >= magic.size() &&
+               std::equal(magic.begin(), magic.end(), reinterpret_cast<const char*>(file.data()));
+    }
+};
+
+/// The formats whose readers have survived changed files. Those of Cineon, DDS, IFF and PIC files have not:
+/// they wrote beyond their memory or ended the program.
+inline constexpr std::array<OtherFormat, 7> OTHER_FORMATS{{
+    {"dpx", "SDPX"},
+    {"dpx", "XPDS"},
+    {"fits", "SIMPLE  ="},
+    {"jpeg2000", {"\0\0\0\x0cjP  \r\n\x87\n", 12}},
+    {"jpeg2000", {"\xff\x4f\xff\x51", 4}},
+    {"sgi", {"\x01\xda\x00", 3}},
+    {"sgi", {"\x01\xda\x01", 3}},
+}};
+
+/// Returns null if the file has none of the formats.
+inline const OtherFormat* otherFormatOf(ArrayView<const std::byte> file)
+{
+    const auto* const found = std::find_if(OTHER_FORMATS.begin(), OTHER_FORMATS.end(),
+                                           [file](const OtherFormat& format) { return format.knows(file); });
+    return found == OTHER_FORMATS.end() ? nullptr : found;
+}
+
+/// The function of the module. Returns the reader, or null if the module is of another version of the viewer.
+using OtherFormatsFunction = const class PictureReader* (*)(const char* version);
+inline constexpr char OTHER_FORMATS_FUNCTION[] = "nolvexOtherFormatsReader";
+
+} // namespace Nolvex::Viewer
