@@ -21,6 +21,8 @@ constexpr CommandInfo TABLE[] = {
      L"Opens pictures (Ctrl+O)", L"Open..."},
     {SAVE_AS, Menu::PICTURE, Kind::ACTION, L"Save &as...", L"Ctrl+S", 'S', wxMOD_CONTROL,
      L"Saves the picture as a new file (Ctrl+S)", L"Save as..."},
+    {SAVE_VIEW, Menu::PICTURE, Kind::ACTION, L"Save &view as...", L"Ctrl+Shift+V", 'V',
+     wxMOD_CONTROL | wxMOD_SHIFT, L"Saves the picture as it is shown (Ctrl+Shift+V)"},
     {COPY, Menu::PICTURE, Kind::ACTION, L"&Copy image", L"Ctrl+C", 'C', wxMOD_CONTROL,
      L"Puts the picture on the clipboard (Ctrl+C)", L"Copy"},
     {PASTE, Menu::PICTURE, Kind::ACTION, L"Pas&te", L"Ctrl+V", 'V', wxMOD_CONTROL,

@@ -37,6 +37,7 @@ void PictureCommands::bind()
 {
     bindCommand(m_window, OPEN, [this] { onOpen(); });
     bindCommand(m_window, SAVE_AS, [this] { m_saving.saveAs(); });
+    bindCommand(m_window, SAVE_VIEW, [this] { m_saving.saveView(m_view.wholeScene()); });
     bindCommand(m_window, PASTE, [this] { onPaste(); });
     bindCommand(m_window, CAPTURE_SCREEN, [this] { onCapture(); });
     bindCommand(m_window, NEXT_PICTURE, [this] { m_opening.step(1); });
@@ -68,7 +69,7 @@ void PictureCommands::onSaved(const SaveTask& task, const Optional<String>& fail
         return;
     }
     const auto isSaved = [&task](const OpenPicture& open) {
-        return open.picture && &open.picture->image() == &task.picture->image();
+        return !task.view && open.picture && &open.picture->image() == &task.picture->image();
     };
     const auto saved = std::ranges::find_if(m_workspace.pictures(), isSaved);
     if (saved != m_workspace.pictures().end())

@@ -305,6 +305,19 @@ Scene ImageView::scene() const
             .backdrop = {Wx::toRgbBytes(GetBackgroundColour()), Wx::scaleByDpi(CHECK_LENGTH) * dense}};
 }
 
+Scene ImageView::wholeScene() const
+{
+    Scene whole = scene();
+    const Pixel frame = frameOf(m_picture);
+    // The view shows the second picture in the pixels whose middle lies behind the divider.
+    const double column = std::ceil((whole.divider - whole.origin.x) / whole.scale - 0.5);
+    whole.divider = static_cast<int>(std::clamp(column, 0.0, static_cast<double>(frame.x)));
+    whole.size = wxSize(frame.x, frame.y);
+    whole.scale = 1.0;
+    whole.origin = {};
+    return whole;
+}
+
 void ImageView::onPaint(wxPaintEvent& /*event*/)
 {
     // GTK does not tell that pixels of the device are smaller on the screen to which the window was moved.
@@ -318,7 +331,7 @@ void ImageView::onPaint(wxPaintEvent& /*event*/)
         dc.Clear();
     }
     paintOver(dc);
-    if (m_renderer.isWaiting() && !m_timer.IsRunning())
+    if (m_renderer.isProvisional() && !m_timer.IsRunning())
         m_timer.Start(TIMER_INTERVAL);
     m_painted = true;
 }
@@ -339,7 +352,7 @@ void ImageView::paintOver(wxDC& dc)
 
 void ImageView::onTimer(wxTimerEvent& /*event*/)
 {
-    if (m_renderer.isWaiting() && !m_renderer.isProvisional())
+    if (m_renderer.isProvisional() && !m_renderer.canImprove())
         return;
     m_timer.Stop();
     Refresh();

@@ -83,6 +83,10 @@ public:
     /// Returns the size of the whole picture at 1 : 1, in pixels of wxWidgets.
     wxSize shownSize() const;
 
+    /// Returns the whole picture as the view shows it, and nothing else: its frame at 1 : 1, with the divider
+    /// over the same column of pixels. Empty without a picture.
+    Scene wholeScene() const;
+
     /// Returns the area of the view that the picture takes, whether or not all of it can be seen.
     wxRect pictureArea() const;
 
@@ -137,7 +141,7 @@ public:
     bool wasPainted() const { return m_painted; }
 
     /// True while a better image of a large reduced picture is being made.
-    bool isProvisional() const { return m_renderer.isWaiting(); }
+    bool isProvisional() const { return m_renderer.isProvisional(); }
 
     /// True while the line along the edges shows that the keyboard is directed here.
     bool hasFocusMark() const { return m_focusMark; }

@@ -3,7 +3,7 @@
 
 #include "NolvexLibImage/pixels/Conversions.h"
 #include "apps/viewer/RowBands.h"
-#include "apps/viewer/platform/PixelCanvas.h"
+#include "apps/viewer/platform/PixelRows.h"
 #include "apps/viewer/view/AxisSampling.h"
 #include "apps/viewer/view/Development.h"
 #include "apps/viewer/view/Pyramid.h"
@@ -17,7 +17,7 @@ namespace Nolvex::Viewer {
 
 namespace {
 
-using Platform::PixelCanvas;
+using Platform::PixelRows;
 
 constexpr int COLOUR_BYTES = 3;
 constexpr int OPAQUE_ALPHA = 255;
@@ -136,7 +136,7 @@ struct Job
     const Plan& plan;
     const Development& development;
     const ScreenEncoder& encoder;
-    PixelCanvas& canvas;
+    const PixelRows& rows;
 };
 
 // Draws rows one after the other, on one thread.
@@ -159,7 +159,7 @@ public:
     {
         const int y = m_plan.down.first() + index;
         const Sample& sample = m_plan.down.sample(index);
-        std::uint32_t* const to = m_job.canvas.row(y) + m_plan.across.first();
+        std::uint32_t* const to = m_job.rows.row(y) + m_plan.across.first();
         if (m_enlarged) {
             repeat(sample.first, y, to);
             return;
@@ -314,14 +314,14 @@ RgbBytes Backdrop::colorAt(int x, int y, bool isChecked) const
     return (x / checkLength + y / checkLength) % 2 == 0 ? LIGHT_CHECK : DARK_CHECK;
 }
 
-void drawImage(const ShownImage& shown, const Backdrop& backdrop, const wxRect& clip, PixelCanvas& canvas)
+void drawImage(const ShownImage& shown, const Backdrop& backdrop, const wxRect& clip, const PixelRows& rows)
 {
-    const Plan plan = makePlan(shown, clip.Intersect(wxRect(canvas.size())));
+    const Plan plan = makePlan(shown, clip.Intersect(wxRect(rows.size())));
     if (plan.area().IsEmpty())
         return;
     const Development development(shown.image.descriptor(), shown.settings);
     const ScreenEncoder encoder(development.curve(), sizeOf(plan.across.count()) * sizeOf(plan.down.count()));
-    const Job job{shown, backdrop, plan, development, encoder, canvas};
+    const Job job{shown, backdrop, plan, development, encoder, rows};
     runInBands(plan.down.count(), [&](int first, int end) {
         RowDrawer drawer(job);
         for (int index = first; index < end; ++index)
@@ -334,13 +334,13 @@ wxRect drawnArea(const ShownImage& shown, const wxRect& clip)
     return makePlan(shown, clip).area();
 }
 
-void fillWith(const RgbBytes& color, const wxRect& rect, PixelCanvas& canvas)
+void fillWith(const RgbBytes& color, const wxRect& rect, const PixelRows& rows)
 {
-    const wxRect area = rect.Intersect(wxRect(canvas.size()));
+    const wxRect area = rect.Intersect(wxRect(rows.size()));
     if (area.IsEmpty())
         return;
     for (int y = area.y; y < area.y + area.height; ++y)
-        std::fill_n(canvas.row(y) + area.x, area.width, packed(color.r, color.g, color.b));
+        std::fill_n(rows.row(y) + area.x, area.width, packed(color.r, color.g, color.b));
 }
 
 } // namespace Nolvex::Viewer

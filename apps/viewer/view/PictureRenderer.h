@@ -13,7 +13,7 @@ class Pyramid;
 
 namespace Platform {
 
-class PixelCanvas;
+class PixelRows;
 
 } // namespace Platform
 
@@ -45,16 +45,16 @@ struct ShownImage
     wxRealPoint origin{};
 };
 
-/// Draws the part of the image that lies inside a rectangle of the view, and leaves the rest of the canvas.
+/// Draws the part of the image that lies inside a rectangle of the view, and leaves the other pixels.
 /// Enlarged pixels are squares with sharp edges, reduced ones are averages. Only what the rectangle shows is
 /// converted, on as many threads as there are cores. Throws std::bad_alloc if memory has run out.
 void drawImage(const ShownImage& shown, const Backdrop& backdrop, const wxRect& clip,
-               Platform::PixelCanvas& canvas);
+               const Platform::PixelRows& rows);
 
 /// Returns the pixels of the view that drawImage() would change.
 wxRect drawnArea(const ShownImage& shown, const wxRect& clip);
 
-/// Fills a rectangle of the canvas.
-void fillWith(const RgbBytes& color, const wxRect& rect, Platform::PixelCanvas& canvas);
+/// Fills the part of a rectangle that lies within the rows.
+void fillWith(const RgbBytes& color, const wxRect& rect, const Platform::PixelRows& rows);
 
 } // namespace Nolvex::Viewer

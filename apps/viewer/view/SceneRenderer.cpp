@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/view/SceneRenderer.h"
 
+#include "NolvexLib/Function.h"
+
 #include <algorithm>
 #include <array>
 #include <new>
@@ -22,6 +24,33 @@ std::array<wxRect, 4> around(const wxRect& inner, const wxRect& outer)
             wxRect(right, inner.y, outer.x + outer.width - right, inner.height)};
 }
 
+using PyramidOf = Function<std::shared_ptr<const Pyramid>(const SharedPicture&)>;
+
+void drawPicture(const Scene& scene, const SharedPicture& picture, const wxRect& clip,
+                 const Platform::PixelRows& rows, const PyramidOf& pyramidOf)
+{
+    if (clip.IsEmpty())
+        return;
+    if (!picture) {
+        fillWith(scene.backdrop.surround, clip, rows);
+        return;
+    }
+    const std::shared_ptr<const Pyramid> pyramid = pyramidOf(picture);
+    const ShownImage shown{picture->image(), pyramid.get(), scene.display, scene.scale,
+                           imagePlace(*picture, scene.scale, scene.origin)};
+    for (const wxRect& rect : around(drawnArea(shown, clip), clip))
+        fillWith(scene.backdrop.surround, rect, rows);
+    drawImage(shown, scene.backdrop, clip, rows);
+}
+
+void drawScene(const Scene& scene, const Platform::PixelRows& rows, const PyramidOf& pyramidOf)
+{
+    const wxRect all(scene.size);
+    const int divider = scene.comparison ? std::clamp(scene.divider, 0, all.width) : all.width;
+    drawPicture(scene, scene.picture, {0, 0, divider, all.height}, rows, pyramidOf);
+    drawPicture(scene, scene.comparison, {divider, 0, all.width - divider, all.height}, rows, pyramidOf);
+}
+
 } // namespace
 
 wxRealPoint imagePlace(const Picture& picture, double scale, const wxPoint& frameOrigin)
@@ -29,9 +58,14 @@ wxRealPoint imagePlace(const Picture& picture, double scale, const wxPoint& fram
     return {frameOrigin.x + picture.origin().x * scale, frameOrigin.y + picture.origin().y * scale};
 }
 
+void drawScene(const Scene& scene, const Platform::PixelRows& rows)
+{
+    drawScene(scene, rows, [](const SharedPicture&) { return nullptr; });
+}
+
 const Platform::PixelCanvas* SceneRenderer::render(const Scene& scene)
 {
-    const bool isSettled = !m_provisional || m_pyramids.isBusy();
+    const bool isSettled = !canImprove();
     if (!m_drawn || scene != m_scene || !isSettled) {
         m_provisional = false;
         m_scene = scene;
@@ -52,32 +86,19 @@ bool SceneRenderer::draw(const Scene& scene)
     }
     if (!m_canvas->isOk())
         return false;
-    const wxRect all(scene.size);
-    const int divider = scene.comparison ? std::clamp(scene.divider, 0, all.width) : all.width;
-    draw(scene, scene.picture, {0, 0, divider, all.height});
-    draw(scene, scene.comparison, {divider, 0, all.width - divider, all.height});
+    drawScene(scene, *m_canvas,
+              [this, &scene](const SharedPicture& picture) { return pyramidFor(picture, scene.scale); });
     return true;
 }
 
-void SceneRenderer::draw(const Scene& scene, const SharedPicture& picture, const wxRect& clip)
+std::shared_ptr<const Pyramid> SceneRenderer::pyramidFor(const SharedPicture& picture, double scale)
 {
-    if (clip.IsEmpty())
-        return;
-    if (!picture) {
-        fillWith(scene.backdrop.surround, clip, *m_canvas);
-        return;
-    }
-    std::shared_ptr<const Pyramid> pyramid;
     constexpr double MAX_REDUCED_SCALE = 0.5; // less reduced pictures need no copies
-    if (scene.scale <= MAX_REDUCED_SCALE) {
-        pyramid = m_pyramids.of(picture);
-        m_provisional = m_provisional || !pyramid->isReady();
-    }
-    const ShownImage shown{picture->image(), pyramid.get(), scene.display, scene.scale,
-                           imagePlace(*picture, scene.scale, scene.origin)};
-    for (const wxRect& rect : around(drawnArea(shown, clip), clip))
-        fillWith(scene.backdrop.surround, rect, *m_canvas);
-    drawImage(shown, scene.backdrop, clip, *m_canvas);
+    if (scale > MAX_REDUCED_SCALE)
+        return {};
+    std::shared_ptr<const Pyramid> pyramid = m_pyramids.of(picture);
+    m_provisional = m_provisional || !pyramid->isReady();
+    return pyramid;
 }
 
 } // namespace Nolvex::Viewer

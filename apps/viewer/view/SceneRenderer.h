@@ -30,6 +30,10 @@ struct Scene
     friend bool operator==(const Scene&, const Scene&) = default;
 };
 
+/// Makes the pixels of a scene without reduced copies of its pictures, which a scale below 1/2 would need.
+/// Any thread may call the function. Throws std::bad_alloc if memory has run out.
+void drawScene(const Scene& scene, const Platform::PixelRows& rows);
+
 /// Makes the pixels of scenes. Those of the last one are kept, so that the same scene costs nothing.
 class SceneRenderer
 {
@@ -37,20 +41,21 @@ public:
     /// Returns null if the scene is empty or memory has run out.
     const Platform::PixelCanvas* render(const Scene& scene);
 
-    /// True if pixels of the last scene will look better when the reduced copies of its pictures are there.
-    bool isProvisional() const { return m_provisional && !m_pyramids.isBusy(); }
+    /// True if the last scene was drawn without the reduced copies of its pictures, which are being made.
+    bool isProvisional() const { return m_provisional; }
 
-    bool isWaiting() const { return m_provisional; }
+    /// True if those copies are there now, so that the same scene would look better.
+    bool canImprove() const { return m_provisional && !m_pyramids.isBusy(); }
 
 private:
     bool draw(const Scene& scene);
-    void draw(const Scene& scene, const SharedPicture& picture, const wxRect& clip);
+    std::shared_ptr<const Pyramid> pyramidFor(const SharedPicture& picture, double scale);
 
     PyramidCache m_pyramids;
     Scene m_scene;
     std::unique_ptr<Platform::PixelCanvas> m_canvas;
     bool m_drawn = false;
-    bool m_provisional = false; // drawn without the reduced copies, which are being made
+    bool m_provisional = false;
 };
 
 /// Returns the place of a picture's image in a view, whose frame is shown at a place.

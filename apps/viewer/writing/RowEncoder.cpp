@@ -66,11 +66,6 @@ std::size_t RowEncoder::channelBytes() const
     Detail::throwStopException("writing/RowEncoder", __LINE__);
 }
 
-std::size_t RowEncoder::rowBytes() const
-{
-    return m_row.size() * static_cast<std::size_t>(channelCount()) * channelBytes();
-}
-
 void RowEncoder::encode(std::int32_t rowFromTop, std::byte* destination)
 {
     const ImageDescriptor& descriptor = m_image.descriptor();

@@ -98,10 +98,10 @@ TiffFile openTiff(std::iostream& stream, bool isLarge)
     return file;
 }
 
-void describe(TIFF* file, const ImageDescriptor& image, const RowEncoder& rows, bool isFloat)
+void describe(TIFF* file, const FileRows& rows, bool isFloat)
 {
-    TIFFSetField(file, TIFFTAG_IMAGEWIDTH, static_cast<std::uint32_t>(image.width));
-    TIFFSetField(file, TIFFTAG_IMAGELENGTH, static_cast<std::uint32_t>(image.height));
+    TIFFSetField(file, TIFFTAG_IMAGEWIDTH, static_cast<std::uint32_t>(rows.size().x));
+    TIFFSetField(file, TIFFTAG_IMAGELENGTH, static_cast<std::uint32_t>(rows.size().y));
     TIFFSetField(file, TIFFTAG_SAMPLESPERPIXEL, rows.channelCount());
     TIFFSetField(file, TIFFTAG_BITSPERSAMPLE, static_cast<int>(rows.channelBytes()) * BYTE_BITS);
     TIFFSetField(file, TIFFTAG_SAMPLEFORMAT, isFloat ? SAMPLEFORMAT_IEEEFP : SAMPLEFORMAT_UINT);
@@ -118,11 +118,11 @@ void describe(TIFF* file, const ImageDescriptor& image, const RowEncoder& rows, 
 }
 
 // Returns whether libtiff took every row.
-bool writeRows(TIFF* file, const Image& image, RowEncoder& rows, const Progress& progress)
+bool writeRows(TIFF* file, FileRows& rows, const Progress& progress)
 {
     Array<std::byte> row(rows.rowBytes());
-    const std::int32_t height = image.descriptor().height;
-    for (std::int32_t y = 0; y < height; ++y) {
+    const int height = rows.size().y;
+    for (int y = 0; y < height; ++y) {
         if (!progress(static_cast<float>(y) / static_cast<float>(height)))
             return true;
         rows.encode(y, row.data());
@@ -137,20 +137,30 @@ bool isFloatFormat(ColorFormat format)
     return format == ColorFormat::FLT16_LINEAR_RGB || format == ColorFormat::FLT32_LINEAR_RGB;
 }
 
+Optional<String> writeFile(std::iostream& stream, FileRows& rows, bool isFloat, const Progress& progress)
+{
+    const std::uint64_t bytes = rows.rowBytes() * static_cast<std::uint64_t>(rows.size().y);
+    const TiffFile file = openTiff(stream, bytes >= MAX_CLASSIC_BYTES);
+    if (file) {
+        describe(file.get(), rows, isFloat);
+        if (writeRows(file.get(), rows, progress))
+            return {};
+    }
+    return String(L"the file cannot be written");
+}
+
 } // namespace
 
 Optional<String> writeTiff(std::iostream& stream, const Image& image, const Wx::ImageSaveSettings& settings,
                            const Progress& progress)
 {
     RowEncoder rows(image, settings.colorFormat, settings.includeAlpha);
-    const std::uint64_t bytes = rows.rowBytes() * static_cast<std::uint64_t>(image.descriptor().height);
-    const TiffFile file = openTiff(stream, bytes >= MAX_CLASSIC_BYTES);
-    if (file) {
-        describe(file.get(), image.descriptor(), rows, isFloatFormat(settings.colorFormat));
-        if (writeRows(file.get(), image, rows, progress))
-            return {};
-    }
-    return String(L"the file cannot be written");
+    return writeFile(stream, rows, isFloatFormat(settings.colorFormat), progress);
+}
+
+Optional<String> writeTiff(std::iostream& stream, FileRows& rows, const Progress& progress)
+{
+    return writeFile(stream, rows, false, progress);
 }
 
 } // namespace Nolvex::Viewer

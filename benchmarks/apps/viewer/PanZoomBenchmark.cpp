@@ -74,7 +74,7 @@ Contest panning(double scale)
     stage->transform.setScale(scale, stage->transform.middle());
     do {
         stage->draw(*screen);
-    } while (stage->renderer.isWaiting());
+    } while (stage->renderer.isProvisional());
     return {[] { std::this_thread::sleep_for(FRAME_TIME); },
             [stage, screen, step = 7]() mutable {
                 step = -step;
@@ -90,7 +90,7 @@ Contest zooming()
     const auto screen = std::make_shared<wxBitmap>(VIEW);
     do {
         stage->draw(*screen);
-    } while (stage->renderer.isWaiting());
+    } while (stage->renderer.isProvisional());
     return {[] { std::this_thread::sleep_for(FRAME_TIME); },
             [stage, screen, step = 0]() mutable {
                 constexpr int STEPS = 24; // from the size of the view to 4 : 1
