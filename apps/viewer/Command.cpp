@@ -29,6 +29,8 @@ constexpr CommandInfo TABLE[] = {
      L"Opens the picture or the files on the clipboard (Ctrl+V)"},
     {CAPTURE_SCREEN, Menu::PICTURE, Kind::ACTION, L"Capture &screen", L"Ctrl+Shift+S", 'S',
      wxMOD_CONTROL | wxMOD_SHIFT, L"Shows a picture of all displays (Ctrl+Shift+S)", L"Capture"},
+    {CAPTURE_REGION, Menu::PICTURE, Kind::ACTION, L"Captur&e region...", L"Ctrl+Shift+R", 'R',
+     wxMOD_CONTROL | wxMOD_SHIFT, L"Shows a region of the screen that you choose (Ctrl+Shift+R)"},
     {NEXT_PICTURE, Menu::PICTURE, Kind::SEPARATE, L"&Next", L"Ctrl+PgDn", WXK_PAGEDOWN, wxMOD_CONTROL,
      L"Shows the next of the open pictures (Ctrl+PgDn)"},
     {PREVIOUS_PICTURE, Menu::PICTURE, Kind::ACTION, L"P&revious", L"Ctrl+PgUp", WXK_PAGEUP, wxMOD_CONTROL,

@@ -2,6 +2,7 @@
 #include "apps/viewer/view/ViewKeys.h"
 
 #include "NolvexLibWx/DpiScaling.h"
+#include "apps/viewer/view/ArrowKey.h"
 #include "apps/viewer/view/ImageView.h"
 #include "apps/viewer/view/PixelSelection.h"
 
@@ -15,27 +16,6 @@ namespace {
 constexpr int SCROLL_STEP = 16; // design units
 constexpr float DIVIDER_STEP = 0.02f;
 constexpr int BEYOND_THE_EDGE = 1 << 24; // farther than any picture reaches
-
-// The direction in which an arrow points, or (0, 0) for other keys
-Pixel directionOf(int key)
-{
-    switch (key) {
-    case WXK_LEFT:
-    case WXK_NUMPAD_LEFT:
-        return {-1, 0};
-    case WXK_RIGHT:
-    case WXK_NUMPAD_RIGHT:
-        return {1, 0};
-    case WXK_UP:
-    case WXK_NUMPAD_UP:
-        return {0, -1};
-    case WXK_DOWN:
-    case WXK_NUMPAD_DOWN:
-        return {0, 1};
-    default:
-        return {0, 0};
-    }
-}
 
 // How far a key moves what the view shows.
 Pixel scrollDistance(int key, const wxSize& view)
@@ -56,7 +36,7 @@ Pixel scrollDistance(int key, const wxSize& view)
     case WXK_NUMPAD_END:
         return {BEYOND_THE_EDGE, BEYOND_THE_EDGE};
     default:
-        return directionOf(key) * step;
+        return directionOfArrow(key) * step;
     }
 }
 
@@ -121,7 +101,7 @@ bool ViewKeys::scrollBy(int key)
 // A step is as long on the screen as one that scrolls, but at least one pixel.
 bool ViewKeys::changeSelection(const wxKeyEvent& event)
 {
-    const Pixel direction = directionOf(event.GetKeyCode());
+    const Pixel direction = directionOfArrow(event.GetKeyCode());
     if (direction == Pixel{0, 0} || !m_view.picture())
         return false;
     const Pixel size = m_view.picture()->size();
@@ -147,7 +127,7 @@ wxRect ViewKeys::firstSelection() const
 
 bool ViewKeys::moveDivider(int key)
 {
-    const Pixel direction = directionOf(key);
+    const Pixel direction = directionOfArrow(key);
     if (direction.x == 0 || !m_view.comparison())
         return false;
     m_view.moveDivider(m_view.divider() + static_cast<float>(direction.x) * DIVIDER_STEP);
