@@ -4,6 +4,7 @@
 #include "NolvexLibWx/DpiScaling.h"
 #include "apps/viewer/view/ArrowKey.h"
 #include "apps/viewer/view/ImageView.h"
+#include "apps/viewer/view/PixelCursor.h"
 #include "apps/viewer/view/PixelSelection.h"
 
 #include <algorithm>
@@ -14,6 +15,7 @@ namespace Nolvex::Viewer {
 namespace {
 
 constexpr int SCROLL_STEP = 16; // design units
+constexpr int LARGE_STEP = 10;  // pixels of the picture
 constexpr float DIVIDER_STEP = 0.02f;
 constexpr int BEYOND_THE_EDGE = 1 << 24; // farther than any picture reaches
 
@@ -68,6 +70,7 @@ void ViewKeys::onKey(wxKeyEvent& event)
         return;
     }
     const bool isDone = (modifiers == wxMOD_NONE && scrollBy(key)) ||
+                        ((modifiers & wxMOD_CONTROL) != 0 && moveCursor(event)) ||
                         ((modifiers & wxMOD_SHIFT) != 0 && changeSelection(event)) ||
                         (modifiers == wxMOD_ALT && moveDivider(key));
     event.Skip(!isDone);
@@ -95,6 +98,27 @@ bool ViewKeys::scrollBy(int key)
     if (distance == Pixel{0, 0})
         return false;
     m_view.scroll({-distance.x, -distance.y});
+    return true;
+}
+
+bool ViewKeys::moveCursor(const wxKeyEvent& event)
+{
+    PixelCursor& cursor = m_view.pixelCursor();
+    const int key = event.GetKeyCode();
+    const bool hasShift = event.GetModifiers() == (wxMOD_CONTROL | wxMOD_SHIFT);
+    // With Shift, the keys are for the selection if there is one or could be one.
+    const bool isForCursor = hasShift ? cursor.pixel() && !m_view.selection() : !event.ShiftDown();
+    const Pixel direction = directionOfArrow(key);
+    if (!isForCursor || event.AltDown() || !m_view.picture())
+        return false;
+    if (direction != Pixel{0, 0})
+        cursor.move(direction * (hasShift ? LARGE_STEP : 1));
+    else if (key == WXK_HOME || key == WXK_NUMPAD_HOME)
+        cursor.set(Pixel{0, 0});
+    else if (key == WXK_END || key == WXK_NUMPAD_END)
+        cursor.set(m_view.picture()->size() - Pixel{1, 1});
+    else
+        return false;
     return true;
 }
 
