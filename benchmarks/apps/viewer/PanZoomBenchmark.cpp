@@ -104,6 +104,9 @@ Contest zooming()
 // The figures are the time of one frame divided by the time from a movement to its pixels.
 const Figure PAN_FIT("viewer_pan_zoom_8k_fit", 1.0, [] { return panning(0.25); });
 const Figure PAN_037("viewer_pan_zoom_8k_scale_0.37", 1.0, [] { return panning(0.37); });
+const Figure PAN_051("viewer_pan_zoom_8k_scale_0.51", 1.0, [] { return panning(0.51); });
+const Figure PAN_06("viewer_pan_zoom_8k_scale_0.6", 1.0, [] { return panning(0.6); });
+const Figure PAN_075("viewer_pan_zoom_8k_scale_0.75", 1.0, [] { return panning(0.75); });
 const Figure PAN_1("viewer_pan_zoom_8k_scale_1", 1.0, [] { return panning(1.0); });
 const Figure PAN_3("viewer_pan_zoom_8k_scale_3", 1.0, [] { return panning(3.0); });
 const Figure ZOOM("viewer_pan_zoom_8k_zooming", 1.0, zooming);
