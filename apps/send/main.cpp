@@ -38,7 +38,7 @@ bool sendFile(Viewer::PictureSender& sender, const Io::Path& file, const String&
         return false;
     }
     const String& shownName = name.isEmpty() ? (*picture)->name() : name;
-    const Optional<String> failure = sender.send(shownName, (*picture)->image());
+    const Optional<String> failure = sender.send(shownName, (*picture)->image(), {}, (*picture)->alpha());
     if (failure)
         fail(L"The picture \"" + shownName + L"\" was not sent. " + *failure, FAILED);
     return !failure;

@@ -19,42 +19,39 @@ float clamped(float value)
     return value > 0.0f ? std::min(1.0f, value) : 0.0f;
 }
 
-float mixed(float channel, float behind, float opacity)
+Rgb clamped(const Rgb& pixel)
 {
-    return clamped(channel) * opacity + behind * (1.0f - opacity);
-}
-
-Rgb over(const Rgb& pixel, const Rgb& background)
-{
-    const float opacity = clamped(pixel.a);
-    return {mixed(pixel.r, background.r, opacity), mixed(pixel.g, background.g, opacity),
-            mixed(pixel.b, background.b, opacity), 1.0f};
+    return {clamped(pixel.r), clamped(pixel.g), clamped(pixel.b), 1.0f};
 }
 
 } // namespace
 
-BitmapImpl<Rgb> clipboardPicture(const Image& image, const DisplaySettings& settings,
+BitmapImpl<Rgb> clipboardPicture(const Picture& picture, const DisplaySettings& settings,
                                  const RgbBytes& background)
 {
-    const ImageDescriptor& descriptor = image.descriptor();
+    const ImageDescriptor& descriptor = picture.image().descriptor();
     const Development development(descriptor, settings);
-    const Rgb behind = Wx::toRgb(Wx::toWxColour(background));
-    BitmapImpl<Rgb> picture(descriptor.width, descriptor.height);
+    const ScreenCurve& curve = development.curve();
+    const Rgb encoded = Wx::toRgb(Wx::toWxColour(background));
+    const Rgb behind{curve.before(encoded.r), curve.before(encoded.g), curve.before(encoded.b), 1.0f};
+    BitmapImpl<Rgb> copy(descriptor.width, descriptor.height);
     for (std::int32_t y = 0; y < descriptor.height; ++y) {
-        Rgb* const row = picture.row(y);
-        image.readRow(y, row);
+        Rgb* const row = copy.row(y);
+        picture.image().readRow(y, row);
         development.apply(row, static_cast<std::size_t>(descriptor.width));
-        std::transform(row, row + descriptor.width, row,
-                       [&](const Rgb& pixel) { return over(development.curve().at(pixel), behind); });
+        std::transform(row, row + descriptor.width, row, [&](const Rgb& pixel) {
+            return clamped(
+                curve.at(development.isTransparent() ? over(pixel, picture.alpha(), behind) : pixel));
+        });
     }
-    return picture;
+    return copy;
 }
 
-Optional<String> copyToClipboard(const Image& image, const DisplaySettings& settings,
+Optional<String> copyToClipboard(const Picture& picture, const DisplaySettings& settings,
                                  const RgbBytes& background)
 {
     try {
-        if (Wx::setClipboardData(clipboardPicture(image, settings, background), {}))
+        if (Wx::setClipboardData(clipboardPicture(picture, settings, background), {}))
             return {};
     } catch (const std::bad_alloc&) {
         return String(L"The picture was not copied: there is not enough memory.");

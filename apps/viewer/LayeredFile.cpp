@@ -14,6 +14,8 @@ LayeredFile::LayeredFile(Array<std::byte> content, const PictureReader& reader, 
 Expected<std::shared_ptr<const LayeredFile>, String> LayeredFile::open(Array<std::byte> content)
 {
     const PictureReader& reader = readerFor(content);
+    if (content.size() > reader.maxFileBytes())
+        return Unexpected{String(L"it is larger than the files of its kind that can be read")};
     Expected<Array<PictureLayer>, String> layers = reader.layers(content);
     if (!layers)
         return Unexpected{layers.error()};

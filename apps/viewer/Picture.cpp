@@ -24,7 +24,9 @@ Array<String> usualChannels(PixelFormat format)
 
 } // namespace
 
-Picture::Picture(String name, Image image) : Picture(std::move(name), {std::move(image)}, nullptr, 0) {}
+Picture::Picture(String name, Image image, AlphaKind alpha)
+    : Picture(std::move(name), ReadImage{.image = std::move(image), .alpha = alpha}, nullptr, 0)
+{}
 
 Picture::Picture(String name, ReadImage read, const std::shared_ptr<const LayeredFile>& file,
                  std::size_t layer)

@@ -22,7 +22,7 @@ class Picture
 {
 public:
     /// A picture that is not from a file.
-    Picture(String name, Image image);
+    explicit Picture(String name, Image image, AlphaKind alpha = AlphaKind::STRAIGHT);
 
     /// A layer of a file. Only a file with several layers is kept, since there is nothing more to read from
     /// the others.
@@ -31,6 +31,11 @@ public:
     const String& name() const { return m_name; }
 
     const Image& image() const { return m_content->image; }
+
+    /// What the colours stand for if the image has alpha.
+    AlphaKind alpha() const { return m_content->alpha; }
+
+    bool hasAlpha() const { return Image::getPixelFormatChannelCount(image().descriptor().format) == 4; }
 
     Pixel size() const { return {image().descriptor().width, image().descriptor().height}; }
 
@@ -55,6 +60,9 @@ public:
     const Array<String>& omissions() const { return m_content->omissions; }
 
     const Array<MetadataEntry>& metadata() const { return m_content->metadata; }
+
+    /// Null if there is nothing that a writer of the same format could keep.
+    const FormatMetadata* formatMetadata() const { return m_content->formatMetadata.get(); }
 
     /// Returns the same picture with another name. Both share the image.
     std::shared_ptr<const Picture> named(String name) const;

@@ -87,7 +87,7 @@ bool PictureCommands::copy()
     }
     const wxWeakRef<wxFrame> alive(&m_window);
     const Optional<String> failure =
-        copyToClipboard(picture->image(), m_view.display(), Wx::toRgbBytes(m_view.GetBackgroundColour()));
+        copyToClipboard(*picture, m_view.display(), Wx::toRgbBytes(m_view.GetBackgroundColour()));
     // Events run while a clipboard manager fetches the picture, and one of them may have closed the window.
     if (!alive)
         return !failure;

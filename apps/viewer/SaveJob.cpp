@@ -15,7 +15,7 @@ namespace {
 Optional<String> writeFile(const SaveTask& task, const Progress& progress)
 {
     if (!task.view)
-        return writePictureFile(task.file, task.picture->image(), task.format, task.settings, progress);
+        return writePictureFile(task.file, *task.picture, task.format, task.settings, progress);
     SceneRows rows(*task.view);
     return writeRowsFile(task.file, rows, task.format, progress);
 }

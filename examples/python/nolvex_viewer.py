@@ -12,7 +12,8 @@
 
 An array has the shape (height, width) or (height, width, channels) with 1, 3 or 4 channels, and its first row is the top
 of the picture. Its numbers are uint8, uint16, float16 or float32; float64 is sent as float32. Floats are linear light
-and integers are encoded for a display, unless `gamma` says otherwise.
+and integers are encoded for a display, unless `gamma` says otherwise. The fourth channel is alpha. Colours are not
+multiplied by alpha, unless `alpha` is ASSOCIATED; most renderers multiply them.
 
 Written from docs/picture-protocol.md. Needs nothing but Python 3.8 and NumPy.
 """
@@ -25,6 +26,9 @@ DEFAULT_PORT = 41230
 
 LINEAR = 2.2
 ENCODED = 1.0
+
+STRAIGHT = "straight"
+ASSOCIATED = "associated"
 
 _CHANNELS = {1: "GREY", 3: "RGB", 4: "RGBA"}
 _NUMBERS = {"uint8": "UINT8", "uint16": "UINT16", "float16": "FLOAT16", "float32": "FLOAT32"}
@@ -60,24 +64,24 @@ class Viewer:
     def __exit__(self, *exception):
         self.disconnect()
 
-    def show(self, name, array, gamma=None):
+    def show(self, name, array, gamma=None, alpha=None):
         """Shows a whole picture, in place of an open picture of the same name."""
         pixels = _pixels_of(array)
         height, width, channels = pixels.shape
         if pixels.nbytes <= _BAND_BYTES:
             self._formats[name] = pixels.dtype, channels
-            self._send(_command("open", name, _size(width, height) + _format(pixels.dtype, channels, gamma)), pixels)
+            self._send(_command("open", name, _size(width, height) + _format(pixels.dtype, channels, gamma, alpha)), pixels)
             self._read_answers(0)
             return
-        self.create(name, width, height, pixels.dtype, channels, gamma)
+        self.create(name, width, height, pixels.dtype, channels, gamma, alpha)
         self.update(name, 0, 0, pixels, progress=1)
 
-    def create(self, name, width, height, dtype=numpy.float32, channels=3, gamma=None):
+    def create(self, name, width, height, dtype=numpy.float32, channels=3, gamma=None, alpha=None):
         """Opens a picture whose values are all 0 until they are updated."""
         dtype = _wire_type(numpy.dtype(dtype))
         if channels not in _CHANNELS:
             raise ValueError(f"A picture has 1, 3 or 4 channels, not {channels}.")
-        self._ask(_command("create", name, _size(width, height) + _format(dtype, channels, gamma)))
+        self._ask(_command("create", name, _size(width, height) + _format(dtype, channels, gamma, alpha)))
         self._formats[name] = dtype, channels
 
     def update(self, name, x, y, array, progress=None):
@@ -181,9 +185,15 @@ def _size(width, height):
     return [("Width", width), ("Height", height)]
 
 
-def _format(dtype, channels, gamma):
+def _format(dtype, channels, gamma, alpha):
+    if alpha not in (None, STRAIGHT, ASSOCIATED):
+        raise ValueError(f"Alpha is STRAIGHT or ASSOCIATED, not {alpha!r}.")
     children = [("Format", f"{_NUMBERS[dtype.name]}_{_CHANNELS[channels]}")]
-    return children if gamma is None else children + [("Gamma", _decimal(gamma))]
+    if gamma is not None:
+        children.append(("Gamma", _decimal(gamma)))
+    if alpha is not None:
+        children.append(("Alpha", alpha))
+    return children
 
 
 def _decimal(number):

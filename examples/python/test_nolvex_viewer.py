@@ -134,6 +134,19 @@ class ViewerTest(unittest.TestCase):
         self.viewer.show("gamma", numpy.zeros((1, 1), numpy.float32), gamma=nolvex_viewer.ENCODED)
         self.assertEqual(self.receiver.complete("gamma")[3], 1.0)
 
+    def test_alpha_is_told(self):
+        array = numpy.zeros((1, 1, 4), numpy.float32)
+        for alpha, expected in ((None, "straight"), (nolvex_viewer.STRAIGHT, "straight"),
+                                (nolvex_viewer.ASSOCIATED, "associated")):
+            name = f"alpha {alpha}"
+            self.viewer.show(name, array, alpha=alpha)
+            line = self.receiver.line("received", " complete " + name)
+            self.assertEqual(line.split()[7], expected)
+        self.viewer.create("created alpha", 1, 1, channels=4, alpha=nolvex_viewer.ASSOCIATED)
+        self.assertEqual(self.receiver.line("received", "created alpha").split()[7], "associated")
+        with self.assertRaises(ValueError):
+            self.viewer.show("bad", array, alpha="premultiplied")
+
     def test_names_of_all_languages_arrive(self):
         for name in ("Zürich", "縦横", "<a> & b", "../../evil"):
             self.viewer.show(name, numpy.zeros((1, 1), numpy.uint8))

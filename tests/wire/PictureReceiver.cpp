@@ -47,11 +47,13 @@ int receive(const std::filesystem::path& folder)
                  const Image& image = arrived.picture->image();
                  writePixels(image, folder / file);
                  const ImageDescriptor& descriptor = image.descriptor();
-                 print("received " + file + " " + std::to_string(descriptor.width) + " " +
-                       std::to_string(descriptor.height) + " " +
-                       std::to_string(static_cast<int>(descriptor.format)) + " " +
-                       std::to_string(descriptor.gamma) + " " + std::to_string(arrived.progress) + " " +
-                       (arrived.isComplete ? "complete " : "incomplete ") + arrived.name.toUtf8());
+                 print(
+                     "received " + file + " " + std::to_string(descriptor.width) + " " +
+                     std::to_string(descriptor.height) + " " +
+                     std::to_string(static_cast<int>(descriptor.format)) + " " +
+                     std::to_string(descriptor.gamma) + " " + std::to_string(arrived.progress) + " " +
+                     (arrived.picture->alpha() == Viewer::AlphaKind::STRAIGHT ? "straight " : "associated ") +
+                     (arrived.isComplete ? "complete " : "incomplete ") + arrived.name.toUtf8());
              },
          .progressed =
              [](const String& name, float progress) {

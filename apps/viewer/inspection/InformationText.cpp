@@ -87,6 +87,9 @@ String metadataText(const Picture& picture)
     String text = L"Size: " + picture.sizeText() + L"\n";
     text += String(L"Values: ") + formatText(picture.image().descriptor().format) + L", gamma " +
             numberText(double(picture.image().descriptor().gamma)) + L"\n";
+    if (picture.hasAlpha())
+        text += picture.alpha() == AlphaKind::ASSOCIATED ? L"Alpha: associated (in the colours)\n"
+                                                         : L"Alpha: straight\n";
     if (picture.origin() != Pixel{0, 0} || picture.frameSize() != picture.size())
         text += L"Frame: " + sizeText(picture.frameSize().x, picture.frameSize().y) + L", picture at " +
                 placeText(picture.origin()) + L"\n";

@@ -2,8 +2,8 @@
 #include "apps/viewer/inspection/PictureDifference.h"
 
 #include "NolvexLibImage/pixels/Conversions.h"
+#include "apps/viewer/Light.h"
 #include "apps/viewer/RowBands.h"
-#include "apps/viewer/reading/PictureReader.h"
 
 #include <wx/gdicmn.h>
 
@@ -40,12 +40,28 @@ float measured(float value, float reference)
         return std::abs(difference) / (std::abs(reference) + SMALLEST_REFERENCE);
 }
 
-// Reads rows of a picture in the coordinates of its frame, as light if that is asked for.
+// What the values of both pictures are made into before they are compared.
+struct CommonForm
+{
+    bool isLight = false;
+    bool isAssociated = false;
+};
+
+CommonForm commonFormOf(const Picture& picture, const Picture& reference)
+{
+    return {picture.image().descriptor().gamma != reference.image().descriptor().gamma,
+            picture.hasAlpha() && reference.hasAlpha() && picture.alpha() != reference.alpha()};
+}
+
+// Reads rows of a picture in the coordinates of its frame.
 class FrameRows
 {
 public:
-    FrameRows(const Picture& picture, bool asLight)
-        : m_picture(picture), m_encodes(asLight && picture.image().descriptor().gamma == DISPLAY_GAMMA)
+    FrameRows(const Picture& picture, const CommonForm& form)
+        : m_picture(picture),
+          m_exponent(form.isLight ? lightExponent(picture.image().descriptor().gamma) : 1.0f),
+          m_isDivided(picture.hasAlpha() && picture.alpha() == AlphaKind::ASSOCIATED && m_exponent != 1.0f),
+          m_isMultiplied(m_isDivided || (form.isAssociated && picture.alpha() == AlphaKind::STRAIGHT))
     {}
 
     void read(int x, int y, std::vector<Rgb>& pixels) const
@@ -56,17 +72,28 @@ public:
         const std::byte* const row = image.row(descriptor.height - 1 - (y - m_picture.origin().y)).data();
         Pixels::toRgb(descriptor.format, row + column * Image::getPixelFormatByteCount(descriptor.format),
                       pixels.data(), pixels.size());
-        if (!m_encodes)
+        if (m_exponent == 1.0f && !m_isMultiplied)
             return;
-        for (Rgb& pixel : pixels) {
-            for (float* channel : {&pixel.r, &pixel.g, &pixel.b})
-                *channel = std::copysign(std::pow(std::abs(*channel), LINEAR_GAMMA), *channel);
-        }
+        for (Rgb& pixel : pixels)
+            pixel = inCommonForm(pixel);
     }
 
 private:
+    // Only straight colours can be made into light. Light without alpha stays as it is.
+    Rgb inCommonForm(Rgb pixel) const
+    {
+        const bool isMultiplied = m_isMultiplied && !(m_isDivided && pixel.a == 0.0f);
+        if (m_isDivided)
+            pixel = dividedByAlpha(pixel);
+        for (float* channel : {&pixel.r, &pixel.g, &pixel.b})
+            *channel = signedPower(*channel, m_exponent);
+        return isMultiplied ? multipliedByAlpha(pixel) : pixel;
+    }
+
     const Picture& m_picture;
-    bool m_encodes;
+    float m_exponent;
+    bool m_isDivided;
+    bool m_isMultiplied;
 };
 
 struct Sums
@@ -172,14 +199,14 @@ Expected<PictureDifference, String> differenceOf(const Picture& picture, const P
     const wxRect area = areaOf(picture).Intersect(areaOf(reference));
     if (area.IsEmpty())
         return Unexpected{String(L"The picture and the reference have no pixel in common.")};
-    const float gamma = picture.image().descriptor().gamma;
-    const bool asLight = gamma != reference.image().descriptor().gamma;
+    const CommonForm form = commonFormOf(picture, reference);
     Expected<Image, String> image =
-        Image::create(area.width, area.height, PixelFormat::FLOAT32_RGB, asLight ? LINEAR_GAMMA : gamma);
+        Image::create(area.width, area.height, PixelFormat::FLOAT32_RGB,
+                      form.isLight ? GAMMA_OF_LIGHT : picture.image().descriptor().gamma);
     if (!image)
         return Unexpected{image.error()};
     const Optional<Sums> sums =
-        measureAll(*image, area, {picture, asLight}, {reference, asLight}, measureOf(measure), progress);
+        measureAll(*image, area, {picture, form}, {reference, form}, measureOf(measure), progress);
     if (!sums)
         return Unexpected{String(L"The comparison was stopped.")};
     PictureDifference difference;

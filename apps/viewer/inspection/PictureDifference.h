@@ -36,8 +36,9 @@ struct PictureDifference
 };
 
 /// Compares a picture with a reference of the same size or another. The stored values are compared if both
-/// have the same gamma, and linear light otherwise. Alpha is not compared. The error is a sentence for the
-/// user. Any thread may call the function.
+/// have the same gamma, and linear light otherwise. If the colours of one are multiplied by alpha and those
+/// of the other are not, they are multiplied before the comparison. Alpha is not compared. The error is a
+/// sentence for the user. Any thread may call the function.
 Expected<PictureDifference, String> differenceOf(const Picture& picture, const Picture& reference,
                                                  DifferenceMeasure measure, const Progress& progress);
 

@@ -23,6 +23,7 @@
 #include <ImfTimeCodeAttribute.h>
 #include <ImfVecAttribute.h>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <initializer_list>
@@ -229,7 +230,28 @@ std::string attributeText(const Imf::Attribute& attribute)
                        Imf::TimeCode, Imf::KeyCode, Imf::Rational, Imf::PreviewImage>(attribute);
 }
 
+bool isLasting(std::string_view name)
+{
+    static constexpr std::array<std::string_view, 18> OF_THE_FILE{
+        // How the pixels are stored
+        "channels", "chunkCount", "compression", "dataWindow", "displayWindow", "dwaCompressionLevel",
+        "lineOrder", "maxSamplesPerPixel", "tiles", "type", "version", "zipCompressionLevel",
+        // What the channels and the parts are called
+        "name", "view", "multiView", "idManifest", "deepImageState",
+        // What shows the old pixels
+        "preview"};
+    return std::ranges::find(OF_THE_FILE, name) == OF_THE_FILE.end() && !name.starts_with("cryptomatte/");
+}
+
 } // namespace
+
+void copyLastingAttributes(const Imf::Header& from, Imf::Header& to)
+{
+    for (auto attribute = from.begin(); attribute != from.end(); ++attribute) {
+        if (isLasting(attribute.name()))
+            to.insert(attribute.name(), attribute.attribute());
+    }
+}
 
 Array<MetadataEntry> openExrMetadata(const Imf::Header& header)
 {

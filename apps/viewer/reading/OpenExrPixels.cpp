@@ -2,6 +2,7 @@
 #include "apps/viewer/reading/OpenExrPixels.h"
 
 #include "NolvexLib/Optional.h"
+#include "apps/viewer/reading/BlankImage.h"
 #include "apps/viewer/reading/ReadOutcome.h"
 
 #include <ImfChannelList.h>
@@ -281,8 +282,8 @@ Expected<Image, String> readOpenExrPixels(OpenExrFile& file, const OpenExrLayer&
     const Imf::Header& header = file.header(layer.part);
     const Imath::Box2i& window = header.dataWindow();
     Expected<Image, String> image =
-        Image::create(window.max.x - window.min.x + 1, window.max.y - window.min.y + 1,
-                      formatOf(header, layer), LINEAR_GAMMA);
+        blankImage(window.max.x - window.min.x + 1, window.max.y - window.min.y + 1, formatOf(header, layer),
+                   GAMMA_OF_LIGHT);
     if (!image)
         return image;
     const ReadOutcome outcome = readInto(*image, file, layer, progress);

@@ -9,6 +9,7 @@
 #include <ImfHeader.h>
 
 #include <exception>
+#include <memory>
 #include <new>
 #include <string>
 #include <string_view>
@@ -63,7 +64,9 @@ ReadImage withSurroundings(Image image, const OpenExrFile& file, const Imf::Head
     ReadImage read{.image = std::move(image),
                    .omissions = omissionsOf(file, header),
                    .metadata = openExrMetadata(header),
-                   .origin = {data.min.x - display.min.x, data.min.y - display.min.y}};
+                   .origin = {data.min.x - display.min.x, data.min.y - display.min.y},
+                   .alpha = AlphaKind::ASSOCIATED, // as OpenEXR defines the colours beside an alpha
+                   .formatMetadata = std::make_shared<const OpenExrHeader>(header)};
     if (data != display)
         read.frameSize = Pixel{display.max.x - display.min.x + 1, display.max.y - display.min.y + 1};
     return read;

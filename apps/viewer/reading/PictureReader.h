@@ -5,16 +5,15 @@
 #include "NolvexLib/ArrayView.h"
 #include "NolvexLib/Expected.h"
 #include "NolvexLib/String.h"
+#include "apps/viewer/Light.h"
 #include "apps/viewer/Progress.h"
 #include "apps/viewer/reading/ReadImage.h"
 
 #include <cstddef>
+#include <cstdint>
+#include <limits>
 
 namespace Nolvex::Viewer {
-
-/// The gamma of images that hold linear light, and of those that are encoded for the display.
-inline constexpr float LINEAR_GAMMA = 2.2f;
-inline constexpr float DISPLAY_GAMMA = 1.0f;
 
 /// Told while a picture is read.
 using ReadingProgress = Progress;
@@ -34,6 +33,12 @@ public:
 
     /// Returns whether a file with this content is for this reader. Looks at the header alone.
     virtual bool knows(ArrayView<const std::byte> file) const = 0;
+
+    /// Returns whether a file that begins so may be for this reader.
+    virtual bool mayKnow(ArrayView<const std::byte> beginning) const { return knows(beginning); }
+
+    /// The size of the largest files that the reader reads.
+    virtual std::uint64_t maxFileBytes() const { return std::numeric_limits<std::uint64_t>::max(); }
 
     /// Returns what the file holds, the main layer first. A reader of files that hold one image only need not
     /// implement this function, which then returns one layer without names.

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/reading/PngReader.h"
 
+#include "apps/viewer/reading/BlankImage.h"
 #include "apps/viewer/reading/NumberText.h"
+#include "apps/viewer/reading/Omissions.h"
 #include "apps/viewer/reading/ReadOutcome.h"
 
 #include <png.h>
@@ -25,6 +27,33 @@ constexpr std::int32_t MAX_LENGTH = 0x7fff'ffff; // of a side
 // The exponent by which files for usual displays are encoded is 1 divided by this.
 constexpr double DISPLAY_EXPONENT = 2.2;
 constexpr double GAMMA_TOLERANCE = 0.05;
+
+std::uint32_t numberAt(ArrayView<const std::byte> bytes)
+{
+    std::uint32_t number = 0;
+    for (const std::byte byte : bytes.first(sizeof number))
+        number = number << BYTE_BITS | std::to_integer<std::uint32_t>(byte);
+    return number;
+}
+
+// Returns the number of frames of an animation, which a chunk before the pixels tells, or 1.
+std::uint32_t frameCount(ArrayView<const std::byte> file)
+{
+    constexpr std::size_t TYPE = 4; // where the name of a chunk begins, after the length of its data
+    constexpr std::size_t DATA = 8;
+    constexpr std::size_t CHECKSUM_BYTES = 4;
+    file = file.subspan(SIGNATURE_BYTES);
+    while (file.size() > DATA + sizeof(std::uint32_t)) {
+        const char* const type = reinterpret_cast<const char*>(file.data()) + TYPE;
+        if (std::memcmp(type, "acTL", DATA - TYPE) == 0)
+            return numberAt(file.subspan(DATA));
+        const std::uint64_t length = std::uint64_t(numberAt(file)) + DATA + CHECKSUM_BYTES;
+        if (std::memcmp(type, "IDAT", DATA - TYPE) == 0 || length > file.size())
+            break;
+        file = file.subspan(static_cast<std::size_t>(length));
+    }
+    return 1;
+}
 
 struct Source
 {
@@ -110,10 +139,11 @@ public:
         double encoding = 0.0;
         if (png_get_valid(m_png, m_info, PNG_INFO_sRGB | PNG_INFO_iCCP) != 0 ||
             png_get_gAMA(m_png, m_info, &encoding) == 0)
-            return DISPLAY_GAMMA;
+            return GAMMA_OF_ENCODED;
         const double gamma = encoding * DISPLAY_EXPONENT;
         const bool isSound = gamma > GAMMA_TOLERANCE && gamma < 1 / GAMMA_TOLERANCE;
-        return isSound && std::abs(gamma - 1.0) > GAMMA_TOLERANCE ? static_cast<float>(gamma) : DISPLAY_GAMMA;
+        return isSound && std::abs(gamma - 1.0) > GAMMA_TOLERANCE ? static_cast<float>(gamma)
+                                                                  : GAMMA_OF_ENCODED;
     }
 
     /// Returns the texts of the file. Those after the pixels are there once the rows have been read.
@@ -209,13 +239,14 @@ Expected<ReadImage, String> PngReader::read(ArrayView<const std::byte> file, std
     PngFile png(file);
     if (!png.readHeader() || !png.fits(file.size()))
         return readFailure(ReadOutcome::DAMAGED);
-    Expected<Image, String> image = Image::create(png.width(), png.height(), png.format(), png.gamma());
+    Expected<Image, String> image = blankImage(png.width(), png.height(), png.format(), png.gamma());
     if (!image)
         return Unexpected{image.error()};
     const ReadOutcome outcome = png.readRows(*image, progress);
     if (outcome != ReadOutcome::DONE)
         return readFailure(outcome);
-    return ReadImage{.image = std::move(*image), .metadata = png.metadata()};
+    return ReadImage{
+        .image = std::move(*image), .omissions = omittedFrames(frameCount(file)), .metadata = png.metadata()};
 }
 
 } // namespace Nolvex::Viewer

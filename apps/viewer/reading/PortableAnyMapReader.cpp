@@ -2,6 +2,7 @@
 #include "apps/viewer/reading/PortableAnyMapReader.h"
 
 #include "NolvexLib/Optional.h"
+#include "apps/viewer/reading/BlankImage.h"
 #include "apps/viewer/reading/ReadOutcome.h"
 
 #include <algorithm>
@@ -223,7 +224,7 @@ Expected<ReadImage, String> PortableAnyMapReader::read(ArrayView<const std::byte
     if (header->minBytes() > text.size())
         return Unexpected{String(L"it ends before its last pixel")};
     Expected<Image, String> image =
-        Image::create(header->width, header->height, header->format(), DISPLAY_GAMMA);
+        blankImage(header->width, header->height, header->format(), GAMMA_OF_ENCODED);
     if (!image)
         return Unexpected{image.error()};
     const ReadOutcome outcome = readRows(*header, text, *image, progress);

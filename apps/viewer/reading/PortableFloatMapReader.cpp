@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/reading/PortableFloatMapReader.h"
 
+#include "apps/viewer/reading/BlankImage.h"
+#include "apps/viewer/reading/ReadOutcome.h"
+
 #include <algorithm>
 #include <bit>
 #include <charconv>
@@ -80,7 +83,7 @@ bool PortableFloatMapReader::knows(ArrayView<const std::byte> file) const
 
 Expected<ReadImage, String> PortableFloatMapReader::read(ArrayView<const std::byte> file,
                                                          std::size_t /*layer*/,
-                                                         const ReadingProgress& /*progress*/) const
+                                                         const ReadingProgress& progress) const
 {
     const Optional<Header> header = knows(file) ? readHeader(file) : Optional<Header>();
     if (!header)
@@ -96,9 +99,10 @@ Expected<ReadImage, String> PortableFloatMapReader::read(ArrayView<const std::by
     if (pixels > body.size() / pixelSize)
         return Unexpected{String(L"it ends before its last pixel")};
 
-    Expected<Image, String> image =
-        Image::create(header->width, header->height, header->format, LINEAR_GAMMA);
+    Expected<Image, String> image = blankImage(header->width, header->height, header->format, GAMMA_OF_LIGHT);
     for (std::int32_t y = 0; image && y < header->height; ++y) {
+        if (progress && !progress(static_cast<float>(y) / static_cast<float>(header->height)))
+            return readFailure(ReadOutcome::STOPPED);
         const ArrayView<std::byte> row = image->row(y);
         std::memcpy(row.data(), body.data() + static_cast<std::size_t>(y) * row.size(), row.size());
         if (header->byteOrder != std::endian::native)

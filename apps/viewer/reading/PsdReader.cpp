@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/reading/PsdReader.h"
 
+#include "apps/viewer/reading/BlankImage.h"
+#include "apps/viewer/reading/Omissions.h"
 #include "apps/viewer/reading/PsdFile.h"
 #include "apps/viewer/reading/ReadOutcome.h"
 
@@ -148,12 +150,7 @@ ReadOutcome readRows(PsdFile file, Image& image, const ReadingProgress& progress
 
 Array<String> omissionsOf(const PsdFile& file)
 {
-    Array<String> omissions;
-    const int hidden = file.channels() - coloursOf(file) - (hasAlpha(file) ? 1 : 0);
-    if (hidden == 1)
-        omissions.push_back(L"It has one more channel, which is not shown.");
-    else if (hidden > 1)
-        omissions.push_back(L"It has " + std::to_wstring(hidden) + L" more channels, which are not shown.");
+    Array<String> omissions = omittedChannels(file.channels() - coloursOf(file) - (hasAlpha(file) ? 1 : 0));
     if (file.layerCount() > 1)
         omissions.push_back(L"It has " + std::to_wstring(file.layerCount()) +
                             L" layers, of which the merged image is shown.");
@@ -181,8 +178,9 @@ Expected<ReadImage, String> PsdReader::read(ArrayView<const std::byte> bytes, st
     if (!file->fits())
         return readFailure(ReadOutcome::DAMAGED);
     constexpr int FLOAT_BITS = 32;
-    Expected<Image, String> image = Image::create(file->width(), file->height(), formatOf(*file),
-                                                  file->bits() == FLOAT_BITS ? LINEAR_GAMMA : DISPLAY_GAMMA);
+    Expected<Image, String> image =
+        blankImage(file->width(), file->height(), formatOf(*file),
+                   file->bits() == FLOAT_BITS ? GAMMA_OF_LIGHT : GAMMA_OF_ENCODED);
     if (!image)
         return Unexpected{image.error()};
     const ReadOutcome outcome = readRows(*file, *image, progress);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/reading/RadianceReader.h"
 
+#include "apps/viewer/reading/BlankImage.h"
 #include "apps/viewer/reading/ReadOutcome.h"
 #include "apps/viewer/reading/StbImage.h"
 
@@ -138,7 +139,7 @@ Unexpected<String> refusal()
 Expected<Image, String> toImage(const float* pixels, const Size& size)
 {
     Expected<Image, String> image =
-        Image::create(size.width, size.height, PixelFormat::FLOAT32_RGB, LINEAR_GAMMA);
+        blankImage(size.width, size.height, PixelFormat::FLOAT32_RGB, GAMMA_OF_LIGHT);
     for (std::int32_t y = size.height - 1; image && y >= 0; --y) {
         std::memcpy(image->row(y).data(), pixels, image->rowBytes());
         pixels += static_cast<std::ptrdiff_t>(CHANNELS) * size.width;

@@ -6,6 +6,9 @@
 #include "NolvexLib/Pixel.h"
 #include "NolvexLib/String.h"
 #include "NolvexLibImage/Image.h"
+#include "apps/viewer/AlphaKind.h"
+
+#include <memory>
 
 namespace Nolvex::Viewer {
 
@@ -32,6 +35,13 @@ struct MetadataEntry
     friend bool operator==(const MetadataEntry&, const MetadataEntry&) = default;
 };
 
+/// What a file tells about its picture in a form that only its format knows, for a writer of the same format.
+class FormatMetadata
+{
+public:
+    virtual ~FormatMetadata() = default;
+};
+
 /// An image as a file holds it.
 struct ReadImage
 {
@@ -44,6 +54,9 @@ struct ReadImage
     Pixel origin{0, 0};
     /// The size of the frame, or nullopt if the image fills the frame.
     Optional<Pixel> frameSize{};
+    AlphaKind alpha = AlphaKind::STRAIGHT;
+    /// Null if the format has none that can be kept.
+    std::shared_ptr<const FormatMetadata> formatMetadata{};
 };
 
 } // namespace Nolvex::Viewer

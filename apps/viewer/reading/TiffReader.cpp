@@ -2,7 +2,9 @@
 #include "apps/viewer/reading/TiffReader.h"
 
 #include "NolvexLib/Optional.h"
+#include "apps/viewer/reading/BlankImage.h"
 #include "apps/viewer/reading/NumberText.h"
+#include "apps/viewer/reading/Omissions.h"
 #include "apps/viewer/reading/ReadOutcome.h"
 #include "apps/viewer/reading/TiffFile.h"
 #include "apps/viewer/reading/TiffSamples.h"
@@ -33,16 +35,16 @@ bool isTiff(ArrayView<const std::byte> file)
     return magic == "II*\0"sv || magic == "MM\0*"sv || magic == "II+\0"sv || magic == "MM\0+"sv;
 }
 
-Optional<TiffAlpha> alphaOf(const TiffFile& file)
+Optional<AlphaKind> alphaOf(const TiffFile& file)
 {
     std::uint16_t count = 0;
     const std::uint16_t* kinds = nullptr;
     if (TIFFGetField(file.handle(), TIFFTAG_EXTRASAMPLES, &count, &kinds) == 0 || count == 0)
         return {};
     if (kinds[0] == EXTRASAMPLE_ASSOCALPHA)
-        return TiffAlpha::MULTIPLIED;
+        return AlphaKind::ASSOCIATED;
     if (kinds[0] == EXTRASAMPLE_UNASSALPHA)
-        return TiffAlpha::SEPARATE;
+        return AlphaKind::STRAIGHT;
     return {};
 }
 
@@ -76,7 +78,9 @@ bool isReadable(const TiffFile& file, const TiffLayout& layout)
 {
     const bool hasKnownSamples = layout.isFloat
                                      ? layout.bits == 16 || layout.bits == 32 || layout.bits == 64
-                                     : layout.isUnsigned && (layout.bits == 16 || layout.bits == 32);
+                                     : layout.isUnsigned && (layout.bits == 16 || layout.bits == 32 ||
+                                                             // wxWidgets does not tell the kind of alpha.
+                                                             (layout.bits == 8 && layout.alpha));
     return isKnownPhotometric(file) && hasKnownSamples && layout.samples >= layout.colours &&
            layout.width > 0 && layout.height > 0;
 }
@@ -154,18 +158,12 @@ ReadOutcome readBlocks(const Blocks& blocks, const TiffLayout& layout, Image& im
             break;
         y += blocks.size().height;
     }
-    samples.finish(image);
     return ReadOutcome::DONE;
 }
 
 Array<String> omissionsOf(const TiffFile& file, const TiffLayout& layout)
 {
-    Array<String> omissions;
-    const int hidden = layout.samples - layout.colours - (layout.alpha ? 1 : 0);
-    if (hidden == 1)
-        omissions.push_back(L"It has one more channel, which is not shown.");
-    else if (hidden > 1)
-        omissions.push_back(L"It has " + std::to_wstring(hidden) + L" more channels, which are not shown.");
+    Array<String> omissions = omittedChannels(layout.samples - layout.colours - (layout.alpha ? 1 : 0));
     if (TIFFLastDirectory(file.handle()) == 0)
         omissions.push_back(L"It has more pages, of which the first is shown.");
     return omissions;
@@ -208,6 +206,12 @@ Array<String> TiffReader::extensions() const
     return {L"tif", L"tiff"};
 }
 
+// The kind of the samples stands in the directory, which may be anywhere in the file.
+bool TiffReader::mayKnow(ArrayView<const std::byte> beginning) const
+{
+    return isTiff(beginning);
+}
+
 bool TiffReader::knows(ArrayView<const std::byte> file) const
 {
     if (!isTiff(file))
@@ -228,15 +232,16 @@ Expected<ReadImage, String> TiffReader::read(ArrayView<const std::byte> file, st
         isReadable(tiff, layout) ? imageFormatOf(layout) : Optional<TiffImageFormat>();
     if (!format || !blocks.areSound() || layout.byteCount() / MAX_INFLATION > file.size())
         return readFailure(ReadOutcome::DAMAGED);
-    Expected<Image, String> image =
-        Image::create(format->width, format->height, format->pixels, format->gamma);
+    Expected<Image, String> image = blankImage(format->width, format->height, format->pixels, format->gamma);
     if (!image)
         return Unexpected{image.error()};
     const ReadOutcome outcome = readBlocks(blocks, layout, *image, progress);
     if (outcome != ReadOutcome::DONE)
         return readFailure(outcome);
-    return ReadImage{
-        .image = std::move(*image), .omissions = omissionsOf(tiff, layout), .metadata = metadataOf(tiff)};
+    return ReadImage{.image = std::move(*image),
+                     .omissions = omissionsOf(tiff, layout),
+                     .metadata = metadataOf(tiff),
+                     .alpha = layout.alpha.value_or(AlphaKind::STRAIGHT)};
 }
 
 } // namespace Nolvex::Viewer

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/reading/TiffSamples.h"
 
-#include "apps/viewer/HalfFloat.h"
 #include "apps/viewer/reading/PictureReader.h"
 
 #include <algorithm>
@@ -35,6 +34,8 @@ PixelFormat pixelFormatOf(const TiffLayout& layout)
     const int channels = layout.alpha ? 4 : layout.colours;
     const bool isGrey = channels == 1;
     const bool isColour = channels == 3;
+    if (!layout.isFloat && layout.bits == 8)
+        return isGrey ? PixelFormat::UINT8_GREY : isColour ? PixelFormat::UINT8_RGB : PixelFormat::UINT8_RGBA;
     if (!layout.isFloat && layout.bits == 16)
         return isGrey     ? PixelFormat::UINT16_GREY
                : isColour ? PixelFormat::UINT16_RGB
@@ -46,40 +47,6 @@ PixelFormat pixelFormatOf(const TiffLayout& layout)
     return isGrey     ? PixelFormat::FLOAT32_GREY
            : isColour ? PixelFormat::FLOAT32_RGB
                       : PixelFormat::FLOAT32_RGBA;
-}
-
-void writeAs(PixelFormat format, float value, std::byte* to)
-{
-    switch (format) {
-    case PixelFormat::UINT16_RGBA:
-        putNumber(static_cast<std::uint16_t>(std::lround(std::clamp(value, 0.0f, 1.0f) * 65535.0f)), to);
-        break;
-    case PixelFormat::FLOAT16_RGBA:
-        putNumber(toHalf(value), to);
-        break;
-    default:
-        putNumber(value, to);
-        break;
-    }
-}
-
-void divideByAlpha(Image& image, std::size_t sampleBytes)
-{
-    const ImageDescriptor& descriptor = image.descriptor();
-    Array<Rgb> row(static_cast<std::size_t>(descriptor.width));
-    for (std::int32_t y = 0; y < descriptor.height; ++y) {
-        image.readRow(y, row.data());
-        std::byte* to = image.row(y).data();
-        for (const Rgb& pixel : row) {
-            // Where alpha is 0, NaN or 1, the colours are left as they are.
-            if (pixel.a > 0.0f && pixel.a != 1.0f) {
-                writeAs(descriptor.format, pixel.r / pixel.a, to);
-                writeAs(descriptor.format, pixel.g / pixel.a, to + sampleBytes);
-                writeAs(descriptor.format, pixel.b / pixel.a, to + 2 * sampleBytes);
-            }
-            to += 4 * sampleBytes;
-        }
-    }
 }
 
 } // namespace
@@ -101,7 +68,7 @@ Optional<TiffImageFormat> imageFormatOf(const TiffLayout& layout)
     TiffImageFormat format{.width = static_cast<std::int32_t>(layout.width),
                            .height = static_cast<std::int32_t>(layout.height),
                            .pixels = pixelFormatOf(layout),
-                           .gamma = layout.isFloat ? LINEAR_GAMMA : DISPLAY_GAMMA};
+                           .gamma = layout.isFloat ? GAMMA_OF_LIGHT : GAMMA_OF_ENCODED};
     if (layout.isTransposed())
         std::swap(format.width, format.height);
     return format;
@@ -141,12 +108,6 @@ void TiffSamples::place(ArrayView<const std::byte> block, TiffBlockSize size, st
     }
 }
 
-void TiffSamples::finish(Image& image) const
-{
-    if (m_layout.alpha == TiffAlpha::MULTIPLIED)
-        divideByAlpha(image, m_sampleBytes);
-}
-
 // Returns where the pixel of the file belongs. The orientation names the corner of the picture at which the
 // first row and the first column of the file lie.
 std::byte* TiffSamples::pixelAt(Image& image, std::uint32_t x, std::uint32_t y) const
@@ -172,7 +133,9 @@ void TiffSamples::placePixel(const std::byte* from, int sample, std::byte* to) c
     std::byte value[sizeof(float)] = {};
     writeSample(from, value);
     if (m_layout.isInverted && !isAlpha && !m_layout.isFloat) {
-        if (m_sampleBytes == sizeof(std::uint16_t))
+        if (m_sampleBytes == sizeof(std::uint8_t))
+            putNumber(static_cast<std::uint8_t>(~numberAt<std::uint8_t>(value)), value);
+        else if (m_sampleBytes == sizeof(std::uint16_t))
             putNumber(static_cast<std::uint16_t>(~numberAt<std::uint16_t>(value)), value);
         else
             putNumber(1.0f - numberAt<float>(value), value);
@@ -181,7 +144,7 @@ void TiffSamples::placePixel(const std::byte* from, int sample, std::byte* to) c
         std::memcpy(to + static_cast<std::size_t>(channel) * m_sampleBytes, value, m_sampleBytes);
 }
 
-// libtiff has already turned the bytes into the order of this machine.
+// libtiff has already turned the bytes into the order that the processor uses.
 void TiffSamples::writeSample(const std::byte* from, std::byte* to) const
 {
     if (m_fileSampleBytes == sizeof(double))

@@ -5,17 +5,12 @@
 #include "NolvexLib/ArrayView.h"
 #include "NolvexLib/Optional.h"
 #include "NolvexLibImage/Image.h"
+#include "apps/viewer/AlphaKind.h"
 
 #include <cstddef>
 #include <cstdint>
 
 namespace Nolvex::Viewer {
-
-enum class TiffAlpha
-{
-    MULTIPLIED, // the colours are multiplied by alpha
-    SEPARATE,
-};
 
 /// How the samples of a TIFF file are stored.
 struct TiffLayout
@@ -27,7 +22,7 @@ struct TiffLayout
     bool isUnsigned = false;
     int samples = 0; // of a pixel
     int colours = 0; // 1 or 3 of the samples
-    Optional<TiffAlpha> alpha;
+    Optional<AlphaKind> alpha;
     bool isInverted = false; // 0 is white
     bool isPlanar = false;
     int orientation = 1;
@@ -70,9 +65,6 @@ public:
     /// files, the block has the samples of one plane.
     void place(ArrayView<const std::byte> block, TiffBlockSize size, std::uint32_t x, std::uint32_t y,
                int plane, Image& image) const;
-
-    /// To be called once when all blocks have been placed.
-    void finish(Image& image) const;
 
 private:
     std::byte* pixelAt(Image& image, std::uint32_t x, std::uint32_t y) const;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/reading/WebPReader.h"
 
+#include "apps/viewer/reading/BlankImage.h"
+#include "apps/viewer/reading/Omissions.h"
 #include "apps/viewer/reading/ReadOutcome.h"
 
 #include <webp/decode.h>
@@ -9,7 +11,6 @@
 #include <algorithm>
 #include <cstdint>
 #include <memory>
-#include <string>
 #include <string_view>
 #include <utility>
 
@@ -87,10 +88,7 @@ bool decodeInto(Image& image, const WebPData& frame)
 
 ReadImage withSurroundings(Image image, const Frames& frames)
 {
-    ReadImage read{.image = std::move(image)};
-    if (frames.count() > 1)
-        read.omissions.push_back(L"It has " + std::to_wstring(frames.count()) +
-                                 L" frames, of which the first is shown.");
+    ReadImage read{.image = std::move(image), .omissions = omittedFrames(frames.count())};
     const Pixel size{read.image.descriptor().width, read.image.descriptor().height};
     read.origin = {frames.first().x_offset, frames.first().y_offset};
     if (size != frames.canvasSize())
@@ -121,9 +119,9 @@ Expected<ReadImage, String> WebPReader::read(ArrayView<const std::byte> file, st
     if (!frames.hasFirst() || WebPGetFeatures(frames.first().fragment.bytes, frames.first().fragment.size,
                                               &features) != VP8_STATUS_OK)
         return readFailure(ReadOutcome::DAMAGED);
-    Expected<Image, String> image = Image::create(
+    Expected<Image, String> image = blankImage(
         features.width, features.height,
-        features.has_alpha != 0 ? PixelFormat::UINT8_RGBA : PixelFormat::UINT8_RGB, DISPLAY_GAMMA);
+        features.has_alpha != 0 ? PixelFormat::UINT8_RGBA : PixelFormat::UINT8_RGB, GAMMA_OF_ENCODED);
     if (!image)
         return Unexpected{image.error()};
     if (!decodeInto(*image, frames.first().fragment))

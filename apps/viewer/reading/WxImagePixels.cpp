@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/reading/WxImagePixels.h"
 
+#include "apps/viewer/reading/BlankImage.h"
 #include "apps/viewer/reading/PictureReader.h"
 
 #include <wx/image.h>
@@ -11,8 +12,8 @@ Expected<Image, String> toImage(const wxImage& source)
 {
     const bool alpha = source.HasAlpha();
     Expected<Image, String> image =
-        Image::create(source.GetWidth(), source.GetHeight(),
-                      alpha ? PixelFormat::UINT8_RGBA : PixelFormat::UINT8_RGB, DISPLAY_GAMMA);
+        blankImage(source.GetWidth(), source.GetHeight(),
+                   alpha ? PixelFormat::UINT8_RGBA : PixelFormat::UINT8_RGB, GAMMA_OF_ENCODED);
     const unsigned char* colour = source.GetData();
     const unsigned char* opacity = source.GetAlpha();
     for (std::int32_t y = source.GetHeight() - 1; image && y >= 0; --y) {

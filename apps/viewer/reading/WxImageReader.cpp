@@ -3,6 +3,7 @@
 
 #include "NolvexLib/ImageFormatDescriptor.h"
 #include "NolvexLibWx/MemoryImages.h"
+#include "apps/viewer/reading/Omissions.h"
 #include "apps/viewer/reading/WxImagePixels.h"
 
 #include <wx/image.h>
@@ -10,7 +11,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
-#include <string>
+#include <limits>
 #include <utility>
 
 namespace Nolvex::Viewer {
@@ -49,7 +50,7 @@ bool skipBlock(ArrayView<const std::byte>& bytes, std::size_t headerBytes, std::
     return skipPieces(bytes);
 }
 
-int gifFrames(ArrayView<const std::byte> file)
+std::uint64_t gifFrames(ArrayView<const std::byte> file)
 {
     constexpr std::size_t FLAGS = 10; // where the flags of the file stand
     constexpr std::size_t FRAME_FLAGS = 9;
@@ -58,7 +59,7 @@ int gifFrames(ArrayView<const std::byte> file)
     constexpr std::byte EXTENSION{0x21};
     if (file.size() < HEADER_BYTES || std::memcmp(file.data(), "GIF8", 4) != 0)
         return 0;
-    int frames = 0;
+    std::uint64_t frames = 0;
     ArrayView<const std::byte> rest =
         file.subspan(std::min(file.size(), HEADER_BYTES + tableBytes(file[FLAGS])));
     while (rest.size() > FRAME_FLAGS && (rest[0] == FRAME || rest[0] == EXTENSION)) {
@@ -69,14 +70,6 @@ int gifFrames(ArrayView<const std::byte> file)
         frames += isFrame ? 1 : 0;
     }
     return frames;
-}
-
-Array<String> omissionsOf(ArrayView<const std::byte> file)
-{
-    const int frames = gifFrames(file);
-    if (frames < 2)
-        return {};
-    return {L"It has " + std::to_wstring(frames) + L" frames, of which the first is shown."};
 }
 
 } // namespace
@@ -98,6 +91,12 @@ bool WxImageReader::knows(ArrayView<const std::byte> /*file*/) const
     return true;
 }
 
+// The decoders of wxWidgets count bytes in int.
+std::uint64_t WxImageReader::maxFileBytes() const
+{
+    return std::numeric_limits<std::int32_t>::max();
+}
+
 Expected<ReadImage, String> WxImageReader::read(ArrayView<const std::byte> file, std::size_t /*layer*/,
                                                 const ReadingProgress& /*progress*/) const
 {
@@ -109,7 +108,7 @@ Expected<ReadImage, String> WxImageReader::read(ArrayView<const std::byte> file,
     Expected<Image, String> image = toImage(*decoded);
     if (!image)
         return Unexpected{image.error()};
-    return ReadImage{.image = std::move(*image), .omissions = omissionsOf(file)};
+    return ReadImage{.image = std::move(*image), .omissions = omittedFrames(gifFrames(file))};
 }
 
 } // namespace Nolvex::Viewer

@@ -12,6 +12,7 @@ class WxImageReader : public PictureReader
 public:
     Array<String> extensions() const override;
     bool knows(ArrayView<const std::byte> file) const override;
+    std::uint64_t maxFileBytes() const override;
     Expected<ReadImage, String> read(ArrayView<const std::byte> file, std::size_t layer,
                                      const ReadingProgress& progress) const override;
 };

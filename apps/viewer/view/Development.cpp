@@ -2,42 +2,30 @@
 #include "apps/viewer/view/Development.h"
 
 #include "NolvexLibImage/pixels/Conversions.h"
-#include "apps/viewer/RowBands.h"
-#include "apps/viewer/view/ScreenEncoder.h"
+#include "apps/viewer/Light.h"
 
 #include <cmath>
-#include <cstdint>
-#include <vector>
 
 namespace Nolvex::Viewer {
 
 namespace {
 
-constexpr float SCREEN_GAMMA = 2.2f;
-constexpr int COLOUR_BYTES = 3;
-
-float signedPower(float value, float exponent)
+// The factor for the values of the image. False colour makes light of the values before the exposure.
+float factorOf(const DisplaySettings& settings, float lightExponent)
 {
-    return std::copysign(std::pow(std::abs(value), exponent), value);
-}
-
-// False colour decodes the values itself, before the exposure.
-float factorOf(const DisplaySettings& settings, bool isEncoded)
-{
-    const bool isOfEncoded = isEncoded && settings.falseColor == FalseColor::OFF;
-    return isOfEncoded ? std::exp2(settings.exposure / SCREEN_GAMMA) : std::exp2(settings.exposure);
+    const bool isOfLight = settings.falseColor != FalseColor::OFF;
+    return std::exp2(isOfLight ? settings.exposure : settings.exposure / lightExponent);
 }
 
 ScreenCurve curveOf(const ImageDescriptor& image, const DisplaySettings& settings)
 {
     if (settings.falseColor != FalseColor::OFF || settings.channel == Channel::ALPHA)
         return {};
-    const bool isEncoded = image.gamma == 1.0f;
     switch (settings.encoding) {
     case Encoding::SRGB:
-        return {!isEncoded, 1.0f / settings.gamma};
+        return {image.gamma != GAMMA_OF_ENCODED, 1.0f / settings.gamma, lightExponent(image.gamma)};
     case Encoding::LINEAR:
-        return {false, (isEncoded ? SCREEN_GAMMA : 1.0f) / settings.gamma};
+        return {false, lightExponent(image.gamma) / settings.gamma};
     case Encoding::GAMMA:
         break;
     }
@@ -53,17 +41,21 @@ void showAsGrey(Rgb* pixels, std::size_t count, Value valueOf)
     }
 }
 
-using PixelRow = std::vector<Rgb>;
+void raise(Rgb& pixel, float exponent)
+{
+    for (float* const value : {&pixel.r, &pixel.g, &pixel.b})
+        *value = signedPower(*value, exponent);
+}
 
 } // namespace
 
 Development::Development(const ImageDescriptor& image, const DisplaySettings& settings)
     : m_channel(settings.channel),
-      m_encoded(image.gamma == 1.0f),
       m_falseColor(settings.falseColor != FalseColor::OFF),
       m_transparent(!m_falseColor && settings.channel == Channel::RGB &&
                     Image::getPixelFormatChannelCount(image.format) == 4),
-      m_factor(factorOf(settings, m_encoded)),
+      m_lightExponent(lightExponent(image.gamma)),
+      m_factor(factorOf(settings, m_lightExponent)),
       m_curve(curveOf(image, settings)),
       m_map(settings)
 {}
@@ -78,11 +70,9 @@ void Development::apply(Rgb* pixels, std::size_t count) const
 
 void Development::applyFalseColor(Rgb* pixels, std::size_t count) const
 {
-    if (m_encoded && m_channel != Channel::ALPHA) {
-        for (std::size_t i = 0; i < count; ++i) {
-            for (float* const value : {&pixels[i].r, &pixels[i].g, &pixels[i].b})
-                *value = signedPower(*value, SCREEN_GAMMA);
-        }
+    if (m_lightExponent != 1.0f && m_channel != Channel::ALPHA) {
+        for (std::size_t i = 0; i < count; ++i)
+            raise(pixels[i], m_lightExponent);
     }
     if (m_channel == Channel::RGB)
         showAsGrey(pixels, count, [this](const Rgb& pixel) { return luminance(pixel) * m_factor; });
@@ -139,42 +129,13 @@ PixelValues developPixel(const Image& image, const DisplaySettings& settings, Pi
     Rgb stored;
     readPixels(image, position, &stored, 1);
     PixelValues values{stored, stored};
-    if (image.descriptor().gamma == 1.0f) {
-        for (float* channel : {&values.light.r, &values.light.g, &values.light.b})
-            *channel = signedPower(*channel, SCREEN_GAMMA);
-    }
+    raise(values.light, lightExponent(image.descriptor().gamma));
     const Development development(image.descriptor(), settings);
     development.apply(&values.shown, 1);
     values.shown = development.curve().at(values.shown);
     if (!development.isTransparent())
         values.shown.a = 1.0f;
     return values;
-}
-
-wxImage develop(const Image& image, const DisplaySettings& settings, const wxRect& part)
-{
-    if (part.IsEmpty())
-        return {};
-    // The pixels need not be cleared: every byte is written below.
-    wxImage result(part.width, part.height, false);
-    if (!result.IsOk())
-        return {};
-    const Development development(image.descriptor(), settings);
-    const auto width = static_cast<std::size_t>(part.width);
-    const ScreenEncoder encoder(development.curve(), width * static_cast<std::size_t>(part.height));
-    if (development.isTransparent())
-        result.SetAlpha();
-    runInBands(part.height, [&](int first, int end) {
-        PixelRow row(width); // stays in the cache of the processor from the first change to the last
-        for (int y = first; y < end; ++y) {
-            const std::size_t done = static_cast<std::size_t>(y) * width;
-            readPixels(image, {part.x, part.y + y}, row.data(), width);
-            development.apply(row.data(), width);
-            encoder.encode(row.data(), result.GetData() + done * COLOUR_BYTES,
-                           result.HasAlpha() ? result.GetAlpha() + done : nullptr, width);
-        }
-    });
-    return result;
 }
 
 } // namespace Nolvex::Viewer

@@ -8,19 +8,15 @@
 #include "apps/viewer/view/ColorMap.h"
 #include "apps/viewer/view/ScreenCurve.h"
 
-#include <wx/gdicmn.h>
-#include <wx/image.h>
-
 #include <cstddef>
 
 namespace Nolvex::Viewer {
 
 /// Makes what the screen shows out of the pixels of an image, as the settings ask for.
 ///
-/// Exposure multiplies the light. The values of an image whose gamma is not 1 are light, and are multiplied
-/// by 2 to the power of the exposure. The values of an image with gamma 1 are encoded for the screen already,
-/// as in most files of 8 bits. They are multiplied by 2 to the power of exposure / 2.2, which multiplies
-/// their light by nearly as much as in the other case. Alpha has no exposure.
+/// Exposure multiplies the light by 2 to the power of the exposure. An image with the gamma 2.2 stores light.
+/// The values of every other gamma g become light by the exponent 2.2 / g; they are multiplied by 2 to the
+/// power of exposure * g / 2.2, which does the same to their light. Alpha has no exposure.
 ///
 /// One channel is shown in grey and without transparency. Luminance weights the colours by 0.2126, 0.7152 and
 /// 0.0722, the weights of ITU-R BT.709. Alpha is shown as it is, without the image's gamma.
@@ -37,7 +33,9 @@ public:
     /// Changes pixels with the values of the image to pixels that only need to be encoded.
     void apply(Rgb* pixels, std::size_t count) const;
 
-    /// The curve that encodes the changed pixels for the screen.
+    /// The curve that encodes the changed pixels for the screen. What lies behind transparent pixels belongs
+    /// before the curve: there the colours are added up as light, or as the encoded values that the image
+    /// has.
     const ScreenCurve& curve() const { return m_curve; }
 
     /// True if the changed pixels have the image's transparency.
@@ -48,9 +46,9 @@ private:
     void applyChannel(Rgb* pixels, std::size_t count) const;
 
     Channel m_channel;
-    bool m_encoded; // the values of the image are encoded for the screen
     bool m_falseColor;
     bool m_transparent;
+    float m_lightExponent; // makes light of the values of the image
     float m_factor;
     ScreenCurve m_curve;
     ColorMap m_map;
@@ -70,15 +68,8 @@ float luminance(const Rgb& pixel);
 /// image.
 void readPixels(const Image& image, const Pixel& start, Rgb* pixels, std::size_t count);
 
-/// Returns the values of a pixel, of which the screen shows the second ones as develop() makes bytes of them.
-/// Row 0 is the top row, and the position must lie within the image. Negative values are encoded like
-/// positive ones and keep their sign.
+/// Returns the values of a pixel as they are stored, without a background. Row 0 is the top row, and the
+/// position must lie within the image. Negative values are encoded like positive ones and keep their sign.
 PixelValues developPixel(const Image& image, const DisplaySettings& settings, Pixel position);
-
-/// Returns the part of the image that the rectangle covers, as BitmapConverter shows the whole image but with
-/// the settings. The rectangle counts rows from the top and must lie within the image. The result is invalid
-/// if the rectangle is empty or there is not enough memory for it. Throws std::bad_alloc if there is not even
-/// enough for a row of floats.
-wxImage develop(const Image& image, const DisplaySettings& settings, const wxRect& part);
 
 } // namespace Nolvex::Viewer

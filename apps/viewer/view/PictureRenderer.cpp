@@ -10,6 +10,7 @@
 #include "apps/viewer/view/ScreenEncoder.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <vector>
 
@@ -20,7 +21,6 @@ namespace {
 using Platform::PixelRows;
 
 constexpr int COLOUR_BYTES = 3;
-constexpr int OPAQUE_ALPHA = 255;
 
 using PixelRow = std::vector<Rgb>;
 using Bytes = std::vector<std::uint8_t>;
@@ -33,6 +33,29 @@ std::size_t sizeOf(int count)
 std::uint32_t packed(std::uint32_t red, std::uint32_t green, std::uint32_t blue)
 {
     return red << 16 | green << 8 | blue;
+}
+
+// The mean of opaque pixels may be a little less than 1.
+bool areOpaque(const PixelRow& pixels)
+{
+    constexpr float MIN_ALPHA = 254.5f / 255.0f;
+    bool areAll = true;
+    // The loop ends at no pixel before the last, so that the compiler can use the vector instructions.
+    for (const Rgb& pixel : pixels)
+        areAll &= pixel.a >= MIN_ALPHA;
+    return areAll;
+}
+
+// The colours behind transparent pixels, as they are before the curve.
+std::array<Rgb, 2> valuesOf(const std::array<RgbBytes, 2>& colors, const ScreenCurve& curve)
+{
+    const auto valueOf = [&curve](std::uint8_t byte) {
+        return curve.before(static_cast<float>(byte) / 255.0f);
+    };
+    std::array<Rgb, 2> values;
+    for (std::size_t i = 0; i < colors.size(); ++i)
+        values[i] = {valueOf(colors[i].r), valueOf(colors[i].g), valueOf(colors[i].b), 1.0f};
+    return values;
 }
 
 void pack(const std::uint8_t* colours, std::uint32_t* to, std::size_t count)
@@ -133,6 +156,7 @@ struct Job
 {
     const ShownImage& shown;
     const Backdrop& backdrop;
+    std::array<Rgb, 2> behind; // the colours of the backdrop before the curve
     const Plan& plan;
     const Development& development;
     const ScreenEncoder& encoder;
@@ -150,10 +174,12 @@ public:
           m_enlarged(job.plan.isEnlarged()),
           m_pixels(sizeOf(m_enlarged ? m_rows.count() : job.plan.across.count())),
           m_sums(m_plan.isAveraged ? sizeOf(m_rows.count()) : 0),
-          m_colours(m_pixels.size() * COLOUR_BYTES),
-          m_alpha(job.development.isTransparent() ? m_pixels.size() : 0),
-          m_packed(m_enlarged ? m_pixels.size() : 0)
-    {}
+          m_laidOver(m_enlarged && job.development.isTransparent() ? m_pixels.size() : 0),
+          m_colours(m_pixels.size() * COLOUR_BYTES)
+    {
+        for (auto& packed : m_packed)
+            packed.resize(m_enlarged ? m_pixels.size() : 0);
+    }
 
     void draw(int index)
     {
@@ -169,24 +195,23 @@ public:
         else
             pick(sample.first);
         develop();
-        if (m_opaque)
-            pack(m_colours.data(), to, m_pixels.size());
-        else
-            blend(y, to);
+        if (!m_opaque)
+            layOver(y);
+        encode(m_pixels, to);
     }
 
 private:
+    // Many pictures have an alpha channel, but few have transparent pixels.
     void develop()
     {
         m_job.development.apply(m_pixels.data(), m_pixels.size());
-        m_job.encoder.encode(m_pixels.data(), m_colours.data(), m_alpha.empty() ? nullptr : m_alpha.data(),
-                             m_pixels.size());
-        // Many pictures have an alpha channel, but few have transparent pixels. The loop ends at no pixel
-        // before the last, so that the compiler can use the vector instructions.
-        std::uint8_t common = OPAQUE_ALPHA;
-        for (const std::uint8_t alpha : m_alpha)
-            common = static_cast<std::uint8_t>(common & alpha);
-        m_opaque = common == OPAQUE_ALPHA;
+        m_opaque = !m_job.development.isTransparent() || areOpaque(m_pixels);
+    }
+
+    void encode(const PixelRow& pixels, std::uint32_t* to)
+    {
+        m_job.encoder.encode(pixels.data(), m_colours.data(), pixels.size());
+        pack(m_colours.data(), to, pixels.size());
     }
 
     // Shows each pixel of a row of the source as often as the scale demands.
@@ -196,17 +221,32 @@ private:
             m_sourceY = sourceY;
             m_drawnRow = nullptr;
             m_rows.read(sourceY, m_pixels.data());
-            develop();
-            pack(m_colours.data(), m_packed.data(), m_packed.size());
+            encodeForRepeating();
         }
-        if (!m_opaque) {
-            blend(y, to);
-        } else if (m_drawnRow != nullptr) {
+        if (m_opaque && m_drawnRow != nullptr) {
             std::copy_n(m_drawnRow, m_plan.across.count(), to);
-        } else {
-            for (int x = 0; x < m_plan.across.count(); ++x)
-                to[x] = m_packed[sourceIndex(x)];
-            m_drawnRow = to;
+            return;
+        }
+        for (int x = 0; x < m_plan.across.count(); ++x) {
+            const std::size_t square = m_opaque ? 0 : squareAt(x, y);
+            to[x] = m_packed[square][sourceIndex(x)];
+        }
+        m_drawnRow = to;
+    }
+
+    // Transparent pixels are laid over each of the colours that may be behind them.
+    void encodeForRepeating()
+    {
+        develop();
+        if (m_opaque) {
+            encode(m_pixels, m_packed[0].data());
+            return;
+        }
+        for (std::size_t square = 0; square < m_packed.size(); ++square) {
+            std::transform(m_pixels.begin(), m_pixels.end(), m_laidOver.begin(), [&](const Rgb& pixel) {
+                return over(pixel, m_job.shown.alpha, m_job.behind[square]);
+            });
+            encode(m_laidOver, m_packed[square].data());
         }
     }
 
@@ -271,23 +311,16 @@ private:
             sums[x] = sums[x] + row[x] * weight;
     }
 
-    // Mixes the colours with what lies behind them.
-    void blend(int y, std::uint32_t* to) const
+    // Adds what lies behind the pixels of a row of the view.
+    void layOver(int y)
     {
-        const bool isChecked = m_job.shown.settings.checkerboard;
         for (int x = 0; x < m_plan.across.count(); ++x) {
-            const std::size_t source = m_enlarged ? sourceIndex(x) : sizeOf(x);
-            const std::uint8_t* const colour = &m_colours[source * COLOUR_BYTES];
-            const RgbBytes behind = m_job.backdrop.colorAt(m_plan.across.first() + x, y, isChecked);
-            const int alpha = m_alpha[source];
-            const auto mixed = [alpha](int front, int back) {
-                return static_cast<std::uint32_t>(
-                    (front * alpha + back * (OPAQUE_ALPHA - alpha) + OPAQUE_ALPHA / 2) / OPAQUE_ALPHA);
-            };
-            to[x] =
-                packed(mixed(colour[0], behind.r), mixed(colour[1], behind.g), mixed(colour[2], behind.b));
+            Rgb& pixel = m_pixels[sizeOf(x)];
+            pixel = over(pixel, m_job.shown.alpha, m_job.behind[squareAt(x, y)]);
         }
     }
+
+    std::size_t squareAt(int x, int y) const { return m_job.backdrop.squareAt(m_plan.across.first() + x, y); }
 
     std::size_t sourceIndex(int x) const { return sizeOf(m_plan.across.sample(x).first - m_rows.first()); }
 
@@ -297,21 +330,27 @@ private:
     bool m_enlarged;
     PixelRow m_pixels; // of the view, or of the source if the image is enlarged
     PixelRow m_sums;
+    PixelRow m_laidOver; // m_pixels of an enlarged image over a colour of the backdrop
     Bytes m_colours;
-    Bytes m_alpha;                       // empty if the image is opaque
-    std::vector<std::uint32_t> m_packed; // the row m_sourceY of an enlarged image
-    bool m_opaque = true;                // all of m_alpha
+    // The row m_sourceY of an enlarged image, over each of the colours of the backdrop if it is transparent.
+    std::array<std::vector<std::uint32_t>, 2> m_packed;
+    bool m_opaque = true; // all of m_pixels
     int m_sourceY = -1;
     const std::uint32_t* m_drawnRow = nullptr; // a row of the view that shows m_sourceY
 };
 
 } // namespace
 
-RgbBytes Backdrop::colorAt(int x, int y, bool isChecked) const
+std::array<RgbBytes, 2> Backdrop::colors(bool isChecked) const
 {
-    if (!isChecked)
-        return surround;
-    return (x / checkLength + y / checkLength) % 2 == 0 ? LIGHT_CHECK : DARK_CHECK;
+    if (isChecked)
+        return {LIGHT_CHECK, DARK_CHECK};
+    return {surround, surround};
+}
+
+std::size_t Backdrop::squareAt(int x, int y) const
+{
+    return static_cast<std::size_t>((x / checkLength + y / checkLength) % 2);
 }
 
 void drawImage(const ShownImage& shown, const Backdrop& backdrop, const wxRect& clip, const PixelRows& rows)
@@ -321,7 +360,9 @@ void drawImage(const ShownImage& shown, const Backdrop& backdrop, const wxRect& 
         return;
     const Development development(shown.image.descriptor(), shown.settings);
     const ScreenEncoder encoder(development.curve(), sizeOf(plan.across.count()) * sizeOf(plan.down.count()));
-    const Job job{shown, backdrop, plan, development, encoder, rows};
+    const std::array<Rgb, 2> behind =
+        valuesOf(backdrop.colors(shown.settings.checkerboard), development.curve());
+    const Job job{shown, backdrop, behind, plan, development, encoder, rows};
     runInBands(plan.down.count(), [&](int first, int end) {
         RowDrawer drawer(job);
         for (int index = first; index < end; ++index)

@@ -3,9 +3,13 @@
 
 #include "NolvexLib/RgbBytes.h"
 #include "NolvexLibImage/Image.h"
+#include "apps/viewer/AlphaKind.h"
 #include "apps/viewer/DisplaySettings.h"
 
 #include <wx/gdicmn.h>
+
+#include <array>
+#include <cstddef>
 
 namespace Nolvex::Viewer {
 
@@ -27,8 +31,12 @@ struct Backdrop
     static constexpr RgbBytes LIGHT_CHECK{204, 204, 204};
     static constexpr RgbBytes DARK_CHECK{128, 128, 128};
 
-    /// Returns the colour behind a transparent pixel of the view.
-    RgbBytes colorAt(int x, int y, bool isChecked) const;
+    /// Returns the colours of the two kinds of squares behind transparent pixels, which are equal if there is
+    /// no pattern.
+    std::array<RgbBytes, 2> colors(bool isChecked) const;
+
+    /// Returns which of the colours is that of a place in the view.
+    std::size_t squareAt(int x, int y) const;
 
     friend bool operator==(const Backdrop&, const Backdrop&) = default;
 };
@@ -43,6 +51,7 @@ struct ShownImage
     double scale = 1.0;
     /// The place of the image's top left corner in the view.
     wxRealPoint origin{};
+    AlphaKind alpha = AlphaKind::STRAIGHT;
 };
 
 /// Draws the part of the image that lies inside a rectangle of the view, and leaves the other pixels.

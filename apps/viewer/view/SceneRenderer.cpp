@@ -36,8 +36,12 @@ void drawPicture(const Scene& scene, const SharedPicture& picture, const wxRect&
         return;
     }
     const std::shared_ptr<const Pyramid> pyramid = pyramidOf(picture);
-    const ShownImage shown{picture->image(), pyramid.get(), scene.display, scene.scale,
-                           imagePlace(*picture, scene.scale, scene.origin)};
+    const ShownImage shown{picture->image(),
+                           pyramid.get(),
+                           scene.display,
+                           scene.scale,
+                           imagePlace(*picture, scene.scale, scene.origin),
+                           picture->alpha()};
     for (const wxRect& rect : around(drawnArea(shown, clip), clip))
         fillWith(scene.backdrop.surround, rect, rows);
     drawImage(shown, scene.backdrop, clip, rows);

@@ -11,12 +11,16 @@ struct ScreenCurve
 {
     bool isSrgb = false;
     float exponent = 1.0f;
+    /// Makes light of the values before the curve of sRGB. Has no effect without that curve.
+    float lightExponent = 1.0f;
 
     float at(float value) const;
 
-    /// Encodes the colours. The power without the curve of sRGB applies to alpha, too, as in the conversion
-    /// of whole images to bitmaps.
+    /// Encodes the colours. Alpha is no light and stays as it is.
     Rgb at(const Rgb& pixel) const;
+
+    /// Returns the value, from 0 to 1, that the curve turns into a value of the screen from 0 to 1.
+    float before(float encoded) const;
 };
 
 } // namespace Nolvex::Viewer

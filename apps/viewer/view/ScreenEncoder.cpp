@@ -65,31 +65,22 @@ ScreenEncoder::ScreenEncoder(const ScreenCurve& curve, std::size_t pixelCount)
       m_srgb(curve.isSrgb ? std::make_shared<const SrgbTable>(curve) : nullptr)
 {}
 
-void ScreenEncoder::encode(const Rgb* pixels, std::uint8_t* colours, std::uint8_t* alphaOrNull,
-                           std::size_t count) const
+void ScreenEncoder::encode(const Rgb* pixels, std::uint8_t* colours, std::size_t count) const
 {
     if (m_srgb)
-        encodeSrgb(pixels, colours, alphaOrNull, count);
+        encodeSrgb(pixels, colours, count);
     else if (m_isPower)
-        m_power.encode(pixels, colours, alphaOrNull, count);
-    else if (alphaOrNull != nullptr)
-        Pixels::rgbToRgb8Alpha8(pixels, colours, alphaOrNull, count);
+        m_power.encode(pixels, colours, nullptr, count);
     else
         Pixels::rgbToRgb8(pixels, colours, count);
 }
 
-void ScreenEncoder::encodeSrgb(const Rgb* pixels, std::uint8_t* colours, std::uint8_t* alphaOrNull,
-                               std::size_t count) const
+void ScreenEncoder::encodeSrgb(const Rgb* pixels, std::uint8_t* colours, std::size_t count) const
 {
     const SrgbTable& table = *m_srgb;
     for (std::size_t i = 0; i < count; ++i) {
         for (const float value : {pixels[i].r, pixels[i].g, pixels[i].b})
             *colours++ = table.byteOf(value);
-        if (alphaOrNull != nullptr) {
-            const float alpha = pixels[i].a;
-            alphaOrNull[i] = static_cast<std::uint8_t>(
-                std::nearbyint(alpha > 0.0f ? std::fmin(alpha, 1.0f) * 255.0f : 0.0f));
-        }
     }
 }
 

@@ -20,8 +20,8 @@ public:
     /// `pixelCount` is the number of pixels that the encoder will encode in all.
     ScreenEncoder(const ScreenCurve& curve, std::size_t pixelCount);
 
-    /// Writes three bytes for each pixel to `colours`, and one byte to `alphaOrNull` unless that is null.
-    void encode(const Rgb* pixels, std::uint8_t* colours, std::uint8_t* alphaOrNull, std::size_t count) const;
+    /// Writes three bytes for each pixel to `colours`.
+    void encode(const Rgb* pixels, std::uint8_t* colours, std::size_t count) const;
 
 private:
     // Finds the byte of a value by the leading bits of the float, and by the values at which the bytes begin.
@@ -38,8 +38,7 @@ private:
         std::array<std::uint8_t, SIZE> bytes{};
     };
 
-    void encodeSrgb(const Rgb* pixels, std::uint8_t* colours, std::uint8_t* alphaOrNull,
-                    std::size_t count) const;
+    void encodeSrgb(const Rgb* pixels, std::uint8_t* colours, std::size_t count) const;
 
     bool m_isPower;
     Pixels::GammaEncoder m_power;

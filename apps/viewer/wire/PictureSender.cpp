@@ -40,12 +40,15 @@ Bucket boundsOf(const ImageDescriptor& descriptor)
     return {{0, 0}, {descriptor.width, descriptor.height}};
 }
 
-WireCommand beginning(WireAction action, const String& name, const ImageDescriptor& descriptor)
+WireCommand beginning(WireAction action, const String& name, const ImageDescriptor& descriptor,
+                      AlphaKind alpha)
 {
     WireCommand command = commandOf(action, name);
     command.area = boundsOf(descriptor);
     command.format = descriptor.format;
     command.gamma = descriptor.gamma;
+    if (Image::getPixelFormatChannelCount(descriptor.format) == 4)
+        command.alpha = alpha;
     return command;
 }
 
@@ -85,9 +88,9 @@ Optional<String> PictureSender::fail(const wchar_t* sentence)
     return String(m_isCancelled ? CANCELLED : sentence);
 }
 
-Optional<String> PictureSender::create(const String& name, const ImageDescriptor& descriptor)
+Optional<String> PictureSender::create(const String& name, const ImageDescriptor& descriptor, AlphaKind alpha)
 {
-    return ask(beginning(WireAction::CREATE, name, descriptor));
+    return ask(beginning(WireAction::CREATE, name, descriptor, alpha));
 }
 
 Optional<String> PictureSender::tellProgress(const String& name, float share)
@@ -102,23 +105,24 @@ Optional<String> PictureSender::close(const String& name)
     return ask(commandOf(WireAction::CLOSE, name));
 }
 
-Optional<String> PictureSender::send(const String& name, const Image& image, const Progress& progress)
+Optional<String> PictureSender::send(const String& name, const Image& image, const Progress& progress,
+                                     AlphaKind alpha)
 {
     const Bucket bounds = boundsOf(image.descriptor());
     const Progress told = progress ? progress : [](float) { return true; };
     if (pixelBytes(bounds, image.descriptor().format) <= BAND_BYTES)
-        return sendAtOnce(name, image, told);
-    if (Optional<String> failure = create(name, image.descriptor()))
+        return sendAtOnce(beginning(WireAction::OPEN, name, image.descriptor(), alpha), image, told);
+    if (Optional<String> failure = create(name, image.descriptor(), alpha))
         return failure;
     return sendBands(name, image, bounds, told);
 }
 
 // The viewer never shows a part of the picture.
-Optional<String> PictureSender::sendAtOnce(const String& name, const Image& image, const Progress& progress)
+Optional<String> PictureSender::sendAtOnce(const WireCommand& command, const Image& image,
+                                           const Progress& progress)
 {
     if (!progress(0.0f))
         return String(CANCELLED);
-    const WireCommand command = beginning(WireAction::OPEN, name, image.descriptor());
     copyRows(image, command.area);
     Optional<String> failure = write(command, m_pixels);
     if (!failure)

@@ -9,6 +9,7 @@
 #include "NolvexLib/String.h"
 #include "NolvexLibImage/Image.h"
 #include "NolvexLibWx/net/TcpClient.h"
+#include "apps/viewer/AlphaKind.h"
 #include "apps/viewer/wire/WireCommand.h"
 
 #include <atomic>
@@ -39,10 +40,12 @@ public:
 
     /// Sends a whole picture, which replaces an open picture of the same name. The viewer shows the part
     /// that has come.
-    Optional<String> send(const String& name, const Image& image, const Progress& progress = {});
+    Optional<String> send(const String& name, const Image& image, const Progress& progress = {},
+                          AlphaKind alpha = AlphaKind::STRAIGHT);
 
     /// Opens a picture whose pixels are all zero.
-    Optional<String> create(const String& name, const ImageDescriptor& descriptor);
+    Optional<String> create(const String& name, const ImageDescriptor& descriptor,
+                            AlphaKind alpha = AlphaKind::STRAIGHT);
 
     /// Sends a rectangle of an image to the same place of the open picture, whose size and format must be
     /// those of the image. The top left pixel is (0, 0).
@@ -61,7 +64,7 @@ private:
     Optional<String> readAnswer();
     Optional<String> readAnswers(int mayBeMissing);
     Optional<String> ask(const WireCommand& command);
-    Optional<String> sendAtOnce(const String& name, const Image& image, const Progress& progress);
+    Optional<String> sendAtOnce(const WireCommand& command, const Image& image, const Progress& progress);
     Optional<String> sendBands(const String& name, const Image& image, const Bucket& area,
                                const Progress& progress);
     Optional<String> fail(const wchar_t* sentence);

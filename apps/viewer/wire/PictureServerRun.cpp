@@ -56,7 +56,7 @@ std::int64_t byteCountOf(const Image& image)
 std::shared_ptr<const Image> makePicture(PictureNews& news)
 {
     const std::unique_ptr<Image> image = std::move(news.image);
-    news.picture = {new Picture(news.name, std::move(*image)), destroyOnMainThread};
+    news.picture = {new Picture(news.name, std::move(*image), news.alpha), destroyOnMainThread};
     return {news.picture, &news.picture->image()};
 }
 

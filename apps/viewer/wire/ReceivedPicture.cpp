@@ -21,16 +21,17 @@ Bucket united(const Bucket& a, const Bucket& b)
 
 } // namespace
 
-Expected<ReceivedPicture, String> ReceivedPicture::create(Pixel size, PixelFormat format, float gamma)
+Expected<ReceivedPicture, String> ReceivedPicture::create(Pixel size, PixelFormat format, float gamma,
+                                                          AlphaKind alpha)
 {
     Expected<Image, String> image = Image::create(size.x, size.y, format, gamma);
     if (!image)
         return Unexpected{image.error()};
-    return ReceivedPicture(*std::move(image));
+    return ReceivedPicture(*std::move(image), alpha);
 }
 
-ReceivedPicture::ReceivedPicture(Image image)
-    : m_descriptor(image.descriptor()), m_image(std::move(image)), m_changed(bounds())
+ReceivedPicture::ReceivedPicture(Image image, AlphaKind alpha)
+    : m_descriptor(image.descriptor()), m_alpha(alpha), m_image(std::move(image)), m_changed(bounds())
 {}
 
 std::int64_t ReceivedPicture::byteCount() const

@@ -6,6 +6,7 @@
 #include "NolvexLib/Expected.h"
 #include "NolvexLib/String.h"
 #include "NolvexLibImage/Image.h"
+#include "apps/viewer/AlphaKind.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -21,9 +22,12 @@ class ReceivedPicture
 {
 public:
     /// All pixels are zero. The error is a sentence.
-    static Expected<ReceivedPicture, String> create(Pixel size, PixelFormat format, float gamma);
+    static Expected<ReceivedPicture, String> create(Pixel size, PixelFormat format, float gamma,
+                                                    AlphaKind alpha = AlphaKind::STRAIGHT);
 
     const ImageDescriptor& descriptor() const { return m_descriptor; }
+
+    AlphaKind alpha() const { return m_alpha; }
 
     Bucket bounds() const { return {{0, 0}, {m_descriptor.width, m_descriptor.height}}; }
 
@@ -63,12 +67,13 @@ public:
     void noteTold() { m_hasNewProgress = false; }
 
 private:
-    explicit ReceivedPicture(Image image);
+    ReceivedPicture(Image image, AlphaKind alpha);
 
     Image& writable();
     Image copy() const;
 
     ImageDescriptor m_descriptor;
+    AlphaKind m_alpha;
     Image m_image;                       // of 0 x 0 pixels while they are given away
     std::shared_ptr<const Image> m_lent; // has the pixels that were given away
     bool m_isBlank = true;

@@ -28,6 +28,7 @@ void takeNewsOf(const String& name, ReceivedPicture& picture, const ReceivedPict
     PictureNews news;
     news.name = name;
     news.changed = picture.changedArea();
+    news.alpha = picture.alpha();
     news.progress = picture.progress();
     news.isComplete = picture.isComplete();
     all.reserve(all.size() + 1);
@@ -96,7 +97,7 @@ Optional<String> ReceivedPictures::begin(Connection connection, const WireComman
             return refusal;
     }
     Expected<ReceivedPicture, String> picture =
-        ReceivedPicture::create(command.area.size(), command.format, command.gamma);
+        ReceivedPicture::create(command.area.size(), command.format, command.gamma, command.alpha);
     if (!picture)
         return picture.error();
     if (command.action == WireAction::OPEN)
@@ -180,6 +181,7 @@ void ReceivedPictures::leave(const String& name, Entry entry, const String& reas
     PictureNews news;
     news.name = name;
     news.changed = picture.changedArea();
+    news.alpha = picture.alpha();
     news.progress = picture.progress();
     news.isComplete = picture.isComplete();
     if (!news.isComplete) {

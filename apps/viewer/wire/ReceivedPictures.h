@@ -36,6 +36,7 @@ struct PictureNews
     /// The new state of the pixels. There is none if only the progress has changed, or nothing but the end
     /// has come.
     std::unique_ptr<Image> image;
+    AlphaKind alpha = AlphaKind::STRAIGHT;
     /// The picture that has the image, if the owner of the ReceivedPictures has made one of it.
     std::shared_ptr<const Picture> picture;
     /// The smallest rectangle that holds all changes since the last news.

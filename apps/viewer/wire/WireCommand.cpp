@@ -28,6 +28,7 @@ constexpr wchar_t WIDTH_KEY[] = L"Width";
 constexpr wchar_t HEIGHT_KEY[] = L"Height";
 constexpr wchar_t FORMAT_KEY[] = L"Format";
 constexpr wchar_t GAMMA_KEY[] = L"Gamma";
+constexpr wchar_t ALPHA_KEY[] = L"Alpha";
 constexpr wchar_t PROGRESS_KEY[] = L"Progress";
 constexpr wchar_t RESULT_KEY[] = L"Result";
 constexpr wchar_t TEXT_KEY[] = L"Text";
@@ -40,6 +41,9 @@ constexpr std::array<const wchar_t*, PIXEL_FORMAT_COUNT> FORMATS = {
     L"UINT8_GREY",   L"UINT8_RGB",   L"UINT8_RGBA",   L"UINT16_GREY",  L"UINT16_RGB",  L"UINT16_RGBA",
     L"FLOAT16_GREY", L"FLOAT16_RGB", L"FLOAT16_RGBA", L"FLOAT32_GREY", L"FLOAT32_RGB", L"FLOAT32_RGBA",
 };
+
+// In the order of AlphaKind.
+constexpr std::array<const wchar_t*, 2> ALPHA_KINDS = {L"straight", L"associated"};
 
 // The reason why a header is refused. Thrown and caught in this unit only, so that the many children can be
 // read without a check behind each of them.
@@ -153,6 +157,17 @@ PixelFormat formatOf(const XmlString& header)
     return static_cast<PixelFormat>(*index);
 }
 
+AlphaKind alphaOf(const XmlString& header)
+{
+    const Optional<String> name = header.getChild(ALPHA_KEY);
+    if (!name)
+        return AlphaKind::STRAIGHT;
+    const Optional<std::size_t> index = indexOf(ALPHA_KINDS, *name);
+    if (!index)
+        throw Refusal{L"Alpha must be straight or associated."};
+    return static_cast<AlphaKind>(*index);
+}
+
 void checkVersion(const XmlString& header)
 {
     if (integerOf(header, VERSION_KEY) != VERSION)
@@ -184,6 +199,7 @@ WireCommand read(const XmlString& header)
         command.area.max = {sideOf(header, WIDTH_KEY), sideOf(header, HEIGHT_KEY)};
         command.format = formatOf(header);
         command.gamma = gammaOf(header, command.format);
+        command.alpha = alphaOf(header);
     }
     if (command.action == WireAction::PROGRESS && !command.progress)
         throw Refusal{L"Progress is missing."};
@@ -231,6 +247,8 @@ XmlString composeWireCommand(const WireCommand& command)
         addSize(header, command.area);
         header.addChild(FORMAT_KEY, String(FORMATS[static_cast<std::size_t>(command.format)]));
         header.addChild(GAMMA_KEY, decimalText(command.gamma));
+        if (command.alpha != AlphaKind::STRAIGHT)
+            header.addChild(ALPHA_KEY, String(ALPHA_KINDS[static_cast<std::size_t>(command.alpha)]));
     }
     if (command.progress)
         header.addChild(PROGRESS_KEY, decimalText(*command.progress));
@@ -265,7 +283,7 @@ std::int64_t pixelBytes(const Bucket& area, PixelFormat format)
 
 float usualGamma(PixelFormat format)
 {
-    return format < PixelFormat::FLOAT16_GREY ? DISPLAY_GAMMA : LINEAR_GAMMA;
+    return format < PixelFormat::FLOAT16_GREY ? GAMMA_OF_ENCODED : GAMMA_OF_LIGHT;
 }
 
 } // namespace Nolvex::Viewer

@@ -8,6 +8,7 @@
 #include "NolvexLib/StringView.h"
 #include "NolvexLib/XmlString.h"
 #include "NolvexLibImage/PixelFormat.h"
+#include "apps/viewer/AlphaKind.h"
 
 #include <cstdint>
 
@@ -36,6 +37,8 @@ struct WireCommand
     Bucket area;
     PixelFormat format = PixelFormat::UINT8_RGB;
     float gamma = 1.0f;
+    /// What the colours of a picture with alpha stand for.
+    AlphaKind alpha = AlphaKind::STRAIGHT;
     /// From 0 to 1, where 1 stands for a complete picture.
     Optional<float> progress;
 };

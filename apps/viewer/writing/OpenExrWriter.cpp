@@ -2,6 +2,7 @@
 #include "apps/viewer/writing/OpenExrWriter.h"
 
 #include "NolvexLib/Array.h"
+#include "apps/viewer/reading/OpenExrMetadata.h"
 #include "apps/viewer/writing/RowEncoder.h"
 
 #include <ImfChannelList.h>
@@ -68,8 +69,9 @@ private:
         char* const start = reinterpret_cast<char*>(m_block.data());
         for (int channel = 0; channel < m_rows.channelCount(); ++channel) {
             const std::size_t offset = m_rows.channelBytes() * static_cast<std::size_t>(channel);
-            const Imath::Box2i rows(Imath::V2i(0, first),
-                                    Imath::V2i(m_file.header().dataWindow().max.x, first + BLOCK_ROWS - 1));
+            const Imath::Box2i& window = m_file.header().dataWindow();
+            const Imath::Box2i rows(Imath::V2i(window.min.x, window.min.y + first),
+                                    Imath::V2i(window.max.x, window.min.y + first + BLOCK_ROWS - 1));
             buffer.insert(CHANNELS[channel],
                           Imf::Slice::Make(m_type, start + offset, rows, pixel, m_rows.rowBytes()));
         }
@@ -82,9 +84,25 @@ private:
     Array<std::byte> m_block;
 };
 
-Imf::Header headerOf(const ImageDescriptor& image, const RowEncoder& rows, Imf::PixelType type)
+// The frame stays where it was in the file that the picture is from.
+Imath::V2i framePlace(const OpenExrHeader* old)
 {
-    Imf::Header header(image.width, image.height);
+    return old == nullptr ? Imath::V2i(0, 0) : old->header().displayWindow().min;
+}
+
+Imath::Box2i boxOf(const Imath::V2i& place, const Pixel& size)
+{
+    return {place, Imath::V2i(place.x + size.x - 1, place.y + size.y - 1)};
+}
+
+Imf::Header headerOf(const Picture& picture, const RowEncoder& rows, Imf::PixelType type)
+{
+    const auto* const old = dynamic_cast<const OpenExrHeader*>(picture.formatMetadata());
+    const Imath::V2i place = framePlace(old);
+    const Imath::V2i origin(picture.origin().x, picture.origin().y);
+    Imf::Header header(boxOf(place, picture.frameSize()), boxOf(place + origin, picture.size()));
+    if (old != nullptr)
+        copyLastingAttributes(old->header(), header);
     header.compression() = Imf::ZIP_COMPRESSION;
     for (int channel = 0; channel < rows.channelCount(); ++channel)
         header.channels().insert(CHANNELS[channel], Imf::Channel(type));
@@ -93,17 +111,17 @@ Imf::Header headerOf(const ImageDescriptor& image, const RowEncoder& rows, Imf::
 
 } // namespace
 
-Optional<String> writeOpenExr(std::iostream& stream, const Image& image,
+Optional<String> writeOpenExr(std::iostream& stream, const Picture& picture,
                               const Wx::ImageSaveSettings& settings, const Progress& progress)
 {
     const bool isFloat = settings.colorFormat == ColorFormat::FLT32_LINEAR_RGB;
     const Imf::PixelType type = isFloat ? Imf::FLOAT : Imf::HALF;
-    RowEncoder rows(image, isFloat ? ColorFormat::FLT32_LINEAR_RGB : ColorFormat::FLT16_LINEAR_RGB,
-                    settings.includeAlpha);
-    const int height = image.descriptor().height;
+    RowEncoder rows(picture, isFloat ? ColorFormat::FLT32_LINEAR_RGB : ColorFormat::FLT16_LINEAR_RGB,
+                    settings.includeAlpha ? Optional(AlphaKind::ASSOCIATED) : Optional<AlphaKind>());
+    const int height = picture.size().y;
     try {
         StreamAdapter adapter(stream);
-        Imf::OutputFile file(adapter, headerOf(image.descriptor(), rows, type));
+        Imf::OutputFile file(adapter, headerOf(picture, rows, type));
         BlockWriter blocks(file, rows, type);
         for (int y = 0; y < height; y += BLOCK_ROWS) {
             if (!progress(static_cast<float>(y) / static_cast<float>(height)))

@@ -42,19 +42,19 @@ Optional<String> refuseFormat()
     return String(L"the viewer cannot write this format");
 }
 
-Optional<String> encode(std::iostream& stream, const Image& image, ImageFormat format,
+Optional<String> encode(std::iostream& stream, const Picture& picture, ImageFormat format,
                         const Wx::ImageSaveSettings& settings, const Progress& progress)
 {
     const wxBitmapType type = bitmapTypeOf(format);
     if (type != wxBITMAP_TYPE_INVALID)
-        return writeByWxImage(stream, image, type, settings.includeAlpha && writesAlpha(format));
+        return writeByWxImage(stream, picture, type, settings.includeAlpha && writesAlpha(format));
     switch (format) {
     case ImageFormat::PNG:
-        return writePng(stream, image, settings, progress);
+        return writePng(stream, picture, settings, progress);
     case ImageFormat::TIFF:
-        return writeTiff(stream, image, settings, progress);
+        return writeTiff(stream, picture, settings, progress);
     case ImageFormat::EXR:
-        return writeOpenExr(stream, image, settings, progress);
+        return writeOpenExr(stream, picture, settings, progress);
     default:
         return refuseFormat();
     }
@@ -149,11 +149,11 @@ bool writesAlpha(ImageFormat format)
            getImageFormatDescriptor(format).flags.has(ImageFormatFlag::SUPPORTS_ALPHA);
 }
 
-Optional<String> writePictureFile(const Io::Path& file, const Image& image, ImageFormat format,
+Optional<String> writePictureFile(const Io::Path& file, const Picture& picture, ImageFormat format,
                                   const Wx::ImageSaveSettings& settings, const Progress& progress)
 {
     return replaceFile(file, progress, [&](std::iostream& stream, const Progress& watched) {
-        return encode(stream, image, format, settings, watched);
+        return encode(stream, picture, format, settings, watched);
     });
 }
 

@@ -7,8 +7,8 @@
 #include "NolvexLib/Io/Path.h"
 #include "NolvexLib/Optional.h"
 #include "NolvexLib/String.h"
-#include "NolvexLibImage/Image.h"
 #include "NolvexLibWx/widgets/ImageSaveSettings.h"
+#include "apps/viewer/Picture.h"
 #include "apps/viewer/Progress.h"
 
 namespace Nolvex::Viewer {
@@ -36,8 +36,8 @@ bool writesAlpha(ImageFormat format);
 /// started. Every thread may call this function. Returns a sentence for the user that names the file and the
 /// reason for the failure, or nullopt for success. If the progress stops the writing, the old file stays,
 /// too, and the result is an empty text.
-[[nodiscard]] Optional<String> writePictureFile(const Io::Path& file, const Image& image, ImageFormat format,
-                                                const Wx::ImageSaveSettings& settings,
+[[nodiscard]] Optional<String> writePictureFile(const Io::Path& file, const Picture& picture,
+                                                ImageFormat format, const Wx::ImageSaveSettings& settings,
                                                 const Progress& progress);
 
 /// Writes rows of bytes to a file in the same way. The rows are asked for as they are written, from the top

@@ -90,10 +90,11 @@ private:
 
 } // namespace
 
-Optional<String> writePng(std::ostream& stream, const Image& image, const Wx::ImageSaveSettings& settings,
+Optional<String> writePng(std::ostream& stream, const Picture& picture, const Wx::ImageSaveSettings& settings,
                           const Progress& progress)
 {
-    RowEncoder rows(image, settings.colorFormat, settings.includeAlpha);
+    RowEncoder rows(picture, settings.colorFormat,
+                    settings.includeAlpha ? Optional(AlphaKind::STRAIGHT) : Optional<AlphaKind>());
     return writePng(stream, rows, progress);
 }
 

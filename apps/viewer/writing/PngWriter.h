@@ -3,8 +3,8 @@
 
 #include "NolvexLib/Optional.h"
 #include "NolvexLib/String.h"
-#include "NolvexLibImage/Image.h"
 #include "NolvexLibWx/widgets/ImageSaveSettings.h"
+#include "apps/viewer/Picture.h"
 #include "apps/viewer/Progress.h"
 
 #include <iosfwd>
@@ -15,7 +15,7 @@ class FileRows;
 
 /// Writes a PNG file of 8 or, for UINT16_RGB, 16 bits for each channel. Returns the reason for a failure, as
 /// the rest of a sentence. If the progress stops the writing, the stream holds a part of the file.
-Optional<String> writePng(std::ostream& stream, const Image& image, const Wx::ImageSaveSettings& settings,
+Optional<String> writePng(std::ostream& stream, const Picture& picture, const Wx::ImageSaveSettings& settings,
                           const Progress& progress);
 
 /// Writes rows that are bytes or words.

@@ -4,7 +4,9 @@
 #include "NolvexLib/StopException.h"
 #include "NolvexLibImage/pixels/Conversions.h"
 #include "apps/viewer/HalfFloat.h"
+#include "apps/viewer/Light.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 
@@ -12,12 +14,11 @@ namespace Nolvex::Viewer {
 
 namespace {
 
-constexpr float DISPLAY_GAMMA = 2.2f;
 constexpr std::size_t COLOURS = 3;
 
-float power(float value, float exponent)
+bool isOfLight(ColorFormat format)
 {
-    return exponent == 1.0f ? value : std::copysign(std::pow(std::fabs(value), exponent), value);
+    return format == ColorFormat::FLT16_LINEAR_RGB || format == ColorFormat::FLT32_LINEAR_RGB;
 }
 
 template<class Integer>
@@ -39,13 +40,20 @@ std::uint16_t toWord(float value)
 
 } // namespace
 
-RowEncoder::RowEncoder(const Image& image, ColorFormat format, bool alpha)
-    : m_image(image),
+RowEncoder::RowEncoder(const Picture& picture, ColorFormat format, Optional<AlphaKind> alpha)
+    : m_image(picture.image()),
       m_format(format == ColorFormat::DEFAULT ? ColorFormat::UINT8_RGB : format),
-      m_alpha(alpha),
-      m_gamma(1.0f / image.descriptor().gamma, static_cast<std::size_t>(image.descriptor().width) *
-                                                   static_cast<std::size_t>(image.descriptor().height)),
-      m_row(static_cast<std::size_t>(image.descriptor().width))
+      m_alpha(alpha.has_value()),
+      m_exponent(isOfLight(m_format) ? lightExponent(m_image.descriptor().gamma)
+                                     : 1.0f / m_image.descriptor().gamma),
+      // Only straight colours can be raised to a power.
+      m_divided(alpha && picture.hasAlpha() && picture.alpha() == AlphaKind::ASSOCIATED &&
+                (alpha == AlphaKind::STRAIGHT || m_exponent != 1.0f)),
+      m_multiplied(alpha == AlphaKind::ASSOCIATED && picture.hasAlpha() &&
+                   (m_divided || picture.alpha() == AlphaKind::STRAIGHT)),
+      m_gamma(m_exponent, static_cast<std::size_t>(m_image.descriptor().width) *
+                              static_cast<std::size_t>(m_image.descriptor().height)),
+      m_row(static_cast<std::size_t>(m_image.descriptor().width))
 {
     if (m_format == ColorFormat::UINT8_RGB)
         m_colours.resize(m_row.size() * COLOURS);
@@ -68,25 +76,25 @@ std::size_t RowEncoder::channelBytes() const
 
 void RowEncoder::encode(std::int32_t rowFromTop, std::byte* destination)
 {
-    const ImageDescriptor& descriptor = m_image.descriptor();
-    m_image.readRow(descriptor.height - 1 - rowFromTop, m_row.data());
+    m_image.readRow(m_image.descriptor().height - 1 - rowFromTop, m_row.data());
+    if (m_divided)
+        std::transform(m_row.begin(), m_row.end(), m_row.begin(), dividedByAlpha);
     switch (m_format) {
     case ColorFormat::DEFAULT:
     case ColorFormat::UINT8_RGB:
         return encodeBytes(destination);
     case ColorFormat::UINT16_RGB:
-        return encodeNumbers<std::uint16_t>(destination, 1.0f / descriptor.gamma, toWord);
+        return encodeNumbers<std::uint16_t>(destination, toWord);
     case ColorFormat::FLT16_LINEAR_RGB:
-        return encodeNumbers<std::uint16_t>(destination, DISPLAY_GAMMA / descriptor.gamma, toHalf);
+        return encodeNumbers<std::uint16_t>(destination, toHalf);
     case ColorFormat::FLT32_LINEAR_RGB:
-        return encodeNumbers<float>(destination, DISPLAY_GAMMA / descriptor.gamma,
-                                    [](float value) { return value; });
+        return encodeNumbers<float>(destination, [](float value) { return value; });
     }
 }
 
 void RowEncoder::encodeBytes(std::byte* destination)
 {
-    if (m_image.descriptor().gamma == 1.0f)
+    if (m_exponent == 1.0f)
         Pixels::rgbToRgb8(m_row.data(), m_colours.data(), m_row.size());
     else
         m_gamma.encode(m_row.data(), m_colours.data(), nullptr, m_row.size());
@@ -104,17 +112,22 @@ void RowEncoder::encodeBytes(std::byte* destination)
 }
 
 template<class Number, class Convert>
-void RowEncoder::encodeNumbers(std::byte* destination, float exponent, Convert convert) const
+void RowEncoder::encodeNumbers(std::byte* destination, Convert convert) const
 {
     const auto write = [&](float value) {
         const Number number = convert(value);
         std::memcpy(destination, &number, sizeof(Number));
         destination += sizeof(Number);
     };
-    for (const Rgb& pixel : m_row) {
-        write(power(pixel.r, exponent));
-        write(power(pixel.g, exponent));
-        write(power(pixel.b, exponent));
+    for (const Rgb& stored : m_row) {
+        Rgb pixel{signedPower(stored.r, m_exponent), signedPower(stored.g, m_exponent),
+                  signedPower(stored.b, m_exponent), stored.a};
+        // What was not divided is not multiplied, so that light without alpha stays.
+        if (m_multiplied && !(m_divided && pixel.a == 0.0f))
+            pixel = multipliedByAlpha(pixel);
+        write(pixel.r);
+        write(pixel.g);
+        write(pixel.b);
         if (m_alpha)
             write(pixel.a);
     }

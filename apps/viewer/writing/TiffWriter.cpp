@@ -111,10 +111,15 @@ void describe(TIFF* file, const FileRows& rows, bool isFloat)
     TIFFSetField(file, TIFFTAG_COMPRESSION, COMPRESSION_ADOBE_DEFLATE);
     TIFFSetField(file, TIFFTAG_PREDICTOR, isFloat ? PREDICTOR_FLOATINGPOINT : PREDICTOR_HORIZONTAL);
     TIFFSetField(file, TIFFTAG_ROWSPERSTRIP, TIFFDefaultStripSize(file, 0));
-    if (rows.channelCount() == 4) {
-        const std::uint16_t alpha = EXTRASAMPLE_UNASSALPHA;
-        TIFFSetField(file, TIFFTAG_EXTRASAMPLES, 1, &alpha);
-    }
+}
+
+void describeAlpha(TIFF* file, Optional<AlphaKind> alpha)
+{
+    if (!alpha)
+        return;
+    const std::uint16_t kind =
+        alpha == AlphaKind::ASSOCIATED ? EXTRASAMPLE_ASSOCALPHA : EXTRASAMPLE_UNASSALPHA;
+    TIFFSetField(file, TIFFTAG_EXTRASAMPLES, 1, &kind);
 }
 
 // Returns whether libtiff took every row.
@@ -137,12 +142,21 @@ bool isFloatFormat(ColorFormat format)
     return format == ColorFormat::FLT16_LINEAR_RGB || format == ColorFormat::FLT32_LINEAR_RGB;
 }
 
-Optional<String> writeFile(std::iostream& stream, FileRows& rows, bool isFloat, const Progress& progress)
+// Floats keep the values of the picture. Integers cannot: multiplied colours would lose their last bits, and
+// programs disagree about whether light or encoded values are multiplied.
+AlphaKind alphaOf(const Picture& picture, ColorFormat format)
+{
+    return isFloatFormat(format) && picture.hasAlpha() ? picture.alpha() : AlphaKind::STRAIGHT;
+}
+
+Optional<String> writeFile(std::iostream& stream, FileRows& rows, bool isFloat, Optional<AlphaKind> alpha,
+                           const Progress& progress)
 {
     const std::uint64_t bytes = rows.rowBytes() * static_cast<std::uint64_t>(rows.size().y);
     const TiffFile file = openTiff(stream, bytes >= MAX_CLASSIC_BYTES);
     if (file) {
         describe(file.get(), rows, isFloat);
+        describeAlpha(file.get(), alpha);
         if (writeRows(file.get(), rows, progress))
             return {};
     }
@@ -151,16 +165,20 @@ Optional<String> writeFile(std::iostream& stream, FileRows& rows, bool isFloat, 
 
 } // namespace
 
-Optional<String> writeTiff(std::iostream& stream, const Image& image, const Wx::ImageSaveSettings& settings,
-                           const Progress& progress)
+Optional<String> writeTiff(std::iostream& stream, const Picture& picture,
+                           const Wx::ImageSaveSettings& settings, const Progress& progress)
 {
-    RowEncoder rows(image, settings.colorFormat, settings.includeAlpha);
-    return writeFile(stream, rows, isFloatFormat(settings.colorFormat), progress);
+    const Optional<AlphaKind> alpha =
+        settings.includeAlpha ? alphaOf(picture, settings.colorFormat) : Optional<AlphaKind>();
+    RowEncoder rows(picture, settings.colorFormat, alpha);
+    return writeFile(stream, rows, isFloatFormat(settings.colorFormat), alpha, progress);
 }
 
 Optional<String> writeTiff(std::iostream& stream, FileRows& rows, const Progress& progress)
 {
-    return writeFile(stream, rows, false, progress);
+    const bool hasAlpha = rows.channelCount() == 4;
+    return writeFile(stream, rows, false, hasAlpha ? Optional(AlphaKind::STRAIGHT) : Optional<AlphaKind>(),
+                     progress);
 }
 
 } // namespace Nolvex::Viewer

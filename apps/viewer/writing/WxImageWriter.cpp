@@ -69,9 +69,10 @@ bool reduceColours(wxImage& image)
 
 } // namespace
 
-Optional<String> writeByWxImage(std::ostream& stream, const Image& image, wxBitmapType type, bool alpha)
+Optional<String> writeByWxImage(std::ostream& stream, const Picture& source, wxBitmapType type, bool alpha)
 {
-    RowEncoder rows(image, ColorFormat::UINT8_RGB, alpha);
+    RowEncoder rows(source, ColorFormat::UINT8_RGB,
+                    alpha ? Optional(AlphaKind::STRAIGHT) : Optional<AlphaKind>());
     return writeByWxImage(stream, rows, type);
 }
 

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 
@@ -37,6 +38,17 @@ int distanceFromPattern(const Image& image)
         }
     }
     return largest;
+}
+
+bool isSame(const Image& one, const Image& other)
+{
+    if (one.descriptor() != other.descriptor())
+        return false;
+    for (std::int32_t y = 0; y < one.descriptor().height; ++y) {
+        if (!std::ranges::equal(one.row(y), other.row(y)))
+            return false;
+    }
+    return true;
 }
 
 // Returns the image of a picture that must be readable.
@@ -151,5 +163,22 @@ TEST(ViewerImageFileTest, everyKindOfPicture_isShownOrRefusedWithItsReason)
             EXPECT_GT((*picture)->size().x, 0);
         else
             EXPECT_NE(picture.error().find(L"it has a palette and alpha"), String::NPOS);
+    }
+}
+
+TEST(ViewerImageFileTest, cutFilesOfEveryKind_areRefusedOrShownWhole)
+{
+    for (const Io::Path& path : Tests::picturesOfAllKinds()) {
+        const Array<std::byte> whole = contentOf(path);
+        const Expected<Image, String> complete = imageOf(path);
+        for (std::size_t tenth = 0; tenth < 10; ++tenth) {
+            const TemporaryFile cut(ArrayView<const std::byte>(whole).first(whole.size() * tenth / 10));
+            const Expected<Image, String> image = imageOf(cut.path);
+            // The rest of the file may hold another frame, or nothing that the picture needs.
+            if (image) {
+                EXPECT_TRUE(complete && isSame(*image, *complete))
+                    << path.nativeStr().toUtf8() << " cut to " << tenth << " tenths";
+            }
+        }
     }
 }

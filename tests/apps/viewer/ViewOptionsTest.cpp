@@ -72,7 +72,9 @@ TEST_F(ViewOptionsTest, exposure_changesThePictureOnTheScreen)
     show(uniform({0.25f, 0.0625f, 0.0f, 1.0f}, 2.0f));
     EXPECT_EQ(shownAtTheCorner(), (RgbBytes{128, 64, 0}));
     exposure->changeByUser(2.0f);
-    EXPECT_EQ(shownAtTheCorner(), (RgbBytes{255, 128, 0}));
+    // The screen makes light by the exponent 2.2, so that four times the light is 4 ^ (1 / 2.2) times the
+    // value.
+    EXPECT_EQ(shownAtTheCorner(), (RgbBytes{239, 120, 0}));
     exposure->changeByUser(0.0f);
     EXPECT_EQ(shownAtTheCorner(), (RgbBytes{128, 64, 0}));
 }

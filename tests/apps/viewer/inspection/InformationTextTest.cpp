@@ -99,6 +99,16 @@ TEST(InformationTextTest, metadata_tellsEachFormat)
     }
 }
 
+TEST(InformationTextTest, metadata_tellsTheKindOfAlpha)
+{
+    const Image image = *Image::create(1, 1, PixelFormat::UINT8_RGBA, 1.0f);
+    EXPECT_NE(metadataText(Viewer::Picture(L"a", image)).find(L"\nAlpha: straight\n"), String::NPOS);
+    EXPECT_NE(metadataText(Viewer::Picture(L"a", image, Viewer::AlphaKind::ASSOCIATED))
+                  .find(L"\nAlpha: associated (in the colours)\n"),
+              String::NPOS);
+    EXPECT_EQ(metadataText(*Tests::coordinates(4, 3)).find(L"Alpha"), String::NPOS);
+}
+
 TEST(InformationTextTest, metadata_tellsThePlaceInTheFrameOnlyIfThePictureDoesNotFillIt)
 {
     Viewer::ReadImage part = floatsOf(4, 3, 2.2f);

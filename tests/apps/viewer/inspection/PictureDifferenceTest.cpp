@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/inspection/PictureDifference.h"
 
-#include "apps/viewer/reading/PictureReader.h"
+#include "apps/viewer/Light.h"
+#include "support/FloatImage.h"
 
 #include <gtest/gtest.h>
 
@@ -10,6 +11,7 @@
 #include <limits>
 
 using namespace Nolvex;
+using Viewer::AlphaKind;
 using Viewer::DifferenceMeasure;
 using Viewer::Picture;
 using Viewer::SharedPicture;
@@ -17,7 +19,7 @@ using Viewer::SharedPicture;
 namespace {
 
 // A picture of grey floats, its top row first.
-SharedPicture floats(Pixel size, const Array<float>& values, float gamma = Viewer::LINEAR_GAMMA,
+SharedPicture floats(Pixel size, const Array<float>& values, float gamma = Viewer::GAMMA_OF_LIGHT,
                      Pixel origin = {0, 0})
 {
     Expected<Image, String> image = Image::create(size.x, size.y, PixelFormat::FLOAT32_GREY, gamma);
@@ -93,8 +95,8 @@ TEST(PictureDifferenceTest, infinitePixels_areCountedAndLeftOut)
 
 TEST(PictureDifferenceTest, pictures_areComparedWhereTheyLieInTheFrame)
 {
-    const SharedPicture a = floats({3, 2}, {1, 2, 3, 4, 5, 6}, Viewer::LINEAR_GAMMA, {-1, 0});
-    const SharedPicture b = floats({2, 3}, {0, 0, 5, 6, 0, 0}, Viewer::LINEAR_GAMMA, {0, 0});
+    const SharedPicture a = floats({3, 2}, {1, 2, 3, 4, 5, 6}, Viewer::GAMMA_OF_LIGHT, {-1, 0});
+    const SharedPicture b = floats({2, 3}, {0, 0, 5, 6, 0, 0}, Viewer::GAMMA_OF_LIGHT, {0, 0});
     const Viewer::PictureDifference difference = between(a, b);
     EXPECT_EQ(difference.picture->origin(), (Pixel{0, 0}));
     EXPECT_EQ(difference.picture->size(), (Pixel{2, 2}));
@@ -107,7 +109,7 @@ TEST(PictureDifferenceTest, pictures_areComparedWhereTheyLieInTheFrame)
 
 TEST(PictureDifferenceTest, picturesApart_cannotBeCompared)
 {
-    const SharedPicture a = floats({1, 1}, {1}, Viewer::LINEAR_GAMMA, {5, 5});
+    const SharedPicture a = floats({1, 1}, {1}, Viewer::GAMMA_OF_LIGHT, {5, 5});
     const auto difference = differenceOf(*a, *floats({2, 2}, {1, 1, 1, 1}), DifferenceMeasure::SIGNED, {});
     ASSERT_FALSE(difference.hasValue());
     EXPECT_EQ(difference.error(), String(L"The picture and the reference have no pixel in common."));
@@ -115,16 +117,47 @@ TEST(PictureDifferenceTest, picturesApart_cannotBeCompared)
 
 TEST(PictureDifferenceTest, encodedValues_areComparedWithLightAsLight)
 {
-    const SharedPicture encoded = floats({2, 1}, {0.5f, -0.5f}, Viewer::DISPLAY_GAMMA);
+    const SharedPicture encoded = floats({2, 1}, {0.5f, -0.5f}, Viewer::GAMMA_OF_ENCODED);
     const SharedPicture light = floats({2, 1}, {0.0f, 0.0f});
     const Viewer::PictureDifference mixed = between(encoded, light);
     EXPECT_FLOAT_EQ(valueAt(mixed, 0, 0), std::pow(0.5f, 2.2f));
     EXPECT_FLOAT_EQ(valueAt(mixed, 1, 0), -std::pow(0.5f, 2.2f));
-    EXPECT_EQ(mixed.picture->image().descriptor().gamma, Viewer::LINEAR_GAMMA);
+    EXPECT_EQ(mixed.picture->image().descriptor().gamma, Viewer::GAMMA_OF_LIGHT);
     const Viewer::PictureDifference same =
-        between(encoded, floats({2, 1}, {0.25f, 0.0f}, Viewer::DISPLAY_GAMMA));
+        between(encoded, floats({2, 1}, {0.25f, 0.0f}, Viewer::GAMMA_OF_ENCODED));
     EXPECT_EQ(valueAt(same, 0, 0), 0.25f);
-    EXPECT_EQ(same.picture->image().descriptor().gamma, Viewer::DISPLAY_GAMMA);
+    EXPECT_EQ(same.picture->image().descriptor().gamma, Viewer::GAMMA_OF_ENCODED);
+}
+
+TEST(PictureDifferenceTest, valuesOfOtherGammas_areComparedAsLight)
+{
+    const SharedPicture a = floats({1, 1}, {0.5f}, 1.8f);
+    const SharedPicture b = floats({1, 1}, {0.5f}, 0.9f);
+    EXPECT_FLOAT_EQ(valueAt(between(a, b), 0, 0), std::pow(0.5f, 2.2f / 1.8f) - std::pow(0.5f, 2.2f / 0.9f));
+}
+
+TEST(PictureDifferenceTest, picturesOfBothKindsOfAlpha_areComparedMultiplied)
+{
+    const auto pictureOf = [](const Rgb& pixel, float gamma, AlphaKind kind) {
+        return std::make_shared<const Picture>(L"p", Tests::rowOfFloats({pixel}, gamma), kind);
+    };
+    const SharedPicture straight = pictureOf({0.5f, 1.0f, 0.25f, 0.5f}, 2.2f, AlphaKind::STRAIGHT);
+    const SharedPicture same = pictureOf({0.25f, 0.5f, 0.125f, 0.5f}, 2.2f, AlphaKind::ASSOCIATED);
+    EXPECT_EQ(between(straight, same).psnr, std::numeric_limits<double>::infinity());
+    EXPECT_EQ(between(same, straight).psnr, std::numeric_limits<double>::infinity());
+
+    const float half = std::pow(0.5f, 1.0f / 2.2f);
+    const SharedPicture encoded = pictureOf({half, 1.0f, 0.0f, 0.5f}, 1.0f, AlphaKind::STRAIGHT);
+    EXPECT_NEAR(valueAt(between(straight, encoded), 0, 0), 0.0f, 1e-6f) << "the same kind: not multiplied";
+    EXPECT_NEAR(between(encoded, same).picture->image().getRgba(0, 0).r, 0.0f, 1e-6f);
+
+    const SharedPicture multiplied = pictureOf({0.5f * half, 0.5f, 0.0f, 0.5f}, 1.0f, AlphaKind::ASSOCIATED);
+    EXPECT_NEAR(between(multiplied, same).picture->image().getRgba(0, 0).r, 0.0f, 1e-6f);
+    EXPECT_NEAR(between(multiplied, straight).picture->image().getRgba(0, 0).g, 0.0f, 1e-6f);
+
+    const SharedPicture opaque =
+        std::make_shared<const Picture>(L"p", *Image::create(1, 1, PixelFormat::FLOAT32_RGB, 2.2f));
+    EXPECT_EQ(valueAt(between(straight, opaque), 0, 0), 1.0f) << "without alpha there is no other kind";
 }
 
 TEST(PictureDifferenceTest, manyRows_areAllCompared)

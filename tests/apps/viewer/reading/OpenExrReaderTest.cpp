@@ -2,20 +2,11 @@
 #include "apps/viewer/reading/OpenExrReader.h"
 
 #include "apps/viewer/reading/ExrFiles.h"
+#include "apps/viewer/reading/OpenExrReading.h"
 
 #include <gtest/gtest.h>
 
-#include <ImfChromaticitiesAttribute.h>
-#include <ImfDoubleAttribute.h>
-#include <ImfFloatAttribute.h>
-#include <ImfIntAttribute.h>
-#include <ImfMatrixAttribute.h>
-#include <ImfRationalAttribute.h>
 #include <ImfRgbaFile.h>
-#include <ImfStringAttribute.h>
-#include <ImfStringVectorAttribute.h>
-#include <ImfTimeCodeAttribute.h>
-#include <ImfVecAttribute.h>
 
 #include <algorithm>
 #include <cmath>
@@ -26,54 +17,16 @@
 
 using namespace Nolvex;
 using Tests::exactValue;
+using Tests::expectPixels;
 using Tests::ExrChannel;
 using Tests::exrFile;
 using Tests::ExrPart;
+using Tests::partOf;
+using Tests::readLayer;
 using Viewer::OpenExrReader;
 using Viewer::ReadImage;
 
 namespace {
-
-Expected<ReadImage, String> readLayer(ArrayView<const std::byte> file, std::size_t layer = 0)
-{
-    return OpenExrReader().read(file, layer, {});
-}
-
-Array<String> layerNames(const Array<std::byte>& file)
-{
-    Array<String> names;
-    const auto layers = OpenExrReader().layers(file);
-    if (layers) {
-        for (const Viewer::PictureLayer& layer : *layers)
-            names.push_back(layer.name);
-    }
-    return names;
-}
-
-float channelOf(const Rgb& pixel, int channel)
-{
-    return channel == 0 ? pixel.r : channel == 1 ? pixel.g : channel == 2 ? pixel.b : pixel.a;
-}
-
-// Expects that the channels of the image are these channels of the part.
-void expectPixels(const ReadImage& read, const ExrPart& part, const Array<int>& channels,
-                  float tolerance = 0.0f)
-{
-    const int height = part.data.max.y - part.data.min.y + 1;
-    ASSERT_EQ(read.image.descriptor().width, part.data.max.x - part.data.min.x + 1);
-    ASSERT_EQ(read.image.descriptor().height, height);
-    for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < read.image.descriptor().width; ++x) {
-            const Rgb pixel = read.image.getRgba(x, height - 1 - y);
-            for (std::size_t i = 0; i < channels.size(); ++i) {
-                const auto wanted =
-                    static_cast<float>(part.value(x + part.data.min.x, y + part.data.min.y, channels[i]));
-                ASSERT_NEAR(channelOf(pixel, static_cast<int>(i)), wanted, tolerance)
-                    << x << ", " << y << ", channel " << i << ", compression " << part.compression;
-            }
-        }
-    }
-}
 
 void expectRead(const ExrPart& part, PixelFormat format, const Array<int>& channels, float tolerance = 0.0f)
 {
@@ -82,22 +35,6 @@ void expectRead(const ExrPart& part, PixelFormat format, const Array<int>& chann
     EXPECT_EQ(read->image.descriptor().format, format);
     EXPECT_EQ(read->image.descriptor().gamma, 2.2f);
     expectPixels(*read, part, channels, tolerance);
-}
-
-ExrPart partOf(const Array<ExrChannel>& channels)
-{
-    ExrPart part;
-    part.channels = channels;
-    return part;
-}
-
-String valueOf(const ReadImage& read, const wchar_t* name)
-{
-    for (const Viewer::MetadataEntry& entry : read.metadata) {
-        if (entry.name == name)
-            return entry.value;
-    }
-    return L"(missing)";
 }
 
 } // namespace
@@ -154,6 +91,13 @@ TEST(OpenExrReaderTest, greyWithAlpha_becomesColours)
     expectRead(partOf({{"Y"}}), PixelFormat::FLOAT16_GREY, {0, 0, 0});
 }
 
+TEST(OpenExrReaderTest, colours_areMultipliedByAlpha)
+{
+    const auto read = readLayer(exrFile({partOf({{"R"}, {"G"}, {"B"}, {"A"}})}));
+    ASSERT_TRUE(read.hasValue());
+    EXPECT_EQ(read->alpha, Viewer::AlphaKind::ASSOCIATED);
+}
+
 TEST(OpenExrReaderTest, twoCoordinates_leaveBlueAtZero)
 {
     ExrPart part = partOf({{"u", Imf::FLOAT}, {"v", Imf::FLOAT}, {"none"}});
@@ -206,98 +150,6 @@ TEST(OpenExrReaderTest, dataWindow_liesInTheFrame)
     ASSERT_TRUE(whole.hasValue());
     EXPECT_EQ(whole->origin, (Pixel{0, 0}));
     EXPECT_FALSE(whole->frameSize.has_value());
-}
-
-TEST(OpenExrReaderTest, channels_areGroupedToLayers)
-{
-    const ExrPart part = partOf({{"R"},
-                                 {"G"},
-                                 {"B"},
-                                 {"A"},
-                                 {"Z", Imf::FLOAT},
-                                 {"diffuse.R"},
-                                 {"diffuse.G"},
-                                 {"diffuse.B"},
-                                 {"N.X"},
-                                 {"N.Y"},
-                                 {"N.Z"},
-                                 {"uv.u"},
-                                 {"uv.v"},
-                                 {"mask.Y"},
-                                 {"light.key.red"},
-                                 {"light.key.green"},
-                                 {"light.key.blue"},
-                                 {"crypto00.r"},
-                                 {"crypto00.g"},
-                                 {"crypto00.b"},
-                                 {"crypto00.a"},
-                                 {"two.R"},
-                                 {"two.G"}});
-    const Array<std::byte> file = exrFile({part});
-    const auto layers = OpenExrReader().layers(file);
-    ASSERT_TRUE(layers.hasValue());
-    const Array<Viewer::PictureLayer> wanted{{L"", {L"R", L"G", L"B", L"A"}},
-                                             {L"Z", {L"Z"}},
-                                             {L"N", {L"X", L"Y", L"Z"}},
-                                             {L"crypto00", {L"r", L"g", L"b", L"a"}},
-                                             {L"diffuse", {L"R", L"G", L"B"}},
-                                             {L"light.key", {L"red", L"green", L"blue"}},
-                                             {L"mask", {L"Y"}},
-                                             {L"two.G", {L"G"}},
-                                             {L"two.R", {L"R"}},
-                                             {L"uv", {L"u", L"v", L""}}};
-    EXPECT_EQ(*layers, wanted);
-
-    const Array<Array<int>> channels{{0, 1, 2, 3}, {4},          {8, 9, 10},   {17, 18, 19, 20},
-                                     {5, 6, 7},    {14, 15, 16}, {13, 13, 13}, {22},
-                                     {21},         {11, 12}};
-    for (std::size_t i = 0; i < channels.size(); ++i) {
-        const auto read = readLayer(file, i);
-        ASSERT_TRUE(read.hasValue()) << i;
-        expectPixels(*read, part, channels[i]);
-    }
-    EXPECT_FALSE(readLayer(file, channels.size()).hasValue());
-}
-
-TEST(OpenExrReaderTest, mainLayer_comesFirst)
-{
-    EXPECT_EQ(layerNames(exrFile({partOf({{"AO.Y"},
-                                          {"View.Combined.R"},
-                                          {"View.Combined.G"},
-                                          {"View.Combined.B"},
-                                          {"Albedo.R"},
-                                          {"Albedo.G"},
-                                          {"Albedo.B"}})})),
-              (Array<String>{L"View.Combined", L"AO", L"Albedo"}));
-    EXPECT_EQ(layerNames(exrFile({partOf({{"P.X"}, {"P.Y"}, {"P.Z"}, {"a.R"}, {"a.G"}, {"a.B"}, {"Z"}})})),
-              (Array<String>{L"a", L"Z", L"P"}));
-    EXPECT_EQ(layerNames(exrFile({partOf({{"Z"}, {"A.Y"}})})), (Array<String>{L"Z", L"A"}));
-}
-
-TEST(OpenExrReaderTest, parts_giveTheirNamesToLayers)
-{
-    ExrPart depth = partOf({{"Z", Imf::FLOAT}});
-    depth.name = "depth";
-    depth.isTiled = true;
-    ExrPart beauty = partOf({{"R"}, {"G"}, {"B"}, {"A"}, {"spec.R"}, {"spec.G"}, {"spec.B"}});
-    beauty.name = "beauty";
-    beauty.data = {{2, 3}, {9, 8}};
-    ExrPart diffuse = partOf({{"diffuse.R"}, {"diffuse.G"}, {"diffuse.B"}});
-    diffuse.name = "diffuse";
-    const Array<std::byte> file = exrFile({depth, beauty, diffuse});
-    ASSERT_EQ(layerNames(file), (Array<String>{L"beauty", L"depth.Z", L"beauty.spec", L"diffuse"}));
-
-    const auto first = readLayer(file, 0);
-    ASSERT_TRUE(first.hasValue());
-    expectPixels(*first, beauty, {0, 1, 2, 3});
-    EXPECT_EQ(first->origin, (Pixel{2, 3}));
-    EXPECT_EQ(valueOf(*first, L"name"), String(L"beauty"));
-    const auto second = readLayer(file, 1);
-    ASSERT_TRUE(second.hasValue());
-    expectPixels(*second, depth, {0});
-    const auto last = readLayer(file, 3);
-    ASSERT_TRUE(last.hasValue());
-    expectPixels(*last, diffuse, {0, 1, 2});
 }
 
 TEST(OpenExrReaderTest, smallerLevels_areTold)
@@ -362,41 +214,6 @@ TEST(OpenExrReaderTest, luminanceAndChroma_becomeColours)
             }
         }
     }
-}
-
-TEST(OpenExrReaderTest, attributes_becomeText)
-{
-    ExrPart part;
-    part.data = {{-2, 0}, {18, 12}};
-    const Array<std::byte> file = exrFile({part}, [](Imf::Header& header) {
-        header.insert("artist", Imf::StringAttribute("J\xC3\xB6rg"));
-        header.insert("samples", Imf::IntAttribute(512));
-        header.insert("exposure", Imf::FloatAttribute(-1.5f));
-        header.insert("step", Imf::DoubleAttribute(0.1));
-        header.insert("eye", Imf::V3fAttribute(Imath::V3f(1, 2.5f, -3)));
-        header.insert("worldToCamera", Imf::M33fAttribute(Imath::M33f()));
-        header.insert("passes", Imf::StringVectorAttribute({"direct", "indirect"}));
-        header.insert("timeCode", Imf::TimeCodeAttribute(Imf::TimeCode(1, 2, 3, 4)));
-        header.insert("framesPerSecond", Imf::RationalAttribute(Imf::Rational(24000, 1001)));
-        header.insert("chromaticities", Imf::ChromaticitiesAttribute(Imf::Chromaticities()));
-    });
-    const auto read = readLayer(file);
-    ASSERT_TRUE(read.hasValue());
-    EXPECT_EQ(valueOf(*read, L"artist"), String(L"J\u00F6rg"));
-    EXPECT_EQ(valueOf(*read, L"samples"), String(L"512"));
-    EXPECT_EQ(valueOf(*read, L"exposure"), String(L"-1.5"));
-    EXPECT_EQ(valueOf(*read, L"step"), String(L"0.1"));
-    EXPECT_EQ(valueOf(*read, L"eye"), String(L"(1, 2.5, -3)"));
-    EXPECT_EQ(valueOf(*read, L"worldToCamera"), String(L"1 0 0; 0 1 0; 0 0 1"));
-    EXPECT_EQ(valueOf(*read, L"passes"), String(L"direct, indirect"));
-    EXPECT_EQ(valueOf(*read, L"timeCode"), String(L"01:02:03:04"));
-    EXPECT_EQ(valueOf(*read, L"framesPerSecond"), String(L"24000/1001"));
-    EXPECT_EQ(valueOf(*read, L"chromaticities"),
-              String(L"red (0.64, 0.33), green (0.3, 0.6), blue (0.15, 0.06), white (0.3127, 0.329)"));
-    EXPECT_EQ(valueOf(*read, L"dataWindow"), String(L"(-2, 0) to (18, 12)"));
-    EXPECT_EQ(valueOf(*read, L"compression"), String(L"ZIP"));
-    EXPECT_EQ(valueOf(*read, L"lineOrder"), String(L"increasing y"));
-    EXPECT_EQ(valueOf(*read, L"channels"), String(L"B half, G half, R half"));
 }
 
 TEST(OpenExrReaderTest, progress_growsAndCanStopTheReading)

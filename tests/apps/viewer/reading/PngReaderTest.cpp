@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <png.h>
+#include <zlib.h>
 
 #include <cmath>
 #include <cstdint>
@@ -189,6 +190,25 @@ TEST(PngReaderTest, mutatedFiles_areReadOrRefused)
             EXPECT_TRUE(image.hasValue() || image.error().find(L"it ") == 0);
         }
     }
+}
+
+TEST(PngReaderTest, framesOfAnAnimation_areTold)
+{
+    const Array<std::byte> still = contentOf(pictureFile("pattern.png"));
+    // A chunk of 8 bytes after the first chunk: three frames, shown for ever. Its checksum follows.
+    const unsigned char chunk[] = {0, 0, 0, 8, 'a', 'c', 'T', 'L', 0, 0, 0, 3, 0, 0, 0, 0, 0, 0, 0, 0};
+    constexpr std::ptrdiff_t HEADER_END = 33;
+    Array<std::byte> animated = still;
+    animated.insert(animated.begin() + HEADER_END, reinterpret_cast<const std::byte*>(std::begin(chunk)),
+                    reinterpret_cast<const std::byte*>(std::end(chunk)));
+    const auto checksum = static_cast<std::uint32_t>(
+        crc32(0, reinterpret_cast<const Bytef*>(animated.data()) + HEADER_END + 4, 12));
+    for (int i = 0; i < 4; ++i)
+        animated[HEADER_END + 16 + i] = static_cast<std::byte>(checksum >> (24 - 8 * i));
+    const auto read = PngReader().read(animated, 0, {});
+    ASSERT_TRUE(read.hasValue());
+    EXPECT_EQ(read->omissions, (Array<String>{L"It has 3 frames, of which the first is shown."}));
+    EXPECT_TRUE(PngReader().read(still, 0, {})->omissions.empty());
 }
 
 TEST(PngReaderTest, progress_growsAndCanStopTheReading)

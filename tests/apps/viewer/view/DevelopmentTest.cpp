@@ -3,6 +3,7 @@
 
 #include "NolvexLibWx/BitmapConverter.h"
 #include "NolvexLibWx/ColourConversions.h"
+#include "support/DevelopedPicture.h"
 #include "support/Screen.h"
 
 #include <gtest/gtest.h>
@@ -34,7 +35,7 @@ Image pixel(const Rgb& value, float gamma)
 wxImage developed(const Image& source, const DisplaySettings& settings)
 {
     const ImageDescriptor& size = source.descriptor();
-    return Viewer::develop(source, settings, wxRect(0, 0, size.width, size.height));
+    return Tests::develop(source, settings, wxRect(0, 0, size.width, size.height));
 }
 
 RgbBytes shown(const Image& source, const DisplaySettings& settings)
@@ -59,11 +60,21 @@ void fill(Image& target)
     }
 }
 
+std::size_t countOf(const wxImage& image)
+{
+    return static_cast<std::size_t>(image.GetWidth()) * static_cast<std::size_t>(image.GetHeight());
+}
+
+bool hasSameColours(const wxImage& one, const wxImage& other)
+{
+    return one.GetSize() == other.GetSize() && one.HasAlpha() == other.HasAlpha() &&
+           std::equal(one.GetData(), one.GetData() + 3 * countOf(one), other.GetData());
+}
+
 bool isSame(const wxImage& one, const wxImage& other)
 {
-    const std::size_t pixels = static_cast<std::size_t>(one.GetWidth()) * one.GetHeight();
-    return one.GetSize() == other.GetSize() && one.HasAlpha() == other.HasAlpha() &&
-           std::equal(one.GetData(), one.GetData() + 3 * pixels, other.GetData()) &&
+    const std::size_t pixels = countOf(one);
+    return hasSameColours(one, other) &&
            (!one.HasAlpha() || std::equal(one.GetAlpha(), one.GetAlpha() + pixels, other.GetAlpha()));
 }
 
@@ -75,9 +86,20 @@ TEST(DevelopmentTest, usualSettings_showWhatTheConverterShows)
         for (const float gamma : {1.0f, 2.2f}) {
             Image source = image(static_cast<PixelFormat>(format), 37, 21, gamma);
             fill(source);
-            EXPECT_TRUE(isSame(developed(source, {}), BitmapConverter::zephraImageToWxImage(source)))
+            const wxImage converted = BitmapConverter::zephraImageToWxImage(source);
+            EXPECT_TRUE(hasSameColours(developed(source, {}), converted))
                 << "format " << format << ", gamma " << gamma;
         }
+    }
+}
+
+TEST(DevelopmentTest, alpha_isNotEncodedByAnyGamma)
+{
+    for (const float gamma : {1.0f, 1.8f, 2.2f}) {
+        const Image source = pixel({0.5f, 0.5f, 0.5f, 0.25f}, gamma);
+        EXPECT_EQ(developed(source, {}).GetAlpha(0, 0), 64) << gamma;
+        EXPECT_EQ(developed(source, {.gamma = 3.0f}).GetAlpha(0, 0), 64) << gamma;
+        EXPECT_EQ(Viewer::developPixel(source, {}, {0, 0}).shown.a, 0.25f) << gamma;
     }
 }
 
@@ -89,14 +111,8 @@ TEST(DevelopmentTest, part_isCutFromTheWhole)
         fill(source);
         const wxRect part(5, 3, 11, 9);
         EXPECT_TRUE(
-            isSame(Viewer::develop(source, settings, part), developed(source, settings).GetSubImage(part)));
+            isSame(Tests::develop(source, settings, part), developed(source, settings).GetSubImage(part)));
     }
-}
-
-TEST(DevelopmentTest, emptyPart_isInvalid)
-{
-    const Image source = image(PixelFormat::UINT8_RGB, 2, 2, 1.0f);
-    EXPECT_FALSE(Viewer::develop(source, {}, wxRect(1, 1, 0, 1)).IsOk());
 }
 
 TEST(DevelopmentTest, oneStop_doublesTheLight)
@@ -119,6 +135,22 @@ TEST(DevelopmentTest, encodedValues_getAsMuchBrighterAsLight)
     const RgbBytes ofEncoded = shown(pixel({value, value, value, 1.0f}, 1.0f), {.exposure = 1.5f});
     EXPECT_NEAR(ofLight.r, ofEncoded.r, 1);
     EXPECT_GT(ofLight.r, encoded(light, 2.2f));
+}
+
+TEST(DevelopmentTest, valuesOfOtherGammas_areEncodedLight)
+{
+    const float light = 0.2f;
+    const Viewer::DisplaySettings srgb{.exposure = 1.5f, .encoding = Viewer::Encoding::SRGB};
+    const Viewer::DisplaySettings linear{.exposure = 1.5f, .encoding = Viewer::Encoding::LINEAR};
+    const Viewer::DisplaySettings falseColor{.exposure = 1.5f, .falseColor = Viewer::FalseColor::VALUES};
+    const Image ofLight = pixel({light, light, light, 1.0f}, 2.2f);
+    for (const float gamma : {0.5f, 1.4f, 1.8f, 4.4f}) {
+        const float value = std::pow(light, gamma / 2.2f);
+        const Image source = pixel({value, value, value, 1.0f}, gamma);
+        EXPECT_NEAR(Viewer::developPixel(source, {}, {0, 0}).light.g, light, 1e-6f) << gamma;
+        for (const DisplaySettings& settings : {DisplaySettings{.exposure = 1.5f}, srgb, linear, falseColor})
+            EXPECT_EQ(shown(source, settings), shown(ofLight, settings)) << gamma;
+    }
 }
 
 TEST(DevelopmentTest, exposure_leavesTheTransparency)

@@ -4,6 +4,7 @@
 #include "apps/viewer/platform/PixelCanvas.h"
 #include "apps/viewer/view/Development.h"
 #include "apps/viewer/view/Pyramid.h"
+#include "support/DevelopedPicture.h"
 #include "support/Screen.h"
 
 #include <gtest/gtest.h>
@@ -14,8 +15,9 @@
 #include <memory>
 
 using namespace Nolvex;
+using Tests::develop;
+using Viewer::AlphaKind;
 using Viewer::Backdrop;
-using Viewer::develop;
 using Viewer::DisplaySettings;
 using Viewer::drawImage;
 using Viewer::fillWith;
@@ -91,7 +93,7 @@ RgbBytes blended(const wxImage& front, int x, int y, const RgbBytes& back)
 TEST(PictureRendererTest, atOneToOne_showsWhatIsDeveloped)
 {
     for (const PixelFormat format : {PixelFormat::UINT8_RGB, PixelFormat::UINT16_GREY,
-                                     PixelFormat::FLOAT32_RGBA, PixelFormat::FLOAT16_RGB}) {
+                                     PixelFormat::FLOAT32_RGB, PixelFormat::FLOAT16_RGB}) {
         for (const float gamma : {1.0f, 2.2f}) {
             const Image image = random(format, 67, 300, gamma); // high enough for several threads
             const DisplaySettings settings{.exposure = 0.5f};
@@ -237,6 +239,108 @@ TEST(PictureRendererTest, halfTransparentPixels_areMixed)
     const auto canvas = canvasOf(4, 4);
     drawImage({image, nullptr, {}, 1.0, {0.0, 0.0}}, {RgbBytes{0, 255, 100}}, wxRect(0, 0, 4, 4), *canvas);
     EXPECT_EQ(at(*canvas, 2, 2), (RgbBytes{128, 255, 50}));
+}
+
+namespace {
+
+RgbBytes screenOf(const Image& image, double scale, AlphaKind kind, const DisplaySettings& settings = {})
+{
+    constexpr RgbBytes BEHIND{0, 255, 100};
+    const auto canvas = canvasOf(4, 4);
+    drawImage({image, nullptr, settings, scale, {0.0, 0.0}, kind}, {BEHIND}, wxRect(0, 0, 4, 4), *canvas);
+    return at(*canvas, 2, 2);
+}
+
+// The byte of light that the gamma 2.2 encodes.
+std::uint8_t byteOfLight(double light)
+{
+    return static_cast<std::uint8_t>(std::lround(255.0 * std::pow(std::min(light, 1.0), 1.0 / 2.2)));
+}
+
+double lightOfByte(int byte)
+{
+    return std::pow(byte / 255.0, 2.2);
+}
+
+Image uniformLight(const Rgb& value)
+{
+    Image image = *Image::create(4, 4, PixelFormat::FLOAT32_RGBA, 2.2f);
+    const Image encoded = uniform(value, 4, 4);
+    for (int y = 0; y < 4; ++y)
+        std::memcpy(image.row(y).data(), encoded.row(y).data(), image.rowBytes());
+    return image;
+}
+
+} // namespace
+
+TEST(PictureRendererTest, straightColours_areMixedAsLight)
+{
+    const Image image = uniformLight({0.8f, 0.1f, 3.0f, 0.25f});
+    const RgbBytes expected{byteOfLight(0.8 * 0.25), byteOfLight(0.1 * 0.25 + 0.75),
+                            byteOfLight(3.0 * 0.25 + 0.75 * lightOfByte(100))};
+    for (const double scale : {0.7, 1.0, 2.0})
+        EXPECT_EQ(screenOf(image, scale, AlphaKind::STRAIGHT), expected) << scale;
+}
+
+TEST(PictureRendererTest, associatedColours_areAddedToTheLightBehind)
+{
+    const Image image = uniformLight({0.2f, 0.025f, 0.1f, 0.25f});
+    const RgbBytes expected{byteOfLight(0.2), byteOfLight(0.025 + 0.75),
+                            byteOfLight(0.1 + 0.75 * lightOfByte(100))};
+    for (const double scale : {0.7, 1.0, 2.0})
+        EXPECT_EQ(screenOf(image, scale, AlphaKind::ASSOCIATED), expected) << scale;
+}
+
+TEST(PictureRendererTest, sameColoursOfBothKinds_lookTheSame)
+{
+    const Image straight = uniformLight({0.8f, 0.1f, 0.5f, 0.25f});
+    const Image associated = uniformLight({0.2f, 0.025f, 0.125f, 0.25f});
+    for (const auto encoding : {Viewer::Encoding::GAMMA, Viewer::Encoding::SRGB, Viewer::Encoding::LINEAR}) {
+        const DisplaySettings settings{.exposure = 0.5f, .gamma = 1.2f, .encoding = encoding};
+        EXPECT_EQ(screenOf(straight, 1.0, AlphaKind::STRAIGHT, settings),
+                  screenOf(associated, 1.0, AlphaKind::ASSOCIATED, settings));
+    }
+}
+
+TEST(PictureRendererTest, lightWithoutAlpha_glows)
+{
+    const Image image = uniformLight({0.5f, 0.0f, 0.25f, 0.0f});
+    EXPECT_EQ(screenOf(image, 1.0, AlphaKind::ASSOCIATED),
+              (RgbBytes{byteOfLight(0.5), 255, byteOfLight(0.25 + lightOfByte(100))}));
+    EXPECT_EQ(screenOf(image, 1.0, AlphaKind::STRAIGHT), (RgbBytes{0, 255, 100}));
+}
+
+TEST(PictureRendererTest, alpha_isNotEncodedByTheDisplayCurve)
+{
+    const Image image = uniformLight({0.0f, 0.0f, 0.0f, 0.5f});
+    const RgbBytes half{0, byteOfLight(0.5), byteOfLight(0.5 * lightOfByte(100))};
+    EXPECT_EQ(screenOf(image, 1.0, AlphaKind::STRAIGHT), half);
+    EXPECT_EQ(screenOf(image, 1.0, AlphaKind::ASSOCIATED), half);
+}
+
+TEST(PictureRendererTest, exposure_leavesWhatLiesBehind)
+{
+    const Image image = uniformLight({0.0f, 0.0f, 0.0f, 0.0f});
+    for (const float exposure : {-3.0f, 3.0f}) {
+        for (const auto encoding :
+             {Viewer::Encoding::GAMMA, Viewer::Encoding::SRGB, Viewer::Encoding::LINEAR}) {
+            EXPECT_EQ(screenOf(image, 1.0, AlphaKind::ASSOCIATED,
+                               {.exposure = exposure, .gamma = 1.7f, .encoding = encoding}),
+                      (RgbBytes{0, 255, 100}));
+        }
+    }
+}
+
+TEST(PictureRendererTest, alphaThatIsNoNumber_showsWhatLiesBehind)
+{
+    const float bad = std::nanf("");
+    const float inf = std::numeric_limits<float>::infinity();
+    EXPECT_EQ(screenOf(uniformLight({0.5f, 0.5f, 0.5f, bad}), 1.0, AlphaKind::STRAIGHT),
+              (RgbBytes{0, 255, 100}));
+    EXPECT_EQ(screenOf(uniformLight({inf, inf, inf, 0.0f}), 1.0, AlphaKind::STRAIGHT),
+              (RgbBytes{0, 255, 100}));
+    EXPECT_EQ(screenOf(uniformLight({inf, 0.0f, inf, 0.5f}), 1.0, AlphaKind::ASSOCIATED),
+              (RgbBytes{255, byteOfLight(0.5), 255}));
 }
 
 TEST(PictureRendererTest, imagesOfAnyShape_areDrawnAtAnyScale)

@@ -25,7 +25,7 @@ std::vector<std::uint8_t> redBytes(const ScreenCurve& curve, const std::vector<f
     for (const float value : values)
         pixels.push_back({value, value, value, 1.0f});
     std::vector<std::uint8_t> colours(3 * values.size());
-    ScreenEncoder(curve, values.size()).encode(pixels.data(), colours.data(), nullptr, values.size());
+    ScreenEncoder(curve, values.size()).encode(pixels.data(), colours.data(), values.size());
     std::vector<std::uint8_t> reds;
     for (std::size_t i = 0; i < values.size(); ++i)
         reds.push_back(colours[3 * i]);
@@ -65,13 +65,30 @@ TEST(ScreenEncoderTest, whatIsNoNumberOrEndless_isBlackOrWhite)
     EXPECT_EQ(redBytes({true, 1.0f}, {-INF}), (std::vector<std::uint8_t>{0}));
 }
 
-TEST(ScreenEncoderTest, srgb_leavesAlphaAsItIs)
+TEST(ScreenEncoderTest, curve_leavesAlphaAsItIs)
 {
-    const Rgb pixels[] = {{0.5f, 0.5f, 0.5f, 0.5f}, {0, 0, 0, std::nanf("")}, {0, 0, 0, 7.0f}};
-    std::uint8_t colours[9];
-    std::uint8_t alpha[3];
-    ScreenEncoder({true, 1.0f}, 3).encode(pixels, colours, alpha, 3);
-    EXPECT_EQ(alpha[0], 128);
-    EXPECT_EQ(alpha[1], 0);
-    EXPECT_EQ(alpha[2], 255);
+    for (const ScreenCurve& curve :
+         {ScreenCurve{true, 0.5f}, ScreenCurve{false, 0.45f}, ScreenCurve{true, 1.0f, 1.5f}})
+        EXPECT_EQ(curve.at(Rgb{0.5f, 0.5f, 0.5f, 0.25f}).a, 0.25f);
+}
+
+TEST(ScreenEncoderTest, valueBeforeTheCurve_isTurnedIntoTheSameByteAgain)
+{
+    for (const ScreenCurve& curve : {ScreenCurve{}, ScreenCurve{true, 1.0f}, ScreenCurve{false, 1.0f / 2.2f},
+                                     ScreenCurve{true, 0.5f, 1.3f}, ScreenCurve{false, 2.2f}}) {
+        std::vector<float> values;
+        std::vector<std::uint8_t> bytes;
+        for (int byte = 0; byte < 256; ++byte) {
+            values.push_back(curve.before(static_cast<float>(byte) / 255.0f));
+            bytes.push_back(static_cast<std::uint8_t>(byte));
+        }
+        EXPECT_EQ(redBytes(curve, values), bytes) << curve.isSrgb << ", " << curve.exponent;
+    }
+}
+
+TEST(ScreenEncoderTest, otherGammas_becomeLightBeforeTheCurveOfSrgb)
+{
+    const float stored = 0.6f;
+    const float light = std::pow(stored, 1.25f);
+    EXPECT_EQ(redBytes({true, 1.0f, 1.25f}, {stored}), redBytes({true, 1.0f}, {light}));
 }

@@ -65,6 +65,21 @@ TEST_F(PictureSenderTest, pictureOfEachFormat_arrivesBitByBit)
     }
 }
 
+TEST_F(PictureSenderTest, kindOfAlpha_arrivesWithPicturesThatHaveAlpha)
+{
+    for (const int side : {3, 300}) {
+        for (const PixelFormat format : {PixelFormat::FLOAT32_RGBA, PixelFormat::FLOAT32_RGB}) {
+            const String name(std::to_wstring(side * 100 + static_cast<int>(format)));
+            const Image image = patterned(side, side, format);
+            EXPECT_FALSE(m_sender.send(name, image, {}, Viewer::AlphaKind::ASSOCIATED));
+            ASSERT_TRUE(serveUntil([&] { return m_watched.isComplete(name); }));
+            const bool hasAlpha = format == PixelFormat::FLOAT32_RGBA;
+            EXPECT_EQ(m_watched.pictures.at(name).picture->alpha(),
+                      hasAlpha ? Viewer::AlphaKind::ASSOCIATED : Viewer::AlphaKind::STRAIGHT);
+        }
+    }
+}
+
 TEST_F(PictureSenderTest, pictureOfManyBands_arrivesBitByBit)
 {
     const Image image = patterned(1000, 700, PixelFormat::FLOAT32_RGB);

@@ -96,6 +96,21 @@ TEST(WireCommandTest, everyFormat_hasTheNameOfItsEnumerator)
     EXPECT_EQ(createWith(L"Format", L"FLOAT32_RGBA")->format, PixelFormat::FLOAT32_RGBA);
 }
 
+TEST(WireCommandTest, alpha_isStraightUnlessTheHeaderSaysOtherwise)
+{
+    EXPECT_EQ(createWith(L"Gamma", nullptr)->alpha, AlphaKind::STRAIGHT);
+    EXPECT_EQ(createWith(L"Alpha", L"straight")->alpha, AlphaKind::STRAIGHT);
+    EXPECT_EQ(createWith(L"Alpha", L"associated")->alpha, AlphaKind::ASSOCIATED);
+    for (const wchar_t* kind : {L"", L"Associated", L"premultiplied", L"1"})
+        EXPECT_EQ(errorOf(createWith(L"Alpha", kind)), L"Alpha must be straight or associated.");
+    WireCommand command;
+    command.name = L"a";
+    command.area = {{0, 0}, {1, 1}};
+    EXPECT_FALSE(composeWireCommand(command).getChild(L"Alpha").has_value());
+    command.alpha = AlphaKind::ASSOCIATED;
+    EXPECT_EQ(composeWireCommand(command).getChild(L"Alpha"), String(L"associated"));
+}
+
 TEST(WireCommandTest, header_isThatOfTheDescription)
 {
     WireCommand command;

@@ -21,7 +21,7 @@ namespace {
 struct PictureWriterTest : testing::Test
 {
     Tests::TemporaryFolder folder;
-    const Image image = Tests::placesAsFloats(30, 20, 1.0f);
+    const Viewer::Picture source{L"picture", Tests::placesAsFloats(30, 20, 1.0f)};
 
     static bool goOn(float) { return true; }
 
@@ -64,7 +64,7 @@ TEST_F(PictureWriterTest, everyWritableFormat_canBeReadAgain)
     for (const ImageFormat format : Viewer::writableFormats()) {
         const Io::Path file = folder.file(getImageFormatDescriptor(format).extensions[0]);
         for (const bool alpha : {false, true}) {
-            EXPECT_EQ(writePictureFile(file, image, format, {ColorFormat::UINT8_RGB, alpha}, goOn),
+            EXPECT_EQ(writePictureFile(file, source, format, {ColorFormat::UINT8_RGB, alpha}, goOn),
                       Optional<String>())
                 << file.nativeStr().toUtf8();
             const Expected<Viewer::SharedPicture, String> picture = Viewer::readPictureFile(file);
@@ -130,7 +130,7 @@ TEST_F(PictureWriterTest, filters_nameEveryExtension)
 TEST_F(PictureWriterTest, formatThatCannotBeWritten_isRefusedAndTheOldFileStays)
 {
     const Io::Path file = folder.file(L"a.dds", "old");
-    EXPECT_EQ(writePictureFile(file, image, ImageFormat::DDS, {}, goOn),
+    EXPECT_EQ(writePictureFile(file, source, ImageFormat::DDS, {}, goOn),
               L"The picture was not saved as \"" + file.nativeStr() +
                   L"\": the viewer cannot write this format.");
     EXPECT_EQ(Tests::contentOf(file).size(), 3u);
@@ -140,7 +140,7 @@ TEST_F(PictureWriterTest, formatThatCannotBeWritten_isRefusedAndTheOldFileStays)
 TEST_F(PictureWriterTest, folderThatIsNotThere_isAnErrorThatNamesTheFile)
 {
     const Io::Path file = folder.path() / L"missing" / L"a.png";
-    const Optional<String> failure = writePictureFile(file, image, ImageFormat::PNG, {}, goOn);
+    const Optional<String> failure = writePictureFile(file, source, ImageFormat::PNG, {}, goOn);
     ASSERT_TRUE(failure.has_value());
     EXPECT_NE(failure->wstr().find(file.nativeStr().wstr()), std::wstring::npos);
 }
@@ -150,7 +150,7 @@ TEST_F(PictureWriterTest, stoppedByTheProgress_leavesTheOldFile)
     for (const wchar_t* name : {L"a.png", L"a.tiff", L"a.exr", L"a.bmp"}) {
         const Io::Path file = folder.file(name, "old");
         EXPECT_EQ(
-            writePictureFile(file, image, *Viewer::writableFormatOf(file), {}, [](float) { return false; }),
+            writePictureFile(file, source, *Viewer::writableFormatOf(file), {}, [](float) { return false; }),
             String());
         EXPECT_EQ(Tests::contentOf(file).size(), 3u) << name;
     }
@@ -167,7 +167,8 @@ TEST_F(PictureWriterTest, progress_endsAtOne)
     };
     for (const ImageFormat format : Viewer::writableFormats()) {
         last = -1.0f;
-        EXPECT_EQ(writePictureFile(folder.file(L"picture"), image, format, {}, remember), Optional<String>());
+        EXPECT_EQ(writePictureFile(folder.file(L"picture"), source, format, {}, remember),
+                  Optional<String>());
         EXPECT_EQ(last, 1.0f);
     }
 }

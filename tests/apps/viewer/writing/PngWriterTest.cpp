@@ -14,6 +14,7 @@
 #include <vector>
 
 using namespace Nolvex;
+using Viewer::AlphaKind;
 using Viewer::writePng;
 
 namespace {
@@ -53,10 +54,13 @@ Content read(const std::string& file)
     return content;
 }
 
-Content written(const Image& image, const Wx::ImageSaveSettings& settings)
+Content written(const Image& image, const Wx::ImageSaveSettings& settings,
+                AlphaKind alpha = AlphaKind::STRAIGHT)
 {
     std::ostringstream stream;
-    EXPECT_FALSE(writePng(stream, image, settings, [](float) { return true; }).has_value());
+    EXPECT_FALSE(writePng(stream, Viewer::Picture(L"picture", image, alpha), settings, [](float) {
+                     return true;
+                 }).has_value());
     return read(stream.str());
 }
 
@@ -93,6 +97,14 @@ TEST(PngWriterTest, alpha_isWrittenIfWanted)
     EXPECT_EQ(content.rows[0], (std::vector<png_byte>{0, 0, 128, 191}));
 }
 
+TEST(PngWriterTest, associatedColours_areDividedByAlpha)
+{
+    const Content content = written(Tests::rowOfFloats({{0.25f, 0.5f, 0.0f, 0.5f}}, 2.2f),
+                                    {ColorFormat::UINT16_RGB, true}, AlphaKind::ASSOCIATED);
+    // 65535 * 0.5 ^ (1 / 2.2) is 47823.51.
+    EXPECT_EQ(content.rows[0], (std::vector<png_byte>{0xba, 0xd0, 0xff, 0xff, 0, 0, 0x80, 0}));
+}
+
 TEST(PngWriterTest, words_areWrittenHighByteFirst)
 {
     const Content content = written(Tests::rowOfFloats({{1.0f / 65535.0f, 0.5f, 1.0f, 0.25f}}, 1.0f),
@@ -105,15 +117,15 @@ TEST(PngWriterTest, progress_growsWithTheRowsAndCanStopThem)
 {
     std::ostringstream whole;
     std::vector<float> shares;
-    const Image image = Tests::placesAsFloats(64, 4, 1.0f);
-    EXPECT_FALSE(writePng(whole, image, {}, [&](float share) {
+    const Viewer::Picture picture(L"picture", Tests::placesAsFloats(64, 4, 1.0f));
+    EXPECT_FALSE(writePng(whole, picture, {}, [&](float share) {
                      shares.push_back(share);
                      return true;
                  }).has_value());
     EXPECT_EQ(shares, (std::vector<float>{0.0f, 0.25f, 0.5f, 0.75f}));
 
     std::ostringstream part;
-    EXPECT_FALSE(writePng(part, image, {}, [](float share) { return share < 0.5f; }).has_value());
+    EXPECT_FALSE(writePng(part, picture, {}, [](float share) { return share < 0.5f; }).has_value());
     EXPECT_LT(part.str().size(), whole.str().size());
 }
 
@@ -121,6 +133,7 @@ TEST(PngWriterTest, streamThatFails_isAnError)
 {
     FullDisk disk;
     std::ostream stream(&disk);
-    EXPECT_EQ(writePng(stream, Tests::placesAsFloats(64, 64, 1.0f), {}, [](float) { return true; }),
+    EXPECT_EQ(writePng(stream, Viewer::Picture(L"picture", Tests::placesAsFloats(64, 64, 1.0f)), {},
+                       [](float) { return true; }),
               String(L"the file cannot be written"));
 }

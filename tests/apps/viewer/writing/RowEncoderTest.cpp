@@ -11,6 +11,7 @@
 
 using namespace Nolvex;
 using Tests::rowOfFloats;
+using Viewer::AlphaKind;
 using Viewer::RowEncoder;
 
 namespace {
@@ -18,9 +19,20 @@ namespace {
 template<class Number>
 std::vector<Number> encoded(const Image& image, ColorFormat format, bool alpha, std::int32_t row = 0)
 {
-    RowEncoder encoder(image, format, alpha);
+    const Viewer::Picture picture(L"picture", image);
+    RowEncoder encoder(picture, format, alpha ? Optional(AlphaKind::STRAIGHT) : Optional<AlphaKind>());
     std::vector<Number> numbers(encoder.rowBytes() / sizeof(Number));
     encoder.encode(row, reinterpret_cast<std::byte*>(numbers.data()));
+    return numbers;
+}
+
+template<class Number>
+std::vector<Number> converted(const Image& image, ColorFormat format, AlphaKind from, AlphaKind to)
+{
+    const Viewer::Picture picture(L"picture", image, from);
+    RowEncoder encoder(picture, format, to);
+    std::vector<Number> numbers(encoder.rowBytes() / sizeof(Number));
+    encoder.encode(0, reinterpret_cast<std::byte*>(numbers.data()));
     return numbers;
 }
 
@@ -88,4 +100,57 @@ TEST(RowEncoderTest, halves_areTheNearestOnes)
     EXPECT_EQ(encoded<std::uint16_t>(rowOfFloats({{1.0f, -2.0f, 0.5f, 0.0f}}, 2.2f),
                                      ColorFormat::FLT16_LINEAR_RGB, true),
               (Words{0x3c00, 0xc000, 0x3800, 0}));
+}
+
+TEST(RowEncoderTest, associatedColours_areDividedForStraightFiles)
+{
+    const Image image = rowOfFloats({{0.25f, 0.5f, 3.0f, 0.5f}, {0.25f, 0.5f, 0.0f, 0.0f}}, 2.2f);
+    EXPECT_EQ(
+        converted<float>(image, ColorFormat::FLT32_LINEAR_RGB, AlphaKind::ASSOCIATED, AlphaKind::STRAIGHT),
+        (Floats{0.5f, 1.0f, 6.0f, 0.5f, 0.25f, 0.5f, 0.0f, 0.0f}))
+        << "where alpha is 0 the colours stay";
+    // The light 0.5 is shown as 186 and 0.25 as 136.
+    EXPECT_EQ(
+        converted<std::uint8_t>(image, ColorFormat::UINT8_RGB, AlphaKind::ASSOCIATED, AlphaKind::STRAIGHT),
+        (Bytes{186, 255, 255, 128, 136, 186, 0, 0}));
+}
+
+TEST(RowEncoderTest, straightColours_areMultipliedAsLightForAssociatedFiles)
+{
+    const Image image = rowOfFloats({{0.5f, 1.0f, 0.0f, 0.25f}, {INFINITY, 1.0f, 0.5f, 0.0f}}, 1.0f);
+    const Floats values =
+        converted<float>(image, ColorFormat::FLT32_LINEAR_RGB, AlphaKind::STRAIGHT, AlphaKind::ASSOCIATED);
+    EXPECT_FLOAT_EQ(values[0], 0.25f * std::pow(0.5f, 2.2f));
+    EXPECT_EQ(values[1], 0.25f);
+    EXPECT_EQ(values[3], 0.25f);
+    EXPECT_EQ((Floats{values.begin() + 4, values.end()}), (Floats{0.0f, 0.0f, 0.0f, 0.0f}));
+}
+
+TEST(RowEncoderTest, associatedLight_staysExactlyAsItIs)
+{
+    const Image image = rowOfFloats({{0.1f, 0.7f, 1e30f, 0.3f}, {0.25f, 0.5f, INFINITY, 0.0f}}, 2.2f);
+    EXPECT_EQ(
+        converted<float>(image, ColorFormat::FLT32_LINEAR_RGB, AlphaKind::ASSOCIATED, AlphaKind::ASSOCIATED),
+        (Floats{0.1f, 0.7f, 1e30f, 0.3f, 0.25f, 0.5f, INFINITY, 0.0f}));
+}
+
+TEST(RowEncoderTest, associatedEncodedValues_becomeAssociatedLight)
+{
+    const Image image = rowOfFloats({{0.25f, 0.5f, 0.0f, 0.5f}, {0.5f, 0.0f, 0.0f, 0.0f}}, 1.0f);
+    const Floats values =
+        converted<float>(image, ColorFormat::FLT32_LINEAR_RGB, AlphaKind::ASSOCIATED, AlphaKind::ASSOCIATED);
+    EXPECT_FLOAT_EQ(values[0], 0.5f * std::pow(0.5f, 2.2f));
+    EXPECT_FLOAT_EQ(values[1], 0.5f);
+    EXPECT_FLOAT_EQ(values[4], std::pow(0.5f, 2.2f)) << "light without alpha is not lost";
+}
+
+TEST(RowEncoderTest, alphaThatIsLeftOut_leavesTheColours)
+{
+    const Viewer::Picture picture(L"picture", rowOfFloats({{0.25f, 0.5f, 0.75f, 0.5f}}, 2.2f),
+                                  AlphaKind::ASSOCIATED);
+    RowEncoder encoder(picture, ColorFormat::FLT32_LINEAR_RGB, {});
+    Floats numbers(3);
+    ASSERT_EQ(encoder.rowBytes(), sizeof(float) * numbers.size());
+    encoder.encode(0, reinterpret_cast<std::byte*>(numbers.data()));
+    EXPECT_EQ(numbers, (Floats{0.25f, 0.5f, 0.75f}));
 }

@@ -14,6 +14,7 @@
 #include <vector>
 
 using namespace Nolvex;
+using Viewer::AlphaKind;
 using Viewer::writeTiff;
 
 namespace {
@@ -73,12 +74,15 @@ struct TiffWriterTest : testing::Test
     Tests::TemporaryFolder folder;
     Io::Path file = folder.file(L"picture.tiff");
 
-    Content written(const Image& image, const Wx::ImageSaveSettings& settings) const
+    Content written(const Image& image, const Wx::ImageSaveSettings& settings,
+                    AlphaKind alpha = AlphaKind::STRAIGHT) const
     {
         {
             std::fstream stream(file.native(),
                                 std::ios::in | std::ios::out | std::ios::trunc | std::ios::binary);
-            EXPECT_FALSE(writeTiff(stream, image, settings, [](float) { return true; }).has_value());
+            EXPECT_FALSE(writeTiff(stream, Viewer::Picture(L"picture", image, alpha), settings, [](float) {
+                             return true;
+                         }).has_value());
         }
         return read(file);
     }
@@ -108,6 +112,26 @@ TEST_F(TiffWriterTest, alpha_isUnassociated)
     EXPECT_EQ(content.samples, 4);
     EXPECT_EQ(content.extra, (std::vector<std::uint16_t>{EXTRASAMPLE_UNASSALPHA}));
     EXPECT_EQ(numbers<std::uint8_t>(content.rows[0]), (std::vector<std::uint8_t>{0, 0, 128, 191}));
+}
+
+TEST_F(TiffWriterTest, alphaOfFloats_isThatOfThePicture)
+{
+    const Image image = Tests::rowOfFloats({{0.25f, 0.5f, 3.0f, 0.5f}}, 2.2f);
+    for (const AlphaKind kind : {AlphaKind::STRAIGHT, AlphaKind::ASSOCIATED}) {
+        const Content content = written(image, {ColorFormat::FLT32_LINEAR_RGB, true}, kind);
+        const std::uint16_t expected =
+            kind == AlphaKind::ASSOCIATED ? EXTRASAMPLE_ASSOCALPHA : EXTRASAMPLE_UNASSALPHA;
+        EXPECT_EQ(content.extra, (std::vector<std::uint16_t>{expected}));
+        EXPECT_EQ(numbers<float>(content.rows[0]), (std::vector<float>{0.25f, 0.5f, 3.0f, 0.5f}));
+    }
+}
+
+TEST_F(TiffWriterTest, alphaOfIntegers_isUnassociated)
+{
+    const Content content = written(Tests::rowOfFloats({{0.25f, 0.5f, 0.0f, 0.5f}}, 2.2f),
+                                    {ColorFormat::UINT8_RGB, true}, AlphaKind::ASSOCIATED);
+    EXPECT_EQ(content.extra, (std::vector<std::uint16_t>{EXTRASAMPLE_UNASSALPHA}));
+    EXPECT_EQ(numbers<std::uint8_t>(content.rows[0]), (std::vector<std::uint8_t>{186, 255, 0, 128}));
 }
 
 TEST_F(TiffWriterTest, words_comeBack)
@@ -153,10 +177,12 @@ TEST_F(TiffWriterTest, progress_canStopTheRows)
 {
     std::stringstream stream;
     int calls = 0;
-    EXPECT_FALSE(writeTiff(stream, Tests::placesAsFloats(8, 8, 1.0f), {}, [&](float share) {
-                     ++calls;
-                     return share < 0.5f;
-                 }).has_value());
+    EXPECT_FALSE(writeTiff(stream, Viewer::Picture(L"picture", Tests::placesAsFloats(8, 8, 1.0f)), {},
+                           [&](float share) {
+                               ++calls;
+                               return share < 0.5f;
+                           })
+                     .has_value());
     EXPECT_EQ(calls, 5);
 }
 
@@ -164,6 +190,7 @@ TEST_F(TiffWriterTest, streamThatFails_isAnError)
 {
     std::stringstream stream;
     stream.setstate(std::ios::badbit);
-    EXPECT_EQ(writeTiff(stream, Tests::placesAsFloats(8, 8, 1.0f), {}, [](float) { return true; }),
+    EXPECT_EQ(writeTiff(stream, Viewer::Picture(L"picture", Tests::placesAsFloats(8, 8, 1.0f)), {},
+                        [](float) { return true; }),
               String(L"the file cannot be written"));
 }

@@ -20,7 +20,7 @@ namespace {
 wxImage written(const Image& image, wxBitmapType type, bool alpha)
 {
     std::ostringstream stream;
-    EXPECT_FALSE(Viewer::writeByWxImage(stream, image, type, alpha).has_value());
+    EXPECT_FALSE(Viewer::writeByWxImage(stream, Viewer::Picture(L"picture", image), type, alpha).has_value());
     const std::string file = stream.str();
     wxMemoryInputStream bytes(file.data(), file.size());
     return {bytes, type};
@@ -72,7 +72,7 @@ TEST(WxImageWriterTest, pictureThatTheFormatCannotHold_isRefused)
     // A side of a JPEG file has 16 bits.
     const Image image = *Image::create(70'000, 1, PixelFormat::UINT8_GREY, 1.0f);
     std::ostringstream stream;
-    EXPECT_EQ(Viewer::writeByWxImage(stream, image, wxBITMAP_TYPE_JPEG, false),
+    EXPECT_EQ(Viewer::writeByWxImage(stream, Viewer::Picture(L"picture", image), wxBITMAP_TYPE_JPEG, false),
               String(L"the picture is too large for this format"));
 }
 
@@ -80,6 +80,7 @@ TEST(WxImageWriterTest, streamThatFails_isAnError)
 {
     std::ostringstream stream;
     stream.setstate(std::ios::badbit);
-    EXPECT_EQ(Viewer::writeByWxImage(stream, Tests::placesAsFloats(2, 2, 1.0f), wxBITMAP_TYPE_BMP, false),
+    EXPECT_EQ(Viewer::writeByWxImage(stream, Viewer::Picture(L"picture", Tests::placesAsFloats(2, 2, 1.0f)),
+                                     wxBITMAP_TYPE_BMP, false),
               String(L"the file cannot be written"));
 }
