@@ -79,11 +79,27 @@ struct Plan
     bool isEnlarged() const { return across.sourceEnd() - across.sourceFirst() < across.count(); }
 };
 
+// Enlarges a copy of the image.
+Plan makeDraft(const Pyramid::Level& level, AxisSampling::Layout across, AxisSampling::Layout down)
+{
+    across.size = level.width;
+    down.size = level.height;
+    for (AxisSampling::Layout* const layout : {&across, &down})
+        layout->scale = std::ldexp(layout->scale, level.shift);
+    return {&level, AxisSampling::picked(across), AxisSampling::picked(down), false};
+}
+
+constexpr double MAX_SCALE_OF_COPIES = 0.5;
+
 Plan makePlan(const ShownImage& shown, const wxRect& clip)
 {
     const ImageDescriptor& size = shown.image.descriptor();
     const AxisSampling::Layout across{size.width, shown.scale, shown.origin.x, clip.x, clip.x + clip.width};
     const AxisSampling::Layout down{size.height, shown.scale, shown.origin.y, clip.y, clip.y + clip.height};
+    if (shown.pyramid != nullptr && shown.scale > MAX_SCALE_OF_COPIES && shown.scale < 1.0) {
+        if (const Pyramid::Level* const largest = shown.pyramid->levelFor(MAX_SCALE_OF_COPIES))
+            return makeDraft(*largest, across, down);
+    }
     const Pyramid::Level* level = shown.pyramid == nullptr ? nullptr : shown.pyramid->levelFor(shown.scale);
     // An average of more than a few pixels of the image itself would take too long.
     constexpr double MIN_SCALE_OF_AVERAGES = 0.25;

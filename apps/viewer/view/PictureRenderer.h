@@ -45,7 +45,8 @@ struct Backdrop
 struct ShownImage
 {
     const Image& image;
-    /// The reduced copies of the image. Without them a reduced image is shown by single pixels.
+    /// The reduced copies of the image. Without them an image at less than half of its size is shown by
+    /// single pixels. With them an image between 1/2 and 1 : 1 is drafted: its largest copy is enlarged.
     const Pyramid* pyramid = nullptr;
     DisplaySettings settings{};
     double scale = 1.0;

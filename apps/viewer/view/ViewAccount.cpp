@@ -14,6 +14,16 @@ String ViewAccount::name() const
     return m_view.picture() ? m_view.picture()->name() : String(L"No picture");
 }
 
+String ViewAccount::description() const
+{
+    const DisplaySettings& display = m_view.display();
+    if (display.falseColor == FalseColor::OFF)
+        return {};
+    const wxString power = display.falseColor == FalseColor::STOPS ? L"2^" : L"";
+    return Wx::toString(L"False colour from " + power + shortNumber(display.falseColorFrom) + L" to " +
+                        power + shortNumber(display.falseColorTo));
+}
+
 String ViewAccount::valueText() const
 {
     if (!m_view.picture())

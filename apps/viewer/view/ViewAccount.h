@@ -8,7 +8,7 @@ namespace Nolvex::Viewer {
 class ImageView;
 
 /// Tells assistive technology about a view: the scale, or the place and the values of the pixel that the
-/// keyboard has chosen.
+/// keyboard has chosen, and the range of false colour.
 class ViewAccount : public Wx::AccessibleControl
 {
 public:
@@ -17,6 +17,10 @@ public:
     Wx::AccessibleRole role() const override { return Wx::AccessibleRole::IMAGE; }
 
     String name() const override;
+
+    /// What the legend of false colour shows.
+    String description() const override;
+
     String valueText() const override;
 
 private:
