@@ -22,6 +22,8 @@ enum Command : int
     PASTE = wxID_PASTE,
     CLOSE = wxID_CLOSE,
     CAPTURE_SCREEN = wxID_HIGHEST + 1,
+    CAPTURE_REGION,
+    SAVE_VIEW,
     NEXT_PICTURE,
     PREVIOUS_PICTURE,
     RELOAD,

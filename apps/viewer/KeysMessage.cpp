@@ -16,6 +16,8 @@ const wchar_t* const OTHER_KEYS = L"\n"
                                   L"Arrows, Page Up, Page Down, Home, End: move the picture\n"
                                   L"+, \u2212: zoom\n"
                                   L"Shift + arrows: select pixels\n"
+                                  L"Ctrl + arrows, Home, End: choose a pixel and show its values; "
+                                  L"Ctrl + Shift + arrows: by ten\n"
                                   L"Alt + Left, Alt + Right: move the divider of a comparison\n"
                                   L"Delete in the list of pictures: close the picture\n"
                                   L"Escape: end a selection or the pixel probe, or close the viewer";

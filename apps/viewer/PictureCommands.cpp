@@ -37,8 +37,10 @@ void PictureCommands::bind()
 {
     bindCommand(m_window, OPEN, [this] { onOpen(); });
     bindCommand(m_window, SAVE_AS, [this] { m_saving.saveAs(); });
+    bindCommand(m_window, SAVE_VIEW, [this] { m_saving.saveView(m_view.wholeScene()); });
     bindCommand(m_window, PASTE, [this] { onPaste(); });
-    bindCommand(m_window, CAPTURE_SCREEN, [this] { onCapture(); });
+    bindCommand(m_window, CAPTURE_SCREEN, [this] { onCapture(false); });
+    bindCommand(m_window, CAPTURE_REGION, [this] { onCapture(true); });
     bindCommand(m_window, NEXT_PICTURE, [this] { m_opening.step(1); });
     bindCommand(m_window, PREVIOUS_PICTURE, [this] { m_opening.step(-1); });
     bindCommand(m_window, RELOAD, [this] {
@@ -68,7 +70,7 @@ void PictureCommands::onSaved(const SaveTask& task, const Optional<String>& fail
         return;
     }
     const auto isSaved = [&task](const OpenPicture& open) {
-        return open.picture && &open.picture->image() == &task.picture->image();
+        return !task.view && open.picture && &open.picture->image() == &task.picture->image();
     };
     const auto saved = std::ranges::find_if(m_workspace.pictures(), isSaved);
     if (saved != m_workspace.pictures().end())
@@ -121,23 +123,52 @@ void PictureCommands::onOpen()
         m_opening.open(Array<Io::Path>(files.begin(), files.end()));
 }
 
-void PictureCommands::onCapture()
+void PictureCommands::capture()
 {
-    if (m_capture.isRunning())
+    m_captureOfRegion = false;
+    m_capture.start();
+}
+
+void PictureCommands::onCapture(bool ofRegion)
+{
+    if (m_capture.isRunning()) {
         m_messages.complain(L"The desktop is still being asked for a picture of the screen.");
-    else
-        m_capture.startSoon();
+        return;
+    }
+    m_captureOfRegion = ofRegion;
+    m_region.reset();
+    m_capture.startSoon();
 }
 
 void PictureCommands::onCaptured(const ScreenCaptureCommand::Result& captured)
 {
-    if (captured) {
-        m_opening.showUnsaved(*captured);
-        m_messages.report(L"Captured the screen, " + (*captured)->sizeText() + L" pixels.");
+    if (captured && m_captureOfRegion) {
+        m_region = std::make_unique<ScreenRegionChoice>(
+            m_window, *captured, [this](const Optional<wxRect>& region) { onRegion(region); });
+    } else if (captured) {
+        showCaptured(*captured);
     } else {
         m_messages.complain(captured.error());
     }
     m_window.Show();
+}
+
+void PictureCommands::onRegion(const Optional<wxRect>& region)
+{
+    const std::unique_ptr<ScreenRegionChoice> choice = std::move(m_region);
+    if (!region)
+        return;
+    const Expected<SharedPicture, String> picture = partOf(choice->screen(), *region);
+    if (picture)
+        showCaptured(*picture);
+    else
+        m_messages.complain(picture.error());
+}
+
+void PictureCommands::showCaptured(const SharedPicture& picture)
+{
+    m_opening.showUnsaved(picture);
+    m_messages.report(L"Captured the screen, " + picture->sizeText() + L" pixels.");
 }
 
 void PictureCommands::close(PictureId id)
@@ -189,6 +220,7 @@ void PictureCommands::stop()
 {
     m_opening.cancel();
     m_capture.cancel();
+    m_region.reset();
 }
 
 } // namespace Nolvex::Viewer

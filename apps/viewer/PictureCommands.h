@@ -12,7 +12,10 @@
 #include "apps/viewer/PictureOpening.h"
 #include "apps/viewer/PictureSaving.h"
 #include "apps/viewer/ScreenCaptureCommand.h"
+#include "apps/viewer/ScreenRegionChoice.h"
 #include "apps/viewer/Workspace.h"
+
+#include <memory>
 
 class WXDLLIMPEXP_FWD_CORE wxFrame;
 
@@ -41,7 +44,7 @@ public:
     bool copy();
 
     /// Begins to capture all displays. The window is shown with the picture if it was hidden.
-    void capture() { m_capture.start(); }
+    void capture();
 
     /// Closes a picture, unless the user wants to keep what would be lost.
     void close(PictureId id);
@@ -59,9 +62,11 @@ private:
 
     void onOpen();
     void onPaste();
-    void onCapture();
+    void onCapture(bool ofRegion);
     void onSaved(const SaveTask& task, const Optional<String>& failure);
     void onCaptured(const ScreenCaptureCommand::Result& captured);
+    void onRegion(const Optional<wxRect>& region);
+    void showCaptured(const SharedPicture& picture);
     const OpenPicture* firstUnsaved(const Array<PictureId>& asked) const;
 
     wxFrame& m_window;
@@ -71,6 +76,8 @@ private:
     PictureOpening m_opening;
     PictureSaving m_saving;
     ScreenCaptureCommand m_capture;
+    bool m_captureOfRegion = false;
+    std::unique_ptr<ScreenRegionChoice> m_region; // null unless the user is choosing
 };
 
 } // namespace Nolvex::Viewer

@@ -10,6 +10,8 @@
 #include <wx/weakref.h>
 #include <wx/window.h>
 
+#include <filesystem>
+
 namespace Nolvex::Viewer {
 
 namespace {
@@ -17,15 +19,15 @@ namespace {
 bool losesAlpha(const SaveTask& task)
 {
     const bool hasAlpha = Image::getPixelFormatChannelCount(task.picture->image().descriptor().format) == 4;
-    return hasAlpha && task.settings.includeAlpha && !writesAlpha(task.format);
+    return !task.view && hasAlpha && task.settings.includeAlpha && !writesAlpha(task.format);
 }
 
 } // namespace
 
 String savedMessage(const SaveTask& task)
 {
-    return L"Saved the picture as \"" + task.file.nativeStr() + L"\"." +
-           (losesAlpha(task) ? L" Its alpha was left out." : L"");
+    return (task.view ? L"Saved the view as \"" : L"Saved the picture as \"") + task.file.nativeStr() +
+           L"\"." + (losesAlpha(task) ? L" Its alpha was left out." : L"");
 }
 
 PictureSaving::PictureSaving(wxWindow& window, SaveJob::Done done)
@@ -56,6 +58,22 @@ bool PictureSaving::saveAs(const SharedPicture& picture, const Io::Path& file)
         return false;
     const Io::Path proposal = file.isEmpty() ? Io::Path(picture->name()) : file;
     const Optional<SaveTask> task = askHowToSave(m_window, picture, proposal, m_defaults);
+    if (!task || !alive)
+        return false;
+    save(*task);
+    return true;
+}
+
+bool PictureSaving::saveView(const Scene& view)
+{
+    const wxWeakRef<wxWindow> alive(&m_window);
+    if (!view.picture)
+        return false;
+    const std::filesystem::path original =
+        m_file.isEmpty() ? Io::Path(view.picture->name()).native() : m_file.native();
+    std::filesystem::path proposal = original.parent_path() / original.stem();
+    proposal += "-view.png";
+    const Optional<SaveTask> task = askWhereToSaveView(m_window, view, proposal);
     if (!task || !alive)
         return false;
     save(*task);
@@ -101,7 +119,7 @@ bool PictureSaving::waitForFile()
 void PictureSaving::onWritten(const SaveTask& task, const Optional<String>& failure)
 {
     m_wasWritten = !failure;
-    if (m_wasWritten && m_picture && &task.picture->image() == &m_picture->image())
+    if (m_wasWritten && !task.view && m_picture && &task.picture->image() == &m_picture->image())
         m_file = task.file;
     m_done(task, failure);
 }

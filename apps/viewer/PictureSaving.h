@@ -33,6 +33,10 @@ public:
     /// Asks for a file and begins to write the picture. Returns whether it began.
     bool saveAs();
 
+    /// Asks for a file and begins to write the pixels of the scene, which shows the picture in some way. The
+    /// picture itself stays as unsaved as it is. Returns whether that began.
+    bool saveView(const Scene& view);
+
     void save(SaveTask task);
 
     /// Waits for a file that is being written, and asks what to do with the picture if it is unsaved. Returns

@@ -2,8 +2,10 @@
 #include "apps/viewer/ProbeTool.h"
 
 #include "NolvexLibWx/GeometryConversions.h"
+#include "apps/viewer/Command.h"
 #include "apps/viewer/view/Development.h"
 #include "apps/viewer/view/ImageView.h"
+#include "apps/viewer/view/PixelCursor.h"
 
 #include <utility>
 
@@ -13,16 +15,20 @@ ProbeTool::ProbeTool(ImageView& view) : m_view(view), m_topLevel(wxGetTopLevelPa
 {
     m_view.Bind(wxEVT_MOTION, &ProbeTool::onMoved, this);
     m_view.Bind(wxEVT_ENTER_WINDOW, &ProbeTool::onMoved, this);
+    m_view.Bind(wxEVT_LEFT_DOWN, &ProbeTool::onPressed, this);
     m_view.Bind(wxEVT_LEAVE_WINDOW, &ProbeTool::onLeft, this);
     m_view.Bind(wxEVT_PAINT, &ProbeTool::onPainted, this);
     m_view.Bind(wxEVT_IDLE, &ProbeTool::onIdle, this);
     m_topLevel->Bind(wxEVT_ACTIVATE, &ProbeTool::onActivated, this);
+    m_view.pixelCursor().onChanged = [this] { onCursor(); };
 }
 
 ProbeTool::~ProbeTool()
 {
+    m_view.pixelCursor().onChanged = nullptr;
     m_view.Unbind(wxEVT_MOTION, &ProbeTool::onMoved, this);
     m_view.Unbind(wxEVT_ENTER_WINDOW, &ProbeTool::onMoved, this);
+    m_view.Unbind(wxEVT_LEFT_DOWN, &ProbeTool::onPressed, this);
     m_view.Unbind(wxEVT_LEAVE_WINDOW, &ProbeTool::onLeft, this);
     m_view.Unbind(wxEVT_PAINT, &ProbeTool::onPainted, this);
     m_view.Unbind(wxEVT_IDLE, &ProbeTool::onIdle, this);
@@ -39,15 +45,35 @@ void ProbeTool::setActive(bool active)
         m_frame = new Wx::PixelProbe(
             &m_view, [this](const Pixel& position) { return probe(position); }, L"Infinite or not a number");
     }
+    if (!active)
+        m_view.pixelCursor().set({});
     follow();
 }
 
+// GTK also sends motions of a mouse that rests, when windows move under it.
 void ProbeTool::onMoved(wxMouseEvent& event)
 {
+    const bool isMotion = event.GetEventType() == wxEVT_MOTION && event.GetPosition() != m_mouse;
     m_mouseInside = true;
     m_mouse = event.GetPosition();
+    if (isMotion)
+        m_view.pixelCursor().set({});
     follow();
     event.Skip();
+}
+
+void ProbeTool::onPressed(wxMouseEvent& event)
+{
+    m_view.pixelCursor().set({});
+    event.Skip();
+}
+
+void ProbeTool::onCursor()
+{
+    if (m_view.pixelCursor().pixel() && !m_active && m_topLevel)
+        runCommand(*m_topLevel, PIXEL_PROBE);
+    else
+        follow();
 }
 
 void ProbeTool::onLeft(wxMouseEvent& event)
@@ -79,26 +105,43 @@ void ProbeTool::onIdle(wxIdleEvent& event)
     event.Skip();
 }
 
+bool ProbeTool::hasPixel() const
+{
+    const PixelCursor& cursor = m_view.pixelCursor();
+    return cursor.pixel() ? cursor.shown().has_value() : m_mouseInside && m_view.pixelAt(m_mouse);
+}
+
+// The frame leaves the pixel that the keyboard has chosen visible.
+wxPoint ProbeTool::place() const
+{
+    const PixelCursor& cursor = m_view.pixelCursor();
+    return cursor.pixel() ? cursor.area().Intersect(m_view.GetClientSize()).GetBottomRight() : m_mouse;
+}
+
 void ProbeTool::follow()
 {
     if (!m_frame)
         return;
-    if (!m_active || !m_mouseInside || !m_windowActive || !m_view.pixelAt(m_mouse)) {
+    if (!m_active || !m_windowActive || !hasPixel()) {
         m_frame->Hide();
         return;
     }
-    m_frame->updatePosition(Wx::toPixel(m_view.ClientToScreen(m_mouse)));
+    m_frame->updatePosition(Wx::toPixel(m_view.ClientToScreen(place())));
     m_frame->Show();
 }
 
 Wx::PixelProbe::ProbedPixel ProbeTool::probe(const Pixel& screenPosition) const
 {
-    const wxPoint place = m_view.ScreenToClient(Wx::toWxPoint(screenPosition));
-    const Optional<Pixel> position = m_view.pixelAt(place);
-    if (!position)
+    const wxPoint position = m_view.ScreenToClient(Wx::toWxPoint(screenPosition));
+    Optional<PixelCursor::Shown> shown = m_view.pixelCursor().shown();
+    if (!shown) {
+        if (const Optional<Pixel> pixel = m_view.pixelAt(position))
+            shown = {m_view.pictureAt(position), *pixel};
+    }
+    if (!shown)
         return {};
-    const PixelValues values = developPixel(m_view.pictureAt(place)->image(), m_view.display(), *position);
-    return {values.light, values.shown, values.shown.a, *position, L"sRGB"};
+    const PixelValues values = developPixel(shown->picture->image(), m_view.display(), shown->pixel);
+    return {values.light, values.shown, values.shown.a, shown->pixel, L"sRGB"};
 }
 
 } // namespace Nolvex::Viewer

@@ -11,9 +11,11 @@ namespace Nolvex::Viewer {
 
 class ImageView;
 
-/// Shows the values of the pixel under the mouse in a frame that follows the mouse over a view's picture: as
-/// light, and as the view's settings put them on the screen. The frame is hidden while the mouse is not over
-/// the picture, and while the view's window is not the active one.
+/// Shows the values of a pixel of a view's picture in a frame beside the pixel: as light, and as the view's
+/// settings put them on the screen. The pixel is the one under the mouse, or the one that the keyboard has
+/// chosen until the mouse moves again. The frame is hidden while there is no such pixel, and while the view's
+/// window is not the active one. A pixel that the keyboard chooses switches the tool on by the command
+/// PIXEL_PROBE.
 class ProbeTool : private Noncopyable
 {
 public:
@@ -30,11 +32,15 @@ public:
 
 private:
     void onMoved(wxMouseEvent& event);
+    void onPressed(wxMouseEvent& event);
     void onLeft(wxMouseEvent& event);
+    void onCursor();
     void onActivated(wxActivateEvent& event);
     void onPainted(wxPaintEvent& event);
     void onIdle(wxIdleEvent& event);
     void follow();
+    bool hasPixel() const;
+    wxPoint place() const;
     Wx::PixelProbe::ProbedPixel probe(const Pixel& screenPosition) const;
 
     ImageView& m_view;

@@ -17,4 +17,7 @@ class SaveDefaults;
 Optional<SaveTask> askHowToSave(wxWindow& window, const SharedPicture& picture, const Io::Path& proposal,
                                 SaveDefaults& defaults);
 
+/// Asks for a file of 8-bit colours to save the view in, in the same way.
+Optional<SaveTask> askWhereToSaveView(wxWindow& window, const Scene& view, const Io::Path& proposal);
+
 } // namespace Nolvex::Viewer

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/SaveJob.h"
 
+#include "apps/viewer/view/SceneRows.h"
 #include "apps/viewer/writing/PictureWriter.h"
 
 #include <memory>
@@ -8,6 +9,18 @@
 #include <utility>
 
 namespace Nolvex::Viewer {
+
+namespace {
+
+Optional<String> writeFile(const SaveTask& task, const Progress& progress)
+{
+    if (!task.view)
+        return writePictureFile(task.file, *task.picture, task.format, task.settings, progress);
+    SceneRows rows(*task.view);
+    return writeRowsFile(task.file, rows, task.format, progress);
+}
+
+} // namespace
 
 SaveJob::~SaveJob()
 {
@@ -47,11 +60,10 @@ void SaveJob::finish()
 void SaveJob::write(Wx::TaskbarProgress& progress)
 {
     progress.setIndeterminate();
-    m_failure =
-        writePictureFile(m_task.file, *m_task.picture, m_task.format, m_task.settings, [&](float share) {
-            progress.setProgress(share);
-            return true;
-        });
+    m_failure = writeFile(m_task, [&](float share) {
+        progress.setProgress(share);
+        return true;
+    });
     progress.setIdle();
     // By then the main thread may have finished this file itself, and started another one.
     m_mainThread.CallAfter([this, number = m_number] {

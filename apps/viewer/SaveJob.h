@@ -10,6 +10,7 @@
 #include "NolvexLibWx/TaskbarProgress.h"
 #include "NolvexLibWx/widgets/ImageSaveSettings.h"
 #include "apps/viewer/Picture.h"
+#include "apps/viewer/view/SceneRenderer.h"
 
 #include <wx/event.h>
 
@@ -25,6 +26,9 @@ struct SaveTask
     Io::Path file;
     ImageFormat format = ImageFormat::PNG;
     Wx::ImageSaveSettings settings;
+    /// How the picture is shown, if that is saved and not the picture itself. The settings have no meaning
+    /// then.
+    Optional<Scene> view{};
 };
 
 /// Writes one file at a time on a thread of its own, and shows the progress on the task bar button of a

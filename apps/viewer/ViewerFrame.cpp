@@ -328,7 +328,7 @@ void ViewerFrame::describePicture()
         SetTitle(L"Viewer");
         m_description = L"There is no picture yet.";
     }
-    for (const Command command : {SAVE_AS, RELOAD, CLOSE_PICTURE, SET_REFERENCE})
+    for (const Command command : {SAVE_AS, SAVE_VIEW, RELOAD, CLOSE_PICTURE, SET_REFERENCE})
         m_states->enable(command, m_view->picture() != nullptr);
     for (const Command command : {NEXT_PICTURE, PREVIOUS_PICTURE})
         m_states->enable(command, m_workspace.neighbour(1).has_value());

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-"""read_controls.py <EXPECTED: reads the window of AccessibleControls as a screen reader does, over the bus for
-assistive technology, and operates its controls. EXPECTED has a line for each control that must be there, or come to be
+"""read_controls.py [TITLE] <EXPECTED: reads a window, by default that of AccessibleControls, as a screen reader does, over
+the bus for assistive technology, and operates its controls. EXPECTED has a line for each control that must be there, or come to be
 there, with role, name, description, states, value and actions. Between these lines there are commands:
 
     click NAME     does the first action of the control
@@ -80,7 +80,7 @@ def described(control):
 
 class Reader:
     def __init__(self):
-        self.title = TITLE
+        self.title = sys.argv[1] if len(sys.argv) > 1 else TITLE
         self.window = None
         self.reports = []
         self.listener = Atspi.EventListener.new(self.take)

@@ -53,6 +53,17 @@ int heightOf(std::int64_t count, std::int64_t highest, int height)
     return std::max(1, static_cast<int>(std::lround(share * height)));
 }
 
+// The numbers of the picture stand in the text below the histogram.
+class HistogramAccount : public Wx::AccessibleControl
+{
+public:
+    explicit HistogramAccount(const HistogramView& /*view*/) {}
+
+    Wx::AccessibleRole role() const override { return Wx::AccessibleRole::IMAGE; }
+
+    String name() const override { return L"Histogram"; }
+};
+
 } // namespace
 
 wxImage drawHistogram(const PictureStatistics& statistics, const wxSize& size, const wxColour& background)
@@ -86,7 +97,7 @@ HistogramView::HistogramView(wxWindow* parent) : wxPanel(parent)
 {
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     SetMinSize(Wx::scaleByDpi(MIN_VIEW_SIZE));
-    Wx::setAccessibleName(*this, L"Histogram");
+    Wx::describeAs<HistogramAccount>(*this);
     Bind(wxEVT_PAINT, &HistogramView::onPaint, this);
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         Refresh();

@@ -3,6 +3,7 @@
 
 #include "NolvexLib/Io/FileSize.h"
 #include "NolvexLib/Io/Path.h"
+#include "NolvexLib/Version.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "apps/program/platform/ProcessArguments.h"
 #include "apps/viewer/reading/openimageio/OtherFormats.h"

@@ -1,16 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/view/ImageView.h"
 
+#include "NolvexLibWx/Accessibility.h"
 #include "NolvexLibWx/ColourConversions.h"
 #include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"
+#include "apps/viewer/view/PixelCursor.h"
 #include "apps/viewer/view/PixelSelection.h"
+#include "apps/viewer/view/ViewAccount.h"
 #include "apps/viewer/view/ViewKeys.h"
 #include "apps/viewer/view/ViewMarks.h"
 #include "apps/viewer/view/ViewMouse.h"
 
 #include <wx/dcbuffer.h>
 #include <wx/utils.h>
+#include <wx/weakref.h>
 
 #include <algorithm>
 #include <cmath>
@@ -38,6 +42,7 @@ ImageView::ImageView(wxWindow* parent, SharedPicture picture)
                wxBORDER_NONE | wxWANTS_CHARS | wxFULL_REPAINT_ON_RESIZE),
       TooltipWindow(this),
       m_picture(std::move(picture)),
+      m_cursor(std::make_unique<PixelCursor>(*this)),
       m_mouse(std::make_unique<ViewMouse>(*this)),
       m_keys(std::make_unique<ViewKeys>(*this)),
       m_timer(this)
@@ -52,6 +57,7 @@ ImageView::ImageView(wxWindow* parent, SharedPicture picture)
     Bind(wxEVT_KILL_FOCUS, &ImageView::onFocus, this);
     Bind(wxEVT_TIMER, &ImageView::onTimer, this, m_timer.GetId());
     AddFilter(this);
+    Wx::describeAs<ViewAccount>(*this);
 }
 
 ImageView::~ImageView()
@@ -79,7 +85,10 @@ void ImageView::setPicture(SharedPicture picture, bool keepPlace)
         m_transform.setPictureSize(frameOf(m_picture));
         m_selection.reset();
     }
-    showChangedPlace(before);
+    const wxWeakRef<wxWindow> self(this);
+    m_cursor->followPicture(keepPlace);
+    if (self)
+        showChangedPlace(before);
 }
 
 void ImageView::setComparison(SharedPicture picture, float divider)
@@ -256,6 +265,7 @@ void ImageView::select(const Optional<wxRect>& selection)
 void ImageView::showChangedPlace(const ViewTransform& before)
 {
     Refresh();
+    Wx::updateAccessible(*this);
     const Function<void()> notify = onViewChanged;
     if (notify && m_transform != before)
         notify();
@@ -305,6 +315,19 @@ Scene ImageView::scene() const
             .backdrop = {Wx::toRgbBytes(GetBackgroundColour()), Wx::scaleByDpi(CHECK_LENGTH) * dense}};
 }
 
+Scene ImageView::wholeScene() const
+{
+    Scene whole = scene();
+    const Pixel frame = frameOf(m_picture);
+    // The view shows the second picture in the pixels whose middle lies behind the divider.
+    const double column = std::ceil((whole.divider - whole.origin.x) / whole.scale - 0.5);
+    whole.divider = static_cast<int>(std::clamp(column, 0.0, static_cast<double>(frame.x)));
+    whole.size = wxSize(frame.x, frame.y);
+    whole.scale = 1.0;
+    whole.origin = {};
+    return whole;
+}
+
 void ImageView::onPaint(wxPaintEvent& /*event*/)
 {
     // GTK does not tell that pixels of the device are smaller on the screen to which the window was moved.
@@ -318,7 +341,7 @@ void ImageView::onPaint(wxPaintEvent& /*event*/)
         dc.Clear();
     }
     paintOver(dc);
-    if (m_renderer.isWaiting() && !m_timer.IsRunning())
+    if (m_renderer.isProvisional() && !m_timer.IsRunning())
         m_timer.Start(TIMER_INTERVAL);
     m_painted = true;
 }
@@ -330,6 +353,7 @@ void ImageView::paintOver(wxDC& dc)
         marks.drawNumbers();
         marks.drawFrame();
         marks.drawSelection();
+        marks.drawPixelCursor();
         marks.drawDivider();
         marks.drawLegend();
     }
@@ -339,7 +363,7 @@ void ImageView::paintOver(wxDC& dc)
 
 void ImageView::onTimer(wxTimerEvent& /*event*/)
 {
-    if (m_renderer.isWaiting() && !m_renderer.isProvisional())
+    if (m_renderer.isProvisional() && !m_renderer.canImprove())
         return;
     m_timer.Stop();
     Refresh();

@@ -20,13 +20,15 @@
 
 namespace Nolvex::Viewer {
 
+class PixelCursor;
 class ViewKeys;
 class ViewMouse;
 
 /// Shows a picture at any scale. The wheel, pinches and the keys + and - zoom, and a double click changes
 /// between the size of the view and 1 : 1. A drag, the wheel with Shift or turned sideways, and the keys that
 /// scroll move the picture. Large pixels have their values written into them. A drag with Shift, or the
-/// arrows with Shift, select pixels. When Tab brings the focus here, a dotted line along the edges shows it.
+/// arrows with Shift, select pixels. The arrows with Ctrl choose a single pixel. When Tab brings the focus
+/// here, a dotted line along the edges shows it.
 ///
 /// A second picture can be shown beside the first one: both lie at the same place, and a divider, which the
 /// user can move, tells which one is seen.
@@ -83,6 +85,10 @@ public:
     /// Returns the size of the whole picture at 1 : 1, in pixels of wxWidgets.
     wxSize shownSize() const;
 
+    /// Returns the whole picture as the view shows it, and nothing else: its frame at 1 : 1, with the divider
+    /// over the same column of pixels. Empty without a picture.
+    Scene wholeScene() const;
+
     /// Returns the area of the view that the picture takes, whether or not all of it can be seen.
     wxRect pictureArea() const;
 
@@ -133,11 +139,14 @@ public:
     /// Selects as the user does.
     void select(const Optional<wxRect>& selection);
 
+    /// The pixel that the keyboard has chosen, which a comparison shows of the picture under it.
+    PixelCursor& pixelCursor() const { return *m_cursor; }
+
     /// True once a picture has been painted.
     bool wasPainted() const { return m_painted; }
 
     /// True while a better image of a large reduced picture is being made.
-    bool isProvisional() const { return m_renderer.isWaiting(); }
+    bool isProvisional() const { return m_renderer.isProvisional(); }
 
     /// True while the line along the edges shows that the keyboard is directed here.
     bool hasFocusMark() const { return m_focusMark; }
@@ -164,6 +173,7 @@ private:
     ViewTransform m_transform;
     SceneRenderer m_renderer;
     Optional<wxRect> m_selection;
+    std::unique_ptr<PixelCursor> m_cursor;
     std::unique_ptr<ViewMouse> m_mouse;
     std::unique_ptr<ViewKeys> m_keys;
     wxTimer m_timer; // asks whether the image that is being made is there

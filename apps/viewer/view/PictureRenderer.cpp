@@ -3,7 +3,7 @@
 
 #include "NolvexLibImage/pixels/Conversions.h"
 #include "apps/viewer/RowBands.h"
-#include "apps/viewer/platform/PixelCanvas.h"
+#include "apps/viewer/platform/PixelRows.h"
 #include "apps/viewer/view/AxisSampling.h"
 #include "apps/viewer/view/Development.h"
 #include "apps/viewer/view/Pyramid.h"
@@ -18,7 +18,7 @@ namespace Nolvex::Viewer {
 
 namespace {
 
-using Platform::PixelCanvas;
+using Platform::PixelRows;
 
 constexpr int COLOUR_BYTES = 3;
 
@@ -79,11 +79,27 @@ struct Plan
     bool isEnlarged() const { return across.sourceEnd() - across.sourceFirst() < across.count(); }
 };
 
+// Enlarges a copy of the image.
+Plan makeDraft(const Pyramid::Level& level, AxisSampling::Layout across, AxisSampling::Layout down)
+{
+    across.size = level.width;
+    down.size = level.height;
+    for (AxisSampling::Layout* const layout : {&across, &down})
+        layout->scale = std::ldexp(layout->scale, level.shift);
+    return {&level, AxisSampling::picked(across), AxisSampling::picked(down), false};
+}
+
+constexpr double MAX_SCALE_OF_COPIES = 0.5;
+
 Plan makePlan(const ShownImage& shown, const wxRect& clip)
 {
     const ImageDescriptor& size = shown.image.descriptor();
     const AxisSampling::Layout across{size.width, shown.scale, shown.origin.x, clip.x, clip.x + clip.width};
     const AxisSampling::Layout down{size.height, shown.scale, shown.origin.y, clip.y, clip.y + clip.height};
+    if (shown.pyramid != nullptr && shown.scale > MAX_SCALE_OF_COPIES && shown.scale < 1.0) {
+        if (const Pyramid::Level* const largest = shown.pyramid->levelFor(MAX_SCALE_OF_COPIES))
+            return makeDraft(*largest, across, down);
+    }
     const Pyramid::Level* level = shown.pyramid == nullptr ? nullptr : shown.pyramid->levelFor(shown.scale);
     // An average of more than a few pixels of the image itself would take too long.
     constexpr double MIN_SCALE_OF_AVERAGES = 0.25;
@@ -160,7 +176,7 @@ struct Job
     const Plan& plan;
     const Development& development;
     const ScreenEncoder& encoder;
-    PixelCanvas& canvas;
+    const PixelRows& rows;
 };
 
 // Draws rows one after the other, on one thread.
@@ -185,7 +201,7 @@ public:
     {
         const int y = m_plan.down.first() + index;
         const Sample& sample = m_plan.down.sample(index);
-        std::uint32_t* const to = m_job.canvas.row(y) + m_plan.across.first();
+        std::uint32_t* const to = m_job.rows.row(y) + m_plan.across.first();
         if (m_enlarged) {
             repeat(sample.first, y, to);
             return;
@@ -353,16 +369,16 @@ std::size_t Backdrop::squareAt(int x, int y) const
     return static_cast<std::size_t>((x / checkLength + y / checkLength) % 2);
 }
 
-void drawImage(const ShownImage& shown, const Backdrop& backdrop, const wxRect& clip, PixelCanvas& canvas)
+void drawImage(const ShownImage& shown, const Backdrop& backdrop, const wxRect& clip, const PixelRows& rows)
 {
-    const Plan plan = makePlan(shown, clip.Intersect(wxRect(canvas.size())));
+    const Plan plan = makePlan(shown, clip.Intersect(wxRect(rows.size())));
     if (plan.area().IsEmpty())
         return;
     const Development development(shown.image.descriptor(), shown.settings);
     const ScreenEncoder encoder(development.curve(), sizeOf(plan.across.count()) * sizeOf(plan.down.count()));
     const std::array<Rgb, 2> behind =
         valuesOf(backdrop.colors(shown.settings.checkerboard), development.curve());
-    const Job job{shown, backdrop, behind, plan, development, encoder, canvas};
+    const Job job{shown, backdrop, behind, plan, development, encoder, rows};
     runInBands(plan.down.count(), [&](int first, int end) {
         RowDrawer drawer(job);
         for (int index = first; index < end; ++index)
@@ -375,13 +391,13 @@ wxRect drawnArea(const ShownImage& shown, const wxRect& clip)
     return makePlan(shown, clip).area();
 }
 
-void fillWith(const RgbBytes& color, const wxRect& rect, PixelCanvas& canvas)
+void fillWith(const RgbBytes& color, const wxRect& rect, const PixelRows& rows)
 {
-    const wxRect area = rect.Intersect(wxRect(canvas.size()));
+    const wxRect area = rect.Intersect(wxRect(rows.size()));
     if (area.IsEmpty())
         return;
     for (int y = area.y; y < area.y + area.height; ++y)
-        std::fill_n(canvas.row(y) + area.x, area.width, packed(color.r, color.g, color.b));
+        std::fill_n(rows.row(y) + area.x, area.width, packed(color.r, color.g, color.b));
 }
 
 } // namespace Nolvex::Viewer

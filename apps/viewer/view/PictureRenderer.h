@@ -17,7 +17,7 @@ class Pyramid;
 
 namespace Platform {
 
-class PixelCanvas;
+class PixelRows;
 
 } // namespace Platform
 
@@ -45,7 +45,8 @@ struct Backdrop
 struct ShownImage
 {
     const Image& image;
-    /// The reduced copies of the image. Without them a reduced image is shown by single pixels.
+    /// The reduced copies of the image. Without them an image at less than half of its size is shown by
+    /// single pixels. With them an image between 1/2 and 1 : 1 is drafted: its largest copy is enlarged.
     const Pyramid* pyramid = nullptr;
     DisplaySettings settings{};
     double scale = 1.0;
@@ -54,16 +55,16 @@ struct ShownImage
     AlphaKind alpha = AlphaKind::STRAIGHT;
 };
 
-/// Draws the part of the image that lies inside a rectangle of the view, and leaves the rest of the canvas.
+/// Draws the part of the image that lies inside a rectangle of the view, and leaves the other pixels.
 /// Enlarged pixels are squares with sharp edges, reduced ones are averages. Only what the rectangle shows is
 /// converted, on as many threads as there are cores. Throws std::bad_alloc if memory has run out.
 void drawImage(const ShownImage& shown, const Backdrop& backdrop, const wxRect& clip,
-               Platform::PixelCanvas& canvas);
+               const Platform::PixelRows& rows);
 
 /// Returns the pixels of the view that drawImage() would change.
 wxRect drawnArea(const ShownImage& shown, const wxRect& clip);
 
-/// Fills a rectangle of the canvas.
-void fillWith(const RgbBytes& color, const wxRect& rect, Platform::PixelCanvas& canvas);
+/// Fills the part of a rectangle that lies within the rows.
+void fillWith(const RgbBytes& color, const wxRect& rect, const Platform::PixelRows& rows);
 
 } // namespace Nolvex::Viewer

@@ -2,7 +2,9 @@
 #include "apps/viewer/view/ViewKeys.h"
 
 #include "NolvexLibWx/DpiScaling.h"
+#include "apps/viewer/view/ArrowKey.h"
 #include "apps/viewer/view/ImageView.h"
+#include "apps/viewer/view/PixelCursor.h"
 #include "apps/viewer/view/PixelSelection.h"
 
 #include <algorithm>
@@ -13,29 +15,9 @@ namespace Nolvex::Viewer {
 namespace {
 
 constexpr int SCROLL_STEP = 16; // design units
+constexpr int LARGE_STEP = 10;  // pixels of the picture
 constexpr float DIVIDER_STEP = 0.02f;
 constexpr int BEYOND_THE_EDGE = 1 << 24; // farther than any picture reaches
-
-// The direction in which an arrow points, or (0, 0) for other keys
-Pixel directionOf(int key)
-{
-    switch (key) {
-    case WXK_LEFT:
-    case WXK_NUMPAD_LEFT:
-        return {-1, 0};
-    case WXK_RIGHT:
-    case WXK_NUMPAD_RIGHT:
-        return {1, 0};
-    case WXK_UP:
-    case WXK_NUMPAD_UP:
-        return {0, -1};
-    case WXK_DOWN:
-    case WXK_NUMPAD_DOWN:
-        return {0, 1};
-    default:
-        return {0, 0};
-    }
-}
 
 // How far a key moves what the view shows.
 Pixel scrollDistance(int key, const wxSize& view)
@@ -56,7 +38,7 @@ Pixel scrollDistance(int key, const wxSize& view)
     case WXK_NUMPAD_END:
         return {BEYOND_THE_EDGE, BEYOND_THE_EDGE};
     default:
-        return directionOf(key) * step;
+        return directionOfArrow(key) * step;
     }
 }
 
@@ -88,6 +70,7 @@ void ViewKeys::onKey(wxKeyEvent& event)
         return;
     }
     const bool isDone = (modifiers == wxMOD_NONE && scrollBy(key)) ||
+                        ((modifiers & wxMOD_CONTROL) != 0 && moveCursor(event)) ||
                         ((modifiers & wxMOD_SHIFT) != 0 && changeSelection(event)) ||
                         (modifiers == wxMOD_ALT && moveDivider(key));
     event.Skip(!isDone);
@@ -118,10 +101,31 @@ bool ViewKeys::scrollBy(int key)
     return true;
 }
 
+bool ViewKeys::moveCursor(const wxKeyEvent& event)
+{
+    PixelCursor& cursor = m_view.pixelCursor();
+    const int key = event.GetKeyCode();
+    const bool hasShift = event.GetModifiers() == (wxMOD_CONTROL | wxMOD_SHIFT);
+    // With Shift, the keys are for the selection if there is one or could be one.
+    const bool isForCursor = hasShift ? cursor.pixel() && !m_view.selection() : !event.ShiftDown();
+    const Pixel direction = directionOfArrow(key);
+    if (!isForCursor || event.AltDown() || !m_view.picture())
+        return false;
+    if (direction != Pixel{0, 0})
+        cursor.move(direction * (hasShift ? LARGE_STEP : 1));
+    else if (key == WXK_HOME || key == WXK_NUMPAD_HOME)
+        cursor.set(Pixel{0, 0});
+    else if (key == WXK_END || key == WXK_NUMPAD_END)
+        cursor.set(m_view.picture()->size() - Pixel{1, 1});
+    else
+        return false;
+    return true;
+}
+
 // A step is as long on the screen as one that scrolls, but at least one pixel.
 bool ViewKeys::changeSelection(const wxKeyEvent& event)
 {
-    const Pixel direction = directionOf(event.GetKeyCode());
+    const Pixel direction = directionOfArrow(event.GetKeyCode());
     if (direction == Pixel{0, 0} || !m_view.picture())
         return false;
     const Pixel size = m_view.picture()->size();
@@ -147,7 +151,7 @@ wxRect ViewKeys::firstSelection() const
 
 bool ViewKeys::moveDivider(int key)
 {
-    const Pixel direction = directionOf(key);
+    const Pixel direction = directionOfArrow(key);
     if (direction.x == 0 || !m_view.comparison())
         return false;
     m_view.moveDivider(m_view.divider() + static_cast<float>(direction.x) * DIVIDER_STEP);

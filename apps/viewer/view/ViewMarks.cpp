@@ -2,9 +2,11 @@
 #include "apps/viewer/view/ViewMarks.h"
 
 #include "NolvexLibWx/ColourConversions.h"
+#include "NolvexLibWx/DpiScaling.h"
 #include "NolvexLibWx/widgets/GuiSkin.h"
 #include "apps/viewer/view/ColorLegend.h"
 #include "apps/viewer/view/ImageView.h"
+#include "apps/viewer/view/PixelCursor.h"
 #include "apps/viewer/view/PixelNumbers.h"
 
 #include <wx/brush.h>
@@ -20,6 +22,7 @@ namespace Nolvex::Viewer {
 namespace {
 
 const wxColour FRAME_COLOUR(128, 128, 128);
+constexpr int MIN_CURSOR_SIDE = 9; // design units
 
 // Windows and GTK cannot draw rectangles of any size.
 wxRect drawable(const wxRect& rect, const wxRect& area)
@@ -104,6 +107,21 @@ void ViewMarks::drawSelection() const
     m_dc.SetPen(*wxWHITE_PEN);
     m_dc.DrawRectangle(rect);
     m_dc.SetPen(wxPen(*wxBLACK, 1, wxPENSTYLE_SHORT_DASH));
+    m_dc.DrawRectangle(rect);
+}
+
+void ViewMarks::drawPixelCursor() const
+{
+    wxRect rect = m_view.pixelCursor().area();
+    if (rect.IsEmpty())
+        return;
+    // The frame of a small pixel is larger than the pixel, so that it can be found.
+    rect.Inflate(std::max((Wx::scaleByDpi(MIN_CURSOR_SIDE) - std::min(rect.width, rect.height)) / 2, 1));
+    m_dc.SetBrush(*wxTRANSPARENT_BRUSH);
+    m_dc.SetPen(*wxWHITE_PEN);
+    m_dc.DrawRectangle(rect);
+    rect.Inflate(1);
+    m_dc.SetPen(*wxBLACK_PEN);
     m_dc.DrawRectangle(rect);
 }
 

@@ -26,6 +26,9 @@ public:
     /// Draws a line of black and white dashes around the selected pixels, which shows on every picture.
     void drawSelection() const;
 
+    /// Draws a frame of two tones around the pixel that the keyboard has chosen.
+    void drawPixelCursor() const;
+
     void drawDivider() const;
     void drawLegend() const;
     void drawFocusMark() const;

@@ -13,11 +13,16 @@
 
 namespace Nolvex::Viewer {
 
+class FileRows;
+
 /// The formats that writePictureFile writes, the usual one first.
 const Array<ImageFormat>& writableFormats();
 
-/// One filter for each writable format.
-Array<Io::FileFilter> writableFilters();
+/// The writable formats that hold 8-bit colours, which are all that writeRowsFile writes.
+const Array<ImageFormat>& writableByteFormats();
+
+/// Returns one filter for each of the formats.
+Array<Io::FileFilter> filtersOf(const Array<ImageFormat>& formats);
 
 /// Returns the format that the extension of the file's name stands for, or nullopt if it is none of the
 /// writable formats.
@@ -34,5 +39,10 @@ bool writesAlpha(ImageFormat format);
 [[nodiscard]] Optional<String> writePictureFile(const Io::Path& file, const Picture& picture,
                                                 ImageFormat format, const Wx::ImageSaveSettings& settings,
                                                 const Progress& progress);
+
+/// Writes rows of bytes to a file in the same way. The rows are asked for as they are written, from the top
+/// to the bottom, by formats whose library takes single rows: PNG and TIFF.
+[[nodiscard]] Optional<String> writeRowsFile(const Io::Path& file, FileRows& rows, ImageFormat format,
+                                             const Progress& progress);
 
 } // namespace Nolvex::Viewer

@@ -35,8 +35,12 @@ void ignoreWarning(png_structp, png_const_charp) {}
 class PngFile
 {
 public:
-    explicit PngFile(std::ostream& stream)
-        : m_png(png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, giveUp, ignoreWarning)),
+    // The rows are asked about here, because GCC 12 takes three channels for four after setjmp.
+    PngFile(std::ostream& stream, const FileRows& rows)
+        : m_size(rows.size()),
+          m_bits(static_cast<int>(rows.channelBytes()) * BYTE_BITS),
+          m_colourType(rows.channelCount() == 4 ? PNG_COLOR_TYPE_RGB_ALPHA : PNG_COLOR_TYPE_RGB),
+          m_png(png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, giveUp, ignoreWarning)),
           m_info(m_png == nullptr ? nullptr : png_create_info_struct(m_png))
     {
         if (m_info != nullptr)
@@ -50,14 +54,13 @@ public:
 
     // libpng reports a failure by a jump back to setjmp, past the destructors of what was made since. Nothing
     // with a destructor is made here.
-    bool write(const Image& image, RowEncoder& rows, Array<std::byte>& row, const Progress& progress)
+    bool write(FileRows& rows, Array<std::byte>& row, const Progress& progress)
     {
         if (m_info == nullptr || setjmp(png_jmpbuf(m_png)) != 0) // NOLINT(cert-err52-cpp): libpng's way
             return false;
-        writeHeader(image.descriptor(), rows);
-        const std::int32_t height = image.descriptor().height;
-        for (std::int32_t y = 0; y < height; ++y) {
-            if (!progress(static_cast<float>(y) / static_cast<float>(height)))
+        writeHeader();
+        for (int y = 0; y < m_size.y; ++y) {
+            if (!progress(static_cast<float>(y) / static_cast<float>(m_size.y)))
                 return true;
             rows.encode(y, row.data());
             png_write_row(m_png, reinterpret_cast<png_const_bytep>(row.data()));
@@ -67,19 +70,20 @@ public:
     }
 
 private:
-    void writeHeader(const ImageDescriptor& image, const RowEncoder& rows)
+    void writeHeader()
     {
-        const int bits = static_cast<int>(rows.channelBytes()) * BYTE_BITS;
-        const int colours = rows.channelCount() == 4 ? PNG_COLOR_TYPE_RGB_ALPHA : PNG_COLOR_TYPE_RGB;
-        png_set_IHDR(m_png, m_info, static_cast<png_uint_32>(image.width),
-                     static_cast<png_uint_32>(image.height), bits, colours, PNG_INTERLACE_NONE,
-                     PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
+        png_set_IHDR(m_png, m_info, static_cast<png_uint_32>(m_size.x), static_cast<png_uint_32>(m_size.y),
+                     m_bits, m_colourType, PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT,
+                     PNG_FILTER_TYPE_DEFAULT);
         png_set_sRGB(m_png, m_info, PNG_sRGB_INTENT_PERCEPTUAL);
         png_write_info(m_png, m_info);
-        if (bits > BYTE_BITS && std::endian::native == std::endian::little)
+        if (m_bits > BYTE_BITS && std::endian::native == std::endian::little)
             png_set_swap(m_png);
     }
 
+    wxSize m_size;
+    int m_bits;
+    int m_colourType;
     png_structp m_png;
     png_infop m_info;
 };
@@ -91,9 +95,14 @@ Optional<String> writePng(std::ostream& stream, const Picture& picture, const Wx
 {
     RowEncoder rows(picture, settings.colorFormat,
                     settings.includeAlpha ? Optional(AlphaKind::STRAIGHT) : Optional<AlphaKind>());
+    return writePng(stream, rows, progress);
+}
+
+Optional<String> writePng(std::ostream& stream, FileRows& rows, const Progress& progress)
+{
     Array<std::byte> row(rows.rowBytes());
-    PngFile file(stream);
-    if (file.write(picture.image(), rows, row, progress))
+    PngFile file(stream, rows);
+    if (file.write(rows, row, progress))
         return {};
     return String(L"the file cannot be written");
 }

@@ -74,11 +74,6 @@ std::size_t RowEncoder::channelBytes() const
     Detail::throwStopException("writing/RowEncoder", __LINE__);
 }
 
-std::size_t RowEncoder::rowBytes() const
-{
-    return m_row.size() * static_cast<std::size_t>(channelCount()) * channelBytes();
-}
-
 void RowEncoder::encode(std::int32_t rowFromTop, std::byte* destination)
 {
     m_image.readRow(m_image.descriptor().height - 1 - rowFromTop, m_row.data());

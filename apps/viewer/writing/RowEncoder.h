@@ -9,14 +9,14 @@
 #include "NolvexLibImage/pixels/GammaEncoder.h"
 #include "apps/viewer/AlphaKind.h"
 #include "apps/viewer/Picture.h"
+#include "apps/viewer/writing/FileRows.h"
 
 #include <cstddef>
 #include <cstdint>
 
 namespace Nolvex::Viewer {
 
-/// Makes the rows of a file out of the rows of a picture: three colours for each pixel, and alpha if wanted,
-/// as numbers of the colour format in the byte order of the processor.
+/// Makes the rows of a file out of the rows of a picture, as numbers of the colour format.
 ///
 /// Colours are encoded for display in the formats of integers, and are linear light in the formats of floats.
 /// Integers are clamped and rounded to the nearest; floats keep negative values, infinities and NaN. Alpha is
@@ -24,21 +24,20 @@ namespace Nolvex::Viewer {
 ///
 /// Colours are divided by alpha or multiplied by alpha if the file wants the other kind of alpha. Where an
 /// associated alpha is 0, straight colours are those of the picture.
-class RowEncoder
+class RowEncoder : public FileRows
 {
 public:
     /// The picture must outlive the encoder. DEFAULT stands for UINT8_RGB. `alpha` is the kind of alpha that
     /// the file wants, or nullopt to leave alpha out. The formats of integers have straight alpha only.
     RowEncoder(const Picture& picture, ColorFormat format, Optional<AlphaKind> alpha);
 
-    int channelCount() const { return m_alpha ? 4 : 3; }
+    wxSize size() const override { return {m_image.descriptor().width, m_image.descriptor().height}; }
 
-    std::size_t channelBytes() const;
+    int channelCount() const override { return m_alpha ? 4 : 3; }
 
-    std::size_t rowBytes() const;
+    std::size_t channelBytes() const override;
 
-    /// Writes the row, counted from the top, to `destination`, which has room for rowBytes().
-    void encode(std::int32_t rowFromTop, std::byte* destination);
+    void encode(std::int32_t rowFromTop, std::byte* destination) override;
 
 private:
     void encodeBytes(std::byte* destination);

@@ -98,10 +98,10 @@ TiffFile openTiff(std::iostream& stream, bool isLarge)
     return file;
 }
 
-void describe(TIFF* file, const ImageDescriptor& image, const RowEncoder& rows, bool isFloat)
+void describe(TIFF* file, const FileRows& rows, bool isFloat)
 {
-    TIFFSetField(file, TIFFTAG_IMAGEWIDTH, static_cast<std::uint32_t>(image.width));
-    TIFFSetField(file, TIFFTAG_IMAGELENGTH, static_cast<std::uint32_t>(image.height));
+    TIFFSetField(file, TIFFTAG_IMAGEWIDTH, static_cast<std::uint32_t>(rows.size().x));
+    TIFFSetField(file, TIFFTAG_IMAGELENGTH, static_cast<std::uint32_t>(rows.size().y));
     TIFFSetField(file, TIFFTAG_SAMPLESPERPIXEL, rows.channelCount());
     TIFFSetField(file, TIFFTAG_BITSPERSAMPLE, static_cast<int>(rows.channelBytes()) * BYTE_BITS);
     TIFFSetField(file, TIFFTAG_SAMPLEFORMAT, isFloat ? SAMPLEFORMAT_IEEEFP : SAMPLEFORMAT_UINT);
@@ -123,11 +123,11 @@ void describeAlpha(TIFF* file, Optional<AlphaKind> alpha)
 }
 
 // Returns whether libtiff took every row.
-bool writeRows(TIFF* file, const Image& image, RowEncoder& rows, const Progress& progress)
+bool writeRows(TIFF* file, FileRows& rows, const Progress& progress)
 {
     Array<std::byte> row(rows.rowBytes());
-    const std::int32_t height = image.descriptor().height;
-    for (std::int32_t y = 0; y < height; ++y) {
+    const int height = rows.size().y;
+    for (int y = 0; y < height; ++y) {
         if (!progress(static_cast<float>(y) / static_cast<float>(height)))
             return true;
         rows.encode(y, row.data());
@@ -149,24 +149,36 @@ AlphaKind alphaOf(const Picture& picture, ColorFormat format)
     return isFloatFormat(format) && picture.hasAlpha() ? picture.alpha() : AlphaKind::STRAIGHT;
 }
 
+Optional<String> writeFile(std::iostream& stream, FileRows& rows, bool isFloat, Optional<AlphaKind> alpha,
+                           const Progress& progress)
+{
+    const std::uint64_t bytes = rows.rowBytes() * static_cast<std::uint64_t>(rows.size().y);
+    const TiffFile file = openTiff(stream, bytes >= MAX_CLASSIC_BYTES);
+    if (file) {
+        describe(file.get(), rows, isFloat);
+        describeAlpha(file.get(), alpha);
+        if (writeRows(file.get(), rows, progress))
+            return {};
+    }
+    return String(L"the file cannot be written");
+}
+
 } // namespace
 
 Optional<String> writeTiff(std::iostream& stream, const Picture& picture,
                            const Wx::ImageSaveSettings& settings, const Progress& progress)
 {
-    const Image& image = picture.image();
     const Optional<AlphaKind> alpha =
         settings.includeAlpha ? alphaOf(picture, settings.colorFormat) : Optional<AlphaKind>();
     RowEncoder rows(picture, settings.colorFormat, alpha);
-    const std::uint64_t bytes = rows.rowBytes() * static_cast<std::uint64_t>(image.descriptor().height);
-    const TiffFile file = openTiff(stream, bytes >= MAX_CLASSIC_BYTES);
-    if (file) {
-        describe(file.get(), image.descriptor(), rows, isFloatFormat(settings.colorFormat));
-        describeAlpha(file.get(), alpha);
-        if (writeRows(file.get(), image, rows, progress))
-            return {};
-    }
-    return String(L"the file cannot be written");
+    return writeFile(stream, rows, isFloatFormat(settings.colorFormat), alpha, progress);
+}
+
+Optional<String> writeTiff(std::iostream& stream, FileRows& rows, const Progress& progress)
+{
+    const bool hasAlpha = rows.channelCount() == 4;
+    return writeFile(stream, rows, false, hasAlpha ? Optional(AlphaKind::STRAIGHT) : Optional<AlphaKind>(),
+                     progress);
 }
 
 } // namespace Nolvex::Viewer

@@ -20,9 +20,9 @@ constexpr int JPEG_QUALITY = 95;
 constexpr std::int64_t COLOUR_BYTES = 3;
 
 // A wxImage counts its bytes in int.
-bool isTooLarge(const ImageDescriptor& image)
+bool isTooLarge(const wxSize& image)
 {
-    return std::int64_t(image.width) * image.height * COLOUR_BYTES > std::numeric_limits<std::int32_t>::max();
+    return std::int64_t(image.x) * image.y * COLOUR_BYTES > std::numeric_limits<std::int32_t>::max();
 }
 
 void splitAlpha(const std::byte* row, std::size_t count, unsigned char* colours, unsigned char* alpha)
@@ -33,19 +33,18 @@ void splitAlpha(const std::byte* row, std::size_t count, unsigned char* colours,
     }
 }
 
-wxImage toWxImage(const Picture& picture, bool alpha)
+wxImage toWxImage(FileRows& rows)
 {
-    const ImageDescriptor& descriptor = picture.image().descriptor();
-    wxImage result(descriptor.width, descriptor.height, false);
+    const bool alpha = rows.channelCount() == 4;
+    const wxSize size = rows.size();
+    wxImage result(size, false);
     if (alpha && result.IsOk())
         result.SetAlpha();
     if (!result.IsOk() || (alpha && result.GetAlpha() == nullptr))
         return {};
-    RowEncoder rows(picture, ColorFormat::UINT8_RGB,
-                    alpha ? Optional(AlphaKind::STRAIGHT) : Optional<AlphaKind>());
     Array<std::byte> row(rows.rowBytes());
-    const auto width = static_cast<std::size_t>(descriptor.width);
-    for (std::int32_t y = 0; y < descriptor.height; ++y) {
+    const auto width = static_cast<std::size_t>(size.x);
+    for (int y = 0; y < size.y; ++y) {
         const std::size_t start = static_cast<std::size_t>(y) * width;
         unsigned char* const colours = result.GetData() + start * COLOUR_BYTES;
         rows.encode(y, row.data());
@@ -72,9 +71,16 @@ bool reduceColours(wxImage& image)
 
 Optional<String> writeByWxImage(std::ostream& stream, const Picture& source, wxBitmapType type, bool alpha)
 {
-    if (isTooLarge(source.image().descriptor()))
+    RowEncoder rows(source, ColorFormat::UINT8_RGB,
+                    alpha ? Optional(AlphaKind::STRAIGHT) : Optional<AlphaKind>());
+    return writeByWxImage(stream, rows, type);
+}
+
+Optional<String> writeByWxImage(std::ostream& stream, FileRows& rows, wxBitmapType type)
+{
+    if (isTooLarge(rows.size()))
         return String(L"the picture is too large for this format");
-    wxImage picture = toWxImage(source, alpha);
+    wxImage picture = toWxImage(rows);
     if (!picture.IsOk())
         return String(L"there is not enough memory");
     picture.SetOption(wxIMAGE_OPTION_QUALITY, JPEG_QUALITY);

@@ -10,6 +10,7 @@
 #include "apps/viewer/ImageFile.h"
 #include "support/FloatImage.h"
 #include "support/ModalDialogs.h"
+#include "support/Screen.h"
 #include "support/TemporaryFolder.h"
 #include "support/ViewerFixture.h"
 
@@ -19,6 +20,8 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <memory>
+#include <string>
 
 using namespace Nolvex;
 using Tests::coordinates;
@@ -99,6 +102,68 @@ TEST_F(PictureSavingTest, saveAs_writesTheFileAndTakesItsName)
     EXPECT_EQ(Tests::pixelAt(BitmapConverter::zephraImageToWxImage((*read)->image()), 59, 20),
               Tests::coordinate(59, 20));
     EXPECT_FALSE(frame->isLogShown());
+}
+
+TEST_F(PictureSavingTest, saveView_writesThePixelsThatTheViewShowsAndKeepsThePicture)
+{
+    show(std::make_shared<const Viewer::Picture>(L"floats", Tests::placesAsFloats(60, 40, 2.2f)));
+    const Viewer::SharedPicture picture = view->picture();
+    view->showActualSize();
+    int number = 0;
+    for (const Viewer::DisplaySettings& display :
+         {Viewer::DisplaySettings{.exposure = 1.0f},
+          Viewer::DisplaySettings{.gamma = 0.7f, .falseColor = Viewer::FalseColor::VALUES},
+          Viewer::DisplaySettings{.channel = Viewer::Channel::GREEN, .encoding = Viewer::Encoding::SRGB}}) {
+        view->setDisplay(display);
+        Tests::pumpEvents(100);
+        const wxRect area = view->pictureArea();
+        const wxImage shown = Tests::captureClientArea(view).GetSubImage(area);
+        const Io::Path file = folder.file(std::to_wstring(++number) + L".png");
+        {
+            DialogRobot robot({FileDialogFixture::enter(file)});
+            command(Viewer::SAVE_VIEW);
+        }
+        ASSERT_TRUE(pumpUntil([&] { return lastMessage().Contains(file.fileName().c_str()); }))
+            << lastMessage();
+        EXPECT_TRUE(lastMessage().StartsWith(L"Saved the view as"));
+        const Expected<Viewer::SharedPicture, String> read = Viewer::readPictureFile(file);
+        ASSERT_TRUE(read.hasValue());
+        const wxImage written = BitmapConverter::zephraImageToWxImage((*read)->image());
+        ASSERT_EQ(written.GetSize(), wxSize(60, 40));
+        for (int y = 0; y < 40; ++y) {
+            for (int x = 0; x < 60; ++x) {
+                ASSERT_EQ(Tests::pixelAt(written, x, y), Tests::pixelAt(shown, x, y)) << x << ", " << y;
+            }
+        }
+    }
+    EXPECT_EQ(view->picture(), picture);
+    EXPECT_EQ(frame->GetTitle(), L"floats (60 \u00D7 40)");
+}
+
+TEST_F(PictureSavingTest, saveViewOfAPictureWithoutAFile_leavesThePictureUnsaved)
+{
+    showUnsaved();
+    const wxString title = frame->GetTitle();
+    {
+        DialogRobot robot({FileDialogFixture::enter(folder.file(L"view.png"))});
+        command(Viewer::SAVE_VIEW);
+    }
+    ASSERT_TRUE(pumpUntil([&] { return lastMessage().StartsWith(L"Saved the view"); })) << lastMessage();
+    EXPECT_EQ(frame->GetTitle(), title);
+    DialogRobot robot({answer(WXK_ESCAPE)});
+    EXPECT_FALSE(isGoneAfterClosing()) << "the picture would be lost";
+}
+
+TEST_F(PictureSavingTest, saveViewInAFormatOfFloats_isRefused)
+{
+    if (appendsExtensions())
+        GTEST_SKIP() << "the dialog of Wine appends .png to .exr";
+    show(coordinates(60, 40));
+    {
+        DialogRobot robot({FileDialogFixture::enter(folder.file(L"a.exr")), answer(WXK_RETURN)});
+        command(Viewer::SAVE_VIEW);
+    }
+    EXPECT_EQ(fileCount(), 0);
 }
 
 TEST_F(PictureSavingTest, saveAs_ofAFormatWithoutChoice_asksForTheFileOnly)

@@ -6,6 +6,7 @@
 #include "NolvexLibWx/widgets/PixelProbe.h"
 #include "NolvexLibWx/widgets/StaticText.h"
 #include "apps/viewer/Command.h"
+#include "apps/viewer/view/PixelCursor.h"
 #include "support/Gestures.h"
 #include "support/ViewerFixture.h"
 
@@ -16,6 +17,7 @@
 using namespace Nolvex;
 using Tests::coordinates;
 using Tests::pumpUntil;
+using Tests::typeKey;
 using Viewer::Channel;
 
 namespace {
@@ -50,6 +52,12 @@ struct ProbeToolTest : Tests::ViewerFixture
 
     /// The place of a pixel of the picture in the view.
     wxPoint placeOf(int x, int y) const { return view->pictureArea().GetTopLeft() + wxPoint(x, y); }
+
+    /// The bytes of a pixel as the frame shows them.
+    static wxString bytesOf(const Pixel& pixel)
+    {
+        return wxString::Format("R: %d\nG: %d\nB: 99", pixel.x, pixel.y);
+    }
 
     void pointAt(int x, int y) const
     {
@@ -254,4 +262,66 @@ TEST_F(ProbeToolTest, atAnyScale_tellsThePixelThatTheScreenShows)
                 << scale;
         }
     }
+}
+
+TEST_F(ProbeToolTest, arrowsWithCtrl_switchTheProbeOnAndMoveItByPixels)
+{
+    show(coordinates(200, 150));
+    focus(view);
+    view->showActualSize();
+    typeKey(WXK_RIGHT, wxMOD_CONTROL);
+    ASSERT_TRUE(appears());
+    EXPECT_TRUE(frame->hasPixelProbe());
+    EXPECT_TRUE(frame->GetMenuBar()->IsChecked(Viewer::PIXEL_PROBE));
+    ASSERT_TRUE(view->pixelCursor().pixel());
+    const Pixel first = *view->pixelCursor().pixel();
+    EXPECT_TRUE(pumpUntil([&] { return bytes().Contains(bytesOf(first)); })) << bytes();
+    typeKey(WXK_RIGHT, wxMOD_CONTROL);
+    typeKey(WXK_DOWN, wxMOD_CONTROL);
+    EXPECT_EQ(view->pixelCursor().pixel(), first + (Pixel{1, 1}));
+    typeKey(WXK_LEFT, wxMOD_CONTROL | wxMOD_SHIFT);
+    typeKey(WXK_UP, wxMOD_CONTROL | wxMOD_SHIFT);
+    EXPECT_EQ(view->pixelCursor().pixel(), first + (Pixel{-9, -9}));
+    EXPECT_TRUE(pumpUntil([&] { return bytes().Contains(bytesOf(first + Pixel{-9, -9})); })) << bytes();
+}
+
+TEST_F(ProbeToolTest, mouse_takesOverFromTheKeys)
+{
+    probePixel(30, 40);
+    focus(view);
+    typeKey(WXK_HOME, wxMOD_CONTROL);
+    EXPECT_TRUE(pumpUntil([&] { return bytes().Contains(bytesOf({0, 0})); })) << bytes();
+    // Events of a resting mouse change nothing.
+    wxMouseEvent resting(wxEVT_MOTION);
+    resting.SetPosition(placeOf(30, 40));
+    view->ProcessWindowEvent(resting);
+    EXPECT_EQ(view->pixelCursor().pixel(), (Pixel{0, 0}));
+    pointAt(31, 41);
+    EXPECT_TRUE(pumpUntil([&] { return bytes().Contains(bytesOf({31, 41})); })) << bytes();
+    EXPECT_FALSE(view->pixelCursor().pixel());
+    EXPECT_TRUE(isProbeShown());
+}
+
+TEST_F(ProbeToolTest, click_takesOverFromTheKeys)
+{
+    probePixel(30, 40);
+    focus(view);
+    typeKey(WXK_HOME, wxMOD_CONTROL);
+    ASSERT_TRUE(view->pixelCursor().pixel());
+    Tests::pressMouse();
+    Tests::releaseMouse();
+    EXPECT_TRUE(pumpUntil([&] { return bytes().Contains(bytesOf({30, 40})); })) << bytes();
+    EXPECT_FALSE(view->pixelCursor().pixel());
+}
+
+TEST_F(ProbeToolTest, escape_endsTheProbeAndForgetsThePixelOfTheKeys)
+{
+    show(coordinates(200, 150));
+    focus(view);
+    typeKey(WXK_END, wxMOD_CONTROL);
+    ASSERT_TRUE(appears());
+    typeKey(WXK_ESCAPE);
+    EXPECT_TRUE(disappears());
+    EXPECT_FALSE(view->pixelCursor().pixel());
+    EXPECT_FALSE(frame->hasPixelProbe());
 }

@@ -6,6 +6,7 @@
 #include "NolvexLibWx/Monitors.h"
 #include "NolvexLibWx/ScreenCapture.h"
 #include "apps/viewer/Command.h"
+#include "apps/viewer/ScreenOverlay.h"
 #include "support/FakeScreen.h"
 #include "support/ViewerFixture.h"
 
@@ -241,4 +242,52 @@ TEST_F(ViewerCaptureTest, hiddenWindow_appearsWithTheAnswer)
     EXPECT_FALSE(frame->IsShown());
     screen.answer(Tests::desktopPicture({40, 30}));
     EXPECT_TRUE(pumpUntil([&] { return frame->IsShown(); }));
+}
+
+TEST_F(ViewerCaptureTest, regionThatTheUserChooses_isShownAsAnUnsavedPicture)
+{
+    showViewer();
+    command(Viewer::CAPTURE_REGION);
+    ASSERT_TRUE(pumpUntil([this] { return screen.asked > 0; }));
+    screen.answer(Tests::desktopPicture({40, 30}));
+    wxWeakRef<Viewer::ScreenOverlay> overlay;
+    ASSERT_TRUE(pumpUntil([&] {
+        for (wxWindow* window : frame->GetChildren()) {
+            if (window->IsTopLevel())
+                overlay = Tests::findIn<Viewer::ScreenOverlay>(window);
+        }
+        return overlay != nullptr && overlay->HasFocus();
+    }));
+    EXPECT_EQ(frame->GetTitle(), L"test (60 \u00D7 40)");
+    Tests::pumpEvents(200);
+    wxUIActionSimulator().Char(WXK_LEFT);
+    Tests::pumpEvents(50);
+    wxUIActionSimulator().Char(WXK_RETURN);
+    EXPECT_TRUE(pumpUntil([this] {
+        return frame->GetTitle() == L"Unsaved picture of the screen (20 \u00D7 15)";
+    })) << frame->GetTitle();
+    EXPECT_EQ(lastMessage(), L"Captured the screen, 20 \u00D7 15 pixels.");
+    EXPECT_TRUE(pumpUntil([&] { return !overlay; }));
+}
+
+TEST_F(ViewerCaptureTest, regionThatIsNotChosen_changesNothing)
+{
+    showViewer();
+    command(Viewer::CAPTURE_REGION);
+    ASSERT_TRUE(pumpUntil([this] { return screen.asked > 0; }));
+    screen.answer(Tests::desktopPicture({40, 30}));
+    const auto overlay = [this] {
+        Viewer::ScreenOverlay* found = nullptr;
+        for (wxWindow* window : frame->GetChildren()) {
+            if (window->IsTopLevel())
+                found = Tests::findIn<Viewer::ScreenOverlay>(window);
+        }
+        return found;
+    };
+    ASSERT_TRUE(pumpUntil([&] { return overlay() != nullptr && overlay()->HasFocus(); }));
+    Tests::pumpEvents(200);
+    wxUIActionSimulator().Char(WXK_ESCAPE);
+    EXPECT_TRUE(pumpUntil([&] { return overlay() == nullptr; }));
+    EXPECT_EQ(frame->GetTitle(), L"test (60 \u00D7 40)");
+    EXPECT_FALSE(frame->isLogShown());
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/platform/PixelCanvas.h"
 
+#include "NolvexLib/Noncopyable.h"
+
 #include <wx/dc.h>
 
 #include <cairo.h>
@@ -9,7 +11,7 @@
 
 namespace Nolvex::Viewer::Platform {
 
-/// A surface of cairo.
+/// The pixels of a surface of cairo.
 class PixelCanvas::Pixels : private Noncopyable
 {
 public:
@@ -26,9 +28,10 @@ public:
 
     cairo_surface_t* surface() const { return m_surface; }
 
-    std::uint32_t* row(int y) const
+    PixelRows rows(const wxSize& size) const
     {
-        return reinterpret_cast<std::uint32_t*>(m_data + static_cast<std::ptrdiff_t>(y) * m_stride);
+        return {size, reinterpret_cast<std::uint32_t*>(m_data),
+                m_stride / static_cast<std::ptrdiff_t>(sizeof(std::uint32_t))};
     }
 
 private:
@@ -37,25 +40,15 @@ private:
     int m_stride;
 };
 
-PixelCanvas::PixelCanvas(const wxSize& size) : m_size(size)
+std::shared_ptr<PixelCanvas::Pixels> PixelCanvas::makePixels(const wxSize& size)
 {
-    if (size.x <= 0 || size.y <= 0)
-        return;
-    m_pixels = std::make_unique<Pixels>(size);
-    if (!m_pixels->isOk())
-        m_pixels.reset();
+    auto pixels = std::make_shared<Pixels>(size);
+    return pixels->isOk() ? pixels : nullptr;
 }
 
-PixelCanvas::~PixelCanvas() = default;
-
-std::uint32_t* PixelCanvas::row(int y)
+PixelRows PixelCanvas::rowsOf(const Pixels& pixels, const wxSize& size)
 {
-    return m_pixels->row(y);
-}
-
-const std::uint32_t* PixelCanvas::row(int y) const
-{
-    return m_pixels->row(y);
+    return pixels.rows(size);
 }
 
 void PixelCanvas::draw(wxDC& dc, int density) const

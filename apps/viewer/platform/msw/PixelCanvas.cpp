@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/platform/PixelCanvas.h"
 
+#include "NolvexLib/Noncopyable.h"
+
 #include <wx/dc.h>
 #include <wx/msw/wrapwin.h>
 
@@ -12,7 +14,7 @@ namespace Nolvex::Viewer::Platform {
 class PixelCanvas::Pixels : private Noncopyable
 {
 public:
-    explicit Pixels(const wxSize& size) : m_context(::CreateCompatibleDC(nullptr)), m_width(size.x)
+    explicit Pixels(const wxSize& size) : m_context(::CreateCompatibleDC(nullptr))
     {
         BITMAPINFO info{};
         info.bmiHeader.biSize = sizeof(info.bmiHeader);
@@ -41,42 +43,31 @@ public:
 
     HDC context() const { return m_context; }
 
-    std::uint32_t* row(int y) const { return m_data + static_cast<std::ptrdiff_t>(y) * m_width; }
+    PixelRows rows(const wxSize& size) const { return {size, m_data, size.x}; }
 
 private:
     HDC m_context;
-    int m_width;
     HBITMAP m_bitmap = nullptr;
     HGDIOBJ m_previous = nullptr;
     std::uint32_t* m_data = nullptr;
 };
 
-PixelCanvas::PixelCanvas(const wxSize& size) : m_size(size)
+std::shared_ptr<PixelCanvas::Pixels> PixelCanvas::makePixels(const wxSize& size)
 {
-    if (size.x <= 0 || size.y <= 0)
-        return;
-    m_pixels = std::make_unique<Pixels>(size);
-    if (!m_pixels->isOk())
-        m_pixels.reset();
+    auto pixels = std::make_shared<Pixels>(size);
+    return pixels->isOk() ? pixels : nullptr;
 }
 
-PixelCanvas::~PixelCanvas() = default;
-
-std::uint32_t* PixelCanvas::row(int y)
+PixelRows PixelCanvas::rowsOf(const Pixels& pixels, const wxSize& size)
 {
-    return m_pixels->row(y);
-}
-
-const std::uint32_t* PixelCanvas::row(int y) const
-{
-    return m_pixels->row(y);
+    return pixels.rows(size);
 }
 
 // On Windows a pixel of a DC is a pixel of the device.
 void PixelCanvas::draw(wxDC& dc, int /*density*/) const
 {
     ::GdiFlush();
-    ::BitBlt(static_cast<HDC>(dc.GetHandle()), 0, 0, m_size.x, m_size.y, m_pixels->context(), 0, 0, SRCCOPY);
+    ::BitBlt(static_cast<HDC>(dc.GetHandle()), 0, 0, size().x, size().y, m_pixels->context(), 0, 0, SRCCOPY);
 }
 
 } // namespace Nolvex::Viewer::Platform

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "NolvexLib/Version.h"
 #include "apps/viewer/reading/openimageio/OpenImageIoReader.h"
 
 #include <string_view>

@@ -157,3 +157,25 @@ TEST_F(ImageViewPlaceTest, displayOfThePicture_isChangedAtOnce)
     view->setSurround({1, 2, 3});
     EXPECT_EQ(shownAt(5, 5), (RgbBytes{1, 2, 3}));
 }
+
+TEST_F(ImageViewPlaceTest, wholeScene_isTheFrameWithTheDividerOverTheSameColumn)
+{
+    show(Tests::coordinates(600, 100));
+    EXPECT_EQ(view->wholeScene().size, wxSize(600, 100));
+    EXPECT_EQ(view->wholeScene().scale, 1.0);
+    view->setComparison(Tests::coordinates(600, 100), 0.5f);
+    view->setScale(3.0);
+    view->pan({-200, 0});
+    const Viewer::Scene whole = view->wholeScene();
+    EXPECT_EQ(whole.origin, wxPoint(0, 0));
+    EXPECT_EQ(whole.comparison, view->comparison());
+    // The last pixel of the first picture and the first pixel of the second one
+    EXPECT_EQ(whole.divider, pixelUnder({WIDTH / 2 - 2, HEIGHT / 2}).x + 1);
+    EXPECT_EQ(whole.divider, pixelUnder({WIDTH / 2 + 1, HEIGHT / 2}).x);
+    view->pan({-20000, 0});
+    EXPECT_GE(view->wholeScene().divider, 0);
+    view->pan({20000, 0});
+    EXPECT_LE(view->wholeScene().divider, 600);
+    view->setPicture(nullptr);
+    EXPECT_EQ(view->wholeScene().picture, nullptr);
+}

@@ -3,6 +3,7 @@
 
 #include "NolvexLib/ImageFormatDescriptor.h"
 #include "apps/viewer/ImageFile.h"
+#include "apps/viewer/writing/FileRows.h"
 #include "support/FloatImage.h"
 #include "support/PictureFiles.h"
 #include "support/TemporaryFolder.h"
@@ -31,6 +32,31 @@ struct PictureWriterTest : testing::Test
     }
 };
 
+// Red is ten times x, and green ten times y.
+class PlainRows : public Viewer::FileRows
+{
+public:
+    explicit PlainRows(const wxSize& size) : m_size(size) {}
+
+    wxSize size() const override { return m_size; }
+
+    int channelCount() const override { return 3; }
+
+    std::size_t channelBytes() const override { return 1; }
+
+    void encode(std::int32_t rowFromTop, std::byte* destination) override
+    {
+        for (int x = 0; x < m_size.x; ++x) {
+            *destination++ = static_cast<std::byte>(10 * (x % 25));
+            *destination++ = static_cast<std::byte>(10 * rowFromTop);
+            *destination++ = std::byte(0);
+        }
+    }
+
+private:
+    wxSize m_size;
+};
+
 } // namespace
 
 TEST_F(PictureWriterTest, everyWritableFormat_canBeReadAgain)
@@ -54,6 +80,37 @@ TEST_F(PictureWriterTest, everyWritableFormat_canBeReadAgain)
     EXPECT_EQ(fileCount(), static_cast<std::ptrdiff_t>(Viewer::writableFormats().size()));
 }
 
+TEST_F(PictureWriterTest, rowsOfBytes_areWrittenInEveryFormatOfBytes)
+{
+    for (const ImageFormat format : Viewer::writableByteFormats()) {
+        const Io::Path file = folder.file(getImageFormatDescriptor(format).extensions[0]);
+        PlainRows rows({30, 20});
+        EXPECT_EQ(Viewer::writeRowsFile(file, rows, format, goOn), Optional<String>());
+        const Expected<Viewer::SharedPicture, String> picture = Viewer::readPictureFile(file);
+        ASSERT_TRUE(picture.hasValue()) << picture.error().toUtf8();
+        EXPECT_EQ((*picture)->size(), (Pixel{30, 20}));
+        const bool isChanged = format == ImageFormat::JPEG || format == ImageFormat::GIF;
+        const float tolerance = isChanged ? 0.05f : 1e-6f;
+        const Rgb pixel = (*picture)->image().getRgba(7, 20 - 1 - 11);
+        EXPECT_NEAR(pixel.r, 70.0f / 255.0f, tolerance) << file.nativeStr().toUtf8();
+        EXPECT_NEAR(pixel.g, 110.0f / 255.0f, tolerance) << file.nativeStr().toUtf8();
+    }
+}
+
+TEST_F(PictureWriterTest, rowsOfBytes_areRefusedByFormatsOfFloatsAndBeyondTheLargestPicture)
+{
+    const Io::Path file = folder.file(L"a.png", "old");
+    PlainRows rows({30, 20});
+    EXPECT_EQ(Viewer::writeRowsFile(file, rows, ImageFormat::EXR, goOn),
+              L"The picture was not saved as \"" + file.nativeStr() +
+                  L"\": the viewer cannot write this format.");
+    PlainRows huge({100000, 100000});
+    EXPECT_EQ(Viewer::writeRowsFile(file, huge, ImageFormat::PNG, goOn),
+              L"The picture was not saved as \"" + file.nativeStr() + L"\": the picture is too large.");
+    EXPECT_EQ(Tests::contentOf(file).size(), 3u);
+    EXPECT_EQ(fileCount(), 1);
+}
+
 TEST_F(PictureWriterTest, formatOfAName_isThatOfItsExtension)
 {
     EXPECT_EQ(Viewer::writableFormatOf(Io::Path(L"a.PNG")), ImageFormat::PNG);
@@ -64,7 +121,7 @@ TEST_F(PictureWriterTest, formatOfAName_isThatOfItsExtension)
 
 TEST_F(PictureWriterTest, filters_nameEveryExtension)
 {
-    const Array<Io::FileFilter> filters = Viewer::writableFilters();
+    const Array<Io::FileFilter> filters = Viewer::filtersOf(Viewer::writableFormats());
     ASSERT_EQ(filters.size(), Viewer::writableFormats().size());
     EXPECT_EQ(filters[0], (Io::FileFilter{L"PNG", {L"*.png"}})) << "the usual format comes first";
     EXPECT_EQ(filters[3], (Io::FileFilter{L"JPEG", {L"*.jpg", L"*.jpeg", L"*.jpe"}}));

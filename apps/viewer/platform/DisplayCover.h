@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+class WXDLLIMPEXP_FWD_CORE wxTopLevelWindow;
+
+namespace Nolvex::Viewer::Platform {
+
+/// Shows the window over all of a display, in front of task bars and the like. `display` is an index of
+/// wxDisplay.
+void showOverDisplay(wxTopLevelWindow& window, unsigned display);
+
+} // namespace Nolvex::Viewer::Platform
