@@ -21,6 +21,7 @@
 #include "apps/viewer/LayerBar.h"
 #include "apps/viewer/LoadingBar.h"
 #include "apps/viewer/LogPanel.h"
+#include "apps/viewer/PanelCommands.h"
 #include "apps/viewer/PictureCommands.h"
 #include "apps/viewer/PictureListening.h"
 #include "apps/viewer/PicturesPanel.h"
@@ -71,12 +72,12 @@ ViewerFrame::ViewerFrame(const SharedPicture& picture, const Io::Path& file, Ask
     sizer->Add(above, 0, wxEXPAND | wxLEFT | wxRIGHT, margin);
     wxWindow* const view = makeView(panel);
     m_log = new LogPanel(panel);
-    m_log->Hide();
     SetMenuBar(makeMenuBar());
     makeCommands(std::move(ask));
     above->Add(makeLayers(panel), 0, wxEXPAND | wxTOP, margin);
     sizer->Add(makeMiddle(panel, view), 1, wxEXPAND | wxALL, margin);
-    auto* loading = new LoadingBar(panel, m_commands->opening(), [this] { makeRoom(); });
+    makePanelCommands(*panel);
+    auto* loading = new LoadingBar(panel, m_commands->opening(), [this] { m_panels->makeRoom(); });
     sizer->Add(loading, 0, wxEXPAND | wxLEFT | wxRIGHT | wxBOTTOM, margin);
     sizer->Add(m_log, 0, wxEXPAND | wxLEFT | wxRIGHT | wxBOTTOM, margin);
     panel->SetSizer(sizer);
@@ -91,7 +92,7 @@ ViewerFrame::ViewerFrame(const SharedPicture& picture, const Io::Path& file, Ask
     }
     SetClientSize(clientSizeFor(m_view->shownSize(), above->GetMinSize().y));
     Centre();
-    makeRoom();
+    m_panels->makeRoom();
     m_settings->restore(*this);
     describePicture();
     m_view->SetFocus();
@@ -127,7 +128,7 @@ wxWindow* ViewerFrame::makeLayers(wxWindow* parent)
 {
     m_layers = new LayerBar(
         parent, [this](std::size_t layer) { m_commands->opening().showLayer(layer); },
-        [this] { makeRoom(); });
+        [this] { m_panels->makeRoom(); });
     return m_layers;
 }
 
@@ -137,9 +138,7 @@ wxSizer* ViewerFrame::makeMiddle(wxWindow* parent, wxWindow* view)
     m_list = new PicturesPanel(
         parent, m_workspace, [this](PictureId id) { m_commands->opening().show(id); },
         [this](PictureId id) { m_commands->close(id); });
-    m_list->Hide();
     m_information = new InformationPanel(parent);
-    m_information->Hide();
     const int margin = Wx::scaleByDpi(MARGIN);
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     row->Add(m_list, 0, wxEXPAND | wxRIGHT, margin);
@@ -163,16 +162,32 @@ void ViewerFrame::makeCommands(AskForScreen ask)
                                             [this](const Io::Path& recent) { beginToOpen({recent}); });
     m_view->SetDropTarget(
         new FileDropTarget([this](const Array<Io::Path>& dropped) { beginToOpen(dropped); }));
-    m_workspace.observe([this](Flags<Workspace::Change> changes) { onWorkspaceChanged(changes); });
+    m_workspace.observe([this](Flags<Workspace::Change> changes) {
+        if (changes == Workspace::Change::LIST)
+            describePicture();
+    });
     m_view->onSelection = [this](const Optional<wxRect>&) { inform(); };
     bindCommands();
+}
+
+// The list comes up by itself once, when there is something to choose from.
+void ViewerFrame::makePanelCommands(wxWindow& content)
+{
+    using Place = PanelCommands::Place;
+    m_panels = std::make_unique<PanelCommands>(*this, content, *m_view, *m_states);
+    m_panels->add(SHOW_PICTURES, *m_list, Place::BESIDE);
+    m_panels->add(SHOW_INFORMATION, *m_information, Place::BESIDE);
+    m_panels->add(SHOW_LOG, *m_log, Place::BELOW);
+    m_workspace.observe([this, hadSeveral = false](Flags<Workspace::Change>) mutable {
+        if (m_workspace.pictures().size() > 1 && !std::exchange(hadSeveral, true))
+            m_panels->show(SHOW_PICTURES, true);
+    });
 }
 
 void ViewerFrame::bindCommands()
 {
     bindCommand(*this, COPY, [this] { onCopy(); });
     bindCommand(*this, CLOSE, [this] { Close(); });
-    bindCommand(*this, SHOW_LOG, [this] { showLog(!isLogShown()); });
     bindCommand(*this, SHOW_TOOLTIPS, [this] { setTooltips(!hasTooltips()); });
     bindCommand(*this, LIGHT_SURROUND, [this] { setLightSurround(!hasLightSurround()); });
     bindCommand(*this, PIXEL_PROBE, [this] { setPixelProbe(!hasPixelProbe()); });
@@ -180,13 +195,10 @@ void ViewerFrame::bindCommands()
     bindCommand(*this, ZOOM_OUT, [this] { m_view->zoomOut(); });
     bindCommand(*this, FIT, [this] { m_view->fit(); });
     bindCommand(*this, ACTUAL_SIZE, [this] { m_view->showActualSize(); });
-    bindCommand(*this, SHOW_PICTURES, [this] { showPanel(SHOW_PICTURES, *m_list, !m_list->IsShown()); });
-    bindCommand(*this, SHOW_INFORMATION,
-                [this] { showPanel(SHOW_INFORMATION, *m_information, !m_information->IsShown()); });
     bindCommand(*this, FOLLOW_FILES, [this] { setFollowing(!m_following->isActive()); });
     bindCommand(*this, KEYS, [this] { showKeysMessage(this); });
     bindCommand(*this, ABOUT, [this] { tellAbout(); });
-    Bind(wxEVT_COLLAPSIBLEPANE_CHANGED, [this](wxCollapsiblePaneEvent&) { makeRoom(); });
+    Bind(wxEVT_COLLAPSIBLEPANE_CHANGED, [this](wxCollapsiblePaneEvent&) { m_panels->makeRoom(); });
     Bind(wxEVT_CLOSE_WINDOW, &ViewerFrame::onClose, this);
     Bind(wxEVT_CHAR_HOOK, &ViewerFrame::onKey, this);
 }
@@ -237,32 +249,6 @@ void ViewerFrame::savePicture(const Io::Path& file, ImageFormat format, const Wx
     m_commands->save(file, format, settings);
 }
 
-void ViewerFrame::onWorkspaceChanged(Flags<Workspace::Change> changes)
-{
-    // The list comes up by itself once, when there is something to choose from.
-    const bool isSeveral = m_workspace.pictures().size() > 1;
-    if (isSeveral && !std::exchange(m_hadSeveral, true))
-        showPanel(SHOW_PICTURES, *m_list, true);
-    if (changes == Workspace::Change::LIST)
-        describePicture();
-}
-
-void ViewerFrame::showPanel(Command command, wxWindow& panel, bool show)
-{
-    m_states->check(command, show);
-    if (show == panel.IsShown())
-        return;
-    // A panel beside the picture takes no room from it.
-    const bool isBeside = panel.GetContainingSizer() == m_list->GetContainingSizer();
-    const int more = isBeside ? panel.GetBestSize().x + Wx::scaleByDpi(MARGIN) : 0;
-    const int wanted = GetClientSize().x + (show ? more : -more);
-    panel.Show(show);
-    makeRoom();
-    widen(*this, wanted - GetClientSize().x);
-    if (!show)
-        m_view->SetFocus();
-}
-
 void ViewerFrame::setFollowing(bool active)
 {
     m_following->setActive(active);
@@ -271,18 +257,12 @@ void ViewerFrame::setFollowing(bool active)
 
 void ViewerFrame::showLog(bool show)
 {
-    showPanel(SHOW_LOG, *m_log, show);
-}
-
-// The view stays visible when the options unfold or the log appears.
-void ViewerFrame::makeRoom()
-{
-    makeRoomFor(*m_log->GetParent(), *this);
+    m_panels->show(SHOW_LOG, show);
 }
 
 bool ViewerFrame::isLogShown() const
 {
-    return m_log->IsShown();
+    return m_panels->isShown(SHOW_LOG);
 }
 
 void ViewerFrame::setTooltips(bool wanted)
@@ -328,10 +308,7 @@ void ViewerFrame::describePicture()
         SetTitle(L"Viewer");
         m_description = L"There is no picture yet.";
     }
-    for (const Command command : {SAVE_AS, RELOAD, CLOSE_PICTURE, SET_REFERENCE})
-        m_states->enable(command, m_view->picture() != nullptr);
-    for (const Command command : {NEXT_PICTURE, PREVIOUS_PICTURE})
-        m_states->enable(command, m_workspace.neighbour(1).has_value());
+    m_states->enableFor(m_workspace);
     m_layers->setPicture(m_workspace.currentPicture());
     if (m_view->picture())
         m_options->setChannels(m_view->picture()->channels());
@@ -377,8 +354,7 @@ void ViewerFrame::onClose(wxCloseEvent& event)
         m_commands->stop();
         m_listening->stop();
         // The next window begins without these panels.
-        showPanel(SHOW_PICTURES, *m_list, false);
-        showPanel(SHOW_INFORMATION, *m_information, false);
+        m_panels->hideBeside();
         m_settings->remember(*this);
         Destroy();
     }

@@ -29,6 +29,7 @@ class ImageView;
 class InformationPanel;
 class LayerBar;
 class LogPanel;
+class PanelCommands;
 class PictureCommands;
 class PictureListening;
 class PicturesPanel;
@@ -124,15 +125,13 @@ private:
     wxSizer* makeMiddle(wxWindow* parent, wxWindow* view);
     void makeCommands(AskForScreen ask);
     void bindCommands();
-    void onWorkspaceChanged(Flags<Workspace::Change> changes);
+    void makePanelCommands(wxWindow& content);
 
-    void showPanel(Command command, wxWindow& panel, bool show);
     void setFollowing(bool active);
     void describePicture();
     void inform();
     void report(const String& message);
 
-    void makeRoom();
     void onCopy();
     void onClose(wxCloseEvent& event);
     void onKey(wxKeyEvent& event);
@@ -146,6 +145,7 @@ private:
     PicturesPanel* m_list = nullptr;
     InformationPanel* m_information = nullptr;
     std::unique_ptr<CommandStates> m_states;
+    std::unique_ptr<PanelCommands> m_panels;
     std::unique_ptr<PictureCommands> m_commands;
     std::unique_ptr<ProbeTool> m_probe;
     std::unique_ptr<ComparisonTool> m_comparison;
@@ -155,7 +155,6 @@ private:
     std::unique_ptr<RecentMenu> m_recent;
     String m_description;
     OpenMenus m_openMenus{*this};
-    bool m_hadSeveral = false;
     bool m_tooltips = true;
     bool m_lightSurround = false;
 };
