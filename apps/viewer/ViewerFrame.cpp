@@ -30,6 +30,7 @@
 #include "apps/viewer/Settings.h"
 #include "apps/viewer/ToolBar.h"
 #include "apps/viewer/ViewOptions.h"
+#include "apps/viewer/WindowFitting.h"
 #include "apps/viewer/WindowSize.h"
 #include "apps/viewer/inspection/ComparisonTool.h"
 #include "apps/viewer/inspection/InformationPanel.h"
@@ -93,7 +94,7 @@ ViewerFrame::ViewerFrame(const SharedPicture& picture, const Io::Path& file, Ask
     SetClientSize(clientSizeFor(m_view->shownSize(), above->GetMinSize().y));
     Centre();
     m_panels->makeRoom();
-    m_settings->restore(*this);
+    m_hasRememberedPlace = m_settings->restore(*this);
     describePicture();
     m_view->SetFocus();
 }
@@ -166,6 +167,7 @@ void ViewerFrame::makeCommands(AskForScreen ask)
         if (changes == Workspace::Change::LIST)
             describePicture();
     });
+    m_fitting = std::make_unique<WindowFitting>(*this, *m_view, m_workspace);
     m_view->onSelection = [this](const Optional<wxRect>&) { inform(); };
     bindCommands();
 }
@@ -221,7 +223,18 @@ bool ViewerFrame::openPictures(const Array<Io::Path>& files)
 
 void ViewerFrame::beginToOpen(const Array<Io::Path>& files)
 {
-    m_commands->opening().open(withFoldersOpened(files));
+    const Array<Io::Path> pictures = withFoldersOpened(files);
+    if (pictures.empty() && !files.empty())
+        complain(L"There are no pictures in \"" + files.front().nativeStr() + L"\".");
+    else
+        m_commands->opening().open(pictures);
+}
+
+void ViewerFrame::beginWith(const Array<Io::Path>& files)
+{
+    if (!m_hasRememberedPlace)
+        m_fitting->begin();
+    beginToOpen(files);
 }
 
 Expected<unsigned short, String> ViewerFrame::listen(const Wx::Legacy::SocketAddress& address)
@@ -333,6 +346,8 @@ void ViewerFrame::complain(const String& message)
 {
     report(message);
     showLog(true);
+    if (onComplaint)
+        onComplaint(message);
 }
 
 void ViewerFrame::onCopy()

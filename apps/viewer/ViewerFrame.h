@@ -3,6 +3,7 @@
 
 #include "NolvexLib/Array.h"
 #include "NolvexLib/Expected.h"
+#include "NolvexLib/Function.h"
 #include "NolvexLib/ImageFormat.h"
 #include "NolvexLib/Io/Path.h"
 #include "NolvexLib/String.h"
@@ -38,6 +39,7 @@ class RecentMenu;
 class Settings;
 class ToolBar;
 class ViewOptions;
+class WindowFitting;
 
 /// The viewer's window, in the default skin: a row of buttons, options that fold away, the picture inside a
 /// bevelled border, and below it a log, hidden at first, of commands and failures. A command that fails
@@ -70,8 +72,13 @@ public:
     /// been read.
     bool openPictures(const Array<Io::Path>& files);
 
-    /// Does the same and waits for nothing: the window can be used meanwhile.
+    /// Does the same and waits for nothing: the window can be used meanwhile. A folder stands for the
+    /// pictures in it.
     void beginToOpen(const Array<Io::Path>& files);
+
+    /// Does the same. The first picture gives the window its size, unless the window has the one that the
+    /// settings remember, or the user changes the size before.
+    void beginWith(const Array<Io::Path>& files);
 
     /// Begins to show the pictures that other programs send to the address. Returns the port, or a sentence
     /// that says why there are none.
@@ -111,6 +118,9 @@ public:
     /// Saves the shown picture. Returns at once; the outcome is written to the log when the file is written.
     void savePicture(const Io::Path& file, ImageFormat format, const Wx::ImageSaveSettings& settings);
 
+    /// Called with each message that `complain` has written. May be empty.
+    Function<void(const String&)> onComplaint;
+
     /// Writes to the log why something was not done, and shows the log.
     void complain(const String& message);
 
@@ -146,6 +156,7 @@ private:
     InformationPanel* m_information = nullptr;
     std::unique_ptr<CommandStates> m_states;
     std::unique_ptr<PanelCommands> m_panels;
+    std::unique_ptr<WindowFitting> m_fitting;
     std::unique_ptr<PictureCommands> m_commands;
     std::unique_ptr<ProbeTool> m_probe;
     std::unique_ptr<ComparisonTool> m_comparison;
@@ -154,6 +165,7 @@ private:
     std::unique_ptr<Settings> m_settings;
     std::unique_ptr<RecentMenu> m_recent;
     String m_description;
+    bool m_hasRememberedPlace = false;
     OpenMenus m_openMenus{*this};
     bool m_tooltips = true;
     bool m_lightSurround = false;
