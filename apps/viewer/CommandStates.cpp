@@ -24,8 +24,10 @@ void CommandStates::enable(Command command, bool enabled)
 
 void CommandStates::enableFor(const Workspace& workspace)
 {
-    for (const Command command : {SAVE_AS, RELOAD, CLOSE_PICTURE, SET_REFERENCE})
-        enable(command, workspace.currentPicture() != nullptr);
+    const OpenPicture* const shown = workspace.current();
+    for (const Command command : {SAVE_AS, CLOSE_PICTURE, SET_REFERENCE})
+        enable(command, shown != nullptr);
+    enable(RELOAD, shown != nullptr && shown->canBeReadAgain());
     for (const Command command : {NEXT_PICTURE, PREVIOUS_PICTURE})
         enable(command, workspace.neighbour(1).has_value());
 }

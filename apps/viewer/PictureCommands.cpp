@@ -41,10 +41,7 @@ void PictureCommands::bind()
     bindCommand(m_window, CAPTURE_SCREEN, [this] { onCapture(); });
     bindCommand(m_window, NEXT_PICTURE, [this] { m_opening.step(1); });
     bindCommand(m_window, PREVIOUS_PICTURE, [this] { m_opening.step(-1); });
-    bindCommand(m_window, RELOAD, [this] {
-        if (const OpenPicture* const shown = m_workspace.current())
-            m_opening.reload(shown->id);
-    });
+    bindCommand(m_window, RELOAD, [this] { onReload(); });
     bindCommand(m_window, CLOSE_PICTURE, [this] {
         if (const OpenPicture* const shown = m_workspace.current())
             close(shown->id);
@@ -119,6 +116,18 @@ void PictureCommands::onOpen()
                                                            L"Open pictures", readableFilters(), folder);
     if (alive && !files.empty())
         m_opening.open(Array<Io::Path>(files.begin(), files.end()));
+}
+
+void PictureCommands::onReload()
+{
+    const OpenPicture* const shown = m_workspace.current();
+    if (shown == nullptr)
+        return;
+    if (shown->canBeReadAgain())
+        m_opening.reload(shown->id);
+    else
+        m_messages.complain(L"There is no file from which \"" + shown->name +
+                            L"\" can be read again as it is. Open a saved file to see what it holds.");
 }
 
 void PictureCommands::onCapture()

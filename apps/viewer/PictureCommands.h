@@ -59,6 +59,7 @@ private:
 
     void onOpen();
     void onPaste();
+    void onReload();
     void onCapture();
     void onSaved(const SaveTask& task, const Optional<String>& failure);
     void onCaptured(const ScreenCaptureCommand::Result& captured);

@@ -59,7 +59,7 @@ void PicturesPanel::follow(Flags<Workspace::Change> changes)
     if (changes.has(Change::LIST) || changes.has(Change::REFERENCE))
         fill();
     else
-        select();
+        selectCurrent();
 }
 
 void PicturesPanel::fill()
@@ -73,10 +73,10 @@ void PicturesPanel::fill()
         labels.push_back(Wx::toWxString(labelOf(picture)));
     }
     m_list->Set(labels);
-    select();
+    selectCurrent();
 }
 
-void PicturesPanel::select()
+void PicturesPanel::selectCurrent()
 {
     const OpenPicture* const shown = m_workspace.current();
     const auto row = shown == nullptr ? m_listed.end() : std::ranges::find(m_listed, shown->id);

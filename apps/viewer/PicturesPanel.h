@@ -27,10 +27,13 @@ public:
     PicturesPanel(wxWindow* parent, Workspace& workspace, const Function<void(PictureId)>& show,
                   const Function<void(PictureId)>& close);
 
+    /// Selects the row of the current picture. To be called when a picture that the user has selected could
+    /// not be read; changes of the workspace are followed without a call.
+    void selectCurrent();
+
 private:
     void follow(Flags<Workspace::Change> changes);
     void fill();
-    void select();
     String labelOf(const OpenPicture& picture) const;
     void onFilter(wxCommandEvent& event);
     void onSelected(wxCommandEvent& event);

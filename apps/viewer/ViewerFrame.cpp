@@ -139,6 +139,11 @@ wxSizer* ViewerFrame::makeMiddle(wxWindow* parent, wxWindow* view)
     m_list = new PicturesPanel(
         parent, m_workspace, [this](PictureId id) { m_commands->opening().show(id); },
         [this](PictureId id) { m_commands->close(id); });
+    // The user's choice may have been cancelled, or could not be read.
+    m_commands->opening().onEnded = [this] {
+        m_list->selectCurrent();
+        m_layers->setPicture(m_workspace.currentPicture());
+    };
     m_information = new InformationPanel(parent);
     const int margin = Wx::scaleByDpi(MARGIN);
     auto* row = new wxBoxSizer(wxHORIZONTAL);
@@ -218,7 +223,8 @@ bool ViewerFrame::openPictures(const Array<Io::Path>& files)
     opening.open(files);
     opening.finish();
     const OpenPicture* const shown = m_workspace.current();
-    return shown != nullptr && std::ranges::find(files, shown->file) != files.end();
+    return std::ranges::any_of(
+        files, [&](const Io::Path& file) { return shown != nullptr && m_workspace.findFile(file) == shown; });
 }
 
 void ViewerFrame::beginToOpen(const Array<Io::Path>& files)
