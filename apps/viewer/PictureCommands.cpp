@@ -8,6 +8,7 @@
 #include "apps/viewer/Command.h"
 #include "apps/viewer/ImageFile.h"
 #include "apps/viewer/PastedPicture.h"
+#include "apps/viewer/Settings.h"
 #include "apps/viewer/view/ImageView.h"
 
 #include <wx/frame.h>
@@ -18,14 +19,15 @@
 
 namespace Nolvex::Viewer {
 
-PictureCommands::PictureCommands(wxFrame& window, Workspace& workspace, ImageView& view, Messages messages,
-                                 AskForScreen ask)
+PictureCommands::PictureCommands(wxFrame& window, Workspace& workspace, ImageView& view, Settings& settings,
+                                 Messages messages, AskForScreen ask)
     : m_window(window),
       m_workspace(workspace),
       m_view(view),
+      m_settings(settings),
       m_messages(std::move(messages)),
       m_opening(workspace, m_messages),
-      m_saving(window,
+      m_saving(window, settings,
                [this](const SaveTask& task, const Optional<String>& failure) { onSaved(task, failure); }),
       m_capture(std::move(ask), [this](const auto& captured) { onCaptured(captured); })
 {
@@ -111,11 +113,15 @@ void PictureCommands::onOpen()
 {
     const wxWeakRef<wxFrame> alive(&m_window);
     const OpenPicture* const shown = m_workspace.current();
-    const Io::Path folder = shown != nullptr ? shown->file.parentDirectory() : Io::Path();
+    const bool hasFolder = shown != nullptr && !shown->file.isEmpty();
+    const Io::Path folder = hasFolder ? shown->file.parentDirectory() : m_settings.lastFolder();
     const Stack<Io::Path> files = Wx::multiFilenameOpenDlg(Wx::getWindowNativeHandle(&m_window),
                                                            L"Open pictures", readableFilters(), folder);
-    if (alive && !files.empty())
-        m_opening.open(Array<Io::Path>(files.begin(), files.end()));
+    if (!alive || files.empty())
+        return;
+    const Array<Io::Path> chosen(files.begin(), files.end());
+    m_settings.setLastFolder(chosen.front().parentDirectory());
+    m_opening.open(chosen);
 }
 
 void PictureCommands::onReload()

@@ -25,7 +25,6 @@
 #include "apps/viewer/PictureCommands.h"
 #include "apps/viewer/PictureListening.h"
 #include "apps/viewer/PicturesPanel.h"
-#include "apps/viewer/ProbeTool.h"
 #include "apps/viewer/RecentMenu.h"
 #include "apps/viewer/Settings.h"
 #include "apps/viewer/ToolBar.h"
@@ -52,7 +51,6 @@ namespace Nolvex::Viewer {
 
 namespace {
 
-constexpr RgbBytes LIGHT_SURROUND_COLOUR{200, 200, 200};
 const wxSize MIN_VIEW(80, 60);
 
 } // namespace
@@ -84,7 +82,7 @@ ViewerFrame::ViewerFrame(const SharedPicture& picture, const Io::Path& file, Ask
     panel->SetSizer(sizer);
 
     Wx::applySkinRecursive(this, Wx::GuiSkin::DEFAULT());
-    setLightSurround(false);
+    m_look->setPreferences(m_settings->preferences());
     setFollowing(true);
     if (picture) {
         const auto origin = file.isEmpty() ? PictureOrigin::DESKTOP : PictureOrigin::FILE;
@@ -95,6 +93,7 @@ ViewerFrame::ViewerFrame(const SharedPicture& picture, const Io::Path& file, Ask
     Centre();
     m_panels->makeRoom();
     m_hasRememberedPlace = m_settings->restore(*this);
+    m_panels->show(SHOW_INFORMATION, m_settings->preferences().informationPanel);
     describePicture();
     m_view->SetFocus();
 }
@@ -111,7 +110,7 @@ wxWindow* ViewerFrame::makeOptions(wxWindow* parent)
         parent, [this](Command command) { runCommand(*this, command); },
         [this](const DisplaySettings& settings) { m_view->setDisplay(settings); },
         [this](const RgbBytes& tried) { m_view->setSurround(tried); },
-        [this](bool isChosen) { setLightSurround(!isChosen && m_lightSurround); });
+        [this](bool isChosen) { setLightSurround(!isChosen && hasLightSurround()); });
     return new Wx::CollapsiblePanel(parent, Wx::GuiSkin::DEFAULT(), L"View options", m_options);
 }
 
@@ -121,7 +120,6 @@ wxWindow* ViewerFrame::makeView(wxWindow* parent)
     m_view = new ImageView(border, nullptr);
     m_view->SetMinSize(Wx::scaleByDpi(MIN_VIEW));
     border->addChild(m_view);
-    m_probe = std::make_unique<ProbeTool>(*m_view);
     return border;
 }
 
@@ -156,9 +154,12 @@ wxSizer* ViewerFrame::makeMiddle(wxWindow* parent, wxWindow* view)
 void ViewerFrame::makeCommands(AskForScreen ask)
 {
     m_states = std::make_unique<CommandStates>(*GetMenuBar(), *m_toolBar, *m_options);
+    m_look = std::make_unique<ViewerLook>(
+        ViewerLook::Parts{*this, *m_view, *m_toolBar, *m_log, *m_options, *m_states});
     const Messages messages{[this](const String& message) { report(message); },
                             [this](const String& message) { complain(message); }};
-    m_commands = std::make_unique<PictureCommands>(*this, m_workspace, *m_view, messages, std::move(ask));
+    m_commands =
+        std::make_unique<PictureCommands>(*this, m_workspace, *m_view, *m_settings, messages, std::move(ask));
     m_comparison = std::make_unique<ComparisonTool>(*this, m_workspace, *m_view, *m_states, messages,
                                                     [this] { describePicture(); });
     m_following = std::make_unique<FileFollowing>(m_workspace,
@@ -185,8 +186,9 @@ void ViewerFrame::makePanelCommands(wxWindow& content)
     m_panels->add(SHOW_PICTURES, *m_list, Place::BESIDE);
     m_panels->add(SHOW_INFORMATION, *m_information, Place::BESIDE);
     m_panels->add(SHOW_LOG, *m_log, Place::BELOW);
-    m_workspace.observe([this, hadSeveral = false](Flags<Workspace::Change>) mutable {
-        if (m_workspace.pictures().size() > 1 && !std::exchange(hadSeveral, true))
+    const Preferences preferences = m_settings->preferences();
+    m_workspace.observe([this, isWanted = preferences.picturesPanel](Flags<Workspace::Change>) {
+        if (m_workspace.pictures().size() > 1 && !std::exchange(m_hadSeveral, true) && isWanted)
             m_panels->show(SHOW_PICTURES, true);
     });
 }
@@ -195,9 +197,6 @@ void ViewerFrame::bindCommands()
 {
     bindCommand(*this, COPY, [this] { onCopy(); });
     bindCommand(*this, CLOSE, [this] { Close(); });
-    bindCommand(*this, SHOW_TOOLTIPS, [this] { setTooltips(!hasTooltips()); });
-    bindCommand(*this, LIGHT_SURROUND, [this] { setLightSurround(!hasLightSurround()); });
-    bindCommand(*this, PIXEL_PROBE, [this] { setPixelProbe(!hasPixelProbe()); });
     bindCommand(*this, ZOOM_IN, [this] { m_view->zoomIn(); });
     bindCommand(*this, ZOOM_OUT, [this] { m_view->zoomOut(); });
     bindCommand(*this, FIT, [this] { m_view->fit(); });
@@ -284,35 +283,6 @@ bool ViewerFrame::isLogShown() const
     return m_panels->isShown(SHOW_LOG);
 }
 
-void ViewerFrame::setTooltips(bool wanted)
-{
-    m_tooltips = wanted;
-    m_states->check(SHOW_TOOLTIPS, wanted);
-    m_toolBar->setTooltips(wanted);
-    // The tooltip would cover what the probe shows.
-    m_view->setTooltip(wanted && !hasPixelProbe() ? m_description : String());
-    m_log->setTooltips(wanted);
-}
-
-void ViewerFrame::setLightSurround(bool light)
-{
-    m_lightSurround = light;
-    m_states->check(LIGHT_SURROUND, light);
-    m_view->setSurround(light ? LIGHT_SURROUND_COLOUR : m_options->surround());
-}
-
-void ViewerFrame::setPixelProbe(bool active)
-{
-    m_probe->setActive(active);
-    m_states->check(PIXEL_PROBE, active);
-    setTooltips(m_tooltips);
-}
-
-bool ViewerFrame::hasPixelProbe() const
-{
-    return m_probe->isActive();
-}
-
 void ViewerFrame::tellAbout()
 {
     showAboutMessage(this);
@@ -322,10 +292,10 @@ void ViewerFrame::describePicture()
 {
     if (const SharedPicture& picture = m_view->picture()) {
         SetTitle(Wx::toWxString(picture->name() + L" (" + picture->sizeText() + L")"));
-        m_description = picture->name() + L"\n" + picture->sizeText() + L" pixels";
+        m_look->describe(picture->name() + L"\n" + picture->sizeText() + L" pixels");
     } else {
         SetTitle(L"Viewer");
-        m_description = L"There is no picture yet.";
+        m_look->describe(L"There is no picture yet.");
     }
     m_states->enableFor(m_workspace);
     m_layers->setPicture(m_workspace.currentPicture());
@@ -333,7 +303,6 @@ void ViewerFrame::describePicture()
         m_options->setChannels(m_view->picture()->channels());
     inform();
     Wx::setAccessibleName(*m_view, m_view->picture() ? m_view->picture()->name() : String(L"No picture"));
-    setTooltips(m_tooltips);
 }
 
 void ViewerFrame::inform()
@@ -374,11 +343,22 @@ void ViewerFrame::onClose(wxCloseEvent& event)
     } else if (self) {
         m_commands->stop();
         m_listening->stop();
-        // The next window begins without these panels.
-        m_panels->hideBeside();
-        m_settings->remember(*this);
+        remember();
         Destroy();
     }
+}
+
+void ViewerFrame::remember()
+{
+    Preferences preferences = m_settings->preferences();
+    m_look->storePreferences(preferences);
+    preferences.informationPanel = m_panels->isShown(SHOW_INFORMATION);
+    if (m_hadSeveral)
+        preferences.picturesPanel = m_panels->isShown(SHOW_PICTURES);
+    m_settings->setPreferences(preferences);
+    // The place is that of the window without these panels, which make it wider when they appear.
+    m_panels->hideBeside();
+    m_settings->remember(*this);
 }
 
 // The window handles the keys itself instead of the menu, because the log receives all keys while it has the

@@ -13,6 +13,7 @@
 #include "apps/viewer/OpenMenus.h"
 #include "apps/viewer/Picture.h"
 #include "apps/viewer/ScreenCaptureCommand.h"
+#include "apps/viewer/ViewerLook.h"
 #include "apps/viewer/Workspace.h"
 
 #include <wx/frame.h>
@@ -34,7 +35,6 @@ class PanelCommands;
 class PictureCommands;
 class PictureListening;
 class PicturesPanel;
-class ProbeTool;
 class RecentMenu;
 class Settings;
 class ToolBar;
@@ -99,21 +99,21 @@ public:
 
     bool isLogShown() const;
 
-    void setTooltips(bool wanted);
+    void setTooltips(bool wanted) { m_look->setTooltips(wanted); }
 
-    bool hasTooltips() const { return m_tooltips; }
+    bool hasTooltips() const { return m_look->hasTooltips(); }
 
     /// Surrounds the picture with a light grey, by which dark pictures can be judged, or with the
     /// colour of the view options.
-    void setLightSurround(bool light);
+    void setLightSurround(bool light) { m_look->setLightSurround(light); }
 
-    bool hasLightSurround() const { return m_lightSurround; }
+    bool hasLightSurround() const { return m_look->hasLightSurround(); }
 
     /// Switches the frame that shows the values of the pixel under the mouse. The picture has no tooltip
     /// while the frame is on, and Escape switches the frame off.
-    void setPixelProbe(bool active);
+    void setPixelProbe(bool active) { m_look->setPixelProbe(active); }
 
-    bool hasPixelProbe() const;
+    bool hasPixelProbe() const { return m_look->hasPixelProbe(); }
 
     /// Saves the shown picture. Returns at once; the outcome is written to the log when the file is written.
     void savePicture(const Io::Path& file, ImageFormat format, const Wx::ImageSaveSettings& settings);
@@ -142,6 +142,7 @@ private:
     void inform();
     void report(const String& message);
 
+    void remember();
     void onCopy();
     void onClose(wxCloseEvent& event);
     void onKey(wxKeyEvent& event);
@@ -154,21 +155,19 @@ private:
     LayerBar* m_layers = nullptr;
     PicturesPanel* m_list = nullptr;
     InformationPanel* m_information = nullptr;
+    std::unique_ptr<Settings> m_settings;
     std::unique_ptr<CommandStates> m_states;
     std::unique_ptr<PanelCommands> m_panels;
     std::unique_ptr<WindowFitting> m_fitting;
     std::unique_ptr<PictureCommands> m_commands;
-    std::unique_ptr<ProbeTool> m_probe;
+    std::unique_ptr<ViewerLook> m_look;
     std::unique_ptr<ComparisonTool> m_comparison;
     std::unique_ptr<FileFollowing> m_following;
     std::unique_ptr<PictureListening> m_listening;
-    std::unique_ptr<Settings> m_settings;
     std::unique_ptr<RecentMenu> m_recent;
-    String m_description;
     bool m_hasRememberedPlace = false;
     OpenMenus m_openMenus{*this};
-    bool m_tooltips = true;
-    bool m_lightSurround = false;
+    bool m_hadSeveral = false; // pictures, and the list could come up
 };
 
 } // namespace Nolvex::Viewer

@@ -6,6 +6,8 @@ set -euo pipefail
 cd "$(dirname "$0")/../.."
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
+# The settings of the user are neither asked nor changed.
+export XDG_CONFIG_HOME=$folder/config
 failures=0
 
 complain() {
