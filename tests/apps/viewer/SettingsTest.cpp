@@ -35,6 +35,30 @@ Io::Path absolutePath(const wchar_t* name)
     return std::filesystem::absolute((Io::Path(L"/pictures") / Io::Path(name)).native());
 }
 
+// The messages of wxWidgets, which may open boxes in a host that has not switched them off.
+class LoggedMessages
+{
+public:
+    LoggedMessages() : m_wasEnabled(wxLog::EnableLogging()), m_previous(wxLog::SetActiveTarget(&m_messages))
+    {}
+
+    ~LoggedMessages()
+    {
+        wxLog::SetActiveTarget(m_previous);
+        wxLog::EnableLogging(m_wasEnabled);
+    }
+
+    LoggedMessages(const LoggedMessages&) = delete;
+    LoggedMessages& operator=(const LoggedMessages&) = delete;
+
+    const wxString& text() const { return m_messages.GetBuffer(); }
+
+private:
+    wxLogBuffer m_messages;
+    bool m_wasEnabled;
+    wxLog* m_previous;
+};
+
 struct SettingsTest : Tests::FrameFixture
 {
     std::shared_ptr<wxConfigBase> config = emptyConfig();
@@ -251,9 +275,7 @@ TEST_F(SettingsTest, lastFolder_isRemembered)
 
 TEST_F(SettingsTest, damagedValues_countAsNone)
 {
-    // A message of wxWidgets would open a box.
-    wxLogBuffer messages;
-    wxLog* const before = wxLog::SetActiveTarget(&messages);
+    const LoggedMessages messages;
     for (const wchar_t* value :
          {L"garbage", L"", L"7", L"-1", L"99999999999999999999", L"1e9", L"0x1", L"\u2603"}) {
         for (const wchar_t* key :
@@ -271,8 +293,7 @@ TEST_F(SettingsTest, damagedValues_countAsNone)
         EXPECT_FALSE(settings.restore(*frame)) << value;
         EXPECT_EQ(frame->GetRect(), place);
     }
-    wxLog::SetActiveTarget(before);
-    EXPECT_EQ(messages.GetBuffer(), L"");
+    EXPECT_EQ(messages.text(), L"");
 }
 
 TEST_F(SettingsTest, file_thatIsNone_isReplaced)
@@ -281,32 +302,28 @@ TEST_F(SettingsTest, file_thatIsNone_isReplaced)
     for (const std::string& content : {std::string(1000, '\xff'), std::string("\0\0[", 3),
                                        std::string("[a\n=b\n]]]\nx"), std::string(70000, '[')}) {
         const Io::Path file = folder.file(L"settings.ini", content);
-        wxLogBuffer messages;
-        wxLog* const before = wxLog::SetActiveTarget(&messages);
+        const LoggedMessages messages;
         {
             Settings next(Settings::inFile(file));
             EXPECT_EQ(next.preferences(), Preferences());
             next.addRecentFile(absolutePath(L"a.png"));
         }
         EXPECT_EQ(Settings(Settings::inFile(file)).recentFiles(), Array<Io::Path>{absolutePath(L"a.png")});
-        wxLog::SetActiveTarget(before);
-        EXPECT_EQ(messages.GetBuffer(), L"") << content.substr(0, 10);
+        EXPECT_EQ(messages.text(), L"") << content.substr(0, 10);
     }
 }
 
 TEST_F(SettingsTest, fileThatCannotBeWritten_isNoReasonForAMessage)
 {
     const Tests::TemporaryFolder folder;
-    wxLogBuffer messages;
-    wxLog* const before = wxLog::SetActiveTarget(&messages);
+    const LoggedMessages messages;
     {
-        Settings next(Settings::inFile(folder.path() / L"missing" / L"settings.ini"));
+        Settings next(Settings::inFile(folder.file(L"no folder", "x") / L"settings.ini"));
         next.addRecentFile(absolutePath(L"a.png"));
         next.setPreferences({});
         next.remember(*frame);
     }
-    wxLog::SetActiveTarget(before);
-    EXPECT_EQ(messages.GetBuffer(), L"");
+    EXPECT_EQ(messages.text(), L"");
 }
 
 TEST_F(SettingsTest, withoutAConfig_nothingIsRemembered)
