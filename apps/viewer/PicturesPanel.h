@@ -5,6 +5,7 @@
 #include "NolvexLib/Function.h"
 #include "apps/viewer/Workspace.h"
 
+#include <wx/arrstr.h>
 #include <wx/panel.h>
 
 class WXDLLIMPEXP_FWD_CORE wxListBox;
@@ -34,6 +35,7 @@ public:
 private:
     void follow(Flags<Workspace::Change> changes);
     void fill();
+    bool removeRow(const Array<PictureId>& listed, const wxArrayString& labels);
     String labelOf(const OpenPicture& picture) const;
     void onFilter(wxCommandEvent& event);
     void onSelected(wxCommandEvent& event);
@@ -45,6 +47,7 @@ private:
     Wx::TextControl* m_filter = nullptr;
     wxListBox* m_list = nullptr;
     Array<PictureId> m_listed; // in the order of the rows
+    wxArrayString m_labels;
 };
 
 } // namespace Nolvex::Viewer
