@@ -26,8 +26,8 @@ TEST_F(KeysMessageTest, everyKeyOfTheTable_hasALineWithItsCommand)
             continue;
         ++keys;
         wxString label = wxString(info.label);
-        label.Replace(L"&", L"");
-        label.Replace(L"...", L"");
+        label.Replace(L"&", wxString());
+        label.Replace(L"...", wxString());
         EXPECT_TRUE(text.Contains(L"\n" + wxString(info.keyText) + L": " + label + L"\n")) << label;
     }
     EXPECT_GT(keys, 20);
