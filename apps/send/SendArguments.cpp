@@ -2,12 +2,12 @@
 #include "apps/send/SendArguments.h"
 
 #include "NolvexLibWx/StringConversions.h"
+#include "apps/program/ArgumentPath.h"
 #include "apps/program/CapturedMessages.h"
 #include "apps/viewer/wire/WireCommand.h"
 
 #include <wx/cmdline.h>
 
-#include <algorithm>
 #include <utility>
 
 namespace Nolvex::Viewer {
@@ -47,15 +47,6 @@ private:
     wxCmdLineParser m_parser;
 };
 
-// The parser turns arguments into text, which cannot represent every file name on Linux. The path is
-// therefore made of the argument itself.
-Io::Path pathOf(const String& text, const Array<Io::Path>& arguments)
-{
-    const auto found = std::find_if(arguments.begin(), arguments.end(),
-                                    [&](const Io::Path& argument) { return argument.nativeStr() == text; });
-    return found == arguments.end() ? Io::Path(text) : *found;
-}
-
 Unexpected<String> misuse(const String& sentence)
 {
     return {sentence + L" Try --help."};
@@ -84,7 +75,7 @@ Expected<SendArguments, String> parseSendArguments(const Array<Io::Path>& argume
     result.port = static_cast<unsigned short>(port);
     result.name = Wx::toString(name);
     for (std::size_t i = 0; i < parser->GetParamCount(); ++i)
-        result.files.push_back(pathOf(Wx::toString(parser->GetParam(i)), arguments));
+        result.files.push_back(Program::argumentPath(Wx::toString(parser->GetParam(i)), arguments));
     if (result.help || result.version)
         return result;
     if (result.files.empty())

@@ -2,6 +2,7 @@
 #include "apps/viewer/CommandLine.h"
 
 #include "NolvexLibWx/StringConversions.h"
+#include "apps/program/ArgumentPath.h"
 #include "apps/program/CapturedMessages.h"
 
 #include <wx/cmdline.h>
@@ -23,17 +24,6 @@ void describe(wxCmdLineParser& parser)
     parser.AddSwitch("h", "help", "print this text");
     parser.AddParam("PICTURE or FOLDER", wxCMD_LINE_VAL_STRING,
                     wxCMD_LINE_PARAM_OPTIONAL | wxCMD_LINE_PARAM_MULTIPLE);
-}
-
-// The parser turns arguments into text, which cannot represent every file name on Linux. The path is
-// therefore made of the argument itself.
-Io::Path pathOf(const wxString& text, const Array<Io::Path>& arguments)
-{
-    for (const Io::Path& argument : arguments) {
-        if (argument.nativeStr() == Wx::toString(text))
-            return argument;
-    }
-    return Io::Path(Wx::toString(text));
 }
 
 void setArguments(wxCmdLineParser& parser, const Array<Io::Path>& arguments)
@@ -63,11 +53,11 @@ Expected<CommandLine, String> parseCommandLine(const Array<Io::Path>& arguments)
     line.version = parser.Found("version");
     wxString text;
     if (parser.Found("screenshot", &text))
-        line.screenshot = pathOf(text, arguments);
+        line.screenshot = Program::argumentPath(Wx::toString(text), arguments);
     if (parser.Found("listen", &text))
         line.listen = Wx::toString(text);
     for (std::size_t i = 0; i < parser.GetParamCount(); ++i)
-        line.pictures.push_back(pathOf(parser.GetParam(i), arguments));
+        line.pictures.push_back(Program::argumentPath(Wx::toString(parser.GetParam(i)), arguments));
     if (line.capture && !(line.pictures.empty() && line.screenshot.isEmpty()))
         return Unexpected{String(L"--capture stands alone. Try --help.")};
     return line;

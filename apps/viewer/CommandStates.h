@@ -7,6 +7,7 @@ namespace Nolvex::Viewer {
 
 class ToolBar;
 class ViewOptions;
+class Workspace;
 
 /// Shows the states of commands everywhere at once: in the menus, on the buttons and on the check boxes.
 class CommandStates
@@ -20,6 +21,9 @@ public:
     void check(Command command, bool checked);
 
     void enable(Command command, bool enabled);
+
+    /// Enables the commands for the pictures that are open.
+    void enableFor(const Workspace& workspace);
 
 private:
     wxMenuBar& m_menus;

@@ -1,19 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/FileFollowing.h"
 
-#include <system_error>
-
 namespace Nolvex::Viewer {
-
-Optional<FileState> stateOf(const Io::Path& file)
-{
-    std::error_code failure;
-    FileState state;
-    state.changed = std::filesystem::last_write_time(file.native(), failure);
-    if (!failure)
-        state.size = std::filesystem::file_size(file.native(), failure);
-    return failure ? Optional<FileState>() : state;
-}
 
 FileFollowing::FileFollowing(Workspace& workspace, const Function<void(PictureId)>& changed)
     : m_workspace(workspace), m_changed(changed)
@@ -29,20 +17,29 @@ FileFollowing::FileFollowing(Workspace& workspace, const Function<void(PictureId
 void FileFollowing::beginToFollow()
 {
     for (const OpenPicture* const picture : {m_workspace.current(), m_workspace.reference()}) {
-        if (picture != nullptr && !picture->file.isEmpty() && !m_followed.contains(picture->id)) {
-            const Optional<FileState> now = stateOf(picture->file);
-            m_followed.emplace(picture->id, Followed{picture->file, now, now});
-        }
+        if (picture != nullptr && picture->canBeReadAgain() && !m_followed.contains(picture->id))
+            follow(*picture, picture->sourceState);
     }
+}
+
+void FileFollowing::follow(const OpenPicture& picture, const Optional<FileState>& known)
+{
+    const Optional<FileState> now = stateOf(picture.source);
+    m_followed.insert_or_assign(picture.id, Followed{picture.source, known ? known : now, now});
 }
 
 void FileFollowing::setActive(bool active)
 {
     m_followed.clear();
-    if (active)
+    if (active) {
+        for (const OpenPicture& picture : m_workspace.pictures()) {
+            if (picture.picture && picture.canBeReadAgain())
+                follow(picture, {});
+        }
         m_timer.Start(PERIOD_MS);
-    else
+    } else {
         m_timer.Stop();
+    }
 }
 
 void FileFollowing::look()
@@ -58,19 +55,17 @@ void FileFollowing::look()
 
 void FileFollowing::look(const OpenPicture& picture)
 {
-    if (picture.file.isEmpty())
+    if (!picture.canBeReadAgain())
         return;
-    const Optional<FileState> now = stateOf(picture.file);
-    const auto [entry, isNew] = m_followed.try_emplace(picture.id);
-    Followed& followed = entry->second;
-    if (isNew || followed.file != picture.file) {
-        followed = {picture.file, now, now};
-        return;
-    }
+    const auto known = m_followed.find(picture.id);
+    if (known == m_followed.end() || known->second.file != picture.source)
+        return follow(picture, picture.sourceState);
+    Followed& followed = known->second;
+    const Optional<FileState> now = stateOf(picture.source);
     const bool isStable = followed.seen == now;
     followed.seen = now;
     // A file that is being replaced may be missing for a moment.
-    if (!now || !isStable || followed.told == now)
+    if (!now || !isStable || followed.told == now || picture.sourceState == now)
         return;
     followed.told = now;
     m_changed(picture.id);

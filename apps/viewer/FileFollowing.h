@@ -5,31 +5,19 @@
 #include "NolvexLib/Io/Path.h"
 #include "NolvexLib/Noncopyable.h"
 #include "NolvexLib/Optional.h"
+#include "apps/viewer/FileState.h"
 #include "apps/viewer/Workspace.h"
 
 #include <wx/timer.h>
 
-#include <cstdint>
-#include <filesystem>
 #include <map>
 
 namespace Nolvex::Viewer {
 
-/// What the system tells about a file without opening it.
-struct FileState
-{
-    std::filesystem::file_time_type changed;
-    std::uintmax_t size = 0;
-
-    friend bool operator==(const FileState&, const FileState&) = default;
-};
-
-/// Returns nullopt if there is no such file.
-Optional<FileState> stateOf(const Io::Path& file);
-
-/// Notices when the files of the current picture and of the reference have changed. A file that is being
-/// written changes many times: the change is told when two looks in a row have found the same state. Files
-/// are looked at by their time and size, which also works in folders of other machines.
+/// Notices when the sources of the current picture and of the reference have changed since the pictures were
+/// read. A file that is being written changes many times: the change is told when two looks in a row have
+/// found the same state. Files are looked at by their time and size, which also works in folders of other
+/// machines.
 class FileFollowing : private Noncopyable
 {
 public:
@@ -38,6 +26,7 @@ public:
     /// `changed` is called with a picture whose file has changed. The workspace must outlive this object.
     FileFollowing(Workspace& workspace, const Function<void(PictureId)>& changed);
 
+    /// Changes from before the switch are not told.
     void setActive(bool active);
 
     bool isActive() const { return m_timer.IsRunning(); }
@@ -49,11 +38,12 @@ private:
     struct Followed
     {
         Io::Path file;
-        Optional<FileState> told; // when the picture was read, or its last change was told
+        Optional<FileState> told; // or what the file was like when it was first followed
         Optional<FileState> seen;
     };
 
     void beginToFollow();
+    void follow(const OpenPicture& picture, const Optional<FileState>& known);
     void look(const OpenPicture& picture);
 
     Workspace& m_workspace;

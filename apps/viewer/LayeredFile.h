@@ -8,6 +8,7 @@
 #include "apps/viewer/reading/PictureReader.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 
 namespace Nolvex::Viewer {
@@ -19,6 +20,9 @@ class LayeredFile : private Noncopyable
 public:
     /// Reads the header of the file. The error is the rest of a sentence about the file.
     static Expected<std::shared_ptr<const LayeredFile>, String> open(Array<std::byte> content);
+
+    /// The memory that the content of the file takes.
+    std::uint64_t byteCount() const { return m_content.size(); }
 
     /// At least one layer, the main layer first.
     const Array<PictureLayer>& layers() const { return m_layers; }

@@ -8,6 +8,7 @@
 #include "apps/viewer/Command.h"
 #include "apps/viewer/ImageFile.h"
 #include "apps/viewer/PastedPicture.h"
+#include "apps/viewer/Settings.h"
 #include "apps/viewer/view/ImageView.h"
 
 #include <wx/frame.h>
@@ -18,14 +19,15 @@
 
 namespace Nolvex::Viewer {
 
-PictureCommands::PictureCommands(wxFrame& window, Workspace& workspace, ImageView& view, Messages messages,
-                                 AskForScreen ask)
+PictureCommands::PictureCommands(wxFrame& window, Workspace& workspace, ImageView& view, Settings& settings,
+                                 Messages messages, AskForScreen ask)
     : m_window(window),
       m_workspace(workspace),
       m_view(view),
+      m_settings(settings),
       m_messages(std::move(messages)),
       m_opening(workspace, m_messages),
-      m_saving(window,
+      m_saving(window, settings,
                [this](const SaveTask& task, const Optional<String>& failure) { onSaved(task, failure); }),
       m_capture(std::move(ask), [this](const auto& captured) { onCaptured(captured); })
 {
@@ -43,10 +45,7 @@ void PictureCommands::bind()
     bindCommand(m_window, CAPTURE_REGION, [this] { onCapture(true); });
     bindCommand(m_window, NEXT_PICTURE, [this] { m_opening.step(1); });
     bindCommand(m_window, PREVIOUS_PICTURE, [this] { m_opening.step(-1); });
-    bindCommand(m_window, RELOAD, [this] {
-        if (const OpenPicture* const shown = m_workspace.current())
-            m_opening.reload(shown->id);
-    });
+    bindCommand(m_window, RELOAD, [this] { onReload(); });
     bindCommand(m_window, CLOSE_PICTURE, [this] {
         if (const OpenPicture* const shown = m_workspace.current())
             close(shown->id);
@@ -116,11 +115,27 @@ void PictureCommands::onOpen()
 {
     const wxWeakRef<wxFrame> alive(&m_window);
     const OpenPicture* const shown = m_workspace.current();
-    const Io::Path folder = shown != nullptr ? shown->file.parentDirectory() : Io::Path();
+    const bool hasFolder = shown != nullptr && !shown->file.isEmpty();
+    const Io::Path folder = hasFolder ? shown->file.parentDirectory() : m_settings.lastFolder();
     const Stack<Io::Path> files = Wx::multiFilenameOpenDlg(Wx::getWindowNativeHandle(&m_window),
                                                            L"Open pictures", readableFilters(), folder);
-    if (alive && !files.empty())
-        m_opening.open(Array<Io::Path>(files.begin(), files.end()));
+    if (!alive || files.empty())
+        return;
+    const Array<Io::Path> chosen(files.begin(), files.end());
+    m_settings.setLastFolder(chosen.front().parentDirectory());
+    m_opening.open(chosen);
+}
+
+void PictureCommands::onReload()
+{
+    const OpenPicture* const shown = m_workspace.current();
+    if (shown == nullptr)
+        return;
+    if (shown->canBeReadAgain())
+        m_opening.reload(shown->id);
+    else
+        m_messages.complain(L"There is no file from which \"" + shown->name +
+                            L"\" can be read again as it is. Open a saved file to see what it holds.");
 }
 
 void PictureCommands::capture()

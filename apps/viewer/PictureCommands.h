@@ -31,9 +31,9 @@ class ImageView;
 class PictureCommands : private Noncopyable
 {
 public:
-    /// `ask` asks for pictures of the screen. The window and the view must outlive this object.
-    PictureCommands(wxFrame& window, Workspace& workspace, ImageView& view, Messages messages,
-                    AskForScreen ask);
+    /// `ask` asks for pictures of the screen. The window, the view and the settings must outlive this object.
+    PictureCommands(wxFrame& window, Workspace& workspace, ImageView& view, Settings& settings,
+                    Messages messages, AskForScreen ask);
 
     PictureOpening& opening() { return m_opening; }
 
@@ -62,6 +62,7 @@ private:
 
     void onOpen();
     void onPaste();
+    void onReload();
     void onCapture(bool ofRegion);
     void onSaved(const SaveTask& task, const Optional<String>& failure);
     void onCaptured(const ScreenCaptureCommand::Result& captured);
@@ -72,6 +73,7 @@ private:
     wxFrame& m_window;
     Workspace& m_workspace;
     ImageView& m_view;
+    Settings& m_settings;
     Messages m_messages;
     PictureOpening m_opening;
     PictureSaving m_saving;

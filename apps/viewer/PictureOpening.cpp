@@ -11,12 +11,15 @@ namespace Nolvex::Viewer {
 namespace {
 
 const wchar_t* const NO_MEMORY = L"There is not enough memory for the picture.";
+const wchar_t* const KEPT = L" The picture stays in the list.";
 
 } // namespace
 
 PictureOpening::PictureOpening(Workspace& workspace, Messages messages)
     : m_workspace(workspace), m_messages(std::move(messages))
-{}
+{
+    m_workspace.limitMemory(MAX_MEMORY);
+}
 
 void PictureOpening::open(const Array<Io::Path>& files)
 {
@@ -57,11 +60,13 @@ void PictureOpening::showLayer(std::size_t layer)
         return;
     interrupt();
     if (layer == picture->layer())
-        return;
+        return goOn();
     m_name = picture->layers()[layer].name;
-    begin(m_workspace.current()->id, Presentation::KEEP, [picture, layer](const ReadingProgress& progress) {
-        return readOtherLayer(*picture, layer, progress);
-    });
+    begin(m_workspace.current()->id, Presentation::KEEP,
+          [picture, layer](const ReadingProgress& progress) -> Result {
+              Expected<SharedPicture, String> read = readOtherLayer(*picture, layer, progress);
+              return read ? Result(Arrival{*std::move(read), {}}) : Unexpected{read.error()};
+          });
 }
 
 void PictureOpening::reload(PictureId id)
@@ -69,31 +74,40 @@ void PictureOpening::reload(PictureId id)
     if (std::ranges::find(m_reloads, id) == m_reloads.end())
         m_reloads.push_back(id);
     if (!isRunning())
-        reloadNext();
+        goOn();
 }
 
-void PictureOpening::reloadNext()
+// Reads what is to be read again, or tells that nothing is left to read.
+void PictureOpening::goOn()
 {
     while (!m_reloads.empty() && !isRunning()) {
-        const PictureId id = m_reloads.front();
+        const OpenPicture* const known = m_workspace.find(m_reloads.front());
         m_reloads.pop_front();
-        const OpenPicture* const known = m_workspace.find(id);
-        if (known == nullptr || known->file.isEmpty())
+        if (known == nullptr || !known->canBeReadAgain())
             continue;
         m_name = known->name;
-        m_reloading = id;
-        const String layer =
-            known->picture ? known->picture->layers()[known->picture->layer()].name : String();
-        begin(id, Presentation::KEEP, [file = known->file, layer](const ReadingProgress& progress) {
-            return readPictureFile(file, layer, progress);
-        });
+        m_reloading = known->id;
+        begin(known->id, Presentation::KEEP, readingOf(*known));
     }
+    if (!isRunning() && onEnded)
+        onEnded();
+}
+
+// The state is that from before, so that a change while the file is read is noticed afterwards.
+PictureOpening::Reading::Work PictureOpening::readingOf(const OpenPicture& open)
+{
+    return [file = open.source, layer = open.layer](const ReadingProgress& progress) -> Result {
+        const Optional<FileState> state = stateOf(file);
+        Expected<SharedPicture, String> read = readPictureFile(file, layer, progress);
+        return read ? Result(Arrival{*std::move(read), state}) : Unexpected{read.error()};
+    };
 }
 
 void PictureOpening::showUnsaved(const SharedPicture& picture)
 {
     interrupt();
-    present(m_workspace.add({}, picture, PictureOrigin::DESKTOP));
+    m_workspace.setCurrent(m_workspace.add({}, picture, PictureOrigin::DESKTOP));
+    goOn();
 }
 
 void PictureOpening::cancel()
@@ -101,6 +115,7 @@ void PictureOpening::cancel()
     m_reloads.clear();
     m_reloading.reset();
     interrupt();
+    goOn();
 }
 
 // Stops reading for something else. What was being read again will be read again after that.
@@ -129,19 +144,18 @@ void PictureOpening::tryNext()
         m_candidates.pop_front();
     }
     if (wanted == nullptr) {
-        reloadNext();
+        goOn();
         return;
     }
-    if (wanted->picture && (!m_readsAgain || wanted->file.isEmpty())) {
+    if (wanted->picture && (!m_readsAgain || !wanted->canBeReadAgain())) {
         m_candidates.clear();
-        present(wanted->id);
-        reloadNext();
+        m_workspace.setCurrent(wanted->id);
+        goOn();
         return;
     }
     m_name = wanted->name;
     m_wanted = wanted->id;
-    begin(wanted->id, Presentation::SHOW,
-          [file = wanted->file](const ReadingProgress& progress) { return readPictureFile(file, progress); });
+    begin(wanted->id, Presentation::SHOW, readingOf(*wanted));
 }
 
 void PictureOpening::begin(PictureId id, Presentation presentation, Reading::Work read)
@@ -160,23 +174,18 @@ void PictureOpening::onRead(PictureId id, Presentation presentation, const Resul
         return tryNext();
     if (result) {
         m_candidates.clear();
-        m_workspace.setPicture(id, *result);
+        m_workspace.setPicture(id, result->picture, result->sourceState);
         if (presentation == Presentation::SHOW)
-            present(id);
-        m_messages.report(openedMessage(**result));
-        reloadNext();
+            m_workspace.setCurrent(id);
+        m_messages.report(openedMessage(*result->picture));
+        goOn();
         return;
     }
-    if (!known->picture)
+    const bool isKnownPicture = known->wasRead;
+    if (!isKnownPicture)
         m_workspace.close(id);
-    m_messages.complain(result.error());
+    m_messages.complain(result.error() + (isKnownPicture ? KEPT : L""));
     tryNext();
-}
-
-void PictureOpening::present(PictureId id)
-{
-    m_workspace.setCurrent(id);
-    m_workspace.limitMemory(MAX_MEMORY);
 }
 
 } // namespace Nolvex::Viewer

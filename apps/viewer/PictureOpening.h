@@ -3,6 +3,7 @@
 
 #include "NolvexLib/Array.h"
 #include "NolvexLib/Expected.h"
+#include "NolvexLib/Function.h"
 #include "NolvexLib/Io/Path.h"
 #include "NolvexLib/Noncopyable.h"
 #include "NolvexLib/String.h"
@@ -11,21 +12,25 @@
 #include "apps/viewer/Workspace.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 
 namespace Nolvex::Viewer {
 
 /// Opens pictures: puts them into the workspace and reads them, in the background, when they are to be shown.
-/// One picture is read at a time, and the user's last wish counts. A file that cannot be read leaves the
-/// workspace again if nothing was ever read from it.
+/// One picture is read at a time, and the user's last wish counts. The layer that was shown last is read
+/// again. A file that cannot be read leaves the workspace again if nothing was ever read from it.
 class PictureOpening : private Noncopyable
 {
 public:
     /// What is open takes about this much memory at most. Beyond that, pictures that are not shown are read
-    /// from their files again when they are.
+    /// from their sources again when they are.
     static constexpr std::uint64_t MAX_MEMORY = std::uint64_t(4) << 30;
 
     PictureOpening(Workspace& workspace, Messages messages);
+
+    /// Called whenever reading has ended, well or not, and nothing else is to be read. May be empty.
+    Function<void()> onEnded;
 
     /// Lists all of the files and shows the first of them that can be read. Files that are open already are
     /// read again.
@@ -40,8 +45,8 @@ public:
     /// Shows another layer of the current picture.
     void showLayer(std::size_t layer);
 
-    /// Reads a picture's file again, after what is being read, and keeps the layer that is shown. If that
-    /// fails, the old state stays.
+    /// Reads a picture's source again, after what is being read, and keeps the layer that is shown. If that
+    /// fails, the old state stays. A picture without a source stays as it is.
     void reload(PictureId id);
 
     /// Adds a picture that has no file, and shows it.
@@ -62,7 +67,13 @@ public:
     void finish();
 
 private:
-    using Result = Expected<SharedPicture, String>;
+    struct Arrival
+    {
+        SharedPicture picture;
+        Optional<FileState> sourceState; // from before reading, or nullopt if the source was not read
+    };
+
+    using Result = Expected<Arrival, String>;
     using Reading = BackgroundTask<Result>;
 
     /// Whether a picture that has been read becomes the current one.
@@ -72,12 +83,12 @@ private:
         SHOW,
     };
 
+    static Reading::Work readingOf(const OpenPicture& open);
     void interrupt();
-    void reloadNext();
+    void goOn();
     void tryNext();
     void begin(PictureId id, Presentation presentation, Reading::Work read);
     void onRead(PictureId id, Presentation presentation, const Result& result);
-    void present(PictureId id);
 
     Workspace& m_workspace;
     Messages m_messages;

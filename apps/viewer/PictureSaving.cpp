@@ -4,6 +4,7 @@
 #include "NolvexLibWx/NativeWindows.h"
 #include "apps/viewer/LossQuestion.h"
 #include "apps/viewer/SaveDialogs.h"
+#include "apps/viewer/Settings.h"
 #include "apps/viewer/writing/PictureWriter.h"
 
 #include <wx/utils.h>
@@ -30,9 +31,11 @@ String savedMessage(const SaveTask& task)
            L"\"." + (losesAlpha(task) ? L" Its alpha was left out." : L"");
 }
 
-PictureSaving::PictureSaving(wxWindow& window, SaveJob::Done done)
+PictureSaving::PictureSaving(wxWindow& window, Settings& settings, SaveJob::Done done)
     : m_window(window),
+      m_settings(settings),
       m_done(std::move(done)),
+      m_defaults(settings),
       m_job([this](const SaveTask& task, const Optional<String>& failure) { onWritten(task, failure); })
 {}
 
@@ -56,10 +59,11 @@ bool PictureSaving::saveAs(const SharedPicture& picture, const Io::Path& file)
     const wxWeakRef<wxWindow> alive(&m_window);
     if (!picture)
         return false;
-    const Io::Path proposal = file.isEmpty() ? Io::Path(picture->name()) : file;
+    const Io::Path proposal = file.isEmpty() ? m_settings.lastFolder() / Io::Path(picture->name()) : file;
     const Optional<SaveTask> task = askHowToSave(m_window, picture, proposal, m_defaults);
     if (!task || !alive)
         return false;
+    m_settings.setLastFolder(task->file.parentDirectory());
     save(*task);
     return true;
 }

@@ -12,6 +12,8 @@ class WXDLLIMPEXP_FWD_CORE wxWindow;
 
 namespace Nolvex::Viewer {
 
+class Settings;
+
 /// Returns what the log says when the file has been written.
 String savedMessage(const SaveTask& task);
 
@@ -22,7 +24,8 @@ class PictureSaving
 {
 public:
     /// `done` is called when a file has been written, or could not be.
-    PictureSaving(wxWindow& window, SaveJob::Done done);
+    /// The settings remember how the user has saved, and must outlive this object.
+    PictureSaving(wxWindow& window, Settings& settings, SaveJob::Done done);
 
     /// Tells which picture is shown, or null for none.
     void setPicture(const OpenPicture* shown);
@@ -51,6 +54,7 @@ private:
     void onWritten(const SaveTask& task, const Optional<String>& failure);
 
     wxWindow& m_window;
+    Settings& m_settings;
     SaveJob::Done m_done;
     SharedPicture m_picture;
     Io::Path m_file;

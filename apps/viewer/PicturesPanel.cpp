@@ -59,24 +59,44 @@ void PicturesPanel::follow(Flags<Workspace::Change> changes)
     if (changes.has(Change::LIST) || changes.has(Change::REFERENCE))
         fill();
     else
-        select();
+        selectCurrent();
 }
 
 void PicturesPanel::fill()
 {
     wxArrayString labels;
-    m_listed.clear();
+    Array<PictureId> listed;
     for (const OpenPicture& picture : m_workspace.pictures()) {
         if (!m_workspace.isListed(picture))
             continue;
-        m_listed.push_back(picture.id);
+        listed.push_back(picture.id);
         labels.push_back(Wx::toWxString(labelOf(picture)));
     }
-    m_list->Set(labels);
-    select();
+    if (!removeRow(listed, labels)) {
+        m_list->Set(labels);
+        m_labels = labels;
+    }
+    m_listed = listed;
+    selectCurrent();
 }
 
-void PicturesPanel::select()
+// Of a thousand files that are no pictures, one after the other leaves the list, and each new list of all
+// rows would take GTK some time.
+bool PicturesPanel::removeRow(const Array<PictureId>& listed, const wxArrayString& labels)
+{
+    if (listed.size() + 1 != m_listed.size())
+        return false;
+    const auto row = static_cast<std::size_t>(std::ranges::mismatch(m_listed, listed).in1 - m_listed.begin());
+    wxArrayString remaining = m_labels;
+    remaining.RemoveAt(row);
+    if (remaining != labels)
+        return false;
+    m_list->Delete(static_cast<unsigned>(row));
+    m_labels = labels;
+    return true;
+}
+
+void PicturesPanel::selectCurrent()
 {
     const OpenPicture* const shown = m_workspace.current();
     const auto row = shown == nullptr ? m_listed.end() : std::ranges::find(m_listed, shown->id);

@@ -5,6 +5,7 @@
 #include "NolvexLib/Function.h"
 #include "apps/viewer/Workspace.h"
 
+#include <wx/arrstr.h>
 #include <wx/panel.h>
 
 class WXDLLIMPEXP_FWD_CORE wxListBox;
@@ -27,10 +28,14 @@ public:
     PicturesPanel(wxWindow* parent, Workspace& workspace, const Function<void(PictureId)>& show,
                   const Function<void(PictureId)>& close);
 
+    /// Selects the row of the current picture. To be called when a picture that the user has selected could
+    /// not be read; changes of the workspace are followed without a call.
+    void selectCurrent();
+
 private:
     void follow(Flags<Workspace::Change> changes);
     void fill();
-    void select();
+    bool removeRow(const Array<PictureId>& listed, const wxArrayString& labels);
     String labelOf(const OpenPicture& picture) const;
     void onFilter(wxCommandEvent& event);
     void onSelected(wxCommandEvent& event);
@@ -42,6 +47,7 @@ private:
     Wx::TextControl* m_filter = nullptr;
     wxListBox* m_list = nullptr;
     Array<PictureId> m_listed; // in the order of the rows
+    wxArrayString m_labels;
 };
 
 } // namespace Nolvex::Viewer

@@ -4,6 +4,7 @@
 #include "NolvexLib/Array.h"
 #include "NolvexLib/ImageFormatDescriptor.h"
 #include "NolvexLibImage/Image.h"
+#include "apps/viewer/Settings.h"
 
 namespace Nolvex::Viewer {
 
@@ -40,6 +41,8 @@ Optional<Wx::ImageSaveSettings> SaveDefaults::getDefaults(ImageFormat format, st
 {
     if (const auto chosen = m_chosen.find(format); chosen != m_chosen.end())
         return chosen->second;
+    if (Optional<Wx::ImageSaveSettings> remembered = m_settings.saveChoice(format))
+        return remembered;
     constexpr std::uint32_t ALPHA = 1;
     const ImageFormatDescriptor& descriptor = getImageFormatDescriptor(format);
     Wx::ImageSaveSettings settings{descriptor.defaultColorFormat, false};
@@ -56,6 +59,7 @@ Optional<Wx::ImageSaveSettings> SaveDefaults::getDefaults(ImageFormat format, st
 void SaveDefaults::storeSettings(ImageFormat format, const Wx::ImageSaveSettings& settings)
 {
     m_chosen[format] = settings;
+    m_settings.setSaveChoice(format, settings);
 }
 
 } // namespace Nolvex::Viewer

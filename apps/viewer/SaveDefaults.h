@@ -10,11 +10,16 @@
 
 namespace Nolvex::Viewer {
 
-/// Proposes how to save: as the user chose last for the same format, and at first with the colours and the
-/// alpha that the picture has, as far as the format allows.
+class Settings;
+
+/// Proposes how to save: as the user chose last for the same format, in this run or an earlier one, and at
+/// first with the colours and the alpha that the picture has, as far as the format allows.
 class SaveDefaults : public Wx::ImageSaveSettingsDialog::IDefaultsProvider
 {
 public:
+    /// The settings keep the choices, and must outlive this object.
+    explicit SaveDefaults(Settings& settings) : m_settings(settings) {}
+
     /// The picture that the next question is about.
     void setPicture(const ImageDescriptor& picture) { m_picture = picture; }
 
@@ -22,6 +27,7 @@ public:
     void storeSettings(ImageFormat format, const Wx::ImageSaveSettings& settings) override;
 
 private:
+    Settings& m_settings;
     ImageDescriptor m_picture;
     std::map<ImageFormat, Wx::ImageSaveSettings> m_chosen;
 };

@@ -24,6 +24,11 @@ constexpr int SMALL_GAP = 6;
 
 const wxSize SWATCH_SIZE(36, 16);
 
+RgbBytes usualSurround()
+{
+    return Wx::GuiSkin::DEFAULT().darkBackground;
+}
+
 void addCheckBox(wxWindow* parent, wxSizer* row, const String& label, Command command,
                  const Function<void(Command)>& run)
 {
@@ -66,13 +71,28 @@ void ViewOptions::addSurround(wxSizer& row, const Function<void(const RgbBytes&)
     m_surround = new Wx::ColorPickerButton(std::make_unique<Picker::WatchedPickerFactory>(onEnded), this,
                                            L"Surround", SWATCH_SIZE, true);
     m_surround->SetMinSize(Wx::scaleByDpi(SWATCH_SIZE));
-    m_surround->setColor(Wx::toRgb(Wx::toWxColour(Wx::GuiSkin::DEFAULT().darkBackground)), false);
+    m_surround->setColor(Wx::toRgb(Wx::toWxColour(usualSurround())), false);
     m_surround->onPreview = [trySurround](const Rgb& tried) {
         trySurround(Wx::toRgbBytes(Wx::toWxColour(tried)));
     };
     m_surround->onChange = [endTrying](const Rgb&) { endTrying(true); };
     row.Add(m_surround, 0, wxALIGN_CENTRE_VERTICAL | wxRIGHT, Wx::scaleByDpi(SMALL_GAP));
     row.Add(new Wx::StaticText(this, wxID_ANY, L"Surround"), 0, wxALIGN_CENTRE_VERTICAL);
+}
+
+void ViewOptions::setPreferences(const Preferences& preferences)
+{
+    m_surround->setColor(Wx::toRgb(Wx::toWxColour(preferences.surround.value_or(usualSurround()))), false);
+    m_display->setTaste(preferences.encoding, preferences.checkerboard);
+}
+
+void ViewOptions::storePreferences(Preferences& preferences) const
+{
+    preferences.surround = surround();
+    if (surround() == usualSurround())
+        preferences.surround.reset();
+    preferences.encoding = m_display->settings().encoding;
+    preferences.checkerboard = m_display->settings().checkerboard;
 }
 
 RgbBytes ViewOptions::surround() const

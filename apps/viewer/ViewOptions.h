@@ -7,6 +7,7 @@
 #include "NolvexLib/String.h"
 #include "apps/viewer/Command.h"
 #include "apps/viewer/DisplaySettings.h"
+#include "apps/viewer/Preferences.h"
 
 #include <wx/panel.h>
 
@@ -35,6 +36,11 @@ public:
     /// The colour around the picture while the light surround is off. At first it is the dark background of
     /// the skin.
     RgbBytes surround() const;
+
+    /// Takes over the surround, the encoding and the checkerboard, and calls `display`.
+    void setPreferences(const Preferences& preferences);
+
+    void storePreferences(Preferences& preferences) const;
 
     /// Sets the check box of the command, if there is one, and does not call `run`.
     void check(Command command, bool checked);

@@ -21,14 +21,15 @@
 #include "apps/viewer/LayerBar.h"
 #include "apps/viewer/LoadingBar.h"
 #include "apps/viewer/LogPanel.h"
+#include "apps/viewer/PanelCommands.h"
 #include "apps/viewer/PictureCommands.h"
 #include "apps/viewer/PictureListening.h"
 #include "apps/viewer/PicturesPanel.h"
-#include "apps/viewer/ProbeTool.h"
 #include "apps/viewer/RecentMenu.h"
 #include "apps/viewer/Settings.h"
 #include "apps/viewer/ToolBar.h"
 #include "apps/viewer/ViewOptions.h"
+#include "apps/viewer/WindowFitting.h"
 #include "apps/viewer/WindowSize.h"
 #include "apps/viewer/inspection/ComparisonTool.h"
 #include "apps/viewer/inspection/InformationPanel.h"
@@ -50,7 +51,6 @@ namespace Nolvex::Viewer {
 
 namespace {
 
-constexpr RgbBytes LIGHT_SURROUND_COLOUR{200, 200, 200};
 const wxSize MIN_VIEW(80, 60);
 
 } // namespace
@@ -71,18 +71,18 @@ ViewerFrame::ViewerFrame(const SharedPicture& picture, const Io::Path& file, Ask
     sizer->Add(above, 0, wxEXPAND | wxLEFT | wxRIGHT, margin);
     wxWindow* const view = makeView(panel);
     m_log = new LogPanel(panel);
-    m_log->Hide();
     SetMenuBar(makeMenuBar());
     makeCommands(std::move(ask));
     above->Add(makeLayers(panel), 0, wxEXPAND | wxTOP, margin);
     sizer->Add(makeMiddle(panel, view), 1, wxEXPAND | wxALL, margin);
-    auto* loading = new LoadingBar(panel, m_commands->opening(), [this] { makeRoom(); });
+    makePanelCommands(*panel);
+    auto* loading = new LoadingBar(panel, m_commands->opening(), [this] { m_panels->makeRoom(); });
     sizer->Add(loading, 0, wxEXPAND | wxLEFT | wxRIGHT | wxBOTTOM, margin);
     sizer->Add(m_log, 0, wxEXPAND | wxLEFT | wxRIGHT | wxBOTTOM, margin);
     panel->SetSizer(sizer);
 
     Wx::applySkinRecursive(this, Wx::GuiSkin::DEFAULT());
-    setLightSurround(false);
+    m_look->setPreferences(m_settings->preferences());
     setFollowing(true);
     if (picture) {
         const auto origin = file.isEmpty() ? PictureOrigin::DESKTOP : PictureOrigin::FILE;
@@ -91,8 +91,9 @@ ViewerFrame::ViewerFrame(const SharedPicture& picture, const Io::Path& file, Ask
     }
     SetClientSize(clientSizeFor(m_view->shownSize(), above->GetMinSize().y));
     Centre();
-    makeRoom();
-    m_settings->restore(*this);
+    m_panels->makeRoom();
+    m_hasRememberedPlace = m_settings->restore(*this);
+    m_panels->show(SHOW_INFORMATION, m_settings->preferences().informationPanel);
     describePicture();
     m_view->SetFocus();
 }
@@ -109,7 +110,7 @@ wxWindow* ViewerFrame::makeOptions(wxWindow* parent)
         parent, [this](Command command) { runCommand(*this, command); },
         [this](const DisplaySettings& settings) { m_view->setDisplay(settings); },
         [this](const RgbBytes& tried) { m_view->setSurround(tried); },
-        [this](bool isChosen) { setLightSurround(!isChosen && m_lightSurround); });
+        [this](bool isChosen) { setLightSurround(!isChosen && hasLightSurround()); });
     return new Wx::CollapsiblePanel(parent, Wx::GuiSkin::DEFAULT(), L"View options", m_options);
 }
 
@@ -119,7 +120,6 @@ wxWindow* ViewerFrame::makeView(wxWindow* parent)
     m_view = new ImageView(border, nullptr);
     m_view->SetMinSize(Wx::scaleByDpi(MIN_VIEW));
     border->addChild(m_view);
-    m_probe = std::make_unique<ProbeTool>(*m_view);
     return border;
 }
 
@@ -127,7 +127,7 @@ wxWindow* ViewerFrame::makeLayers(wxWindow* parent)
 {
     m_layers = new LayerBar(
         parent, [this](std::size_t layer) { m_commands->opening().showLayer(layer); },
-        [this] { makeRoom(); });
+        [this] { m_panels->makeRoom(); });
     return m_layers;
 }
 
@@ -137,9 +137,12 @@ wxSizer* ViewerFrame::makeMiddle(wxWindow* parent, wxWindow* view)
     m_list = new PicturesPanel(
         parent, m_workspace, [this](PictureId id) { m_commands->opening().show(id); },
         [this](PictureId id) { m_commands->close(id); });
-    m_list->Hide();
+    // The user's choice may have been cancelled, or could not be read.
+    m_commands->opening().onEnded = [this] {
+        m_list->selectCurrent();
+        m_layers->setPicture(m_workspace.currentPicture());
+    };
     m_information = new InformationPanel(parent);
-    m_information->Hide();
     const int margin = Wx::scaleByDpi(MARGIN);
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     row->Add(m_list, 0, wxEXPAND | wxRIGHT, margin);
@@ -151,9 +154,12 @@ wxSizer* ViewerFrame::makeMiddle(wxWindow* parent, wxWindow* view)
 void ViewerFrame::makeCommands(AskForScreen ask)
 {
     m_states = std::make_unique<CommandStates>(*GetMenuBar(), *m_toolBar, *m_options);
+    m_look = std::make_unique<ViewerLook>(
+        ViewerLook::Parts{*this, *m_view, *m_toolBar, *m_log, *m_options, *m_states});
     const Messages messages{[this](const String& message) { report(message); },
                             [this](const String& message) { complain(message); }};
-    m_commands = std::make_unique<PictureCommands>(*this, m_workspace, *m_view, messages, std::move(ask));
+    m_commands =
+        std::make_unique<PictureCommands>(*this, m_workspace, *m_view, *m_settings, messages, std::move(ask));
     m_comparison = std::make_unique<ComparisonTool>(*this, m_workspace, *m_view, *m_states, messages,
                                                     [this] { describePicture(); });
     m_following = std::make_unique<FileFollowing>(m_workspace,
@@ -163,30 +169,42 @@ void ViewerFrame::makeCommands(AskForScreen ask)
                                             [this](const Io::Path& recent) { beginToOpen({recent}); });
     m_view->SetDropTarget(
         new FileDropTarget([this](const Array<Io::Path>& dropped) { beginToOpen(dropped); }));
-    m_workspace.observe([this](Flags<Workspace::Change> changes) { onWorkspaceChanged(changes); });
+    m_workspace.observe([this](Flags<Workspace::Change> changes) {
+        if (changes == Workspace::Change::LIST)
+            describePicture();
+    });
+    m_fitting = std::make_unique<WindowFitting>(*this, *m_view, m_workspace);
     m_view->onSelection = [this](const Optional<wxRect>&) { inform(); };
     bindCommands();
+}
+
+// The list comes up by itself once, when there is something to choose from.
+void ViewerFrame::makePanelCommands(wxWindow& content)
+{
+    using Place = PanelCommands::Place;
+    m_panels = std::make_unique<PanelCommands>(*this, content, *m_view, *m_states);
+    m_panels->add(SHOW_PICTURES, *m_list, Place::BESIDE);
+    m_panels->add(SHOW_INFORMATION, *m_information, Place::BESIDE);
+    m_panels->add(SHOW_LOG, *m_log, Place::BELOW);
+    const Preferences preferences = m_settings->preferences();
+    m_workspace.observe([this, isWanted = preferences.picturesPanel](Flags<Workspace::Change>) {
+        if (m_workspace.pictures().size() > 1 && !std::exchange(m_hadSeveral, true) && isWanted)
+            m_panels->show(SHOW_PICTURES, true);
+    });
 }
 
 void ViewerFrame::bindCommands()
 {
     bindCommand(*this, COPY, [this] { onCopy(); });
     bindCommand(*this, CLOSE, [this] { Close(); });
-    bindCommand(*this, SHOW_LOG, [this] { showLog(!isLogShown()); });
-    bindCommand(*this, SHOW_TOOLTIPS, [this] { setTooltips(!hasTooltips()); });
-    bindCommand(*this, LIGHT_SURROUND, [this] { setLightSurround(!hasLightSurround()); });
-    bindCommand(*this, PIXEL_PROBE, [this] { setPixelProbe(!hasPixelProbe()); });
     bindCommand(*this, ZOOM_IN, [this] { m_view->zoomIn(); });
     bindCommand(*this, ZOOM_OUT, [this] { m_view->zoomOut(); });
     bindCommand(*this, FIT, [this] { m_view->fit(); });
     bindCommand(*this, ACTUAL_SIZE, [this] { m_view->showActualSize(); });
-    bindCommand(*this, SHOW_PICTURES, [this] { showPanel(SHOW_PICTURES, *m_list, !m_list->IsShown()); });
-    bindCommand(*this, SHOW_INFORMATION,
-                [this] { showPanel(SHOW_INFORMATION, *m_information, !m_information->IsShown()); });
     bindCommand(*this, FOLLOW_FILES, [this] { setFollowing(!m_following->isActive()); });
     bindCommand(*this, KEYS, [this] { showKeysMessage(this); });
     bindCommand(*this, ABOUT, [this] { tellAbout(); });
-    Bind(wxEVT_COLLAPSIBLEPANE_CHANGED, [this](wxCollapsiblePaneEvent&) { makeRoom(); });
+    Bind(wxEVT_COLLAPSIBLEPANE_CHANGED, [this](wxCollapsiblePaneEvent&) { m_panels->makeRoom(); });
     Bind(wxEVT_CLOSE_WINDOW, &ViewerFrame::onClose, this);
     Bind(wxEVT_CHAR_HOOK, &ViewerFrame::onKey, this);
 }
@@ -204,12 +222,24 @@ bool ViewerFrame::openPictures(const Array<Io::Path>& files)
     opening.open(files);
     opening.finish();
     const OpenPicture* const shown = m_workspace.current();
-    return shown != nullptr && std::ranges::find(files, shown->file) != files.end();
+    return std::ranges::any_of(
+        files, [&](const Io::Path& file) { return shown != nullptr && m_workspace.findFile(file) == shown; });
 }
 
 void ViewerFrame::beginToOpen(const Array<Io::Path>& files)
 {
-    m_commands->opening().open(withFoldersOpened(files));
+    const Array<Io::Path> pictures = withFoldersOpened(files);
+    if (pictures.empty() && !files.empty())
+        complain(L"There are no pictures in \"" + files.front().nativeStr() + L"\".");
+    else
+        m_commands->opening().open(pictures);
+}
+
+void ViewerFrame::beginWith(const Array<Io::Path>& files)
+{
+    if (!m_hasRememberedPlace)
+        m_fitting->begin();
+    beginToOpen(files);
 }
 
 Expected<unsigned short, String> ViewerFrame::listen(const Wx::Legacy::SocketAddress& address)
@@ -237,32 +267,6 @@ void ViewerFrame::savePicture(const Io::Path& file, ImageFormat format, const Wx
     m_commands->save(file, format, settings);
 }
 
-void ViewerFrame::onWorkspaceChanged(Flags<Workspace::Change> changes)
-{
-    // The list comes up by itself once, when there is something to choose from.
-    const bool isSeveral = m_workspace.pictures().size() > 1;
-    if (isSeveral && !std::exchange(m_hadSeveral, true))
-        showPanel(SHOW_PICTURES, *m_list, true);
-    if (changes == Workspace::Change::LIST)
-        describePicture();
-}
-
-void ViewerFrame::showPanel(Command command, wxWindow& panel, bool show)
-{
-    m_states->check(command, show);
-    if (show == panel.IsShown())
-        return;
-    // A panel beside the picture takes no room from it.
-    const bool isBeside = panel.GetContainingSizer() == m_list->GetContainingSizer();
-    const int more = isBeside ? panel.GetBestSize().x + Wx::scaleByDpi(MARGIN) : 0;
-    const int wanted = GetClientSize().x + (show ? more : -more);
-    panel.Show(show);
-    makeRoom();
-    widen(*this, wanted - GetClientSize().x);
-    if (!show)
-        m_view->SetFocus();
-}
-
 void ViewerFrame::setFollowing(bool active)
 {
     m_following->setActive(active);
@@ -271,47 +275,12 @@ void ViewerFrame::setFollowing(bool active)
 
 void ViewerFrame::showLog(bool show)
 {
-    showPanel(SHOW_LOG, *m_log, show);
-}
-
-// The view stays visible when the options unfold or the log appears.
-void ViewerFrame::makeRoom()
-{
-    makeRoomFor(*m_log->GetParent(), *this);
+    m_panels->show(SHOW_LOG, show);
 }
 
 bool ViewerFrame::isLogShown() const
 {
-    return m_log->IsShown();
-}
-
-void ViewerFrame::setTooltips(bool wanted)
-{
-    m_tooltips = wanted;
-    m_states->check(SHOW_TOOLTIPS, wanted);
-    m_toolBar->setTooltips(wanted);
-    // The tooltip would cover what the probe shows.
-    m_view->setTooltip(wanted && !hasPixelProbe() ? m_description : String());
-    m_log->setTooltips(wanted);
-}
-
-void ViewerFrame::setLightSurround(bool light)
-{
-    m_lightSurround = light;
-    m_states->check(LIGHT_SURROUND, light);
-    m_view->setSurround(light ? LIGHT_SURROUND_COLOUR : m_options->surround());
-}
-
-void ViewerFrame::setPixelProbe(bool active)
-{
-    m_probe->setActive(active);
-    m_states->check(PIXEL_PROBE, active);
-    setTooltips(m_tooltips);
-}
-
-bool ViewerFrame::hasPixelProbe() const
-{
-    return m_probe->isActive();
+    return m_panels->isShown(SHOW_LOG);
 }
 
 void ViewerFrame::tellAbout()
@@ -323,21 +292,17 @@ void ViewerFrame::describePicture()
 {
     if (const SharedPicture& picture = m_view->picture()) {
         SetTitle(Wx::toWxString(picture->name() + L" (" + picture->sizeText() + L")"));
-        m_description = picture->name() + L"\n" + picture->sizeText() + L" pixels";
+        m_look->describe(picture->name() + L"\n" + picture->sizeText() + L" pixels");
     } else {
         SetTitle(L"Viewer");
-        m_description = L"There is no picture yet.";
+        m_look->describe(L"There is no picture yet.");
     }
-    for (const Command command : {SAVE_AS, SAVE_VIEW, RELOAD, CLOSE_PICTURE, SET_REFERENCE})
-        m_states->enable(command, m_view->picture() != nullptr);
-    for (const Command command : {NEXT_PICTURE, PREVIOUS_PICTURE})
-        m_states->enable(command, m_workspace.neighbour(1).has_value());
+    m_states->enableFor(m_workspace);
     m_layers->setPicture(m_workspace.currentPicture());
     if (m_view->picture())
         m_options->setChannels(m_view->picture()->channels());
     inform();
     Wx::setAccessibleName(*m_view, m_view->picture() ? m_view->picture()->name() : String(L"No picture"));
-    setTooltips(m_tooltips);
 }
 
 void ViewerFrame::inform()
@@ -356,6 +321,8 @@ void ViewerFrame::complain(const String& message)
 {
     report(message);
     showLog(true);
+    if (onComplaint)
+        onComplaint(message);
 }
 
 void ViewerFrame::onCopy()
@@ -376,12 +343,22 @@ void ViewerFrame::onClose(wxCloseEvent& event)
     } else if (self) {
         m_commands->stop();
         m_listening->stop();
-        // The next window begins without these panels.
-        showPanel(SHOW_PICTURES, *m_list, false);
-        showPanel(SHOW_INFORMATION, *m_information, false);
-        m_settings->remember(*this);
+        remember();
         Destroy();
     }
+}
+
+void ViewerFrame::remember()
+{
+    Preferences preferences = m_settings->preferences();
+    m_look->storePreferences(preferences);
+    preferences.informationPanel = m_panels->isShown(SHOW_INFORMATION);
+    if (m_hadSeveral)
+        preferences.picturesPanel = m_panels->isShown(SHOW_PICTURES);
+    m_settings->setPreferences(preferences);
+    // The place is that of the window without these panels, which make it wider when they appear.
+    m_panels->hideBeside();
+    m_settings->remember(*this);
 }
 
 // The window handles the keys itself instead of the menu, because the log receives all keys while it has the

@@ -3,6 +3,7 @@
 
 #include "NolvexLib/Array.h"
 #include "NolvexLib/Expected.h"
+#include "NolvexLib/Function.h"
 #include "NolvexLib/ImageFormat.h"
 #include "NolvexLib/Io/Path.h"
 #include "NolvexLib/String.h"
@@ -12,6 +13,7 @@
 #include "apps/viewer/OpenMenus.h"
 #include "apps/viewer/Picture.h"
 #include "apps/viewer/ScreenCaptureCommand.h"
+#include "apps/viewer/ViewerLook.h"
 #include "apps/viewer/Workspace.h"
 
 #include <wx/frame.h>
@@ -29,14 +31,15 @@ class ImageView;
 class InformationPanel;
 class LayerBar;
 class LogPanel;
+class PanelCommands;
 class PictureCommands;
 class PictureListening;
 class PicturesPanel;
-class ProbeTool;
 class RecentMenu;
 class Settings;
 class ToolBar;
 class ViewOptions;
+class WindowFitting;
 
 /// The viewer's window, in the default skin: a row of buttons, options that fold away, the picture inside a
 /// bevelled border, and below it a log, hidden at first, of commands and failures. A command that fails
@@ -69,8 +72,13 @@ public:
     /// been read.
     bool openPictures(const Array<Io::Path>& files);
 
-    /// Does the same and waits for nothing: the window can be used meanwhile.
+    /// Does the same and waits for nothing: the window can be used meanwhile. A folder stands for the
+    /// pictures in it.
     void beginToOpen(const Array<Io::Path>& files);
+
+    /// Does the same. The first picture gives the window its size, unless the window has the one that the
+    /// settings remember, or the user changes the size before.
+    void beginWith(const Array<Io::Path>& files);
 
     /// Begins to show the pictures that other programs send to the address. Returns the port, or a sentence
     /// that says why there are none.
@@ -91,24 +99,27 @@ public:
 
     bool isLogShown() const;
 
-    void setTooltips(bool wanted);
+    void setTooltips(bool wanted) { m_look->setTooltips(wanted); }
 
-    bool hasTooltips() const { return m_tooltips; }
+    bool hasTooltips() const { return m_look->hasTooltips(); }
 
     /// Surrounds the picture with a light grey, by which dark pictures can be judged, or with the
     /// colour of the view options.
-    void setLightSurround(bool light);
+    void setLightSurround(bool light) { m_look->setLightSurround(light); }
 
-    bool hasLightSurround() const { return m_lightSurround; }
+    bool hasLightSurround() const { return m_look->hasLightSurround(); }
 
     /// Switches the frame that shows the values of the pixel under the mouse. The picture has no tooltip
     /// while the frame is on, and Escape switches the frame off.
-    void setPixelProbe(bool active);
+    void setPixelProbe(bool active) { m_look->setPixelProbe(active); }
 
-    bool hasPixelProbe() const;
+    bool hasPixelProbe() const { return m_look->hasPixelProbe(); }
 
     /// Saves the shown picture. Returns at once; the outcome is written to the log when the file is written.
     void savePicture(const Io::Path& file, ImageFormat format, const Wx::ImageSaveSettings& settings);
+
+    /// Called with each message that `complain` has written. May be empty.
+    Function<void(const String&)> onComplaint;
 
     /// Writes to the log why something was not done, and shows the log.
     void complain(const String& message);
@@ -124,15 +135,14 @@ private:
     wxSizer* makeMiddle(wxWindow* parent, wxWindow* view);
     void makeCommands(AskForScreen ask);
     void bindCommands();
-    void onWorkspaceChanged(Flags<Workspace::Change> changes);
+    void makePanelCommands(wxWindow& content);
 
-    void showPanel(Command command, wxWindow& panel, bool show);
     void setFollowing(bool active);
     void describePicture();
     void inform();
     void report(const String& message);
 
-    void makeRoom();
+    void remember();
     void onCopy();
     void onClose(wxCloseEvent& event);
     void onKey(wxKeyEvent& event);
@@ -145,19 +155,19 @@ private:
     LayerBar* m_layers = nullptr;
     PicturesPanel* m_list = nullptr;
     InformationPanel* m_information = nullptr;
+    std::unique_ptr<Settings> m_settings;
     std::unique_ptr<CommandStates> m_states;
+    std::unique_ptr<PanelCommands> m_panels;
+    std::unique_ptr<WindowFitting> m_fitting;
     std::unique_ptr<PictureCommands> m_commands;
-    std::unique_ptr<ProbeTool> m_probe;
+    std::unique_ptr<ViewerLook> m_look;
     std::unique_ptr<ComparisonTool> m_comparison;
     std::unique_ptr<FileFollowing> m_following;
     std::unique_ptr<PictureListening> m_listening;
-    std::unique_ptr<Settings> m_settings;
     std::unique_ptr<RecentMenu> m_recent;
-    String m_description;
+    bool m_hasRememberedPlace = false;
     OpenMenus m_openMenus{*this};
-    bool m_hadSeveral = false;
-    bool m_tooltips = true;
-    bool m_lightSurround = false;
+    bool m_hadSeveral = false; // pictures, and the list could come up
 };
 
 } // namespace Nolvex::Viewer

@@ -18,14 +18,23 @@ const wxSize MIN_SIZE(360, 300);
 
 } // namespace
 
+wxRect screenOf(const wxTopLevelWindow& window)
+{
+    const int display = wxDisplay::GetFromWindow(&window);
+    return wxDisplay(display == wxNOT_FOUND ? 0u : static_cast<unsigned>(display)).GetClientArea();
+}
+
+wxSize withinBounds(wxSize size, const wxRect& screen)
+{
+    size.IncTo(Wx::scaleByDpi(MIN_SIZE));
+    size.DecTo(screen.GetSize() * 4 / 5);
+    return size;
+}
+
 wxSize clientSizeFor(const wxSize& picture, int heightAbove)
 {
     const int around = 2 * (Wx::scaleByDpi(MARGIN) + BORDER);
-    const wxSize frame(around, around + heightAbove);
-    wxSize size = picture + frame;
-    size.IncTo(Wx::scaleByDpi(MIN_SIZE));
-    size.DecTo(wxDisplay(0u).GetClientArea().GetSize() * 4 / 5);
-    return size;
+    return withinBounds(picture + wxSize(around, around + heightAbove), wxDisplay(0u).GetClientArea());
 }
 
 void makeRoomFor(wxWindow& panel, wxTopLevelWindow& window)
@@ -46,9 +55,7 @@ void widen(wxTopLevelWindow& window, int pixels)
 {
     if (pixels == 0 || window.IsMaximized() || window.IsFullScreen())
         return;
-    const int display = wxDisplay::GetFromWindow(&window);
-    const wxRect screen =
-        wxDisplay(display == wxNOT_FOUND ? 0u : static_cast<unsigned>(display)).GetClientArea();
+    const wxRect screen = screenOf(window);
     wxRect place = window.GetRect();
     const int widest = std::max(place.width, screen.width);
     place.width = std::clamp(place.width + pixels, window.GetMinSize().x, widest);

@@ -19,6 +19,13 @@ wxSize clientSizeFor(const wxSize& picture, int heightAbove);
 /// and lays the panel out.
 void makeRoomFor(wxWindow& panel, wxTopLevelWindow& window);
 
+/// Returns the part of the window's display that bars of the desktop leave free.
+wxRect screenOf(const wxTopLevelWindow& window);
+
+/// Returns the client size nearest to this one that is neither too small for the controls nor too large for
+/// the screen.
+wxSize withinBounds(wxSize size, const wxRect& screen);
+
 /// Makes the window wider, or narrower by a negative number, as far as the screen allows. A maximised window
 /// stays as it is.
 void widen(wxTopLevelWindow& window, int pixels);

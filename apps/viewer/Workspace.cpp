@@ -2,8 +2,12 @@
 #include "apps/viewer/Workspace.h"
 
 #include "NolvexLibWx/StringConversions.h"
+#include "apps/viewer/LayeredFile.h"
+#include "apps/viewer/platform/FileIdentity.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <map>
 #include <utility>
 
 namespace Nolvex::Viewer {
@@ -15,9 +19,31 @@ String inLowerCase(const String& text)
     return Wx::toString(Wx::toWxString(text).Lower());
 }
 
+// The content of the file stays in memory for the other layers.
 std::uint64_t byteCount(const Picture& picture)
 {
-    return picture.image().rowBytes() * static_cast<std::uint64_t>(picture.size().y);
+    const std::uint64_t file = picture.file() != nullptr ? picture.file()->byteCount() : 0;
+    return file + picture.image().rowBytes() * static_cast<std::uint64_t>(picture.size().y);
+}
+
+OpenPicture entryOf(PictureId id, const Io::Path& file, const String& name, PictureOrigin origin)
+{
+    OpenPicture open;
+    open.id = id;
+    open.file = file;
+    open.name = name;
+    open.origin = origin;
+    open.source = file;
+    return open;
+}
+
+void setImage(OpenPicture& open, const SharedPicture& picture)
+{
+    open.picture = picture == nullptr || picture->name() == open.name ? picture : picture->named(open.name);
+    if (picture == nullptr)
+        return;
+    open.layer = picture->layers()[picture->layer()].name;
+    open.wasRead = true;
 }
 
 } // namespace
@@ -35,8 +61,13 @@ OpenPicture* Workspace::findOwn(PictureId id)
 
 const OpenPicture* Workspace::findFile(const Io::Path& file) const
 {
-    const auto found = std::ranges::find(m_pictures, file, &OpenPicture::file);
-    return file.isEmpty() || found == m_pictures.end() ? nullptr : &*found;
+    if (file.isEmpty())
+        return nullptr;
+    const Io::Path identity = Platform::identityOf(file);
+    const auto found = std::ranges::find_if(m_pictures, [&identity](const OpenPicture& open) {
+        return open.canBeReadAgain() && Platform::identityOf(open.source) == identity;
+    });
+    return found == m_pictures.end() ? nullptr : &*found;
 }
 
 SharedPicture Workspace::currentPicture() const
@@ -48,7 +79,9 @@ SharedPicture Workspace::currentPicture() const
 PictureId Workspace::add(const Io::Path& file, const SharedPicture& picture, PictureOrigin origin)
 {
     const auto id = static_cast<PictureId>(++m_lastId);
-    m_pictures.push_back({id, file, picture ? picture->name() : file.fileName(), picture, origin});
+    m_pictures.push_back(entryOf(id, file, picture ? picture->name() : file.fileName(), origin));
+    setImage(m_pictures.back(), picture);
+    makeRoomFor(id);
     tell(Change::LIST);
     return id;
 }
@@ -56,13 +89,21 @@ PictureId Workspace::add(const Io::Path& file, const SharedPicture& picture, Pic
 Array<PictureId> Workspace::addFiles(const Array<Io::Path>& files)
 {
     const std::size_t count = m_pictures.size();
+    // What a path stands for may change, so that the map is made anew each time.
+    std::map<std::filesystem::path::string_type, PictureId> known;
+    for (const OpenPicture& open : m_pictures) {
+        if (open.canBeReadAgain())
+            known.emplace(Platform::identityOf(open.source).native().native(), open.id);
+    }
     Array<PictureId> ids;
     for (const Io::Path& file : files) {
-        const OpenPicture* const known = findFile(file);
-        const PictureId id = known != nullptr ? known->id : static_cast<PictureId>(++m_lastId);
-        if (known == nullptr)
-            m_pictures.push_back({id, file, file.fileName(), nullptr, PictureOrigin::FILE});
-        ids.push_back(id);
+        const auto next = static_cast<PictureId>(m_lastId + 1);
+        const auto [entry, isNew] = known.emplace(Platform::identityOf(file).native().native(), next);
+        if (isNew) {
+            ++m_lastId;
+            m_pictures.push_back(entryOf(next, file, file.fileName(), PictureOrigin::FILE));
+        }
+        ids.push_back(entry->second);
     }
     if (m_pictures.size() != count)
         tell(Change::LIST);
@@ -102,15 +143,19 @@ void Workspace::setCurrent(PictureId id)
     if (m_current == id)
         return;
     m_current = id;
+    makeRoomFor({});
     tell(Change::CURRENT);
 }
 
-void Workspace::setPicture(PictureId id, const SharedPicture& picture)
+void Workspace::setPicture(PictureId id, const SharedPicture& picture, const Optional<FileState>& sourceState)
 {
     OpenPicture* const changed = findOwn(id);
     if (changed == nullptr)
         return;
-    changed->picture = picture;
+    setImage(*changed, picture);
+    if (sourceState)
+        changed->sourceState = sourceState;
+    makeRoomFor(id);
     Flags<Change> changes;
     if (m_current == id)
         changes.set(Change::PICTURE);
@@ -124,10 +169,11 @@ void Workspace::setFile(PictureId id, const Io::Path& file)
     OpenPicture* const saved = findOwn(id);
     if (saved == nullptr)
         return;
+    if (saved->canBeReadAgain() && Platform::identityOf(saved->source) == Platform::identityOf(file))
+        saved->source = {};
     saved->file = file;
     saved->name = file.fileName();
-    if (saved->picture)
-        saved->picture = saved->picture->named(saved->name);
+    setImage(*saved, saved->picture);
     tell(m_current == id ? Change::LIST | Flags(Change::PICTURE) : Change::LIST);
 }
 
@@ -173,18 +219,25 @@ Optional<PictureId> Workspace::neighbour(int steps, Optional<PictureId> from) co
 
 void Workspace::limitMemory(std::uint64_t bytes)
 {
+    m_maxBytes = bytes;
+    makeRoomFor({});
+}
+
+void Workspace::makeRoomFor(Optional<PictureId> newest)
+{
     std::uint64_t taken = 0;
     Array<OpenPicture*> droppable;
     for (OpenPicture& picture : m_pictures) {
         if (!picture.picture)
             continue;
         taken += byteCount(*picture.picture);
-        if (!picture.file.isEmpty() && m_current != picture.id && m_reference != picture.id)
+        const bool isNeeded = m_current == picture.id || m_reference == picture.id || newest == picture.id;
+        if (picture.canBeReadAgain() && !isNeeded)
             droppable.push_back(&picture);
     }
     std::ranges::sort(droppable, {}, &OpenPicture::lastShown);
     for (OpenPicture* picture : droppable) {
-        if (taken <= bytes)
+        if (taken <= m_maxBytes)
             return;
         taken -= byteCount(*picture->picture);
         picture->picture = nullptr;

@@ -8,10 +8,12 @@
 #include "NolvexLib/Noncopyable.h"
 #include "NolvexLib/Optional.h"
 #include "NolvexLib/String.h"
+#include "apps/viewer/FileState.h"
 #include "apps/viewer/Picture.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 
 namespace Nolvex::Viewer {
 
@@ -31,15 +33,27 @@ enum class PictureOrigin
 /// A picture that the user has opened.
 struct OpenPicture
 {
-    PictureId id;
-    /// Empty if the picture was not read from a file and has not been saved either.
+    PictureId id{};
+    /// The file that has the name of the picture: the one that it was read from, or saved as last. Empty if
+    /// there is neither.
     Io::Path file;
     String name;
     /// Null until the picture is read, and again after the memory was needed for others.
     SharedPicture picture;
     PictureOrigin origin = PictureOrigin::FILE;
+    /// The file that gives the same picture when it is read again. A file that the picture was saved as is
+    /// not one, since many formats keep less than the picture has. Empty if there is no such file.
+    Io::Path source;
+    /// The state of the source when the picture was last read, as far as it is known.
+    Optional<FileState> sourceState;
+    /// The name of the layer that was shown last, by which it is read again.
+    String layer;
+    /// True once there has been a picture.
+    bool wasRead = false;
     /// Counts the looks at the picture, so that those looked at last are kept in memory.
     std::uint64_t lastShown = 0;
+
+    bool canBeReadAgain() const { return !source.isEmpty(); }
 
     /// True if closing the picture loses it.
     bool isUnsaved() const { return picture && file.isEmpty() && origin == PictureOrigin::DESKTOP; }
@@ -69,7 +83,7 @@ public:
     /// Returns null if there is no such picture any more.
     const OpenPicture* find(PictureId id) const;
 
-    /// Returns null if the file is not open.
+    /// Returns the picture that was read from the file, by whatever path, or null if there is none.
     const OpenPicture* findFile(const Io::Path& file) const;
 
     /// The picture that is shown, or null if there is none.
@@ -86,7 +100,8 @@ public:
     PictureId add(const Io::Path& file, const SharedPicture& picture,
                   PictureOrigin origin = PictureOrigin::FILE);
 
-    /// Returns the pictures of the files, in their order. Adds those files that are not open yet.
+    /// Returns the pictures of the files, in their order. Adds those files that are not open yet. Several
+    /// paths of one file, such as a symbolic link and what it stands for, have one picture.
     Array<PictureId> addFiles(const Array<Io::Path>& files);
 
     /// Closes a picture. If it was the current one, the next one in the list that has been read takes its
@@ -96,10 +111,12 @@ public:
     /// Shows another picture, which must have been read.
     void setCurrent(PictureId id);
 
-    /// Gives the picture another state: read at last, read anew, or another layer.
-    void setPicture(PictureId id, const SharedPicture& picture);
+    /// Gives the picture another state: read at last, read anew, or another layer. The entry keeps its name.
+    /// `sourceState` is the state of the source if the picture was read from there, and nullopt if not.
+    void setPicture(PictureId id, const SharedPicture& picture, const Optional<FileState>& sourceState = {});
 
-    /// Tells in which file the picture is now, whose name it takes.
+    /// Tells as which file the picture was saved, whose name it takes. A picture that was saved over its
+    /// source has none any more.
     void setFile(PictureId id, const Io::Path& file);
 
     /// `id` is the picture with which others are to be compared, or nullopt for none.
@@ -117,13 +134,14 @@ public:
     /// places count from the current picture.
     Optional<PictureId> neighbour(int steps, Optional<PictureId> from = {}) const;
 
-    /// Forgets the images of pictures that were not looked at for longest and can be read again from their
-    /// files, until those that remain take no more than that many bytes. The current picture and the
-    /// reference stay.
+    /// From now on, whenever a picture comes, forgets the images of pictures that were not looked at for
+    /// longest and can be read again from their sources, until those that remain take no more than that many
+    /// bytes. The current picture, the reference and the picture that has come stay.
     void limitMemory(std::uint64_t bytes);
 
 private:
     OpenPicture* findOwn(PictureId id);
+    void makeRoomFor(Optional<PictureId> newest);
     void tell(Flags<Change> changes);
 
     Array<Observer> m_observers;
@@ -131,6 +149,7 @@ private:
     Optional<PictureId> m_current;
     Optional<PictureId> m_reference;
     String m_filter; // in lower case
+    std::uint64_t m_maxBytes = std::numeric_limits<std::uint64_t>::max();
     int m_lastId = 0;
     std::uint64_t m_looks = 0;
 };

@@ -13,19 +13,18 @@
 #include "apps/program/platform/ProcessArguments.h"
 #include "apps/program/platform/UserLanguage.h"
 #include "apps/viewer/CommandLine.h"
-#include "apps/viewer/ImageFile.h"
 #include "apps/viewer/PictureListening.h"
 #include "apps/viewer/Settings.h"
 #include "apps/viewer/ViewerFrame.h"
 
 #include <wx/app.h>
 #include <wx/config.h>
+#include <wx/stopwatch.h>
+#include <wx/utils.h>
 
-#include <cstddef>
 #include <cstdio>
 #include <new>
 #include <string>
-#include <utility>
 
 namespace {
 
@@ -53,18 +52,44 @@ Io::Path samplePicture()
     return folder.parentDirectory() / Io::Path(L"share/nolvexlibwx/sample.pfm");
 }
 
-// Takes the picture of the window after the window system has had time to put it on the screen.
-int takeScreenshot(Viewer::ViewerFrame& frame, const Io::Path& file)
+// Begins with the pictures of the command line, or with the sample. A picture that is read in a moment
+// appears together with the window.
+void begin(Viewer::ViewerFrame& frame, const Viewer::CommandLine& line)
+{
+    constexpr long MOMENT_MS = 200;
+    constexpr unsigned long PERIOD_MS = 5;
+    if (!line.pictures.empty())
+        frame.beginWith(line.pictures);
+    else if (line.listen.isEmpty())
+        frame.beginWith({samplePicture()});
+    const wxStopWatch watch;
+    while (frame.isReading() && watch.Time() < MOMENT_MS) {
+        wxTheApp->ProcessPendingEvents();
+        wxMilliSleep(PERIOD_MS);
+    }
+    frame.Show();
+}
+
+// Takes the picture of the window after the picture has been read, and the window system has had time to put
+// it on the screen. A viewer that listens needs no picture.
+int takeScreenshot(Viewer::ViewerFrame& frame, const Viewer::CommandLine& line)
 {
     constexpr int PERIOD_MS = 100;
     constexpr int TURNS = 5;
     // The mouse may rest on the picture, whose tooltip would then be in the screenshot.
     frame.setTooltips(false);
+    Optional<String> failure;
+    frame.onComplaint = [&failure](const String& message) { failure = failure.value_or(message); };
+    begin(frame, line);
     int turnsSincePainted = 0;
     const Program::ScreenshotTimer timer(frame, PERIOD_MS, [&]() -> Optional<String> {
-        if (!frame.wasPainted() || ++turnsSincePainted < TURNS)
+        if (frame.isReading() || !frame.wasPainted())
             return {};
-        return Program::writeWindowPicture(frame, file);
+        if (failure && line.listen.isEmpty() && frame.workspace().current() == nullptr)
+            return failure;
+        if (++turnsSincePainted < TURNS)
+            return {};
+        return Program::writeWindowPicture(frame, line.screenshot);
     });
     LibWx::runEventLoop();
     return timer.error().isEmpty() ? 0 : fail(timer.error());
@@ -79,78 +104,37 @@ int capture()
     return LibWx::runEventLoop();
 }
 
-// The pictures that the program begins with.
-struct Beginning
+Optional<String> listen(Viewer::ViewerFrame& frame, const String& text)
 {
-    Array<Io::Path> files;
-    /// The first of the files that could be read, or null.
-    Viewer::SharedPicture picture;
-    Io::Path file;
-    /// Why the files before it could not be read.
-    Array<String> failures;
-};
-
-Beginning readFirstPicture(Array<Io::Path> files)
-{
-    Beginning beginning{std::move(files), nullptr, {}, {}};
-    for (const Io::Path& file : beginning.files) {
-        const Expected<Viewer::SharedPicture, String> picture = Viewer::readPictureFile(file);
-        if (picture) {
-            beginning.picture = *picture;
-            beginning.file = file;
-            break;
-        }
-        beginning.failures.push_back(picture.error());
-    }
-    return beginning;
-}
-
-Viewer::ViewerFrame* makeFrame(const Viewer::CommandLine& line, const Beginning& beginning)
-{
-    // A window that only writes a picture of itself has nothing to remember.
-    auto settings = line.screenshot.isEmpty() ? Viewer::Settings::ofUser() : nullptr;
-    auto* frame = new Viewer::ViewerFrame(beginning.picture, beginning.file, Wx::requestScreenRegion,
-                                          std::move(settings));
-    Program::useIconInDialogs(*frame);
-    for (const String& failure : beginning.failures)
-        frame->complain(failure);
-    // The others are read when they are to be shown.
-    const auto others = beginning.files.begin() + static_cast<std::ptrdiff_t>(beginning.failures.size());
-    frame->workspace().addFiles(Array<Io::Path>(others, beginning.files.end()));
-    return frame;
-}
-
-String noPicturesMessage(const Array<Io::Path>& folders)
-{
-    return L"There are no pictures in \"" + folders.front().nativeStr() + L"\".";
+    const auto address = Viewer::parseListeningAddress(text);
+    const auto port = address ? frame.listen(*address) : Unexpected{address.error()};
+    if (!port)
+        return port.error();
+    // Programs that start the viewer with port 0 read the port here.
+    std::printf("listening at port %d\n", *port);
+    std::fflush(stdout);
+    return {};
 }
 
 int show(const Viewer::CommandLine& line)
 {
     if (line.capture)
         return capture();
-    const bool isListening = !line.listen.isEmpty();
-    Array<Io::Path> files = Viewer::withFoldersOpened(line.pictures);
-    if (line.pictures.empty() && !isListening)
-        files.push_back(samplePicture());
-    const Beginning beginning = readFirstPicture(std::move(files));
-    if (!beginning.picture && !isListening)
-        return fail(beginning.failures.empty() ? noPicturesMessage(line.pictures)
-                                               : beginning.failures.front());
-    Viewer::ViewerFrame* const frame = makeFrame(line, beginning);
-    if (isListening) {
-        const auto address = Viewer::parseListeningAddress(line.listen);
-        const auto port = address ? frame->listen(*address) : Unexpected{address.error()};
-        if (!port) {
+    const bool isScreenshot = !line.screenshot.isEmpty();
+    // A window that only writes a picture of itself has nothing to remember.
+    auto* const frame = new Viewer::ViewerFrame(nullptr, {}, Wx::requestScreenRegion,
+                                                isScreenshot ? nullptr : Viewer::Settings::ofUser());
+    Program::useIconInDialogs(*frame);
+    if (!line.listen.isEmpty()) {
+        if (const Optional<String> failure = listen(*frame, line.listen)) {
             frame->Destroy();
-            return fail(port.error());
+            return fail(*failure);
         }
-        // Programs that start the viewer with port 0 read the port here.
-        std::printf("listening at port %d\n", *port);
-        std::fflush(stdout);
     }
-    frame->Show();
-    return line.screenshot.isEmpty() ? LibWx::runEventLoop() : takeScreenshot(*frame, line.screenshot);
+    if (isScreenshot)
+        return takeScreenshot(*frame, line);
+    begin(*frame, line);
+    return LibWx::runEventLoop();
 }
 
 } // namespace

@@ -1,11 +1,13 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# viewer.sh COMMAND...: starts the viewer as a user does. The viewer must show good pictures, and for a bad picture
-# print one clear line and end with status 1.
+# viewer.sh COMMAND...: starts the viewer as a user does. The viewer must show good pictures. For a bad picture it must
+# print one clear line and end with status 1 if a screenshot is wanted, and otherwise tell the reason in its window.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
+# The settings of the user are neither asked nor changed.
+export XDG_CONFIG_HOME=$folder/config
 failures=0
 
 complain() {
@@ -33,6 +35,30 @@ for picture in tests/data/images/{empty,truncated,huge-claim}.png tests/data/ima
   grep -q "$(basename "$picture")" "$folder/errors" || complain "$picture gave no clear message: $(cat "$folder/errors")"
   [ ! -e "$folder/bad.png" ] || complain "$picture was shown"
 done
+
+# The picture is waited for, even if it is large, and a bad one before it is passed over. The sizes are those of the
+# tallest and of the smallest picture.
+{ printf 'Pf\n6000 4000\n-1\n' && head -c 96000000 /dev/zero; } >"$folder/large.pfm"
+{ printf 'P5\n1 30000\n255\n' && head -c 30000 /dev/zero; } >"$folder/tall.pgm"
+{ printf 'P5\n30000 1\n255\n' && head -c 30000 /dev/zero; } >"$folder/wide.pgm"
+printf 'P5\n1 1\n255\nx' >"$folder/dot.pgm"
+for picture in large.pfm tall.pgm wide.pgm dot.pgm; do
+  rm -f "$folder/shot.png"
+  timeout 60 "$@" --screenshot "$folder/shot.png" tests/data/images/truncated.png "$folder/$picture" \
+    2>"$folder/errors" || complain "$picture after a bad picture was not shown: $(cat "$folder/errors")"
+  [ -s "$folder/shot.png" ] || complain "$picture left no screenshot"
+done
+
+# expect_running ARGUMENTS: a viewer that shows a window stays until the user closes it. It is ended by its signal.
+expect_running() {
+  local status=0
+  timeout 15 "${viewer[@]}" "$@" >"$folder/output" 2>"$folder/errors" || status=$?
+  [ "$status" -eq 124 ] || complain "$* ended with status $status: $(cat "$folder/errors")"
+}
+viewer=("$@")
+expect_running tests/data/images/missing.png
+expect_running --listen 0 tests/data/images/truncated.png
+grep -q '^listening at port [1-9]' "$folder/output" || complain "the port was not printed: $(cat "$folder/output")"
 
 status=0
 "$@" --no-such-option 2>/dev/null || status=$?

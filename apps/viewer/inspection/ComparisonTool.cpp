@@ -14,6 +14,14 @@ namespace {
 constexpr Command MODES[] = {COMPARE_NOTHING,  COMPARE_SIDE_BY_SIDE, COMPARE_DIFFERENCE,
                              COMPARE_ABSOLUTE, COMPARE_SQUARED,      COMPARE_RELATIVE};
 
+const wchar_t* const NO_MEMORY = L"There is not enough memory for the comparison.";
+
+String measuredMessage(const PictureDifference& difference)
+{
+    return L"Compared: " + difference.picture->name() + L": mean " + numberText(difference.mean) +
+           L", PSNR " + numberText(difference.psnr) + L" dB.";
+}
+
 Optional<DifferenceMeasure> measureOf(Command mode)
 {
     switch (mode) {
@@ -90,20 +98,52 @@ void ComparisonTool::onChanged(Flags<Workspace::Change> changes)
         show();
 }
 
+void ComparisonTool::finish()
+{
+    while (m_task.isRunning())
+        m_task.finish();
+}
+
+Optional<ComparisonTool::Subject> ComparisonTool::subject() const
+{
+    const OpenPicture* const shown = m_workspace.current();
+    const OpenPicture* const reference = m_workspace.reference();
+    const Optional<DifferenceMeasure> measure = measureOf(m_mode);
+    const bool isPossible = measure && !m_flipped && shown != nullptr && reference != nullptr &&
+                            shown->picture && reference->picture && shown->picture != reference->picture;
+    return isPossible ? Subject{shown->id, reference->id, *measure} : Optional<Subject>();
+}
+
 void ComparisonTool::show()
 {
+    const Optional<Subject> wanted = subject();
+    if (wanted && wanted == m_subject)
+        return follow(*wanted);
+    m_subject = wanted;
     m_task.cancel();
     m_difference.reset();
+    m_isMeasuredOnce = false;
     const OpenPicture* const reference = m_workspace.reference();
     const SharedPicture referencePicture = reference != nullptr ? reference->picture : nullptr;
     const SharedPicture picture = m_workspace.currentPicture();
     showInView(m_flipped ? referencePicture : picture);
     const bool isSideBySide = m_mode == COMPARE_SIDE_BY_SIDE && !m_flipped && picture != referencePicture;
     m_view.setComparison(isSideBySide ? referencePicture : nullptr, m_view.divider());
-    if (!m_flipped && picture && referencePicture && picture != referencePicture) {
-        if (const Optional<DifferenceMeasure> wanted = measureOf(m_mode))
-            measure(*wanted, picture, referencePicture);
-    }
+    if (wanted)
+        measure();
+    m_shown();
+}
+
+// A picture that arrives piece by piece changes faster than it can be measured. What is being measured is
+// shown, and then the last state is measured.
+void ComparisonTool::follow(const Subject& wanted)
+{
+    if (m_task.isRunning())
+        m_isOutdated = true;
+    else
+        measure();
+    if (!m_difference)
+        showInView(m_workspace.find(wanted.picture)->picture);
     m_shown();
 }
 
@@ -114,11 +154,12 @@ void ComparisonTool::showInView(const SharedPicture& picture)
     m_view.setPicture(picture, picture && before && picture->frameSize() == before->frameSize());
 }
 
-void ComparisonTool::measure(DifferenceMeasure measure, const SharedPicture& picture,
-                             const SharedPicture& reference)
+void ComparisonTool::measure()
 {
+    m_isOutdated = false;
     m_task.start(
-        [measure, picture, reference](const Progress& progress) {
+        [measure = m_subject->measure, picture = m_workspace.find(m_subject->picture)->picture,
+         reference = m_workspace.find(m_subject->reference)->picture](const Progress& progress) {
             return differenceOf(*picture, *reference, measure, progress);
         },
         [this](const Optional<Result>& result) { onMeasured(result); });
@@ -126,19 +167,29 @@ void ComparisonTool::measure(DifferenceMeasure measure, const SharedPicture& pic
 
 void ComparisonTool::onMeasured(const Optional<Result>& result)
 {
-    if (!result) {
-        m_messages.complain(L"There is not enough memory for the comparison.");
-        return;
+    const bool isFirst = !std::exchange(m_isMeasuredOnce, true);
+    const bool isToldInLog = isFirst || !isArriving();
+    if (result && *result) {
+        m_difference = **result;
+        showInView(m_difference->picture);
+        if (isToldInLog)
+            m_messages.report(measuredMessage(*m_difference));
+    } else {
+        m_difference.reset();
+        showInView(m_workspace.currentPicture());
+        if (isToldInLog)
+            m_messages.complain(result ? result->error() : String(NO_MEMORY));
     }
-    if (!*result) {
-        m_messages.complain(result->error());
-        return;
-    }
-    m_difference = **result;
-    showInView(m_difference->picture);
-    m_messages.report(L"Compared: " + m_difference->picture->name() + L": mean " +
-                      numberText(m_difference->mean) + L", PSNR " + numberText(m_difference->psnr) + L" dB.");
+    if (m_isOutdated)
+        measure();
     m_shown();
+}
+
+// The log would fill with the numbers of a picture that arrives piece by piece. The information tells them.
+bool ComparisonTool::isArriving() const
+{
+    return m_workspace.find(m_subject->picture)->origin == PictureOrigin::SENDER ||
+           m_workspace.find(m_subject->reference)->origin == PictureOrigin::SENDER;
 }
 
 } // namespace Nolvex::Viewer

@@ -20,7 +20,8 @@ class ImageView;
 
 /// Decides what the view shows of the current picture and the reference: the picture alone, both with a
 /// divider between them, the reference in the place of the picture, or their difference. Differences are
-/// measured in the background; the picture is shown meanwhile.
+/// measured in the background; the picture is shown meanwhile. If only the pixels of the compared pictures
+/// change, the difference stays until the next one has been measured.
 class ComparisonTool : private Noncopyable
 {
 public:
@@ -43,17 +44,30 @@ public:
     const Optional<PictureDifference>& difference() const { return m_difference; }
 
     /// Waits until a difference that is being measured is shown.
-    void finish() { m_task.finish(); }
+    void finish();
 
 private:
     using Result = Expected<PictureDifference, String>;
+
+    /// What is measured.
+    struct Subject
+    {
+        PictureId picture;
+        PictureId reference;
+        DifferenceMeasure measure;
+
+        friend bool operator==(const Subject&, const Subject&) = default;
+    };
 
     bool hasReference();
     void onReference();
     void onChanged(Flags<Workspace::Change> changes);
     void show();
     void showInView(const SharedPicture& picture);
-    void measure(DifferenceMeasure measure, const SharedPicture& picture, const SharedPicture& reference);
+    Optional<Subject> subject() const;
+    bool isArriving() const;
+    void follow(const Subject& wanted);
+    void measure();
     void onMeasured(const Optional<Result>& result);
 
     Workspace& m_workspace;
@@ -64,6 +78,9 @@ private:
     Command m_mode = COMPARE_NOTHING;
     bool m_flipped = false;
     Optional<PictureDifference> m_difference;
+    Optional<Subject> m_subject;   // of the difference that is shown or measured
+    bool m_isMeasuredOnce = false; // at least one state of the subject
+    bool m_isOutdated = false;     // pixels have changed since the measuring has begun
     BackgroundTask<Result> m_task;
 };
 

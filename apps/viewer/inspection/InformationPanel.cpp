@@ -20,6 +20,14 @@ namespace {
 constexpr int GAP = 6;
 constexpr int TEXT_HEIGHT = 80;
 
+// A picture that arrives piece by piece has many states. The numbers of each are told until those of the next
+// one are there.
+bool isNextStateOf(const SharedPicture& before, const SharedPicture& picture)
+{
+    return before && picture && before->name() == picture->name() && before->size() == picture->size() &&
+           before->channels() == picture->channels();
+}
+
 } // namespace
 
 InformationPanel::InformationPanel(wxWindow* parent) : wxPanel(parent), m_histogram(new HistogramView(this))
@@ -42,10 +50,12 @@ void InformationPanel::setPicture(const SharedPicture& picture, const Optional<w
 {
     if (picture == m_picture && selection == m_selection)
         return;
-    m_task.cancel();
+    if (!isNextStateOf(m_picture, picture) || selection != m_selection) {
+        m_task.cancel();
+        m_statistics.reset();
+    }
     m_picture = picture;
     m_selection = selection;
-    m_statistics.reset();
     m_outdated = true;
     update();
 }
@@ -65,15 +75,16 @@ bool InformationPanel::Show(bool show)
 
 void InformationPanel::finish()
 {
-    m_task.finish();
+    while (m_task.isRunning())
+        m_task.finish();
 }
 
 void InformationPanel::update()
 {
-    if (!IsShown() || !std::exchange(m_outdated, false))
+    if (!IsShown() || m_task.isRunning() || !std::exchange(m_outdated, false))
         return;
-    m_task.cancel();
-    m_histogram->setStatistics({});
+    if (!m_statistics)
+        m_histogram->setStatistics({});
     showText();
     if (!m_picture)
         return;
@@ -84,6 +95,7 @@ void InformationPanel::update()
                      m_statistics = statistics.value_or(std::nullopt);
                      m_histogram->setStatistics(m_statistics);
                      showText();
+                     update();
                  });
 }
 

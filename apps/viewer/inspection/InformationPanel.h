@@ -20,7 +20,8 @@ namespace Nolvex::Viewer {
 class HistogramView;
 
 /// Tells about a picture: its histogram, its statistics, the numbers of a comparison and its metadata. The
-/// pixels are looked at in the background, and only while the panel is shown.
+/// pixels are looked at in the background, and only while the panel is shown. If another state of the same
+/// picture comes meanwhile, the pixels are looked at once more after that.
 class InformationPanel : public wxPanel
 {
 public:

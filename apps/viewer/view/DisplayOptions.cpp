@@ -91,27 +91,27 @@ wxSizer* DisplayOptions::makeFirstRow()
         notify();
     });
     setChannels({});
-    auto* checkerboard = new Wx::CheckBox(this, wxID_ANY, L"Checkerboard");
-    checkerboard->setChangeCallback([this](bool isWanted) {
+    m_checkerboard = new Wx::CheckBox(this, wxID_ANY, L"Checkerboard");
+    m_checkerboard->setChangeCallback([this](bool isWanted) {
         m_settings.checkerboard = isWanted;
         notify();
     });
-    row->Add(checkerboard, 0, wxALIGN_CENTRE_VERTICAL);
+    row->Add(m_checkerboard, 0, wxALIGN_CENTRE_VERTICAL);
     return row;
 }
 
 wxSizer* DisplayOptions::makeSecondRow()
 {
     auto* row = new wxBoxSizer(wxHORIZONTAL);
-    Wx::ComboBox* const encoding = addChoice(*row, L"Encoding", ENCODING_WIDTH, [this](int chosen) {
+    m_encoding = addChoice(*row, L"Encoding", ENCODING_WIDTH, [this](int chosen) {
         m_settings.encoding = static_cast<Encoding>(chosen);
         notify();
     });
     const Wx::ComboBox::Item encodings[] = {itemOf(L"Gamma", Encoding::GAMMA),
                                             itemOf(L"sRGB", Encoding::SRGB),
                                             itemOf(L"Linear", Encoding::LINEAR)};
-    encoding->setData(encodings);
-    encoding->selectIndex(0, false);
+    m_encoding->setData(encodings);
+    m_encoding->selectIndex(0, false);
     Wx::ComboBox* const falseColor = addChoice(*row, L"False colour", FALSE_COLOR_WIDTH, [this](int kind) {
         chooseFalseColor(static_cast<FalseColor>(kind));
     });
@@ -168,6 +168,15 @@ void DisplayOptions::setChannels(const Array<String>& names)
     };
     m_channel->setData(channels);
     m_channel->selectId(static_cast<int>(m_settings.channel), false);
+}
+
+void DisplayOptions::setTaste(Encoding encoding, bool checkerboard)
+{
+    m_settings.encoding = encoding;
+    m_settings.checkerboard = checkerboard;
+    m_encoding->selectId(static_cast<int>(encoding), false);
+    m_checkerboard->setValue(checkerboard, false);
+    notify();
 }
 
 // The ranges of values and of stops have little in common, so that each kind begins with a range of its own.

@@ -32,6 +32,9 @@ public:
     /// G, B and A are written out.
     void setChannels(const Array<String>& names);
 
+    /// Shows and applies what is a matter of taste. The other settings stay.
+    void setTaste(Encoding encoding, bool checkerboard);
+
 private:
     wxSizer* makeFirstRow();
     wxSizer* makeSecondRow();
@@ -46,6 +49,8 @@ private:
     Function<void(const DisplaySettings&)> m_onChange;
     DisplaySettings m_settings;
     Wx::ComboBox* m_channel = nullptr;
+    Wx::ComboBox* m_encoding = nullptr;
+    Wx::CheckBox* m_checkerboard = nullptr;
     Wx::Spinner* m_from = nullptr;
     Wx::Spinner* m_to = nullptr;
 };

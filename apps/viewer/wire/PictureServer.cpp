@@ -39,14 +39,19 @@ void PictureServer::forget(const String& name)
         m_run->forget(name);
 }
 
-// Each callback may stop or destroy the server. Returns false if that has happened.
+// Each callback may stop or destroy the server, or forget a picture. Returns false if the server has stopped.
 bool PictureServer::deliver(const PictureServerRun::Delivery& delivery)
 {
     const std::weak_ptr<PictureServerRun> run = m_run;
+    const auto isWanted = [&run](const String& name) {
+        const std::shared_ptr<PictureServerRun> alive = run.lock();
+        return alive && !alive->isForgotten(name);
+    };
     const Callbacks callbacks = m_callbacks;
     for (const PictureNews& news : delivery.news) {
-        tellState(callbacks, news);
-        if (!run.expired())
+        if (isWanted(news.name))
+            tellState(callbacks, news);
+        if (isWanted(news.name))
             tellEnd(callbacks, news);
         if (run.expired())
             return false;

@@ -71,7 +71,7 @@ public:
     bool isRunning() const { return m_run != nullptr; }
 
     /// Tells that the viewer no longer shows a picture. A sender that goes on is told that there is no such
-    /// picture.
+    /// picture. States of the picture that have arrived are not told any more.
     void forget(const String& name);
 
 private:

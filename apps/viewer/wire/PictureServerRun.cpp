@@ -3,9 +3,6 @@
 
 #include "apps/viewer/wire/WireCommand.h"
 
-#include <wx/app.h>
-#include <wx/thread.h>
-
 #include <algorithm>
 #include <cstdint>
 #include <memory>
@@ -38,16 +35,6 @@ constexpr std::int64_t MAX_COPIED_BYTES_PER_SECOND = std::int64_t{2} << 30;
 
 constexpr std::chrono::milliseconds REFUSAL_TIME(1000);
 
-// A picture may hold a bitmap, which belongs to the main thread. The last owner of the picture may be a
-// connection, whose sender changes pixels that the viewer has let go of.
-void destroyOnMainThread(const Picture* picture)
-{
-    if (wxIsMainThread() || wxAppConsole::GetInstance() == nullptr)
-        delete picture;
-    else
-        wxAppConsole::GetInstance()->CallAfter([owner = std::shared_ptr<const Picture>(picture)] {});
-}
-
 std::int64_t byteCountOf(const Image& image)
 {
     return static_cast<std::int64_t>(image.rowBytes()) * image.descriptor().height;
@@ -56,7 +43,7 @@ std::int64_t byteCountOf(const Image& image)
 std::shared_ptr<const Image> makePicture(PictureNews& news)
 {
     const std::unique_ptr<Image> image = std::move(news.image);
-    news.picture = {new Picture(news.name, std::move(*image), news.alpha), destroyOnMainThread};
+    news.picture = std::make_shared<const Picture>(news.name, std::move(*image), news.alpha);
     return {news.picture, &news.picture->image()};
 }
 
@@ -162,6 +149,14 @@ void PictureServerRun::forget(const String& name)
 {
     const std::lock_guard lock(m_mutex);
     m_pictures.forget(name);
+    if (!m_isDelivered)
+        m_forgotten.insert(name);
+}
+
+bool PictureServerRun::isForgotten(const String& name)
+{
+    const std::lock_guard lock(m_mutex);
+    return m_forgotten.contains(name);
 }
 
 void PictureServerRun::fail(const String& reason)
@@ -235,6 +230,7 @@ void PictureServerRun::deliver(const Delivery& delivery)
         return;
     const std::lock_guard lock(m_mutex);
     m_isDelivered = true;
+    m_forgotten.clear();
     m_wake.notify_all();
 }
 

@@ -19,6 +19,7 @@
 #include <condition_variable>
 #include <list>
 #include <mutex>
+#include <set>
 #include <thread>
 
 namespace Nolvex::Viewer {
@@ -48,6 +49,9 @@ public:
 
     void forget(const String& name);
 
+    /// Returns whether the picture was forgotten after its news were posted that are being delivered.
+    bool isForgotten(const String& name);
+
 private:
     using Clock = std::chrono::steady_clock;
 
@@ -67,12 +71,13 @@ private:
     const WireLimits m_limits;
     const Function<bool(const Delivery&)> m_deliver;
 
-    std::mutex m_mutex; // guards the next five members
+    std::mutex m_mutex; // guards the next six members
     std::condition_variable m_wake;
     ReceivedPictures m_pictures;
     String m_failure;
     bool m_isStopping = false;
-    bool m_isDelivered = true; // the main thread has taken all that was posted
+    bool m_isDelivered = true;    // the main thread has taken all that was posted
+    std::set<String> m_forgotten; // while something is posted
 
     // Of the thread that takes connections.
     std::list<PictureConnection> m_connections;

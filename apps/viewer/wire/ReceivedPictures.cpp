@@ -160,6 +160,7 @@ Optional<String> ReceivedPictures::close(const String& name)
 void ReceivedPictures::forget(const String& name)
 {
     m_pictures.erase(name);
+    std::erase_if(m_ends, [&name](const PictureNews& news) { return news.name == name; });
 }
 
 void ReceivedPictures::endConnection(Connection connection, const String& reason)

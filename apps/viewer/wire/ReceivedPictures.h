@@ -70,7 +70,7 @@ public:
     /// Tells that a connection has ended, with the reason as a sentence.
     void endConnection(Connection connection, const String& reason);
 
-    /// Lets go of a picture, without news. The name is unknown from now on.
+    /// Lets go of a picture and of news about it. The name is unknown from now on.
     void forget(const String& name);
 
     bool hasNews() const;

@@ -4,6 +4,7 @@
 #include "NolvexLib/Exception.h"
 #include "NolvexLib/Io/FileOutputStream.h"
 #include "support/PictureFiles.h"
+#include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -181,4 +182,27 @@ TEST(ViewerImageFileTest, cutFilesOfEveryKind_areRefusedOrShownWhole)
             }
         }
     }
+}
+
+TEST(ViewerImageFileTest, folder_standsForItsPicturesInTheOrderOfTheirNames)
+{
+    const Tests::TemporaryFolder folder;
+    for (const wchar_t* name : {L"b.png", L"a.EXR", L"c \u00fc.Pfm", L"notes.txt", L"png", L".png"})
+        folder.file(name, "x");
+    std::filesystem::create_directory(folder.file(L"folder.png").native());
+    folder.file(L"folder.png/inner.png", "x");
+    const Io::Path other = folder.file(L"notes.txt");
+    EXPECT_EQ(Viewer::withFoldersOpened({other, folder.path(), other}),
+              (Array<Io::Path>{other, folder.file(L"a.EXR"), folder.file(L"b.png"),
+                               folder.file(L"c \u00fc.Pfm"), other}))
+        << "files stay as they are, and folders inside are left out";
+}
+
+TEST(ViewerImageFileTest, whatIsNoFolder_staysAsItIs)
+{
+    const Tests::TemporaryFolder folder;
+    const Io::Path missing = folder.file(L"missing");
+    EXPECT_EQ(Viewer::withFoldersOpened({missing}), Array<Io::Path>{missing});
+    EXPECT_TRUE(Viewer::withFoldersOpened({folder.path()}).empty());
+    EXPECT_TRUE(Viewer::withFoldersOpened({}).empty());
 }

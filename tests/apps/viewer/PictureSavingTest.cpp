@@ -287,10 +287,21 @@ TEST_F(PictureSavingTest, pictureWithAFile_isClosedWithoutAQuestion)
 TEST_F(PictureSavingTest, pictureOfTheScreenUnderTheQuestion_isAskedAboutToo)
 {
     showUnsaved();
+    const Viewer::PictureId first = frame->workspace().current()->id;
     DialogRobot::Step capture = answer('D');
     capture.action = [this] { frame->captureScreen(); };
-    DialogRobot robot({capture, afterTheNextMessage(answer('D')), answer(WXK_ESCAPE)});
+    DialogRobot::Step firstAnswer = afterTheNextMessage(answer('D'));
+    DialogRobot::Step second = answer(WXK_ESCAPE);
+    Viewer::PictureId asked{};
+    second.action = [this, &asked, press = second.action] {
+        asked = frame->workspace().current()->id;
+        press();
+    };
+    DialogRobot robot({capture, firstAnswer, second});
     EXPECT_FALSE(isGoneAfterClosing());
+    ASSERT_EQ(frame->workspace().pictures().size(), 3U) << "neither is lost";
+    EXPECT_EQ(asked, frame->workspace().pictures()[2].id);
+    EXPECT_NE(asked, first);
 }
 
 TEST_F(PictureSavingTest, pictureOfTheScreenUnderTheFileDialog_staysOpen)

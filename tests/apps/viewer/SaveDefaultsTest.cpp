@@ -1,10 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/SaveDefaults.h"
 
+#include "apps/viewer/Settings.h"
+
+#include <wx/fileconf.h>
+#include <wx/sstream.h>
+
 #include <gtest/gtest.h>
+
+#include <memory>
 
 using namespace Nolvex;
 using Viewer::SaveDefaults;
+using Viewer::Settings;
 
 namespace {
 
@@ -12,7 +20,8 @@ constexpr std::uint32_t ALPHA = 1;
 
 Wx::ImageSaveSettings proposed(PixelFormat picture, ImageFormat file, std::uint32_t flags = ALPHA)
 {
-    SaveDefaults defaults;
+    Settings settings;
+    SaveDefaults defaults(settings);
     defaults.setPicture({10, 10, picture, 1.0f});
     return *defaults.getDefaults(file, flags);
 }
@@ -40,10 +49,23 @@ TEST(SaveDefaultsTest, proposal_hasAlphaIfBothThePictureAndTheFormatDo)
 
 TEST(SaveDefaultsTest, choice_isProposedAgainForTheSameFormatOnly)
 {
-    SaveDefaults defaults;
+    Settings settings;
+    SaveDefaults defaults(settings);
     defaults.setPicture({10, 10, PixelFormat::UINT8_RGBA, 1.0f});
     defaults.storeSettings(ImageFormat::TIFF, {ColorFormat::FLT16_LINEAR_RGB, false});
     EXPECT_EQ(defaults.getDefaults(ImageFormat::TIFF, ALPHA)->colorFormat, ColorFormat::FLT16_LINEAR_RGB);
     EXPECT_FALSE(defaults.getDefaults(ImageFormat::TIFF, ALPHA)->includeAlpha);
     EXPECT_EQ(defaults.getDefaults(ImageFormat::PNG, ALPHA)->colorFormat, ColorFormat::UINT8_RGB);
+}
+
+TEST(SaveDefaultsTest, choice_isProposedInTheNextRun)
+{
+    wxStringInputStream nothing{wxString()};
+    Settings settings(std::make_shared<wxFileConfig>(nothing));
+    SaveDefaults(settings).storeSettings(ImageFormat::PNG, {ColorFormat::UINT16_RGB, true});
+    SaveDefaults next(settings);
+    next.setPicture({10, 10, PixelFormat::UINT8_RGB, 1.0f});
+    EXPECT_EQ(next.getDefaults(ImageFormat::PNG, ALPHA)->colorFormat, ColorFormat::UINT16_RGB);
+    EXPECT_TRUE(next.getDefaults(ImageFormat::PNG, ALPHA)->includeAlpha);
+    EXPECT_EQ(next.getDefaults(ImageFormat::TIFF, ALPHA)->colorFormat, ColorFormat::UINT8_RGB);
 }

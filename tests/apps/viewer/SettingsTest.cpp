@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/Settings.h"
 
+#include "NolvexLib/ImageFormat.h"
 #include "NolvexLibWx/StringConversions.h"
 #include "support/FrameFixture.h"
 #include "support/TemporaryFolder.h"
 
 #include <wx/display.h>
 #include <wx/fileconf.h>
+#include <wx/log.h>
 #include <wx/sstream.h>
 
 #include <gtest/gtest.h>
@@ -16,6 +18,7 @@
 #include <string>
 
 using namespace Nolvex;
+using Viewer::Preferences;
 using Viewer::Settings;
 
 namespace {
@@ -26,17 +29,35 @@ std::shared_ptr<wxConfigBase> emptyConfig()
     return std::make_shared<wxFileConfig>(nothing);
 }
 
-std::shared_ptr<wxConfigBase> configIn(const Io::Path& file)
-{
-    return std::make_shared<wxFileConfig>(wxString(), wxString(), Wx::toWxString(file.nativeStr()),
-                                          wxString(), wxCONFIG_USE_LOCAL_FILE);
-}
-
 // Paths that need not exist, with the name of the disk that absolute paths have on Windows.
 Io::Path absolutePath(const wchar_t* name)
 {
     return std::filesystem::absolute((Io::Path(L"/pictures") / Io::Path(name)).native());
 }
+
+// The messages of wxWidgets, which may open boxes in a host that has not switched them off.
+class LoggedMessages
+{
+public:
+    LoggedMessages() : m_wasEnabled(wxLog::EnableLogging()), m_previous(wxLog::SetActiveTarget(&m_messages))
+    {}
+
+    ~LoggedMessages()
+    {
+        wxLog::SetActiveTarget(m_previous);
+        wxLog::EnableLogging(m_wasEnabled);
+    }
+
+    LoggedMessages(const LoggedMessages&) = delete;
+    LoggedMessages& operator=(const LoggedMessages&) = delete;
+
+    const wxString& text() const { return m_messages.GetBuffer(); }
+
+private:
+    wxLogBuffer m_messages;
+    bool m_wasEnabled;
+    wxLog* m_previous;
+};
 
 struct SettingsTest : Tests::FrameFixture
 {
@@ -187,19 +208,122 @@ TEST_F(SettingsTest, nextRun_findsWhatTheLastOneRemembered)
     const Tests::TemporaryFolder folder;
     const Io::Path file = folder.file(L"settings.ini");
     {
-        Settings last(configIn(file));
+        Settings last(Settings::inFile(file));
         frame->SetSize(60, 70, 320, 240);
         last.remember(*frame);
         for (const wchar_t* name : {L"a.png", L" $HOME \u00fc.png", L"a\"b.png"})
             last.addRecentFile(absolutePath(name));
     }
     frame->SetSize(10, 20, 200, 150);
-    const Settings next(configIn(file));
+    const Settings next(Settings::inFile(file));
     EXPECT_TRUE(next.restore(*frame));
     EXPECT_EQ(frame->GetRect(), wxRect(60, 70, 320, 240));
     EXPECT_EQ(next.recentFiles(),
               (Array<Io::Path>{absolutePath(L"a\"b.png"), absolutePath(L" $HOME \u00fc.png"),
                                absolutePath(L"a.png")}));
+}
+
+TEST_F(SettingsTest, preferences_areThoseOfTheLastRun)
+{
+    EXPECT_EQ(settings.preferences(), Preferences());
+    Preferences preferences;
+    preferences.picturesPanel = false;
+    preferences.informationPanel = true;
+    preferences.tooltips = false;
+    preferences.lightSurround = true;
+    preferences.surround = RgbBytes{1, 0xab, 255};
+    preferences.encoding = Viewer::Encoding::LINEAR;
+    preferences.checkerboard = true;
+    settings.setPreferences(preferences);
+    EXPECT_EQ(settings.preferences(), preferences);
+    settings.setPreferences({});
+    EXPECT_EQ(settings.preferences(), Preferences());
+}
+
+TEST_F(SettingsTest, saveChoice_isThatOfTheFormat)
+{
+    EXPECT_FALSE(settings.saveChoice(ImageFormat::PNG));
+    settings.setSaveChoice(ImageFormat::PNG, {ColorFormat::UINT16_RGB, true});
+    settings.setSaveChoice(ImageFormat::TIFF, {ColorFormat::FLT16_LINEAR_RGB, false});
+    ASSERT_TRUE(settings.saveChoice(ImageFormat::PNG));
+    EXPECT_EQ(settings.saveChoice(ImageFormat::PNG)->colorFormat, ColorFormat::UINT16_RGB);
+    EXPECT_TRUE(settings.saveChoice(ImageFormat::PNG)->includeAlpha);
+    EXPECT_EQ(settings.saveChoice(ImageFormat::TIFF)->colorFormat, ColorFormat::FLT16_LINEAR_RGB);
+    EXPECT_FALSE(settings.saveChoice(ImageFormat::TIFF)->includeAlpha);
+    EXPECT_FALSE(settings.saveChoice(ImageFormat::EXR));
+}
+
+TEST_F(SettingsTest, saveChoiceThatTheFormatDoesNotAllow_isNone)
+{
+    config->Write(L"/save/png/colors", L"FLT32_LINEAR_RGB");
+    EXPECT_FALSE(settings.saveChoice(ImageFormat::PNG));
+    config->Write(L"/save/png/colors", L"garbage");
+    EXPECT_FALSE(settings.saveChoice(ImageFormat::PNG));
+    config->Write(L"/save/png/colors", L"UINT16_RGB");
+    config->Write(L"/save/png/alpha", L"garbage");
+    ASSERT_TRUE(settings.saveChoice(ImageFormat::PNG));
+    EXPECT_FALSE(settings.saveChoice(ImageFormat::PNG)->includeAlpha);
+}
+
+TEST_F(SettingsTest, lastFolder_isRemembered)
+{
+    EXPECT_TRUE(settings.lastFolder().isEmpty());
+    settings.setLastFolder(absolutePath(L"$HOME \u00fc"));
+    settings.setLastFolder({});
+    EXPECT_EQ(settings.lastFolder(), absolutePath(L"$HOME \u00fc"));
+}
+
+TEST_F(SettingsTest, damagedValues_countAsNone)
+{
+    const LoggedMessages messages;
+    for (const wchar_t* value :
+         {L"garbage", L"", L"7", L"-1", L"99999999999999999999", L"1e9", L"0x1", L"\u2603"}) {
+        for (const wchar_t* key :
+             {L"/panels/pictures", L"/panels/information", L"/look/tooltips", L"/look/light-surround",
+              L"/look/checkerboard", L"/look/surround", L"/look/encoding", L"/window/maximised"})
+            config->Write(key, value);
+        EXPECT_EQ(settings.preferences(), Preferences()) << value;
+        EXPECT_FALSE(settings.restore(*frame));
+        EXPECT_FALSE(frame->IsMaximized());
+    }
+    for (const wchar_t* value : {L"garbage", L"2147483647", L"-2147483648", L"99999999999999999999"}) {
+        for (const wchar_t* key : {L"/window/x", L"/window/y", L"/window/width", L"/window/height"})
+            config->Write(key, value);
+        const wxRect place = frame->GetRect();
+        EXPECT_FALSE(settings.restore(*frame)) << value;
+        EXPECT_EQ(frame->GetRect(), place);
+    }
+    EXPECT_EQ(messages.text(), L"");
+}
+
+TEST_F(SettingsTest, file_thatIsNone_isReplaced)
+{
+    const Tests::TemporaryFolder folder;
+    for (const std::string& content : {std::string(1000, '\xff'), std::string("\0\0[", 3),
+                                       std::string("[a\n=b\n]]]\nx"), std::string(70000, '[')}) {
+        const Io::Path file = folder.file(L"settings.ini", content);
+        const LoggedMessages messages;
+        {
+            Settings next(Settings::inFile(file));
+            EXPECT_EQ(next.preferences(), Preferences());
+            next.addRecentFile(absolutePath(L"a.png"));
+        }
+        EXPECT_EQ(Settings(Settings::inFile(file)).recentFiles(), Array<Io::Path>{absolutePath(L"a.png")});
+        EXPECT_EQ(messages.text(), L"") << content.substr(0, 10);
+    }
+}
+
+TEST_F(SettingsTest, fileThatCannotBeWritten_isNoReasonForAMessage)
+{
+    const Tests::TemporaryFolder folder;
+    const LoggedMessages messages;
+    {
+        Settings next(Settings::inFile(folder.file(L"no folder", "x") / L"settings.ini"));
+        next.addRecentFile(absolutePath(L"a.png"));
+        next.setPreferences({});
+        next.remember(*frame);
+    }
+    EXPECT_EQ(messages.text(), L"");
 }
 
 TEST_F(SettingsTest, withoutAConfig_nothingIsRemembered)
@@ -210,4 +334,12 @@ TEST_F(SettingsTest, withoutAConfig_nothingIsRemembered)
     EXPECT_TRUE(none.recentFiles().empty());
     EXPECT_FALSE(none.restore(*frame));
     EXPECT_FALSE(Settings(nullptr).restore(*frame));
+    none.setLastFolder(absolutePath(L"a"));
+    EXPECT_TRUE(none.lastFolder().isEmpty());
+    none.setSaveChoice(ImageFormat::PNG, {ColorFormat::UINT16_RGB, true});
+    EXPECT_FALSE(none.saveChoice(ImageFormat::PNG));
+    Preferences other;
+    other.tooltips = false;
+    none.setPreferences(other);
+    EXPECT_EQ(none.preferences(), Preferences());
 }

@@ -1,14 +1,21 @@
 // SPDX-License-Identifier: MIT
 // Opens one and several files through the dialog, and goes through them.
+#include "NolvexLibWx/widgets/Button.h"
+#include "NolvexLibWx/widgets/ComboBox.h"
 #include "apps/viewer/Command.h"
+#include "apps/viewer/LayerBar.h"
+#include "apps/viewer/LoadingBar.h"
+#include "reading/ExrFiles.h"
 #include "support/ModalDialogs.h"
 #include "support/TemporaryFolder.h"
 #include "support/ViewerFixture.h"
 
+#include <wx/listbox.h>
 #include <wx/menu.h>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <initializer_list>
@@ -29,6 +36,27 @@ struct SeveralPicturesTest : Tests::ViewerFixture
     }
 
     bool isEnabled(Viewer::Command id) const { return frame->GetMenuBar()->IsEnabled(id); }
+
+    wxListBox* list() const { return Tests::findIn<wxListBox>(frame); }
+
+    /// Selects a row as the user does, and does not wait until the picture has been read.
+    void select(int row) const
+    {
+        list()->SetSelection(row);
+        wxCommandEvent event(wxEVT_LISTBOX, list()->GetId());
+        event.SetEventObject(list());
+        event.SetInt(row);
+        list()->GetEventHandler()->ProcessEvent(event);
+    }
+
+    /// Clicks the button of the bar that shows the progress.
+    void cancelReading() const
+    {
+        auto* const bar = Tests::findIn<Viewer::LoadingBar>(frame);
+        for (int i = 0; i < 10 && !bar->IsShown(); ++i)
+            bar->update();
+        Tests::findIn<Wx::Button>(bar)->doClick({5, 5});
+    }
 
     wxString shownName() const { return frame->GetTitle().BeforeFirst(L' '); }
 };
@@ -145,6 +173,86 @@ TEST_F(SeveralPicturesTest, fileReadAgain_showsItsNewContent)
     ASSERT_NE(view->picture(), nullptr) << "the old state stays";
     EXPECT_EQ(view->picture()->size(), (Pixel{2, 1}));
     EXPECT_TRUE(frame->isLogShown());
+}
+
+TEST_F(SeveralPicturesTest, pictureThatCannotBeRead_leavesTheShownOneSelectedInTheList)
+{
+    const Tests::TemporaryFolder folder;
+    copyTo(folder, {L"pattern.png"});
+    show(coordinates(60, 40));
+    frame->workspace().addFiles({folder.file(L"pattern.png"), folder.file(L"missing.png")});
+    select(1);
+    ASSERT_TRUE(Tests::pumpUntil([this] { return shownName() == L"pattern.png"; }));
+    select(2);
+    ASSERT_TRUE(Tests::pumpUntil([this] { return frame->isLogShown() && !frame->isReading(); }));
+    EXPECT_EQ(list()->GetCount(), 2U);
+    EXPECT_EQ(list()->GetSelection(), 1);
+    std::filesystem::remove(folder.file(L"pattern.png").native());
+    select(0);
+    frame->workspace().limitMemory(0);
+    select(1);
+    ASSERT_TRUE(Tests::pumpUntil([this] { return lastMessage().Contains(L"stays in the list"); }));
+    EXPECT_EQ(list()->GetSelection(), 0);
+}
+
+TEST_F(SeveralPicturesTest, readingThatIsCancelled_leavesTheShownOneSelectedInTheList)
+{
+    show(coordinates(60, 40));
+    frame->workspace().addFiles({testPicture(L"pattern.png")});
+    select(1);
+    ASSERT_TRUE(frame->isReading());
+    EXPECT_EQ(list()->GetSelection(), 1) << "what is being read";
+    cancelReading();
+    EXPECT_FALSE(frame->isReading());
+    EXPECT_EQ(list()->GetSelection(), 0);
+    EXPECT_EQ(frame->workspace().pictures().size(), 2U);
+}
+
+TEST_F(SeveralPicturesTest, layerThatIsNotRead_leavesTheShownOneSelected)
+{
+    const Tests::TemporaryFolder folder;
+    Tests::ExrPart part;
+    part.channels = {{"R"}, {"G"}, {"B"}, {"depth.Z"}};
+    const Array<std::byte> content = Tests::exrFile({part});
+    show(coordinates(60, 40));
+    ASSERT_TRUE(frame->openPicture(
+        folder.file(L"a.exr", std::string(reinterpret_cast<const char*>(content.data()), content.size()))));
+    auto* const layers = Tests::findIn<Wx::ComboBox>(Tests::findIn<Viewer::LayerBar>(frame));
+    layers->selectId(1, true);
+    ASSERT_TRUE(frame->isReading());
+    EXPECT_EQ(layers->getSelectedId(), 1);
+    cancelReading();
+    EXPECT_EQ(layers->getSelectedId(), 0);
+    EXPECT_EQ(view->picture()->layer(), 0U);
+}
+
+TEST_F(SeveralPicturesTest, pictureSavedInAnotherFormat_isNotReadFromThere)
+{
+    const Tests::TemporaryFolder folder;
+    show(coordinates(60, 40));
+    ASSERT_TRUE(frame->openPictures({testPicture(L"pattern.png")}));
+    frame->savePicture(folder.file(L"saved.jpg"), ImageFormat::JPEG, {});
+    ASSERT_TRUE(Tests::pumpUntil([this] { return lastMessage().StartsWith(L"Saved"); }));
+    const Image original = view->picture()->image();
+    command(Viewer::RELOAD);
+    EXPECT_EQ(shownName(), L"saved.jpg");
+    for (int y = 0; y < original.descriptor().height; ++y)
+        ASSERT_TRUE(std::ranges::equal(view->picture()->image().row(y), original.row(y))) << y;
+}
+
+TEST_F(SeveralPicturesTest, savedPictureOfTheScreen_isNotReadAgain)
+{
+    const Tests::TemporaryFolder folder;
+    show(nullptr);
+    frame->captureScreen();
+    ASSERT_TRUE(Tests::pumpUntil([this] { return view->picture() != nullptr; }));
+    frame->savePicture(folder.file(L"saved.jpg"), ImageFormat::JPEG, {});
+    ASSERT_TRUE(Tests::pumpUntil([this] { return lastMessage().StartsWith(L"Saved"); }));
+    EXPECT_FALSE(isEnabled(Viewer::RELOAD));
+    const Viewer::SharedPicture before = view->picture();
+    command(Viewer::RELOAD);
+    EXPECT_EQ(view->picture(), before);
+    EXPECT_TRUE(lastMessage().StartsWith(L"There is no file from which \"saved.jpg\"")) << lastMessage();
 }
 
 TEST_F(SeveralPicturesTest, withOnePicture_nextAndPreviousDoNothing)

@@ -1,9 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "apps/viewer/Workspace.h"
 
+#include "apps/viewer/LayeredFile.h"
+#include "reading/ExrFiles.h"
+#include "support/TemporaryFolder.h"
 #include "support/ViewerFixture.h"
 
 #include <gtest/gtest.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <system_error>
 
 using namespace Nolvex;
 using Viewer::PictureId;
@@ -184,6 +193,118 @@ TEST_F(WorkspaceTest, observer_mayChangeTheWorkspace)
     });
     addRead(L"a");
     EXPECT_TRUE(workspace.pictures().empty());
+}
+
+TEST_F(WorkspaceTest, pictureSavedElsewhere_keepsItsSource)
+{
+    const PictureId a = addRead(L"a.exr");
+    workspace.setFile(a, Io::Path(L"folder/a.jpg"));
+    EXPECT_EQ(workspace.find(a)->file, Io::Path(L"folder/a.jpg"));
+    EXPECT_EQ(workspace.find(a)->source, Io::Path(L"a.exr"));
+    EXPECT_EQ(workspace.findFile(Io::Path(L"a.exr")), workspace.find(a));
+    EXPECT_EQ(workspace.findFile(Io::Path(L"folder/a.jpg")), nullptr) << "the file may hold less";
+    workspace.setPicture(a, Tests::coordinates(1, 1)->named(L"a.exr"));
+    EXPECT_EQ(workspace.find(a)->picture->name(), L"a.jpg") << "the name stays";
+}
+
+TEST_F(WorkspaceTest, pictureSavedOverItsSource_keepsItsPixels)
+{
+    const PictureId a = addRead(L"a.png");
+    workspace.setFile(a, Io::Path(L"./a.png"));
+    EXPECT_FALSE(workspace.find(a)->canBeReadAgain());
+    workspace.limitMemory(0);
+    EXPECT_NE(workspace.find(a)->picture, nullptr);
+}
+
+TEST_F(WorkspaceTest, pictureOfTheScreenThatWasSaved_keepsItsPixels)
+{
+    const PictureId id = workspace.add({}, Tests::coordinates(4, 3), Viewer::PictureOrigin::DESKTOP);
+    workspace.setFile(id, Io::Path(L"screen.jpg"));
+    EXPECT_FALSE(workspace.find(id)->canBeReadAgain());
+    workspace.limitMemory(0);
+    EXPECT_NE(workspace.find(id)->picture, nullptr);
+}
+
+TEST_F(WorkspaceTest, relativeAndAbsolutePath_areOneFile)
+{
+    const Array<PictureId> ids =
+        workspace.addFiles({Io::Path(L"missing.png"), Io::Path(std::filesystem::absolute("missing.png")),
+                            Io::Path(L"folder/../missing.png")});
+    EXPECT_EQ(workspace.pictures().size(), 1U);
+    EXPECT_EQ(ids, (Array<PictureId>{ids[0], ids[0], ids[0]}));
+    EXPECT_EQ(workspace.findFile(Io::Path(L"./missing.png")), workspace.find(ids[0]));
+}
+
+TEST_F(WorkspaceTest, symbolicLink_isTheFileThatItStandsForNow)
+{
+    const Tests::TemporaryFolder folder;
+    const Io::Path link = folder.file(L"latest.exr");
+    for (const wchar_t* name : {L"1.exr", L"2.exr"})
+        folder.file(name, "x");
+    std::error_code failure;
+    std::filesystem::create_symlink(folder.file(L"1.exr").native(), link.native(), failure);
+    if (failure)
+        GTEST_SKIP() << "no symbolic links: " << failure.message();
+    const Array<PictureId> ids = workspace.addFiles({link, folder.file(L"1.exr")});
+    EXPECT_EQ(ids[0], ids[1]);
+    std::filesystem::remove(link.native());
+    std::filesystem::create_symlink(folder.file(L"2.exr").native(), link.native());
+    EXPECT_EQ(workspace.addFiles({folder.file(L"2.exr")})[0], ids[0]);
+    EXPECT_NE(workspace.addFiles({folder.file(L"1.exr")})[0], ids[0]);
+}
+
+TEST_F(WorkspaceTest, pathInAnotherCase_isTheSameFileIfTheSystemSaysSo)
+{
+    const Tests::TemporaryFolder folder;
+    const Io::Path file = folder.file(L"Beauty.exr", "x");
+    const Io::Path other = folder.file(L"beauty.EXR");
+    const bool isSame = std::filesystem::exists(other.native());
+    const Array<PictureId> ids = workspace.addFiles({file, other});
+    EXPECT_EQ(ids[0] == ids[1], isSame);
+}
+
+TEST_F(WorkspaceTest, thousandFiles_areAddedAtOnce)
+{
+    Array<Io::Path> files;
+    for (int i = 0; i < 1000; ++i)
+        files.emplace_back(std::to_wstring(i) + L".png");
+    EXPECT_EQ(workspace.addFiles(files).size(), 1000U);
+    EXPECT_EQ(workspace.pictures().size(), 1000U);
+    EXPECT_EQ(changes.size(), 1U);
+    workspace.addFiles(files);
+    EXPECT_EQ(workspace.pictures().size(), 1000U);
+}
+
+TEST_F(WorkspaceTest, memory_isTakenWheneverAPictureComes)
+{
+    constexpr std::uint64_t BYTES = std::uint64_t(4) * 3 * 3;
+    workspace.limitMemory(2 * BYTES);
+    const PictureId a = addRead(L"a");
+    const PictureId b = addRead(L"b");
+    workspace.setCurrent(b);
+    EXPECT_NE(workspace.find(a)->picture, nullptr);
+    const PictureId c = addRead(L"c");
+    EXPECT_EQ(workspace.find(a)->picture, nullptr) << "no picture needs to be shown for that";
+    EXPECT_NE(workspace.find(c)->picture, nullptr) << "the newest one may be about to be shown";
+    workspace.setPicture(a, Tests::coordinates(4, 3));
+    EXPECT_EQ(workspace.find(c)->picture, nullptr);
+    EXPECT_NE(workspace.find(a)->picture, nullptr);
+}
+
+TEST_F(WorkspaceTest, memoryOfAFileWithLayers_isCounted)
+{
+    Tests::ExrPart part;
+    part.channels = {{"R"}, {"G"}, {"B"}, {"depth.Z"}};
+    const Array<std::byte> content = Tests::exrFile({part});
+    const auto file = *Viewer::LayeredFile::open(content);
+    ASSERT_EQ(file->byteCount(), content.size());
+    const auto layered = std::make_shared<const Viewer::Picture>(L"a", *file->read(0, {}), file, 0);
+    const PictureId a = workspace.add(Io::Path(L"a"), layered);
+    const std::uint64_t image = layered->image().rowBytes() * std::uint64_t(layered->size().y);
+    workspace.limitMemory(image + content.size());
+    EXPECT_NE(workspace.find(a)->picture, nullptr);
+    workspace.limitMemory(image + content.size() - 1);
+    EXPECT_EQ(workspace.find(a)->picture, nullptr);
 }
 
 TEST_F(WorkspaceTest, memory_isTakenFromWhatWasNotLookedAtForLongest)

@@ -5,7 +5,9 @@
 #include "apps/viewer/inspection/InformationPanel.h"
 #include "support/ViewerFixture.h"
 
+#include <wx/app.h>
 #include <wx/menu.h>
+#include <wx/utils.h>
 
 #include <gtest/gtest.h>
 
@@ -138,6 +140,50 @@ TEST_F(ComparisonToolTest, changedReference_isComparedAnew)
     ASSERT_TRUE(pumpUntil([&] { return shownName() == L"second \u2212 first"; }));
     frame->workspace().setPicture(first, frame->workspace().currentPicture()->named(L"first"));
     ASSERT_TRUE(pumpUntil([&] { return lastMessage().Contains(L"PSNR inf"); })) << lastMessage();
+}
+
+TEST_F(ComparisonToolTest, pictureThatChangesFasterThanItIsMeasured_isMeasuredAllTheSame)
+{
+    showTwo();
+    command(Viewer::COMPARE_NOTHING);
+    wxCommandEvent event(wxEVT_MENU, Viewer::COMPARE_ABSOLUTE);
+    frame->GetEventHandler()->ProcessEvent(event);
+    const auto changeSecond = [this](std::byte value) {
+        Image image = *Image::create(60, 40, PixelFormat::UINT8_RGB, 1.0f);
+        for (int y = 0; y < 40; ++y)
+            std::memset(image.row(y).data(), std::to_integer<int>(value), image.rowBytes());
+        frame->workspace().setPicture(second,
+                                      std::make_shared<const Viewer::Picture>(L"second", std::move(image)));
+    };
+    bool isMeasured = false;
+    for (int i = 0; i < 20; ++i) {
+        // The last state has been measured by now, and the next one comes before that is told.
+        wxMilliSleep(20);
+        changeSecond(std::byte(i));
+        wxTheApp->ProcessPendingEvents();
+        EXPECT_TRUE(!isMeasured || shownName() == L"second \u2212 first") << "the difference flickers";
+        isMeasured = shownName() == L"second \u2212 first";
+    }
+    EXPECT_TRUE(isMeasured);
+    changeSecond(std::byte(255));
+    EXPECT_TRUE(pumpUntil([this] { return view->picture()->image().getRgba(0, 39).r == 1.0f; }))
+        << "the last state is measured, too";
+}
+
+TEST_F(ComparisonToolTest, arrivingPicture_isToldOnceInTheLog)
+{
+    show(coordinates(60, 40)->named(L"first"));
+    command(Viewer::SET_REFERENCE);
+    Viewer::Workspace& workspace = frame->workspace();
+    const PictureId id =
+        workspace.add({}, coordinates(60, 40)->named(L"render"), Viewer::PictureOrigin::SENDER);
+    workspace.setCurrent(id);
+    command(Viewer::COMPARE_ABSOLUTE);
+    ASSERT_TRUE(pumpUntil([this] { return lastMessage().Contains(L"PSNR inf"); }));
+    workspace.setPicture(id, Tests::coordinates(60, 39)->named(L"render"));
+    ASSERT_TRUE(pumpUntil([this] { return view->picture()->size().y == 39; }));
+    const wxString text = log->GetValue();
+    EXPECT_EQ(text.Find(L"PSNR"), int(text.rfind(L"PSNR")));
 }
 
 TEST_F(ComparisonToolTest, information_tellsTheNumbers)

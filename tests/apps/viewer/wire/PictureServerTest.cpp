@@ -161,6 +161,21 @@ TEST(PictureServerTest, forgottenPicture_isRefusedToItsSender)
               refusal("There is no open picture \"a\"."));
 }
 
+TEST(PictureServerTest, forgottenPicture_isNotToldEvenIfItsStateWaits)
+{
+    WatchedServer watched;
+    BareSender sender(watched.port);
+    ASSERT_EQ(sender.ask(command("open", "a", grey(1, 1)), "x"), ANSWER_OK);
+    while (!wxAppConsole::GetInstance()->HasPendingEvents())
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    watched.server.forget(L"a");
+    ASSERT_EQ(sender.ask(command("open", "b", grey(1, 1)), "x"), ANSWER_OK);
+    ASSERT_TRUE(serveUntil([&] { return watched.hasLogged(L"received b"); }));
+    EXPECT_FALSE(watched.hasLogged(L"received a"));
+    ASSERT_EQ(sender.ask(command("open", "a", grey(1, 1)), "x"), ANSWER_OK);
+    EXPECT_TRUE(serveUntil([&] { return watched.hasLogged(L"received a"); })) << "it was sent anew";
+}
+
 TEST(PictureServerTest, bodiesThatAreTooLarge_endTheConnection)
 {
     for (const std::uint64_t claim :

@@ -243,6 +243,17 @@ TEST_F(ReceivedPicturesTest, forgottenPicture_isUnknownWithoutNews)
     EXPECT_FALSE(m_pictures.hasNews());
 }
 
+TEST_F(ReceivedPicturesTest, forgottenPictureThatHasEnded_leavesNoNews)
+{
+    open(L"a", {2, 1}, "xx");
+    open(L"b", {2, 1}, "xx");
+    m_pictures.endConnection(FIRST, L"It ended.");
+    m_pictures.forget(L"a");
+    const auto news = takeNews();
+    ASSERT_EQ(news.size(), 1U);
+    EXPECT_EQ(news[0].name, L"b");
+}
+
 TEST_F(ReceivedPicturesTest, rectanglesOutside_changeNothing)
 {
     create(L"a", {4, 3});
