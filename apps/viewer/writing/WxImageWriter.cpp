@@ -42,7 +42,7 @@ wxImage toWxImage(const Picture& picture, bool alpha)
     if (!result.IsOk() || (alpha && result.GetAlpha() == nullptr))
         return {};
     RowEncoder rows(picture, ColorFormat::UINT8_RGB,
-                    alpha ? Optional(AlphaKind::STRAIGHT) : Optional<AlphaKind>());
+                    alpha ? Optional<AlphaKind>(AlphaKind::STRAIGHT) : Optional<AlphaKind>());
     Array<std::byte> row(rows.rowBytes());
     const auto width = static_cast<std::size_t>(descriptor.width);
     for (std::int32_t y = 0; y < descriptor.height; ++y) {

@@ -29,7 +29,7 @@ struct FileContentTest : testing::Test
     // A file whose end has no bytes on the disk.
     Io::Path sparseFile(const std::string& beginning, std::uint64_t size) const
     {
-        const Io::Path path = folder.file(L"sparse.bin", beginning);
+        Io::Path path = folder.file(L"sparse.bin", beginning);
         std::filesystem::resize_file(path.native(), size);
         return path;
     }
