@@ -243,9 +243,13 @@ private:
             std::copy_n(m_drawnRow, m_plan.across.count(), to);
             return;
         }
-        for (int x = 0; x < m_plan.across.count(); ++x) {
-            const std::size_t square = m_opaque ? 0 : squareAt(x, y);
-            to[x] = m_packed[square][sourceIndex(x)];
+        if (m_opaque) {
+            const std::uint32_t* const packed = m_packed[0].data();
+            for (int x = 0; x < m_plan.across.count(); ++x)
+                to[x] = packed[sourceIndex(x)];
+        } else {
+            for (int x = 0; x < m_plan.across.count(); ++x)
+                to[x] = m_packed[squareAt(x, y)][sourceIndex(x)];
         }
         m_drawnRow = to;
     }

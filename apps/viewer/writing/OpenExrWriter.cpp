@@ -117,7 +117,8 @@ Optional<String> writeOpenExr(std::iostream& stream, const Picture& picture,
     const bool isFloat = settings.colorFormat == ColorFormat::FLT32_LINEAR_RGB;
     const Imf::PixelType type = isFloat ? Imf::FLOAT : Imf::HALF;
     RowEncoder rows(picture, isFloat ? ColorFormat::FLT32_LINEAR_RGB : ColorFormat::FLT16_LINEAR_RGB,
-                    settings.includeAlpha ? Optional(AlphaKind::ASSOCIATED) : Optional<AlphaKind>());
+                    settings.includeAlpha ? Optional<AlphaKind>(AlphaKind::ASSOCIATED)
+                                          : Optional<AlphaKind>());
     const int height = picture.size().y;
     try {
         StreamAdapter adapter(stream);

@@ -94,7 +94,7 @@ Optional<String> writePng(std::ostream& stream, const Picture& picture, const Wx
                           const Progress& progress)
 {
     RowEncoder rows(picture, settings.colorFormat,
-                    settings.includeAlpha ? Optional(AlphaKind::STRAIGHT) : Optional<AlphaKind>());
+                    settings.includeAlpha ? Optional<AlphaKind>(AlphaKind::STRAIGHT) : Optional<AlphaKind>());
     return writePng(stream, rows, progress);
 }
 

@@ -177,8 +177,8 @@ Optional<String> writeTiff(std::iostream& stream, const Picture& picture,
 Optional<String> writeTiff(std::iostream& stream, FileRows& rows, const Progress& progress)
 {
     const bool hasAlpha = rows.channelCount() == 4;
-    return writeFile(stream, rows, false, hasAlpha ? Optional(AlphaKind::STRAIGHT) : Optional<AlphaKind>(),
-                     progress);
+    return writeFile(stream, rows, false,
+                     hasAlpha ? Optional<AlphaKind>(AlphaKind::STRAIGHT) : Optional<AlphaKind>(), progress);
 }
 
 } // namespace Nolvex::Viewer

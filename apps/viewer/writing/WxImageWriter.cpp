@@ -72,7 +72,7 @@ bool reduceColours(wxImage& image)
 Optional<String> writeByWxImage(std::ostream& stream, const Picture& source, wxBitmapType type, bool alpha)
 {
     RowEncoder rows(source, ColorFormat::UINT8_RGB,
-                    alpha ? Optional(AlphaKind::STRAIGHT) : Optional<AlphaKind>());
+                    alpha ? Optional<AlphaKind>(AlphaKind::STRAIGHT) : Optional<AlphaKind>());
     return writeByWxImage(stream, rows, type);
 }
 

@@ -29,7 +29,7 @@ struct FileContentTest : testing::Test
     // A file whose end has no bytes on the disk.
     Io::Path sparseFile(const std::string& beginning, std::uint64_t size) const
     {
-        const Io::Path path = folder.file(L"sparse.bin", beginning);
+        Io::Path path = folder.file(L"sparse.bin", beginning);
         std::filesystem::resize_file(path.native(), size);
         return path;
     }
@@ -96,8 +96,8 @@ TEST_F(FileContentTest, openingAPicture_canBeStoppedWhileItsBytesAreRead)
 
 TEST_F(FileContentTest, largeFile_isRefusedWithoutReadingIfItsDecoderCountsInInt)
 {
-    constexpr std::uint64_t SIZE = std::uint64_t(5) << 30; // its lower 32 bits are a small size
-    const auto content = readFileContent(sparseFile("BM", SIZE), [](float) {
+    constexpr std::uint64_t FILE_BYTES = std::uint64_t(5) << 30; // its lower 32 bits are a small size
+    const auto content = readFileContent(sparseFile("BM", FILE_BYTES), [](float) {
         ADD_FAILURE() << "the bytes are being read";
         return false;
     });
@@ -107,14 +107,14 @@ TEST_F(FileContentTest, largeFile_isRefusedWithoutReadingIfItsDecoderCountsInInt
 
 TEST_F(FileContentTest, largeFile_isReadIfItsReaderCountsIn64Bits)
 {
-    constexpr std::uint64_t SIZE = std::uint64_t(5) << 30;
-    if (Viewer::Platform::availableMemory() < SIZE)
+    constexpr std::uint64_t FILE_BYTES = std::uint64_t(5) << 30;
+    if (Viewer::Platform::availableMemory() < FILE_BYTES)
         GTEST_SKIP() << "there is less memory than the file has bytes";
     using namespace std::string_literals;
     for (const std::string& beginning :
          {"\x76\x2f\x31\x01"s, "PF\n20000 20000\n-1\n"s, "8BPS\0\1"s, "II+\0"s, "RIFFxxxxWEBP"s}) {
         bool isReading = false;
-        const auto content = readFileContent(sparseFile(beginning, SIZE), [&isReading](float) {
+        const auto content = readFileContent(sparseFile(beginning, FILE_BYTES), [&isReading](float) {
             isReading = true;
             return false;
         });

@@ -11,7 +11,6 @@
 #include <OpenImageIO/imageio.h>
 
 #include <algorithm>
-#include <cstring>
 #include <exception>
 #include <memory>
 #include <new>
@@ -73,13 +72,12 @@ struct Layout
     OIIO::TypeDesc type;
     int channels; ///< of the file, that are read
     PixelFormat format;
-    bool isGreyWithAlpha;
 };
 
 Layout layoutOf(const OIIO::ImageSpec& spec)
 {
     using enum PixelFormat;
-    Layout layout{OIIO::TypeDesc::FLOAT, std::min(spec.nchannels, MAX_CHANNELS), FLOAT32_GREY, false};
+    Layout layout{OIIO::TypeDesc::FLOAT, std::min(spec.nchannels, MAX_CHANNELS), FLOAT32_GREY};
     PixelFormat formats[] = {FLOAT32_GREY, FLOAT32_RGB, FLOAT32_RGBA};
     if (spec.format == OIIO::TypeDesc::UINT8) {
         layout.type = spec.format;
@@ -91,11 +89,10 @@ Layout layoutOf(const OIIO::ImageSpec& spec)
         layout.type = spec.format;
         std::copy_n(std::begin({FLOAT16_GREY, FLOAT16_RGB, FLOAT16_RGBA}), 3, formats);
     }
-    // A fourth channel that is not alpha is not shown, and neither is a second one.
+    // Without an alpha at its place the fourth channel is not shown, and of two channels the first is.
     if (layout.channels == MAX_CHANNELS && spec.alpha_channel != ALPHA_CHANNEL)
         layout.channels = 3;
-    layout.isGreyWithAlpha = layout.channels == 2 && spec.alpha_channel == 1;
-    if (layout.channels == 2 && !layout.isGreyWithAlpha)
+    if (layout.channels == 2)
         layout.channels = 1;
     layout.format = formats[layout.channels == 1 ? 0 : layout.channels == 3 ? 1 : 2];
     return layout;
@@ -137,40 +134,19 @@ bool tellProgress(void* data, float share)
     return watched.isStopped;
 }
 
-// Grey with alpha is stored as colours: takes the two channels of a row apart, from the end to the start.
-void spreadGrey(ArrayView<std::byte> row, std::size_t channelBytes)
-{
-    const std::size_t pixels = row.size() / (MAX_CHANNELS * channelBytes);
-    std::byte pair[2 * sizeof(float)];
-    for (std::size_t i = pixels; i-- > 0;) {
-        std::memcpy(pair, row.data() + i * 2 * channelBytes, 2 * channelBytes);
-        std::byte* const to = row.data() + i * MAX_CHANNELS * channelBytes;
-        for (int channel = 0; channel < ALPHA_CHANNEL; ++channel)
-            std::memcpy(to + static_cast<std::size_t>(channel) * channelBytes, pair, channelBytes);
-        std::memcpy(to + ALPHA_CHANNEL * channelBytes, pair + channelBytes, channelBytes);
-    }
-}
-
 // OpenImageIO counts rows from the top, and an image from the bottom.
 ReadOutcome readRows(OIIO::ImageInput& input, const Layout& layout, Image& image,
                      const ReadingProgress& progress)
 {
     const ImageDescriptor& size = image.descriptor();
-    const auto channelBytes = static_cast<std::size_t>(layout.type.size());
     const auto rowStep = -static_cast<OIIO::stride_t>(image.rowBytes());
     Watched watched{progress};
-    // The pixels of grey with alpha are read to the start of each row, and spread afterwards.
-    const auto pixelBytes = static_cast<OIIO::stride_t>(channelBytes) * layout.channels;
     const bool isRead =
-        input.read_image(0, 0, 0, layout.channels, layout.type, image.row(size.height - 1).data(), pixelBytes,
-                         rowStep, OIIO::AutoStride, tellProgress, &watched);
+        input.read_image(0, 0, 0, layout.channels, layout.type, image.row(size.height - 1).data(),
+                         OIIO::AutoStride, rowStep, OIIO::AutoStride, tellProgress, &watched);
     if (watched.isStopped)
         return ReadOutcome::STOPPED;
-    if (!isRead)
-        return ReadOutcome::DAMAGED;
-    for (std::int32_t y = 0; y < size.height && layout.isGreyWithAlpha; ++y)
-        spreadGrey(image.row(y), channelBytes);
-    return ReadOutcome::DONE;
+    return isRead ? ReadOutcome::DONE : ReadOutcome::DAMAGED;
 }
 
 Array<MetadataEntry> metadataOf(const OIIO::ImageSpec& spec)

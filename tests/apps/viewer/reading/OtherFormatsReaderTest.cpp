@@ -78,7 +78,7 @@ struct OtherFormatsReaderTest : testing::Test
                 EXPECT_NEAR(pixel.r, expected(0), 1e-5f);
                 EXPECT_NEAR(pixel.g, expected(channels > 2 ? 1 : 0), 1e-5f);
                 EXPECT_NEAR(pixel.b, expected(channels > 2 ? 2 : 0), 1e-5f);
-                EXPECT_NEAR(pixel.a, channels % 2 == 0 ? expected(channels - 1) : 1.0f, 1e-5f);
+                EXPECT_NEAR(pixel.a, channels == 4 ? expected(3) : 1.0f, 1e-5f);
             }
         }
     }
@@ -89,12 +89,19 @@ struct OtherFormatsReaderTest : testing::Test
 TEST_F(OtherFormatsReaderTest, channelsOfAllNumbers_areRead)
 {
     expectRead(1, 1, PixelFormat::UINT8_GREY);
-    expectRead(2, 1, PixelFormat::UINT8_RGBA);
+    expectRead(2, 1, PixelFormat::UINT8_GREY);
     expectRead(3, 1, PixelFormat::UINT8_RGB);
     expectRead(4, 1, PixelFormat::UINT8_RGBA);
     expectRead(1, 2, PixelFormat::UINT16_GREY);
     expectRead(3, 2, PixelFormat::UINT16_RGB);
     expectRead(4, 2, PixelFormat::UINT16_RGBA);
+}
+
+TEST_F(OtherFormatsReaderTest, furtherChannels_areTold)
+{
+    const auto read = reader.read(sgiFile(2, 1), 0, {});
+    ASSERT_TRUE(read.hasValue());
+    EXPECT_EQ(read->omissions, (Array<String>{L"It has one more channel, which is not shown."}));
 }
 
 TEST_F(OtherFormatsReaderTest, extensions_areOfferedIfThereIsAModule)

@@ -20,7 +20,8 @@ template<class Number>
 std::vector<Number> encoded(const Image& image, ColorFormat format, bool alpha, std::int32_t row = 0)
 {
     const Viewer::Picture picture(L"picture", image);
-    RowEncoder encoder(picture, format, alpha ? Optional(AlphaKind::STRAIGHT) : Optional<AlphaKind>());
+    RowEncoder encoder(picture, format,
+                       alpha ? Optional<AlphaKind>(AlphaKind::STRAIGHT) : Optional<AlphaKind>());
     std::vector<Number> numbers(encoder.rowBytes() / sizeof(Number));
     encoder.encode(row, reinterpret_cast<std::byte*>(numbers.data()));
     return numbers;
