@@ -3,6 +3,8 @@
 
 #include "NolvexLib/Rgb.h"
 
+#include <algorithm>
+
 namespace Nolvex::Viewer {
 
 /// What the colours of a picture with alpha stand for. Pictures without alpha are the same in both kinds.
@@ -22,6 +24,16 @@ Rgb dividedByAlpha(const Rgb& pixel);
 
 /// Returns the pixel in front of an opaque background. Alpha is limited to the range from 0 to 1, and NaN
 /// counts as 0; colours are not limited.
-Rgb over(const Rgb& pixel, AlphaKind kind, const Rgb& background);
+inline Rgb over(const Rgb& pixel, AlphaKind kind, const Rgb& background)
+{
+    const float opacity = pixel.a > 0.0f ? std::min(pixel.a, 1.0f) : 0.0f;
+    const float rest = 1.0f - opacity;
+    const Rgb behind{background.r * rest, background.g * rest, background.b * rest, 1.0f};
+    if (kind == AlphaKind::ASSOCIATED)
+        return {pixel.r + behind.r, pixel.g + behind.g, pixel.b + behind.b, 1.0f};
+    if (opacity == 0.0f)
+        return behind; // an infinite colour times 0 would be NaN
+    return {pixel.r * opacity + behind.r, pixel.g * opacity + behind.g, pixel.b * opacity + behind.b, 1.0f};
+}
 
 } // namespace Nolvex::Viewer

@@ -8,6 +8,7 @@ there, with role, name, description, states, value and actions. Between these li
     select N NAME  selects item N of the control
     says REPORT    the program has told of that change
     gone LINE      there is no such control any more
+    begins LINE    there is a control whose line begins so
     read TITLE     the following lines are about the window with that title, and the window itself has a line, too
     ended          the program has ended
 """
@@ -70,7 +71,8 @@ def value_of(control):
 
 
 def description_of(control):
-    return [f"({control.get_description()})"] if control.get_description() else []
+    words = " ".join(control.get_description().split())
+    return [f"({words})"] if words else []
 
 
 def described(control):
@@ -129,6 +131,8 @@ class Reader:
             return rest in self.reports
         if word == "ended":
             return not self.find_window()
+        if word == "begins":
+            return any(line.startswith(rest) for line in self.lines())
         if word == "gone":
             return rest not in self.lines()
         return expectation in self.lines()

@@ -41,6 +41,17 @@ read_controls() {
   fi
 }
 
+# The panels of the viewer, some of which are hidden until their buttons are clicked.
+read_viewer() {
+  XDG_CONFIG_HOME=$work show_controls "$folder/nolvex-viewer" "$folder/sample.pfm" tests/data/images/pattern.png
+  if ! timeout 200 /usr/bin/python3 -B -W ignore::DeprecationWarning tests/accessibility/read_controls.py \
+    'sample.pfm (448 × 280)' <tests/accessibility/expected-viewer.txt || grep -i critical "$work/program.log"; then
+    echo "accessibility: the viewer does not tell what it should"
+    tail -n 20 "$work/program.log"
+    return 1
+  fi
+}
+
 if [ $# -gt 0 ]; then
   show_controls "$@" "$folder/NolvexAccessibleControls.exe"
   read_controls tests/accessibility/expected-windows.txt "$@" "$folder/NolvexAccessibleReader.exe"
@@ -48,6 +59,7 @@ elif [ "${NOLVEX_ON_PRIVATE_BUS:-}" ]; then
   show_controls "$folder/NolvexAccessibleControls"
   read_controls tests/accessibility/expected-linux.txt \
     /usr/bin/python3 -B -W ignore::DeprecationWarning tests/accessibility/read_controls.py
+  read_viewer
 else
   need_packages dbus at-spi2-core gir1.2-atspi-2.0 python3-gi
   # The test uses a private bus. The bus is announced on the display, so that the display has to be private, too.

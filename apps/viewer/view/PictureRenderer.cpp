@@ -193,6 +193,10 @@ public:
           m_laidOver(m_enlarged && job.development.isTransparent() ? m_pixels.size() : 0),
           m_colours(m_pixels.size() * COLOUR_BYTES)
     {
+        // Divisions of each pixel's place would take longer than everything else.
+        for (int x = 0; x < m_plan.across.count() && hasPattern(); ++x)
+            m_squares.push_back(
+                static_cast<std::uint8_t>(job.backdrop.squareAt(m_plan.across.first() + x, 0)));
         for (auto& packed : m_packed)
             packed.resize(m_enlarged ? m_pixels.size() : 0);
     }
@@ -239,17 +243,18 @@ private:
             m_rows.read(sourceY, m_pixels.data());
             encodeForRepeating();
         }
-        if (m_opaque && m_drawnRow != nullptr) {
+        if ((m_opaque || !hasPattern()) && m_drawnRow != nullptr) {
             std::copy_n(m_drawnRow, m_plan.across.count(), to);
             return;
         }
-        if (m_opaque) {
+        if (m_opaque || !hasPattern()) {
             const std::uint32_t* const packed = m_packed[0].data();
             for (int x = 0; x < m_plan.across.count(); ++x)
                 to[x] = packed[sourceIndex(x)];
         } else {
+            const std::size_t rowSquare = m_job.backdrop.squareAt(0, y);
             for (int x = 0; x < m_plan.across.count(); ++x)
-                to[x] = m_packed[squareAt(x, y)][sourceIndex(x)];
+                to[x] = m_packed[m_squares[sizeOf(x)] ^ rowSquare][sourceIndex(x)];
         }
         m_drawnRow = to;
     }
@@ -262,7 +267,8 @@ private:
             encode(m_pixels, m_packed[0].data());
             return;
         }
-        for (std::size_t square = 0; square < m_packed.size(); ++square) {
+        const std::size_t squares = hasPattern() ? m_packed.size() : 1;
+        for (std::size_t square = 0; square < squares; ++square) {
             std::transform(m_pixels.begin(), m_pixels.end(), m_laidOver.begin(), [&](const Rgb& pixel) {
                 return over(pixel, m_job.shown.alpha, m_job.behind[square]);
             });
@@ -334,13 +340,14 @@ private:
     // Adds what lies behind the pixels of a row of the view.
     void layOver(int y)
     {
-        for (int x = 0; x < m_plan.across.count(); ++x) {
-            Rgb& pixel = m_pixels[sizeOf(x)];
-            pixel = over(pixel, m_job.shown.alpha, m_job.behind[squareAt(x, y)]);
+        const std::size_t rowSquare = hasPattern() ? m_job.backdrop.squareAt(0, y) : 0;
+        for (std::size_t x = 0; x < m_pixels.size(); ++x) {
+            const std::size_t square = hasPattern() ? m_squares[x] ^ rowSquare : 0;
+            m_pixels[x] = over(m_pixels[x], m_job.shown.alpha, m_job.behind[square]);
         }
     }
 
-    std::size_t squareAt(int x, int y) const { return m_job.backdrop.squareAt(m_plan.across.first() + x, y); }
+    bool hasPattern() const { return m_job.shown.settings.checkerboard; }
 
     std::size_t sourceIndex(int x) const { return sizeOf(m_plan.across.sample(x).first - m_rows.first()); }
 
@@ -350,7 +357,8 @@ private:
     bool m_enlarged;
     PixelRow m_pixels; // of the view, or of the source if the image is enlarged
     PixelRow m_sums;
-    PixelRow m_laidOver; // m_pixels of an enlarged image over a colour of the backdrop
+    std::vector<std::uint8_t> m_squares; // which square of the pattern lies in each column of the row 0
+    PixelRow m_laidOver;                 // m_pixels of an enlarged image over a colour of the backdrop
     Bytes m_colours;
     // The row m_sourceY of an enlarged image, over each of the colours of the backdrop if it is transparent.
     std::array<std::vector<std::uint32_t>, 2> m_packed;

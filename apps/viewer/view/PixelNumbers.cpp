@@ -18,7 +18,7 @@ namespace {
 
 constexpr int MIN_SIDE = 64; // design units
 
-// A zero of the range from 0 to 1 for everything that the screen shows black.
+// Limits a value to the range that the screen can show. NaN becomes 0.
 float clamped(float value)
 {
     return value > 0.0f ? std::min(value, 1.0f) : 0.0f;

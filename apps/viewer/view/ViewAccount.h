@@ -17,10 +17,6 @@ public:
     Wx::AccessibleRole role() const override { return Wx::AccessibleRole::IMAGE; }
 
     String name() const override;
-
-    /// What the legend of false colour shows.
-    String description() const override;
-
     String valueText() const override;
 
 private:

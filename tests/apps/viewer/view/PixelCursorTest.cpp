@@ -138,10 +138,10 @@ TEST_F(PixelCursorTest, account_tellsThePixelAndItsValuesOrTheScale)
     EXPECT_EQ(account.valueText(), L"200 %");
     cursor().set(Pixel{16, 32});
     EXPECT_EQ(account.valueText(), L"pixel 16, 32: 0.25, 0.5, 0.5, 0.75");
-    EXPECT_EQ(account.description(), L"");
+    cursor().set({});
     view->setDisplay(
         {.falseColor = Viewer::FalseColor::STOPS, .falseColorFrom = -2.0f, .falseColorTo = 3.5f});
-    EXPECT_EQ(account.description(), L"False colour from 2^-2 to 2^3.5");
+    EXPECT_EQ(account.valueText(), L"200 %, false colour from 2^-2 to 2^3.5");
     view->setPicture(nullptr);
     EXPECT_EQ(account.name(), L"No picture");
     EXPECT_EQ(account.valueText(), L"");
