@@ -36,7 +36,8 @@ public:
     /// The settings of the user who runs the program. The library must be started.
     static std::shared_ptr<wxConfigBase> ofUser();
 
-    /// The settings in a file, which is made when there is something to remember. A damaged file is put aside.
+    /// The settings in a file, which is made when there is something to remember. A damaged file is put
+    /// aside.
     static std::shared_ptr<wxConfigBase> inFile(const Io::Path& file);
 
     /// Puts the window where it was, if that place can still be seen. Returns whether it did.

@@ -130,6 +130,34 @@ mistakes_are_explained() {
   expect_status 1 'Name must have' "${send[@]}" --port "$port" --name "$(printf 'a\tb')" tests/data/images/pattern.png
 }
 
+# A program that is killed while it saves leaves the old file whole, or the new one.
+killed_while_saving() {
+  local save=(${wrapper:+"$wrapper"} "$programs/NolvexPictureSaver$suffix") saver delay cut=0 whole=0 process
+  timeout 60 "${save[@]}" "$folder/complete.png" 1 >"$folder/output" 2>&1 || complain "saving fails: $(cat "$folder/output")"
+  for delay in 0.01 0.02 0.03 0.05 0.07 0.1 0.15 0.2; do
+    cp tests/data/images/pattern.png "$folder/kept.png"
+    : >"$folder/output"
+    "${save[@]}" "$folder/kept.png" 1000 >"$folder/output" 2>&1 </dev/null &
+    saver=$!
+    until grep -q saving "$folder/output" || ! kill -0 "$saver" 2>/dev/null; do sleep 0.01; done
+    sleep "$delay"
+    # Under Wine the program is a child of the script that runs it. Its arguments name the folder of this run.
+    for process in $(grep -l -a "$folder/kept.png" /proc/[0-9]*/cmdline 2>/dev/null | cut -d / -f 3); do
+      kill -9 "$process" 2>/dev/null || true
+    done
+    wait "$saver" 2>/dev/null || true
+    if cmp -s "$folder/kept.png" tests/data/images/pattern.png; then
+      cut=$((cut + 1))
+    elif cmp -s "$folder/kept.png" "$folder/complete.png"; then
+      whole=$((whole + 1))
+    else
+      complain "a killed program left $(stat -c %s "$folder/kept.png" 2>/dev/null || echo no) bytes of a picture"
+    fi
+  done
+  [ "$cut" -gt 0 ] || complain "no program was killed while it saved for the first time"
+}
+
+killed_while_saving
 python_sends
 start_receiver
 files_of_every_kind_arrive

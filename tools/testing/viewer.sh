@@ -4,6 +4,7 @@
 # print one clear line and end with status 1 if a screenshot is wanted, and otherwise tell the reason in its window.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
+(. tools/testing/common.sh && need_packages python3)
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 # The settings of the user are neither asked nor changed.
@@ -59,6 +60,59 @@ viewer=("$@")
 expect_running tests/data/images/missing.png
 expect_running --listen 0 tests/data/images/truncated.png
 grep -q '^listening at port [1-9]' "$folder/output" || complain "the port was not printed: $(cat "$folder/output")"
+
+# start_viewer NAME: starts a viewer that listens, and sets `port`.
+listeners=()
+start_viewer() {
+  local _
+  "${viewer[@]}" --listen 0 >"$folder/$1" 2>&1 </dev/null &
+  listeners+=($!)
+  for _ in $(seq 300); do
+    port=$(sed -n 's/^listening at port \([0-9]*\).*/\1/p' "$folder/$1")
+    [ -z "$port" ] || return 0
+    sleep 0.1
+  done
+  complain "a viewer does not listen: $(cat "$folder/$1")"
+}
+
+# send PORT: sends a picture to the viewer, which must take it.
+program=${!#}
+send=("${@:1:$#-1}" "$(dirname "$program")/nolvex-send")
+[ -e "$(dirname "$program")/nolvex-send" ] || send[-1]+=.exe
+send() {
+  timeout 60 "${send[@]}" --port "$1" tests/data/images/pattern.png >"$folder/output" 2>&1 ||
+    complain "the viewer at port $1 did not take a picture: $(cat "$folder/output")"
+}
+
+# Two viewers at once, a port that is taken, and a sender that dies in the middle of a message.
+start_viewer first
+first=$port
+start_viewer second
+second=$port
+[ "$first" != "$second" ] || complain "two viewers listen at port $first"
+send "$first"
+send "$second"
+status=0
+timeout 60 "$@" --listen "$first" >"$folder/output" 2>&1 </dev/null || status=$?
+[ "$status" -eq 1 ] || complain "a viewer at a port that is taken ended with status $status"
+grep -q "port $first" "$folder/output" || complain "a port that is taken gave no clear message: $(cat "$folder/output")"
+for _ in 1 2 3; do
+  python3 - "$first" <<'END'
+import socket, sys
+
+with socket.create_connection(("127.0.0.1", int(sys.argv[1])), 20) as viewer:
+    viewer.sendall(b"<root><DataType>2</DataType><Version>1</Version><Command>open</Command><Name>dying</Name>"
+                   b"<Width>1000</Width><Height>1000</Height><Format>UINT8_GREY</Format>"
+                   b"<FileSize>1000000</FileSize><Compressed>0</Compressed></root>\0" + bytes(500000))
+END
+done
+send "$first"
+send "$second"
+for listener in "${listeners[@]}"; do
+  kill -0 "$listener" 2>/dev/null || complain "a viewer has ended by itself"
+  kill "$listener" 2>/dev/null || true
+  wait "$listener" 2>/dev/null || true
+done
 
 status=0
 "$@" --no-such-option 2>/dev/null || status=$?

@@ -122,7 +122,7 @@ void ComparisonTool::show()
     m_subject = wanted;
     m_task.cancel();
     m_difference.reset();
-    m_isMeasuredOnce = false;
+    m_measuredOnce = false;
     const OpenPicture* const reference = m_workspace.reference();
     const SharedPicture referencePicture = reference != nullptr ? reference->picture : nullptr;
     const SharedPicture picture = m_workspace.currentPicture();
@@ -139,7 +139,7 @@ void ComparisonTool::show()
 void ComparisonTool::follow(const Subject& wanted)
 {
     if (m_task.isRunning())
-        m_isOutdated = true;
+        m_outdated = true;
     else
         measure();
     if (!m_difference)
@@ -156,7 +156,7 @@ void ComparisonTool::showInView(const SharedPicture& picture)
 
 void ComparisonTool::measure()
 {
-    m_isOutdated = false;
+    m_outdated = false;
     m_task.start(
         [measure = m_subject->measure, picture = m_workspace.find(m_subject->picture)->picture,
          reference = m_workspace.find(m_subject->reference)->picture](const Progress& progress) {
@@ -167,7 +167,7 @@ void ComparisonTool::measure()
 
 void ComparisonTool::onMeasured(const Optional<Result>& result)
 {
-    const bool isFirst = !std::exchange(m_isMeasuredOnce, true);
+    const bool isFirst = !std::exchange(m_measuredOnce, true);
     const bool isToldInLog = isFirst || !isArriving();
     if (result && *result) {
         m_difference = **result;
@@ -180,7 +180,7 @@ void ComparisonTool::onMeasured(const Optional<Result>& result)
         if (isToldInLog)
             m_messages.complain(result ? result->error() : String(NO_MEMORY));
     }
-    if (m_isOutdated)
+    if (m_outdated)
         measure();
     m_shown();
 }

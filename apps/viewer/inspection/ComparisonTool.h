@@ -78,9 +78,9 @@ private:
     Command m_mode = COMPARE_NOTHING;
     bool m_flipped = false;
     Optional<PictureDifference> m_difference;
-    Optional<Subject> m_subject;   // of the difference that is shown or measured
-    bool m_isMeasuredOnce = false; // at least one state of the subject
-    bool m_isOutdated = false;     // pixels have changed since the measuring has begun
+    Optional<Subject> m_subject; // of the difference that is shown or measured
+    bool m_measuredOnce = false; // at least one state of the subject
+    bool m_outdated = false;     // pixels have changed since the measuring has begun
     BackgroundTask<Result> m_task;
 };
 

@@ -24,10 +24,10 @@ struct WindowFittingTest : Tests::ViewerFixture
 
     Io::Path greyPicture(const std::wstring& name, int width, int height) const
     {
-        return folder.file(name,
-                           "P5\n" + std::to_string(width) + " " + std::to_string(height) + "\n255\n" +
-                               std::string(static_cast<std::size_t>(width) * static_cast<std::size_t>(height),
-                                           '\x55'));
+        return folder.file(
+            name,
+            "P5\n" + std::to_string(width) + " " + std::to_string(height) + "\n255\n" +
+                std::string(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), '\x55'));
     }
 
     void begin(const Array<Io::Path>& files) const
