@@ -3,10 +3,7 @@
 // on the command line, the program ends by itself.
 #include "NolvexLib/Exception.h"
 #include "NolvexLibWx/NolvexLibWx.h"
-#include "NolvexLibWx/widgets/AutoSizedButton.h"
-
-#include <wx/frame.h>
-#include <wx/weakref.h>
+#include "examples/hosts/LibraryWindow.h"
 
 #include <gtk/gtk.h>
 
@@ -16,19 +13,6 @@
 namespace {
 
 constexpr guint EVENTS_INTERVAL_MS = 20;
-
-wxWeakRef<wxFrame> libraryWindow;
-
-void openLibraryWindow()
-{
-    if (libraryWindow != nullptr)
-        return libraryWindow->Raise();
-    libraryWindow = new wxFrame(nullptr, wxID_ANY, "Window of the library");
-    auto* button = new Nolvex::Wx::AutoSizedButton(libraryWindow, "Close", 80, 20);
-    button->setClickCallback([] { libraryWindow->Close(); });
-    libraryWindow->Show();
-    std::puts("opened");
-}
 
 gboolean processEvents(void* /*data*/)
 {
@@ -72,9 +56,7 @@ int main(int argc, char** argv)
         return EXIT_FAILURE;
     }
     runHost(argc > 1 ? static_cast<unsigned>(std::strtoul(argv[1], nullptr, 10)) : 0);
-    // All windows of the library go before the library.
-    if (libraryWindow != nullptr)
-        delete libraryWindow.get();
+    closeLibraryWindow();
     Nolvex::LibWx::shutdown();
     return EXIT_SUCCESS;
 }

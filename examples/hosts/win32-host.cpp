@@ -3,10 +3,7 @@
 // milliseconds on the command line, the program ends by itself.
 #include "NolvexLib/Exception.h"
 #include "NolvexLibWx/NolvexLibWx.h"
-#include "NolvexLibWx/widgets/AutoSizedButton.h"
-
-#include <wx/frame.h>
-#include <wx/weakref.h>
+#include "examples/hosts/LibraryWindow.h"
 
 #include <windows.h>
 
@@ -18,19 +15,6 @@ namespace {
 constexpr UINT_PTR EVENTS_TIMER = 1;
 constexpr UINT_PTR END_TIMER = 2;
 constexpr UINT EVENTS_INTERVAL_MS = 20;
-
-wxWeakRef<wxFrame> libraryWindow;
-
-void openLibraryWindow()
-{
-    if (libraryWindow != nullptr)
-        return libraryWindow->Raise();
-    libraryWindow = new wxFrame(nullptr, wxID_ANY, "Window of the library");
-    auto* button = new Nolvex::Wx::AutoSizedButton(libraryWindow, "Close", 80, 20);
-    button->setClickCallback([] { libraryWindow->Close(); });
-    libraryWindow->Show();
-    std::puts("opened");
-}
 
 LRESULT CALLBACK onMessage(HWND window, UINT message, WPARAM first, LPARAM second)
 {
@@ -86,9 +70,7 @@ int main(int argc, char** argv)
         return EXIT_FAILURE;
     }
     runHost(argc > 1 ? static_cast<UINT>(std::strtoul(argv[1], nullptr, 10)) : 0);
-    // All windows of the library go before the library.
-    if (libraryWindow != nullptr)
-        delete libraryWindow.get();
+    closeLibraryWindow();
     Nolvex::LibWx::shutdown();
     return EXIT_SUCCESS;
 }

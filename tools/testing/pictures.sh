@@ -132,7 +132,7 @@ mistakes_are_explained() {
 
 # A program that is killed while it saves leaves the old file whole, or the new one.
 killed_while_saving() {
-  local save=(${wrapper:+"$wrapper"} "$programs/NolvexPictureSaver$suffix") saver delay cut=0 whole=0 process
+  local save=(${wrapper:+"$wrapper"} "$programs/NolvexEndlessSaver$suffix") saver delay cut=0 whole=0 process
   timeout 60 "${save[@]}" "$folder/complete.png" 1 >"$folder/output" 2>&1 || complain "saving fails: $(cat "$folder/output")"
   for delay in 0.01 0.02 0.03 0.05 0.07 0.1 0.15 0.2; do
     cp tests/data/images/pattern.png "$folder/kept.png"
