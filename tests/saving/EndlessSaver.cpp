@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// PictureSaver FILE.png TIMES: saves a large picture to the file so many times, and prints a line before
+// EndlessSaver FILE.png TIMES: saves a large picture to the file so many times, and prints a line before
 // each.
 #include "apps/program/platform/ProcessArguments.h"
 #include "apps/viewer/writing/PictureWriter.h"

@@ -11,6 +11,8 @@ export HOME
 export CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
 # A compiler that was installed again has the same content, so that the cache stays valid.
 export CCACHE_COMPILERCHECK=content
+# The builds of one state take about 4 GB, and the objects of the state before are wanted, too.
+export CCACHE_MAXSIZE=${CCACHE_MAXSIZE:-12G}
 # Clones at different paths share the compiled objects.
 export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
 
