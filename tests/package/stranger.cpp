@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A program as a user of the package would begin it: shows a window with a control of the library, closes the window by
-// itself, and succeeds if the libraries that it runs with are those that it was compiled for.
+// A program as a user of the package would begin it: shows a window with a control of the library, closes the
+// window by itself, and succeeds if the libraries that it runs with are those that it was compiled for.
 #include "NolvexLib/Version.h"
 #include "NolvexLibWx/NolvexLibWx.h"
 #include "NolvexLibWx/widgets/AutoSizedButton.h"
