@@ -64,6 +64,8 @@ NolvexStatus nolvexShowMessage(void* owner, const char* title, const char* messa
             return C::failed("The library has not been started.");
         if (buttons < NOLVEX_BUTTONS_OK || buttons > NOLVEX_BUTTONS_YES_NO)
             return C::failed("These buttons do not exist.");
+        if (icon < NOLVEX_ICON_NONE || icon > NOLVEX_ICON_SUCCESS)
+            return C::failed("This icon does not exist.");
         const auto show = buttons == NOLVEX_BUTTONS_OK          ? &Wx::showOkDialog
                           : buttons == NOLVEX_BUTTONS_OK_CANCEL ? &Wx::showOkCancelDialog
                                                                 : &Wx::showYesNoDialog;

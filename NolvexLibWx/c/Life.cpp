@@ -43,13 +43,23 @@ int nolvexIsStarted()
 
 int nolvexRunEventLoop()
 {
-    return LibWx::isStarted() ? LibWx::runEventLoop() : -1;
+    int result = -1;
+    C::guarded([&] {
+        if (!LibWx::isStarted())
+            return C::failed("The library has not been started.");
+        result = LibWx::runEventLoop();
+        return NOLVEX_OK;
+    });
+    return result;
 }
 
 void nolvexStopEventLoop()
 {
-    if (LibWx::isStarted())
-        LibWx::stopEventLoop();
+    C::guarded([] {
+        if (LibWx::isStarted())
+            LibWx::stopEventLoop();
+        return NOLVEX_OK;
+    });
 }
 
 NolvexStatus nolvexProcessPendingEvents()

@@ -108,7 +108,10 @@ std::unique_ptr<NolvexMessage> messageOf(ReceivedData&& data)
 NolvexStatus nolvexListen(const char* host, uint16_t port, NolvexListener** listener)
 {
     return C::guarded([&] {
-        auto made = std::make_unique<NolvexListener>(TcpListener(addressOf(host, port), ACCEPT_SECONDS));
+        const SocketAddress address = addressOf(host, port);
+        if (host != nullptr && !address.hasHost())
+            return C::failed("There is no computer named \"" + C::textOf(host).toUtf8() + "\".");
+        auto made = std::make_unique<NolvexListener>(TcpListener(address, ACCEPT_SECONDS));
         if (!made->listener.isOpen())
             return C::failed("The port " + std::to_string(port) + " cannot be listened on.");
         *listener = made.release();
@@ -118,8 +121,13 @@ NolvexStatus nolvexListen(const char* host, uint16_t port, NolvexListener** list
 
 uint16_t nolvexListenerPort(const NolvexListener* listener)
 {
-    const Optional<SocketAddress> address = listener->listener.getLocalAddress();
-    return address ? address->getPort() : std::uint16_t{0};
+    std::uint16_t port = 0;
+    C::guarded([&] {
+        const Optional<SocketAddress> address = listener->listener.getLocalAddress();
+        port = address ? address->getPort() : std::uint16_t{0};
+        return NOLVEX_OK;
+    });
+    return port;
 }
 
 NolvexStatus nolvexAccept(NolvexListener* listener, int wait, NolvexConnection** connection)
@@ -127,7 +135,8 @@ NolvexStatus nolvexAccept(NolvexListener* listener, int wait, NolvexConnection**
     return C::guarded([&] {
         auto socket = std::make_unique<TcpSocket>(listener->listener.acceptConnection(wait != 0));
         if (!socket->isOpen())
-            return NOLVEX_TIMEOUT;
+            return listener->listener.isOpen() ? NOLVEX_TIMEOUT
+                                               : C::failed("Nothing is listened on any more.");
         *connection = new NolvexConnection{std::move(socket)};
         return NOLVEX_OK;
     });
@@ -194,11 +203,16 @@ NolvexStatus nolvexReceive(NolvexConnection* connection, int64_t silenceMs, Nolv
 {
     return C::guarded([&] {
         TcpSocket& socket = *connection->socket;
-        if (!socket.waitForMessage(std::chrono::milliseconds(silenceMs)))
+        const auto silence =
+            silenceMs < 0 ? std::chrono::milliseconds::max() : std::chrono::milliseconds(silenceMs);
+        if (!socket.waitForMessage(silence))
             return socket.isOpen() ? NOLVEX_TIMEOUT : C::failed("The connection has ended.");
         ReceivedData data;
-        if (socket.readData(data, PathFromCaller(choosePath, context)) != SocketResult::Success)
+        if (socket.readData(data, PathFromCaller(choosePath, context)) != SocketResult::Success) {
+            // The rest of the message would be taken for the next one.
+            socket.close();
             return C::failed("A message was refused, or has come incomplete or broken.");
+        }
         *message = messageOf(std::move(data)).release();
         return NOLVEX_OK;
     });

@@ -55,7 +55,7 @@ NOLVEXLIBWX_EXPORT NolvexStatus nolvexStartup(NolvexApplicationType type);
 NOLVEXLIBWX_EXPORT void nolvexShutdown(void);
 NOLVEXLIBWX_EXPORT int nolvexIsStarted(void);
 
-/* The main loop of wxWidgets, for hosts without a loop of their own. Returns its exit code. */
+/* The main loop of wxWidgets, for hosts without a loop of their own. Returns its exit code, or -1 on failure. */
 NOLVEXLIBWX_EXPORT int nolvexRunEventLoop(void);
 NOLVEXLIBWX_EXPORT void nolvexStopEventLoop(void);
 
@@ -174,12 +174,12 @@ NOLVEXLIBWX_EXPORT NolvexStatus nolvexSendMemory(NolvexConnection* connection, c
                                                  const char* headerXml, int64_t timeoutMs);
 
 /* Writes the path of the file for a coming body into `path`, which holds `capacity` bytes, and returns 1, or
-   returns 0 to refuse the file, which ends the reception. The peer wrote the header: no name in it should be
+   returns 0 to refuse the file, which ends the connection. The peer wrote the header: no name in it should be
    trusted. An existing file is overwritten. */
 typedef int (*NolvexChoosePath)(void* context, const char* headerXml, char* path, size_t capacity);
 
-/* NOLVEX_TIMEOUT if no message has begun for `silenceMs`. `choosePath` may be null: files are refused then.
- */
+/* NOLVEX_TIMEOUT if no message has begun for `silenceMs`, which may be NOLVEX_NO_TIME_LIMIT. A message that
+   fails or is refused ends the connection. `choosePath` may be null: files are refused then. */
 NOLVEXLIBWX_EXPORT NolvexStatus nolvexReceive(NolvexConnection* connection, int64_t silenceMs,
                                               NolvexChoosePath choosePath, void* context,
                                               NolvexMessage** message);

@@ -6,6 +6,7 @@
 
 #include <wx/window.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace Nolvex::Viewer {
@@ -26,7 +27,8 @@ PictureServer::Callbacks PictureListening::callbacks()
             .closed = [this](const String& name) { onClosed(name); },
             .connectionLost =
                 [this](const String& name, const String& text) {
-                    showProgress(1.0f);
+                    m_progressOf.erase(name);
+                    showProgress();
                     m_messages.complain(L"\"" + name + L"\" is not complete: " + text);
                 },
             .failed = [this](const String& text) { m_messages.complain(text); }};
@@ -54,12 +56,16 @@ void PictureListening::onReceived(const ArrivedPicture& arrived)
         m_messages.report(L"Receiving \"" + arrived.name + L"\", " + arrived.picture->sizeText() +
                           L" pixels.");
     }
-    showProgress(arrived.isComplete ? 1.0f : arrived.progress);
+    onProgressed(arrived.name, arrived.isComplete ? 1.0f : arrived.progress);
 }
 
-void PictureListening::onProgressed(const String& /*name*/, float progress)
+void PictureListening::onProgressed(const String& name, float progress)
 {
-    showProgress(progress);
+    if (progress >= 1.0f)
+        m_progressOf.erase(name);
+    else
+        m_progressOf[name] = progress;
+    showProgress();
 }
 
 void PictureListening::onClosed(const String& name)
@@ -69,6 +75,8 @@ void PictureListening::onClosed(const String& name)
         return;
     const PictureId id = known->second;
     m_pictures.erase(known);
+    m_progressOf.erase(name);
+    showProgress();
     m_workspace.close(id);
 }
 
@@ -79,19 +87,26 @@ void PictureListening::forgetClosed()
         if (m_workspace.find(entry.second) != nullptr)
             return false;
         m_server.forget(entry.first);
+        m_progressOf.erase(entry.first);
         return true;
     });
+    showProgress();
 }
 
-void PictureListening::showProgress(float progress)
+Optional<float> PictureListening::progress() const
 {
-    if (progress >= 1.0f) {
-        m_progress.reset();
-        return;
-    }
+    const auto least = std::ranges::min_element(m_progressOf, {}, &std::pair<const String, float>::second);
+    return least == m_progressOf.end() ? Optional<float>() : least->second;
+}
+
+void PictureListening::showProgress()
+{
+    const Optional<float> least = progress();
+    if (!least)
+        return m_progress.reset();
     if (!m_progress)
         m_progress.emplace(Wx::getWindowNativeHandle(&m_window));
-    m_progress->setProgress(progress);
+    m_progress->setProgress(*least);
 }
 
 Expected<Wx::Legacy::SocketAddress, String> parseListeningAddress(const String& text)

@@ -32,18 +32,22 @@ public:
 
     void stop() { m_server.stop(); }
 
+    /// Returns the fraction of the picture of which the least has arrived, of those that are incomplete.
+    Optional<float> progress() const;
+
 private:
     PictureServer::Callbacks callbacks();
     void onReceived(const ArrivedPicture& arrived);
     void onProgressed(const String& name, float progress);
     void onClosed(const String& name);
     void forgetClosed();
-    void showProgress(float progress);
+    void showProgress();
 
     wxWindow& m_window;
     Workspace& m_workspace;
     Messages m_messages;
     std::map<String, PictureId> m_pictures;
+    std::map<String, float> m_progressOf;
     Optional<Wx::TaskbarProgress> m_progress;
     PictureServer m_server;
 };

@@ -42,14 +42,9 @@ void PixelCursor::set(const Optional<Pixel>& pixel)
     if (m_pixel == before)
         return;
     const wxWeakRef<wxWindow> view(&m_view);
-    m_view.Refresh();
-    Wx::updateAccessible(m_view);
     scrollAlong();
-    if (!view)
-        return;
-    const Function<void()> notify = onChanged;
-    if (notify)
-        notify();
+    if (view)
+        tell();
 }
 
 void PixelCursor::move(const Pixel& distance)
@@ -62,10 +57,22 @@ void PixelCursor::move(const Pixel& distance)
 
 void PixelCursor::followPicture(bool staysInPlace)
 {
-    const Optional<Pixel> before = m_pixel;
-    set({});
-    if (staysInPlace)
-        set(before);
+    if (!staysInPlace || !m_view.picture())
+        return set({});
+    if (!m_pixel)
+        return;
+    // The user may have moved the pixel out of sight: the view stays where it is.
+    m_pixel = limited(*m_pixel, m_view.picture()->size());
+    tell();
+}
+
+void PixelCursor::tell()
+{
+    m_view.Refresh();
+    Wx::updateAccessible(m_view);
+    const Function<void()> notify = onChanged;
+    if (notify)
+        notify();
 }
 
 void PixelCursor::scrollAlong()

@@ -20,7 +20,8 @@ class PixelCursor : private Noncopyable
 public:
     explicit PixelCursor(ImageView& view) : m_view(view) {}
 
-    /// Called last when the pixel is another one or there is none any more. May destroy the view.
+    /// Called last when the pixel is another one, has another picture's values, or there is none any more.
+    /// May destroy the view.
     Function<void()> onChanged;
 
     /// The pixel, counted from the top left one of the image, or nullopt if none is chosen.
@@ -51,6 +52,7 @@ public:
 
 private:
     void scrollAlong();
+    void tell();
 
     ImageView& m_view;
     Optional<Pixel> m_pixel;

@@ -45,6 +45,9 @@ TEST_F(CDialogsTest, buttonsThatDoNotExist_areRefused)
     EXPECT_EQ(nolvexShowMessage(nullptr, "", "", NOLVEX_ICON_NONE, static_cast<NolvexButtons>(3)),
               NOLVEX_FAILED);
     EXPECT_STREQ(nolvexLastError(), "These buttons do not exist.");
+    EXPECT_EQ(nolvexShowMessage(nullptr, "", "", static_cast<NolvexIcon>(6), NOLVEX_BUTTONS_OK),
+              NOLVEX_FAILED);
+    EXPECT_STREQ(nolvexLastError(), "This icon does not exist.");
 }
 
 TEST_F(CDialogsTest, progressOfAWindow_canBeShownAndEnded)

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -124,7 +125,20 @@ TEST_F(CNetworkTest, fileWithoutAPlace_isRefusedWithASentence)
     EXPECT_EQ(exchange(send, &message), NOLVEX_FAILED);
     EXPECT_STREQ(nolvexLastError(), "A message was refused, or has come incomplete or broken.");
     EXPECT_EQ(message, nullptr);
+    EXPECT_FALSE(nolvexIsOpen(receiver)) << "the rest of the file is no message";
     std::filesystem::remove(source);
+}
+
+TEST_F(CNetworkTest, receptionWithoutATimeLimit_waitsForTheMessage)
+{
+    NolvexMessage* message = nullptr;
+    std::thread sending([this] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        EXPECT_EQ(nolvexSendText(sender, nullptr, PATIENCE_MS), NOLVEX_OK);
+    });
+    EXPECT_EQ(nolvexReceive(receiver, NOLVEX_NO_TIME_LIMIT, nullptr, nullptr, &message), NOLVEX_OK);
+    sending.join();
+    nolvexFreeMessage(message);
 }
 
 TEST_F(CNetworkTest, whatCannotBeSent_isToldAndNothingIsSent)

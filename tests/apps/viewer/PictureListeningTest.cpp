@@ -247,6 +247,45 @@ TEST_F(PictureListeningTest, senderThatDies_isToldAndWhatHasComeStays)
     EXPECT_TRUE(isShown(L"render"));
 }
 
+TEST_F(PictureListeningTest, progress_isThatOfTheLeastPictureAndEndsWithIt)
+{
+    show(nullptr);
+    Viewer::Workspace workspace;
+    Viewer::PictureListening listening(*frame, workspace, {[](const String&) {}, [](const String&) {}});
+    const unsigned short to = *listening.start(SocketAddress::localhost(0));
+    const auto hasProgress = [&](Optional<float> wanted) {
+        return Tests::pumpUntil([&] { return listening.progress() == wanted; });
+    };
+    const auto begin = [&](const wchar_t* name, float share) {
+        return [name, share](PictureSender& sender) {
+            const Optional<String> failure =
+                sender.create(name, {30, 20, PixelFormat::UINT8_RGB, 1.0f}, Viewer::AlphaKind::STRAIGHT);
+            return failure ? failure : sender.tellProgress(name, share);
+        };
+    };
+    std::atomic<int> step = 0;
+    const auto waitFor = [&step](int wanted) {
+        while (step < wanted)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    };
+    std::thread thread([&] {
+        PictureSender sender(std::chrono::seconds(10));
+        EXPECT_FALSE(sender.connect(LOOPBACK, to));
+        EXPECT_FALSE(begin(L"first", 0.75f)(sender));
+        EXPECT_FALSE(begin(L"second", 0.25f)(sender));
+        waitFor(1);
+        EXPECT_FALSE(sender.close(L"second"));
+        waitFor(2);
+    });
+    EXPECT_TRUE(hasProgress(0.25f));
+    step = 1;
+    EXPECT_TRUE(hasProgress(0.75f));
+    workspace.close(workspace.current()->id);
+    EXPECT_TRUE(hasProgress({})) << "the user has closed the other picture";
+    step = 2;
+    thread.join();
+}
+
 TEST_F(PictureListeningTest, senderThatEndsAfterAWholePicture_isNotTold)
 {
     listen();

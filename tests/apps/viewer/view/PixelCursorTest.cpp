@@ -154,3 +154,16 @@ TEST_F(PixelCursorTest, callbackThatDestroysTheView_isSurvived)
     typeKey(WXK_END, wxMOD_CONTROL);
     EXPECT_FALSE(view);
 }
+
+TEST_F(PixelCursorTest, nextStateOfThePicture_leavesTheViewWhereTheUserMovedIt)
+{
+    showAt(coordinates(3000, 2000), 1.0);
+    cursor().set(Pixel{10, 10});
+    view->pan({-1500, -1000});
+    const wxPoint place = view->transform().origin();
+    changes = 0;
+    view->setPicture(coordinates(3000, 2000), true);
+    EXPECT_EQ(view->transform().origin(), place);
+    EXPECT_EQ(cursor().pixel(), (Pixel{10, 10}));
+    EXPECT_EQ(changes, 1) << "the values may be others";
+}
