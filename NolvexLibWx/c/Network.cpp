@@ -111,7 +111,7 @@ NolvexStatus nolvexListen(const char* host, uint16_t port, NolvexListener** list
         const SocketAddress address = addressOf(host, port);
         if (host != nullptr && !address.hasHost())
             return C::failed("There is no computer named \"" + C::textOf(host).toUtf8() + "\".");
-        auto made = std::make_unique<NolvexListener>(TcpListener(address, ACCEPT_SECONDS));
+        std::unique_ptr<NolvexListener> made(new NolvexListener{TcpListener(address, ACCEPT_SECONDS)});
         if (!made->listener.isOpen())
             return C::failed("The port " + std::to_string(port) + " cannot be listened on.");
         *listener = made.release();
