@@ -5,6 +5,8 @@
 #include "NolvexLib/Optional.h"
 #include "apps/viewer/Workspace.h"
 
+#include <wx/defs.h>
+
 class WXDLLIMPEXP_FWD_CORE wxTopLevelWindow;
 
 namespace Nolvex::Viewer {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <wx/defs.h>
+
 class WXDLLIMPEXP_FWD_CORE wxTopLevelWindow;
 
 namespace Nolvex::Viewer::Platform {

@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 using namespace Nolvex;
 using Viewer::OpenPicture;
@@ -189,8 +190,14 @@ TEST_F(PictureOpeningTest, stateOfTheFile_isThatFromBeforeReading)
     while (opening.progress() == 0.0f && opening.isRunning())
         wxMilliSleep(1);
     const Io::Path next = grey(L"next.pgm", 5);
-    std::filesystem::rename(next.native(), file.native());
+    // Windows refuses to replace a file while its bytes are read.
+    std::error_code refusal;
+    do {
+        wxMilliSleep(1);
+        std::filesystem::rename(next.native(), file.native(), refusal);
+    } while (refusal && opening.isRunning());
     opening.finish();
+    ASSERT_FALSE(refusal) << refusal.message();
     ASSERT_NE(workspace.current(), nullptr);
     EXPECT_EQ(shownWidth(), 8000);
     EXPECT_EQ(workspace.current()->sourceState, before);
