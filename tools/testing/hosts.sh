@@ -35,6 +35,7 @@ file_for() {
 exchange() {
   local port receiver status=0
   rm -f "$folder/received"
+  : >"$folder/lines"
   without_display run console-host receive "$(file_for "$folder/received")" >"$folder/lines" &
   receiver=$!
   for _ in $(seq 200); do
