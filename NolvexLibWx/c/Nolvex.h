@@ -55,7 +55,7 @@ NOLVEXLIBWX_EXPORT NolvexStatus nolvexStartup(NolvexApplicationType type);
 NOLVEXLIBWX_EXPORT void nolvexShutdown(void);
 NOLVEXLIBWX_EXPORT int nolvexIsStarted(void);
 
-/* The main loop of wxWidgets, for hosts without a loop of their own. Returns its exit code, or -1 on failure. */
+/* The main loop of wxWidgets, for hosts without a loop of their own. Returns its exit code, -1 on failure. */
 NOLVEXLIBWX_EXPORT int nolvexRunEventLoop(void);
 NOLVEXLIBWX_EXPORT void nolvexStopEventLoop(void);
 

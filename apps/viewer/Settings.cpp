@@ -140,7 +140,8 @@ void Settings::remember(const wxTopLevelWindow& window)
 bool Settings::flag(const wxString& key, bool otherwise) const
 {
     const Optional<int> value = number(key);
-    return value == 0 || value == 1 ? *value == 1 : otherwise;
+    const bool isKnown = value.has_value() && (*value == 0 || *value == 1);
+    return isKnown ? *value == 1 : otherwise;
 }
 
 Optional<int> Settings::number(const wxString& key) const
