@@ -132,7 +132,7 @@ class CaptureSteps:
         viewer.window(self.title_of_capture())
         # The upper left corner of the picture, pixel by pixel.
         desktop.do("key ctrl+1", "key Home")
-        view = viewer.rect(CAPTURED, "panel", CAPTURED)
+        view = viewer.rect(CAPTURED, "image", CAPTURED)
         shown, taken = desktop.settled(view), SavedPicture()
         part = Rect(0, 0, view.width - 30, view.height - 30)
         self.assertGreater(len({bytes(row) for row in taken.part(part)}), 20, "the window is not in the picture")

@@ -33,7 +33,7 @@ class ViewerTest(ProgramTest):
     arguments = (PICTURE,)
 
     def test_1_wheel_scrolls(self):
-        view = self.rect("panel", PICTURE)
+        view = self.rect("image", PICTURE)
         self.desktop.move(view.middle)
         before = self.desktop.settled(view)
         self.desktop.do("wheel 3")
