@@ -29,13 +29,14 @@ Optional<Io::Path> moduleFile()
 
 const PictureReader* loadModule()
 {
-    // The module is never unloaded, since its libraries have threads.
-    static wxDynamicLibrary library;
+    wxDynamicLibrary library;
     const Optional<Io::Path> file = moduleFile();
     if (!file || !library.Load(Wx::toWxString(file->nativeStr()), wxDL_NOW | wxDL_VERBATIM | wxDL_QUIET))
         return nullptr;
+    // The module stays loaded until the process ends, since its libraries have threads.
+    const wxDllType module = library.Detach();
     const auto function = reinterpret_cast<OtherFormatsFunction>(
-        library.RawGetSymbol(library.GetLibHandle(), OTHER_FORMATS_FUNCTION));
+        wxDynamicLibrary::RawGetSymbol(module, OTHER_FORMATS_FUNCTION));
     return function != nullptr ? function(NOLVEX_VERSION) : nullptr;
 }
 
