@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 # `cmake --install` and CPack install the libraries, the headers, the CMake package, pkg-config's files and the programs.
-# Components: runtime (the libraries), development (what compiling against them needs) and viewer.
+# Components: runtime (the libraries), development (what compiling against them needs), viewer and
+# formats (the module of OpenImageIO).
 set(package_folder "${CMAKE_INSTALL_LIBDIR}/cmake/NolvexLibWx")
 
 # The zip for Windows holds the toolkit that the cross-build was made with, so that its users need not build one.

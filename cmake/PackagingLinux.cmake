@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
-# pkg-config's files, and the Debian packages: libraries, development and viewer.
+# pkg-config's files, and the Debian packages: libraries, development, viewer and
+# further formats.
 
 # pkg-config knows no file of wxWidgets, so that the file of NolvexLibWx carries what wx-config says.
 if(NOLVEX_BUILD_TOOLKIT_LIBRARY)
@@ -29,6 +30,7 @@ if(TARGET nolvex-openimageio)
 endif()
 set(CPACK_COMPONENT_DEVELOPMENT_DEPENDS runtime)
 set(CPACK_COMPONENT_VIEWER_DEPENDS runtime)
+set(CPACK_COMPONENT_FORMATS_DEPENDS viewer)
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)

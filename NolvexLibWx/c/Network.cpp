@@ -86,6 +86,25 @@ private:
     void* m_context;
 };
 
+// Returns false for a message that is refused, incomplete or broken, or of a kind that does not exist. The
+// rest of such a message would be taken for the next one, so that the connection has to end, whatever is
+// thrown.
+bool receiveWhole(TcpSocket& socket, ReceivedData& data, const ReadDataContext& context)
+{
+    bool isWhole = false;
+    try {
+        isWhole = socket.readData(data, context) == SocketResult::Success;
+    } catch (const StopException&) {
+        isWhole = false; // the peer chose the kind
+    } catch (...) {
+        socket.close();
+        throw;
+    }
+    if (!isWhole)
+        socket.close();
+    return isWhole;
+}
+
 std::unique_ptr<NolvexMessage> messageOf(ReceivedData&& data)
 {
     auto message = std::make_unique<NolvexMessage>();
@@ -208,11 +227,8 @@ NolvexStatus nolvexReceive(NolvexConnection* connection, int64_t silenceMs, Nolv
         if (!socket.waitForMessage(silence))
             return socket.isOpen() ? NOLVEX_TIMEOUT : C::failed("The connection has ended.");
         ReceivedData data;
-        if (socket.readData(data, PathFromCaller(choosePath, context)) != SocketResult::Success) {
-            // The rest of the message would be taken for the next one.
-            socket.close();
+        if (!receiveWhole(socket, data, PathFromCaller(choosePath, context)))
             return C::failed("A message was refused, or has come incomplete or broken.");
-        }
         *message = messageOf(std::move(data)).release();
         return NOLVEX_OK;
     });

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Makes the Debian packages of the optimised build and installs them into a root that holds nothing but Debian's smallest system, so that a
-# dependency that a package does not name is missed. There the installed programs start, and a user's project is built.
+# Makes the Debian packages of the optimised build and installs them into a root that holds nothing but Debian's smallest
+# system, so that a dependency that a package does not name is missed. There the installed programs start, and a user's
+# project is built.
 # Only root can make such a root: for other users the packages are made and listed.
 set -euo pipefail
 cd "$(dirname "$0")/../.."

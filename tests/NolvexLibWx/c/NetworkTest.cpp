@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "NolvexLibWx/c/Nolvex.h"
 
+#include "NolvexLibWx/net/TcpClient.h"
+
 #include <gtest/gtest.h>
 
+#include <array>
 #include <chrono>
+#include <cstddef>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -139,6 +143,24 @@ TEST_F(CNetworkTest, receptionWithoutATimeLimit_waitsForTheMessage)
     EXPECT_EQ(nolvexReceive(receiver, NOLVEX_NO_TIME_LIMIT, nullptr, nullptr, &message), NOLVEX_OK);
     sending.join();
     nolvexFreeMessage(message);
+}
+
+TEST_F(CNetworkTest, messageOfAnUnknownKind_endsTheConnection)
+{
+    using namespace Nolvex::Wx::Legacy;
+    TcpClient peer(SocketAddress::localhost(nolvexListenerPort(listener)), 5);
+    NolvexConnection* connection = nullptr;
+    ASSERT_EQ(nolvexAccept(listener, 1, &connection), NOLVEX_OK);
+    std::thread sending([&peer] {
+        const std::array<std::byte, 3> bytes{};
+        (void)peer.writeRawMemory(bytes, {}, DataCompression::None, static_cast<DataType>(7), 2000);
+    });
+    NolvexMessage* message = nullptr;
+    EXPECT_EQ(nolvexReceive(connection, PATIENCE_MS, nullptr, nullptr, &message), NOLVEX_FAILED);
+    EXPECT_STREQ(nolvexLastError(), "A message was refused, or has come incomplete or broken.");
+    EXPECT_FALSE(nolvexIsOpen(connection));
+    sending.join();
+    nolvexCloseConnection(connection);
 }
 
 TEST_F(CNetworkTest, whatCannotBeSent_isToldAndNothingIsSent)
